@@ -1,0 +1,37 @@
+# Compiler settings shared by every target.
+
+option(LISPEXTENSION_WERROR "Treat warnings as errors" OFF)
+option(LISPEXTENSION_FUZZ "Build the libFuzzer targets (needs clang)" OFF)
+option(LISPEXTENSION_BENCHMARKS "Build the Google Benchmark targets" OFF)
+set(LISPEXTENSION_SANITIZE "" CACHE STRING "Value for -fsanitize=, empty for none")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Programs and the module side by side, found by each other through $ORIGIN.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+                    -Wunused -Wnull-dereference -Wformat=2)
+if(LISPEXTENSION_WERROR)
+  add_compile_options(-Werror)
+endif()
+if(LISPEXTENSION_SANITIZE)
+  add_compile_options(-fsanitize=${LISPEXTENSION_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${LISPEXTENSION_SANITIZE})
+endif()
+
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
