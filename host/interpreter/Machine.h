@@ -1,0 +1,196 @@
+#pragma once
+
+#include "host/interpreter/Errors.h"
+#include "host/interpreter/Heap.h"
+#include "host/interpreter/SymbolTable.h"
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace lisp {
+
+struct SourcePositions;
+
+// Where princ, prompt and the rest of the command line go.
+class Console
+{
+public:
+    virtual void write(std::u16string_view text) = 0;
+
+protected:
+    ~Console() = default;
+};
+
+// Runs functions that a loaded module has defined.
+class ExternalCaller
+{
+public:
+    virtual Value call(Machine &machine, const External &function, Args arguments) = 0;
+
+protected:
+    ~ExternalCaller() = default;
+};
+
+// How numbers become text where a program names no mode of its own: the drawing's unit variables.
+struct UnitVariables
+{
+    int lunits = 2, luprec = 4, aunits = 0, auprec = 0, unitmode = 0, dimzin = 0;
+};
+
+// Runs compiled LISP. One machine is one document's namespace: symbols, heap, stacks. A machine belongs to the thread
+// that made it; only interrupt() may come from elsewhere, a signal handler included.
+//
+// Variables are bound shallowly: a call swaps its arguments with the value cells of the parameters, so that the stack
+// slots hold the saved values while the function runs, and swaps back at the end or when an error unwinds the frame.
+class Machine
+{
+public:
+    Machine();
+    ~Machine();
+    Machine(const Machine &) = delete;
+    Machine &operator=(const Machine &) = delete;
+
+    Heap &heap() { return m_heap; }
+    SymbolTable &symbols() { return m_symbols; }
+    // The symbol of this name, made when it is new; the case of the name does not matter.
+    Symbol *intern(std::u16string_view name) { return m_symbols.intern(name); }
+    Value string(std::u16string_view text) { return m_heap.string(text); }
+    Value boolean(bool truth) const { return truth ? m_true : Value::nil(); }
+
+    // Compiles and runs one form. Errors leave as LispError, after all bindings are restored.
+    Value evaluate(Value form, const SourcePositions *positions = nullptr);
+    // Applies a function value: a function, a symbol that names one, or a lambda list. May collect garbage: the caller
+    // keeps its own values in Rooted.
+    Value call(Value function, std::span<const Value> arguments);
+    // Reads and evaluates all forms of a source text; gives the last value. `file` is shown in errors, empty: none.
+    Value load(std::u16string_view source, std::u16string_view file);
+
+    void define(const BuiltinHandler handler, const char *name, const char *signature, const char *description);
+    void defineExternal(std::u16string_view name, int (*entry)());
+    void undefineExternal(std::u16string_view name);
+    void setExternalCaller(ExternalCaller *caller) { m_externalCaller = caller; }
+
+    void setConsole(Console *console) { m_console = console; }
+    void write(std::u16string_view text)
+    {
+        if (m_console)
+            m_console->write(text);
+    }
+    UnitVariables &unitVariables() { return m_unitVariables; }
+    // Folders that findfile and load search after the current one.
+    std::vector<std::u16string> &searchFolders() { return m_searchFolders; }
+
+    // Makes the running program fail with "Function cancelled" at its next safe point. Async-signal-safe.
+    void interrupt() { m_interrupted.store(true, std::memory_order_relaxed); }
+    // Fails the program after about this many calls and loop turns; 0: no limit.
+    void setStepLimit(std::uint64_t steps);
+
+    void collectGarbage();
+    std::vector<TraceEntry> backTrace() const;
+    // Raises the stack-limit error when the native stack is nearly used up; for C++ code that recurses.
+    void checkNativeStack() const;
+
+    // While one is alive, errors are somebody's to catch and *error* is not called for them.
+    class CatchScope
+    {
+    public:
+        explicit CatchScope(Machine &machine) : m_machine(machine) { ++m_machine.m_catchDepth; }
+        ~CatchScope() { --m_machine.m_catchDepth; }
+        CatchScope(const CatchScope &) = delete;
+        CatchScope &operator=(const CatchScope &) = delete;
+
+    private:
+        Machine &m_machine;
+    };
+
+private:
+    friend class Rooted;
+    friend class Compiler;
+
+    struct Frame
+    {
+        const Instruction *next; // where the frame goes on; for the back trace while it calls
+        Function *function;
+        Value *base; // first argument, holding the saved value of the first parameter
+        std::size_t bindings;
+    };
+    struct Binding // made by foreach
+    {
+        Symbol *symbol;
+        Value saved;
+    };
+
+    Value run(std::size_t entryDepth);
+    Value dispatch(std::size_t entryDepth);
+    void enter(Function *function, std::uint32_t argumentCount);
+    void leaveFrame();
+    void unwind(std::size_t depth, Value *top);
+    Value callBuiltin(const Builtin &builtin, std::uint32_t argumentCount);
+    Value callExternal(const External &external, std::uint32_t argumentCount);
+    // The function that a value stands for, compiled if it is a lambda list; raises "bad function".
+    Object *resolveFunction(Value function);
+    Function *compiledLambda(Value lambda);
+    // Applies a function to the topmost argumentCount values of the stack and pops them.
+    Value applyToStack(Value function, std::uint32_t argumentCount);
+    void restoreBindings(std::size_t count);
+    void safePoint();
+    void noteError(LispError &error);
+    void callErrorHandler(const LispError &error);
+    void markRoots(Marker &marker);
+    void pushValue(Value value);
+
+    static constexpr std::int32_t SafePointInterval = 4096;
+
+    std::int32_t m_countdown = SafePointInterval; // safe points until the next visit of safePoint()
+    Heap m_heap;
+    SymbolTable m_symbols;
+    Value m_true;
+    Symbol *m_errorSymbol;
+
+    std::unique_ptr<Value[]> m_stack;
+    Value *m_top;      // first free slot
+    Value *m_stackEnd; // the calls stop short of it
+    std::unique_ptr<Frame[]> m_frames;
+    std::size_t m_depth = 0; // frames in use
+    std::vector<Binding> m_bindings;
+
+    std::unordered_map<const Cons *, Function *> m_lambdas; // compiled forms of lambda lists that were applied
+    std::vector<std::unique_ptr<std::u16string>> m_files;
+    ExternalCaller *m_externalCaller = nullptr;
+    Console *m_console = nullptr;
+    UnitVariables m_unitVariables;
+    std::vector<std::u16string> m_searchFolders;
+
+    int m_catchDepth = 0;
+    bool m_inErrorHandler = false;
+    std::atomic<bool> m_interrupted = false;
+    std::uint64_t m_stepLimit = 0;
+    std::uint64_t m_steps = 0;
+    const char *m_nativeStackLimit;
+};
+
+// Keeps a value reachable while C++ code calls back into the machine. Strictly nested, on the machine's stack.
+class Rooted
+{
+public:
+    Rooted(Machine &machine, Value value) : m_machine(machine), m_slot(machine.m_top) { machine.pushValue(value); }
+    ~Rooted() { m_machine.m_top = m_slot; }
+    Rooted(const Rooted &) = delete;
+    Rooted &operator=(const Rooted &) = delete;
+
+    Value get() const { return *m_slot; }
+    void set(Value value) { *m_slot = value; }
+
+private:
+    Machine &m_machine;
+    Value *m_slot;
+};
+
+} // namespace lisp

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "host/interpreter/Value.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What lives on the collected heap besides cons cells. Objects are made by Heap only and never move.
+namespace lisp {
+
+class Machine;
+class Args;
+struct Instruction;
+
+enum class ObjectKind : std::uint8_t { String, Function, Builtin, External, Native };
+
+struct Object
+{
+    explicit Object(ObjectKind objectKind) : kind(objectKind) {}
+
+    Object *next = nullptr; // all objects of the heap, for the sweep
+    ObjectKind kind;
+    bool marked = false;
+};
+
+// Characters that several strings may share: each string sees a prefix, and appending to the string that ends where the
+// buffer's used part ends writes behind it without copying. What a string sees never changes.
+struct StringBuffer
+{
+    std::size_t references = 0;
+    std::size_t used = 0;
+    std::size_t capacity = 0;
+    char16_t *characters() { return reinterpret_cast<char16_t *>(this + 1); }
+};
+
+// An immutable UTF-16 text. Not NUL-terminated; unpaired surrogates are allowed.
+struct String : Object
+{
+    String() : Object(ObjectKind::String) {}
+
+    std::u16string_view view() const { return {characters, length}; }
+
+    std::uint32_t length = 0;
+    const char16_t *characters = nullptr;
+    StringBuffer *buffer = nullptr; // null: the characters stand behind the object itself
+};
+
+// A name and its one value cell: variables and functions share it. Symbols are never collected.
+struct Symbol
+{
+    Value value;
+    std::u16string name; // upper case, as printed
+};
+
+// A compiled function, lambda or top-level form.
+struct Function : Object
+{
+    Function() : Object(ObjectKind::Function) {}
+
+    std::vector<Instruction> code;
+    std::vector<std::uint32_t> lines; // source line of each instruction; 0: unknown
+    std::vector<Value> constants;     // what the code refers to, for the collector
+    std::vector<Symbol *> variables;  // parameters, then locals
+    std::uint32_t parameterCount = 0;
+    std::uint32_t stackNeed = 0; // values that a call needs above its arguments
+    const Symbol *name = nullptr;
+    const std::u16string *file = nullptr; // owned by the machine's list of sources; null: not from a file
+};
+
+using BuiltinHandler = Value (*)(Machine &, Args);
+
+struct Builtin : Object
+{
+    Builtin() : Object(ObjectKind::Builtin) {}
+
+    BuiltinHandler handler = nullptr; // null: a special form, which only the compiler knows how to run
+    std::uint32_t minimum = 0;        // number of arguments
+    std::uint32_t maximum = 0;
+    const Symbol *name = nullptr;
+    const char *signature = nullptr;
+    const char *description = nullptr;
+};
+
+// A function that a loaded module defines. `entry` is its address; the machine's ExternalCaller knows how to call it.
+struct External : Object
+{
+    External() : Object(ObjectKind::External) {}
+
+    int (*entry)() = nullptr;
+    const Symbol *name = nullptr;
+};
+
+// Anything else that a value can stand for: files, error objects, entity names.
+struct Native : Object
+{
+    Native() : Object(ObjectKind::Native) {}
+    virtual ~Native() = default;
+
+    virtual std::u16string_view typeName() const = 0; // what `type` gives, e.g. u"FILE"
+    virtual std::u16string printed() const = 0;
+    virtual bool equals(const Native &other) const { return this == &other; } // for eq, = and equal
+};
+
+} // namespace lisp
