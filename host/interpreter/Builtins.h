@@ -71,6 +71,7 @@ std::span<const BuiltinRow> comparisonBuiltins(); // builtins/Comparison.cpp
 std::span<const BuiltinRow> geometryBuiltins();   // builtins/Geometry.cpp
 std::span<const BuiltinRow> functionBuiltins();   // builtins/Functions.cpp
 std::span<const BuiltinRow> symbolBuiltins();     // builtins/Symbols.cpp
+std::span<const BuiltinRow> sequenceBuiltins();   // builtins/Sequences.cpp
 std::span<const BuiltinRow> outputBuiltins();     // builtins/Output.cpp
 std::span<const BuiltinRow> stringBuiltins();     // builtins/Strings.cpp
 std::span<const BuiltinRow> conversionBuiltins(); // builtins/Conversions.cpp
@@ -78,8 +79,15 @@ std::span<const BuiltinRow> fileBuiltins();       // builtins/Files.cpp
 std::span<const BuiltinRow> fileNameBuiltins();   // builtins/FileNames.cpp
 std::span<const BuiltinRow> systemBuiltins();     // builtins/System.cpp
 
-// The single table of everything that a new machine defines, special forms included; for doc and completion.
+// Defines all built-ins and special forms in a new machine.
 void defineBuiltins(Machine &machine);
+
+struct ArgumentRange
+{
+    std::uint32_t minimum, maximum;
+};
+// The number of arguments that a signature such as "(substr STRING START [LENGTH])" allows.
+ArgumentRange argumentRange(std::string_view signature);
 
 // The items of a proper list, for range-based for; raises "bad argument type: listp" at an improper end.
 class ListItems

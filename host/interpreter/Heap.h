@@ -22,7 +22,8 @@ class Heap
 public:
     using RootVisitor = std::function<void(Marker &)>;
 
-    Heap();
+    // `countdown` is set to 1 when a collection becomes due, so that the machine stops at its next safe point.
+    explicit Heap(std::int32_t &countdown);
     ~Heap();
     Heap(const Heap &) = delete;
     Heap &operator=(const Heap &) = delete;
@@ -65,17 +66,30 @@ private:
 
     template <class T> T *adopt(T *object)
     {
-        object->next = m_objects;
-        m_objects = object;
-        m_allocated += sizeof(T);
+        link(object, sizeof(T));
         return object;
     }
+    void link(Object *object, std::size_t size)
+    {
+        object->next = m_objects;
+        m_objects = object;
+        noteAllocated(size);
+    }
+    void noteAllocated(std::size_t bytes)
+    {
+        m_allocated += bytes;
+        if (m_allocated >= m_threshold)
+            m_countdown = 1;
+    }
+    bool markCell(const Cons *cell); // false when it was marked already
+    StringBuffer *newBuffer(std::size_t capacity);
     void nextRun();
     bool nextRunInBlock();
     void sweepObjects();
     static void destroy(Object *object);
     static std::size_t sizeOf(const Object *object);
 
+    std::int32_t &m_countdown;
     Cons *m_freeCell = nullptr; // the run of free cells that cons() fills
     Cons *m_freeEnd = nullptr;
     std::vector<Block *> m_blocks;

@@ -1,13 +1,17 @@
 #pragma once
 
+#include "host/interpreter/Code.h"
 #include "host/interpreter/Errors.h"
 #include "host/interpreter/Heap.h"
 #include "host/interpreter/SymbolTable.h"
 
+#include <array>
 #include <atomic>
 #include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -72,7 +76,8 @@ public:
     // Reads and evaluates all forms of a source text; gives the last value. `file` is shown in errors, empty: none.
     Value load(std::u16string_view source, std::u16string_view file);
 
-    void define(const BuiltinHandler handler, const char *name, const char *signature, const char *description);
+    // Defines a built-in; the number of arguments follows from the signature (see Builtins.h).
+    Builtin *define(const char *name, const char *signature, const char *description, BuiltinHandler handler);
     void defineExternal(std::u16string_view name, int (*entry)());
     void undefineExternal(std::u16string_view name);
     void setExternalCaller(ExternalCaller *caller) { m_externalCaller = caller; }
@@ -91,6 +96,13 @@ public:
     void interrupt() { m_interrupted.store(true, std::memory_order_relaxed); }
     // Fails the program after about this many calls and loop turns; 0: no limit.
     void setStepLimit(std::uint64_t steps);
+
+    // The built-in that a name in function position still means; null when it means something else.
+    const Builtin *builtinNamed(Value head) const;
+    std::optional<Primitive> primitiveOf(const Symbol *symbol) const;
+    bool isLambda(Value value) const;
+    // The compiled form of a lambda list, kept as long as the list is reachable.
+    Function *compileLambda(Value lambda, const SourcePositions *positions = nullptr);
 
     void collectGarbage();
     std::vector<TraceEntry> backTrace() const;
@@ -112,14 +124,22 @@ public:
 
 private:
     friend class Rooted;
-    friend class Compiler;
 
+    struct PrimitiveEntry
+    {
+        Symbol *symbol = nullptr;
+        Value function; // what the symbol means as long as nobody redefines it
+    };
     struct Frame
     {
         const Instruction *next; // where the frame goes on; for the back trace while it calls
         Function *function;
         Value *base; // first argument, holding the saved value of the first parameter
         std::size_t bindings;
+    };
+    struct FreeMemory // the stacks are left uninitialised, so that the system commits only the pages in use
+    {
+        void operator()(void *memory) const { std::free(memory); }
     };
     struct Binding // made by foreach
     {
@@ -131,18 +151,20 @@ private:
     Value dispatch(std::size_t entryDepth);
     void enter(Function *function, std::uint32_t argumentCount);
     void leaveFrame();
-    void unwind(std::size_t depth, Value *top);
+    void unwind(std::size_t depth);
     Value callBuiltin(const Builtin &builtin, std::uint32_t argumentCount);
     Value callExternal(const External &external, std::uint32_t argumentCount);
     // The function that a value stands for, compiled if it is a lambda list; raises "bad function".
     Object *resolveFunction(Value function);
-    Function *compiledLambda(Value lambda);
+    Value callPrimitive(Primitive primitive, Value *top, std::initializer_list<Value> operands);
     // Applies a function to the topmost argumentCount values of the stack and pops them.
     Value applyToStack(Value function, std::uint32_t argumentCount);
     void restoreBindings(std::size_t count);
+    void markLambdas(Marker &marker);
+    void definePrimitives();
     void safePoint();
     void noteError(LispError &error);
-    void callErrorHandler(const LispError &error);
+    void callErrorHandler(LispError &error);
     void markRoots(Marker &marker);
     void pushValue(Value value);
 
@@ -154,10 +176,13 @@ private:
     Value m_true;
     Symbol *m_errorSymbol;
 
-    std::unique_ptr<Value[]> m_stack;
+    Symbol *m_lambdaSymbol;
+    std::array<PrimitiveEntry, static_cast<std::size_t>(Primitive::Count)> m_primitives;
+
+    std::unique_ptr<Value[], FreeMemory> m_stack;
     Value *m_top;      // first free slot
     Value *m_stackEnd; // the calls stop short of it
-    std::unique_ptr<Frame[]> m_frames;
+    std::unique_ptr<Frame[], FreeMemory> m_frames;
     std::size_t m_depth = 0; // frames in use
     std::vector<Binding> m_bindings;
 

@@ -1,0 +1,392 @@
+// Calls, errors and memory of the machine; the instructions themselves are in Dispatch.cpp.
+
+#include "host/interpreter/Machine.h"
+
+#include "host/interpreter/Builtins.h"
+#include "host/interpreter/Compiler.h"
+#include "host/interpreter/NativeStack.h"
+#include "host/interpreter/Printer.h"
+#include "host/interpreter/Reader.h"
+
+#include <algorithm>
+#include <new>
+
+namespace lisp {
+
+namespace {
+
+constexpr std::size_t StackSize = 8 * 1024 * 1024; // values
+constexpr std::size_t StackReserve = 1024;         // above the limit, for built-ins that need room to report an error
+constexpr std::size_t FrameLimit = 1024 * 1024;
+constexpr std::u16string_view StackLimitMessage = u"internal stack limit reached";
+
+template <class T> T *uninitialisedArray(std::size_t count)
+{
+    void *memory = std::malloc(count * sizeof(T));
+    if (!memory)
+        throw std::bad_alloc();
+    return static_cast<T *>(memory);
+}
+
+} // namespace
+
+Machine::Machine()
+    : m_heap(m_countdown), m_errorSymbol(m_symbols.intern(u"*ERROR*")), m_lambdaSymbol(m_symbols.intern(u"LAMBDA")),
+      m_stack(uninitialisedArray<Value>(StackSize)), m_top(m_stack.get()),
+      m_stackEnd(m_stack.get() + StackSize - StackReserve), m_frames(uninitialisedArray<Frame>(FrameLimit)),
+      m_nativeStackLimit(nativeStackLimit())
+{
+    Symbol *t = m_symbols.intern(u"T");
+    m_true = t->value = Value::symbol(t);
+    defineBuiltins(*this);
+    definePrimitives();
+}
+
+Machine::~Machine() = default;
+
+void Machine::definePrimitives()
+{
+    constexpr std::pair<Primitive, std::u16string_view> names[] = {
+#define X(name, text) {Primitive::name, u##text},
+        LISP_ARITHMETIC_PRIMITIVES(X) LISP_COMPARISON_PRIMITIVES(X) LISP_UNARY_PRIMITIVES(X) LISP_NOT_PRIMITIVES(X)
+#undef X
+            {Primitive::Cons, u"cons"},
+    };
+    for (const auto &[primitive, name] : names) {
+        Symbol *symbol = m_symbols.intern(name);
+        m_primitives[static_cast<std::size_t>(primitive)] = {symbol, symbol->value};
+    }
+}
+
+std::optional<Primitive> Machine::primitiveOf(const Symbol *symbol) const
+{
+    const auto found = std::find_if(m_primitives.begin(), m_primitives.end(),
+                                    [symbol](const PrimitiveEntry &entry) { return entry.symbol == symbol; });
+    if (found == m_primitives.end())
+        return std::nullopt;
+    return static_cast<Primitive>(found - m_primitives.begin());
+}
+
+const Builtin *Machine::builtinNamed(Value head) const
+{
+    if (!head.isSymbol() || !head.asSymbol()->value.isObject())
+        return nullptr;
+    const Object *object = head.asSymbol()->value.asObject();
+    if (object->kind != ObjectKind::Builtin)
+        return nullptr;
+    const auto *builtin = static_cast<const Builtin *>(object);
+    return builtin->name == head.asSymbol() ? builtin : nullptr;
+}
+
+Value Machine::evaluate(Value form, const SourcePositions *positions)
+{
+    checkNativeStack();
+    enter(Compiler(*this, positions).compileForm(form), 0);
+    return run(m_depth - 1);
+}
+
+Value Machine::call(Value function, std::span<const Value> arguments)
+{
+    for (const Value argument : arguments)
+        pushValue(argument);
+    return applyToStack(function, static_cast<std::uint32_t>(arguments.size()));
+}
+
+Value Machine::load(std::u16string_view source, std::u16string_view file)
+{
+    SourcePositions positions;
+    if (!file.empty())
+        positions.file = m_files.emplace_back(std::make_unique<std::u16string>(file)).get();
+    Reader reader(m_heap, m_symbols, source, &positions);
+    Rooted last(*this, Value::nil());
+    for (;;) {
+        std::optional<Value> form;
+        try {
+            form = reader.read();
+        } catch (LispError &error) {
+            error.trace = backTrace();
+            error.trace.insert(error.trace.begin(),
+                               {u"", std::u16string(file), reader.lineNumber(), reader.columnNumber()});
+            noteError(error);
+            throw;
+        }
+        if (!form)
+            return last.get();
+        last.set(evaluate(*form, &positions));
+    }
+}
+
+Builtin *Machine::define(const char *name, const char *signature, const char *description, BuiltinHandler handler)
+{
+    Builtin *builtin = m_heap.newBuiltin();
+    const std::string_view text(name);
+    Symbol *symbol = intern(std::u16string(text.begin(), text.end()));
+    builtin->name = symbol;
+    builtin->signature = signature;
+    builtin->description = description;
+    builtin->handler = handler;
+    const auto [minimum, maximum] = argumentRange(signature);
+    builtin->minimum = minimum;
+    builtin->maximum = maximum;
+    symbol->value = Value::object(builtin);
+    return builtin;
+}
+
+void Machine::defineExternal(std::u16string_view name, int (*entry)())
+{
+    External *external = m_heap.newExternal();
+    external->name = intern(name);
+    external->entry = entry;
+    intern(name)->value = Value::object(external);
+}
+
+void Machine::undefineExternal(std::u16string_view name)
+{
+    Symbol *symbol = m_symbols.find(name);
+    if (symbol && symbol->value.isObject() && symbol->value.asObject()->kind == ObjectKind::External)
+        symbol->value = Value::nil();
+}
+
+void Machine::setStepLimit(std::uint64_t steps)
+{
+    m_stepLimit = steps;
+    m_steps = 0;
+}
+
+bool Machine::isLambda(Value value) const
+{
+    return value.isCons() && value.asCons()->car == Value::symbol(m_lambdaSymbol) && value.asCons()->cdr.isCons();
+}
+
+Function *Machine::compileLambda(Value lambda, const SourcePositions *positions)
+{
+    const Cons *key = lambda.asCons();
+    if (const auto found = m_lambdas.find(key); found != m_lambdas.end())
+        return found->second;
+    // (lambda PARAMETERS BODY ...), or (PARAMETERS BODY ...) as defun-q keeps it
+    const Cons *definition = isLambda(lambda) ? key->cdr.asCons() : key;
+    Function *function = Compiler(*this, positions).compileFunction(nullptr, definition->car, definition->cdr);
+    m_lambdas.emplace(key, function);
+    return function;
+}
+
+Object *Machine::resolveFunction(Value function)
+{
+    const Value named = function;
+    if (function.isSymbol())
+        function = function.asSymbol()->value;
+    if (function.isObject() && function.asObject()->kind != ObjectKind::Native)
+        return function.asObject();
+    if (isLambda(function) || (function.isCons() && function.asCons()->car.isList()))
+        return compileLambda(function);
+    if (named.isSymbol() && function.isNil())
+        fail(u"no function definition: " + named.asSymbol()->name);
+    fail(u"bad function: " + printed(named.isSymbol() ? function : named));
+}
+
+Value Machine::applyToStack(Value function, std::uint32_t argumentCount)
+{
+    checkNativeStack();
+    Object *object = resolveFunction(function);
+    switch (object->kind) {
+    case ObjectKind::Builtin:
+        return callBuiltin(*static_cast<Builtin *>(object), argumentCount);
+    case ObjectKind::External:
+        return callExternal(*static_cast<External *>(object), argumentCount);
+    default:
+        enter(static_cast<Function *>(object), argumentCount);
+        return run(m_depth - 1);
+    }
+}
+
+Value Machine::callBuiltin(const Builtin &builtin, std::uint32_t argumentCount)
+{
+    if (!builtin.handler)
+        fail(u"bad function: " + printed(Value::object(&builtin)));
+    if (argumentCount < builtin.minimum)
+        fail(u"too few arguments");
+    if (argumentCount > builtin.maximum)
+        fail(u"too many arguments");
+    Value *arguments = m_top - argumentCount;
+    const Value result = builtin.handler(*this, Args(arguments, argumentCount));
+    m_top = arguments;
+    return result;
+}
+
+Value Machine::callExternal(const External &external, std::uint32_t argumentCount)
+{
+    if (!m_externalCaller)
+        fail(u"no function definition: " + external.name->name);
+    Value *arguments = m_top - argumentCount;
+    const Value result = m_externalCaller->call(*this, external, Args(arguments, argumentCount));
+    m_top = arguments;
+    return result;
+}
+
+Value Machine::callPrimitive(Primitive primitive, Value *top, std::initializer_list<Value> operands)
+{
+    m_top = std::copy(operands.begin(), operands.end(), top);
+    const Symbol *symbol = m_primitives[static_cast<std::size_t>(primitive)].symbol;
+    return applyToStack(Value::symbol(symbol), static_cast<std::uint32_t>(operands.size()));
+}
+
+// Binds the topmost values of the stack to the parameters and makes the function's frame.
+void Machine::enter(Function *function, std::uint32_t argumentCount)
+{
+    if (argumentCount != function->parameterCount)
+        fail(argumentCount < function->parameterCount ? u"too few arguments" : u"too many arguments");
+    Value *base = m_top - argumentCount;
+    if (m_depth == FrameLimit || base + function->stackNeed > m_stackEnd)
+        fail(StackLimitMessage);
+    Value *slot = base;
+    for (Symbol *variable : function->variables) {
+        const Value bound = slot < m_top ? *slot : Value::nil();
+        *slot++ = std::exchange(variable->value, bound);
+    }
+    m_top = slot;
+    m_frames[m_depth++] = {function->code.data(), function, base, m_bindings.size()};
+}
+
+void Machine::leaveFrame()
+{
+    const Frame &frame = m_frames[--m_depth];
+    restoreBindings(frame.bindings);
+    const std::vector<Symbol *> &variables = frame.function->variables;
+    for (std::size_t i = variables.size(); i-- > 0;)
+        variables[i]->value = frame.base[i];
+    m_top = frame.base;
+}
+
+void Machine::restoreBindings(std::size_t count)
+{
+    while (m_bindings.size() > count) {
+        m_bindings.back().symbol->value = m_bindings.back().saved;
+        m_bindings.pop_back();
+    }
+}
+
+void Machine::unwind(std::size_t depth)
+{
+    while (m_depth > depth)
+        leaveFrame();
+}
+
+Value Machine::run(std::size_t entryDepth)
+{
+    try {
+        return dispatch(entryDepth);
+    } catch (LispError &error) {
+        noteError(error);
+        unwind(entryDepth);
+        throw;
+    } catch (const std::bad_alloc &) {
+        unwind(entryDepth);
+        fail(u"out of memory");
+    } catch (...) {
+        unwind(entryDepth);
+        throw;
+    }
+}
+
+// Called where an error is first seen, with all frames still in place: *error* runs in the scope of the failure.
+void Machine::noteError(LispError &error)
+{
+    if (!std::exchange(error.traced, true) && error.trace.empty())
+        error.trace = backTrace();
+    if (m_catchDepth == 0 && !m_inErrorHandler && !std::exchange(error.offered, true))
+        callErrorHandler(error);
+}
+
+void Machine::callErrorHandler(LispError &error)
+{
+    const Value handler = m_errorSymbol->value;
+    if (handler.isNil())
+        return;
+    m_inErrorHandler = true;
+    try {
+        const Value message = m_heap.string(error.message);
+        call(handler, {&message, 1});
+    } catch (const LispError &failure) {
+        if (failure.kind == LispError::Kind::Failure)
+            error.handlerFailure = failure.message;
+    }
+    m_inErrorHandler = false;
+}
+
+std::vector<TraceEntry> Machine::backTrace() const
+{
+    constexpr std::size_t Shown = 100; // innermost frames
+    std::vector<TraceEntry> entries;
+    for (std::size_t depth = m_depth; depth-- > 0 && entries.size() < Shown;) {
+        const Frame &frame = m_frames[depth];
+        const Function &function = *frame.function;
+        const auto done = static_cast<std::size_t>(frame.next - function.code.data());
+        TraceEntry entry;
+        entry.function = function.name ? function.name->name : u"";
+        entry.file = function.file ? *function.file : u"";
+        entry.line = function.lines[done == 0 ? 0 : done - 1];
+        entries.push_back(std::move(entry));
+    }
+    return entries;
+}
+
+void Machine::checkNativeStack() const
+{
+    if (const char here = 0; &here < m_nativeStackLimit)
+        fail(StackLimitMessage);
+}
+
+void Machine::pushValue(Value value)
+{
+    if (m_top >= m_stackEnd + StackReserve / 2)
+        fail(StackLimitMessage);
+    *m_top++ = value;
+}
+
+void Machine::safePoint()
+{
+    m_countdown = SafePointInterval;
+    if (m_heap.collectionDue())
+        collectGarbage();
+    if (m_interrupted.exchange(false, std::memory_order_relaxed))
+        fail(u"Function cancelled");
+    if (m_stepLimit != 0 && (m_steps += SafePointInterval) > m_stepLimit)
+        fail(u"step limit reached");
+}
+
+void Machine::collectGarbage()
+{
+    m_heap.collect([this](Marker &marker) { markRoots(marker); });
+}
+
+void Machine::markRoots(Marker &marker)
+{
+    for (const Value *value = m_stack.get(); value != m_top; ++value)
+        marker.mark(*value);
+    for (std::size_t depth = 0; depth < m_depth; ++depth)
+        marker.mark(m_frames[depth].function);
+    for (const Binding &binding : m_bindings)
+        marker.mark(binding.saved);
+    for (const Symbol &symbol : m_symbols.all())
+        marker.mark(symbol.value);
+    for (const PrimitiveEntry &entry : m_primitives)
+        marker.mark(entry.function);
+    markLambdas(marker);
+}
+
+// The compiled form lives as long as its list. Marking one may reach the list of another, hence the repetition.
+void Machine::markLambdas(Marker &marker)
+{
+    for (bool again = true; again;) {
+        again = false;
+        for (const auto &[list, function] : m_lambdas) {
+            if (!function->marked && m_heap.isMarked(list)) {
+                marker.mark(function);
+                again = true;
+            }
+        }
+    }
+    std::erase_if(m_lambdas, [this](const auto &entry) { return !m_heap.isMarked(entry.first); });
+}
+
+} // namespace lisp
