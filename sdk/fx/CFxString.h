@@ -1,0 +1,35 @@
+#pragma once
+
+#include "sdk/fx/FxExport.h"
+
+#include <QString>
+
+// The host's text: a value of UTF-16 code units.
+class FX_EXPORT CFxString
+{
+public:
+    CFxString();
+    CFxString(const QString &text);
+    explicit CFxString(const char16_t *text); // NUL-terminated and copied; null gives the empty text
+    CFxString(const CFxString &other);
+    CFxString(CFxString &&other) noexcept;
+    CFxString &operator=(const CFxString &other);
+    CFxString &operator=(CFxString &&other) noexcept;
+    ~CFxString();
+
+    // Decodes 8-bit text in the ANSI code page of the host; null gives the empty text.
+    static CFxString from_ansi_str(const char *text);
+
+    // NUL-terminated; valid until the string is changed or destroyed.
+    const char16_t *wide_strU() const;
+    QString toQString() const;
+
+    // Negative, zero or positive as this text comes before, with or after the other.
+    int compare(const CFxString &other) const;
+    int compareNoCase(const CFxString &other) const;
+
+    CFxString &makeUpper(); // in place
+
+private:
+    QString m_text;
+};
