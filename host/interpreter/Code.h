@@ -3,6 +3,8 @@
 #include "host/interpreter/Objects.h"
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 // The instruction set of the machine. Code is an array of 16-byte slots. Operands come from the value stack (S), from a
 // symbol's value cell (V) or from a constant (K); a second operand that is not on the stack stands in the next slot when
@@ -84,5 +86,20 @@ struct Instruction
     Value value() const { return Value::fromBits(bits); }
 };
 static_assert(sizeof(Instruction) == 16);
+
+// A compiled function, lambda or top-level form.
+struct Function : Object
+{
+    Function() : Object(ObjectKind::Function) {}
+
+    std::vector<Instruction> code;
+    std::vector<std::uint32_t> lines; // source line of each instruction; 0: unknown
+    std::vector<Value> constants;     // what the code refers to, for the collector
+    std::vector<Symbol *> variables;  // parameters, then locals
+    std::uint32_t parameterCount = 0;
+    std::uint32_t stackNeed = 0; // values that a call needs above its arguments
+    const Symbol *name = nullptr;
+    const std::u16string *file = nullptr; // owned by the machine's list of sources; null: not from a file
+};
 
 } // namespace lisp

@@ -322,12 +322,12 @@ doCons:
     ALL_MODES(NUMBER_COMPARISON, GreaterEqual, >=)
     ALL_MODES(SAME_COMPARISON, Same, ==)
 
-#define UNARY(name, test, value)                                                                                       \
+#define UNARY(name, applies, outcome)                                                                                       \
     do##name##S:                                                                                                       \
     {                                                                                                                  \
         const Value a = *--sp;                                                                                         \
         const Instruction *const after = pc + 1;                                                                       \
-        *sp = (test) && UNCHANGED(name) ? (value) : CALL_PRIMITIVE(name, a);                                           \
+        *sp = (applies) && UNCHANGED(name) ? (outcome) : CALL_PRIMITIVE(name, a);                                           \
         ++sp;                                                                                                          \
         pc = after;                                                                                                    \
         NEXT;                                                                                                          \
@@ -336,7 +336,7 @@ doCons:
     {                                                                                                                  \
         const Value a = pc->symbol->value;                                                                             \
         const Instruction *const after = pc + 1;                                                                       \
-        *sp = (test) && UNCHANGED(name) ? (value) : CALL_PRIMITIVE(name, a);                                           \
+        *sp = (applies) && UNCHANGED(name) ? (outcome) : CALL_PRIMITIVE(name, a);                                           \
         ++sp;                                                                                                          \
         pc = after;                                                                                                    \
         NEXT;                                                                                                          \

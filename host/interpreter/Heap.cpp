@@ -1,6 +1,5 @@
 #include "host/interpreter/Heap.h"
 
-#include "host/interpreter/Code.h"
 #include "host/interpreter/Errors.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/interpreter/Objects.h"
+#include "host/interpreter/Code.h"
 
 #include <cstdint>
 #include <functional>

@@ -140,11 +140,14 @@ void Machine::defineExternal(std::u16string_view name, int (*entry)())
     intern(name)->value = Value::object(external);
 }
 
-void Machine::undefineExternal(std::u16string_view name)
+bool Machine::undefineExternal(std::u16string_view name)
 {
     Symbol *symbol = m_symbols.find(name);
-    if (symbol && symbol->value.isObject() && symbol->value.asObject()->kind == ObjectKind::External)
-        symbol->value = Value::nil();
+    const Value value = symbol ? symbol->value : Value::nil();
+    if (!value.isObject() || value.asObject()->kind != ObjectKind::External)
+        return false;
+    symbol->value = Value::nil();
+    return true;
 }
 
 void Machine::setStepLimit(std::uint64_t steps)

@@ -79,7 +79,8 @@ public:
     // Defines a built-in; the number of arguments follows from the signature (see Builtins.h).
     Builtin *define(const char *name, const char *signature, const char *description, BuiltinHandler handler);
     void defineExternal(std::u16string_view name, int (*entry)());
-    void undefineExternal(std::u16string_view name);
+    // False when no such function was defined.
+    bool undefineExternal(std::u16string_view name);
     void setExternalCaller(ExternalCaller *caller) { m_externalCaller = caller; }
 
     void setConsole(Console *console) { m_console = console; }

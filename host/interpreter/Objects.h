@@ -5,14 +5,12 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 // What lives on the collected heap besides cons cells. Objects are made by Heap only and never move.
 namespace lisp {
 
 class Machine;
 class Args;
-struct Instruction;
 
 enum class ObjectKind : std::uint8_t { String, Function, Builtin, External, Native };
 
@@ -52,21 +50,6 @@ struct Symbol
 {
     Value value;
     std::u16string name; // upper case, as printed
-};
-
-// A compiled function, lambda or top-level form.
-struct Function : Object
-{
-    Function() : Object(ObjectKind::Function) {}
-
-    std::vector<Instruction> code;
-    std::vector<std::uint32_t> lines; // source line of each instruction; 0: unknown
-    std::vector<Value> constants;     // what the code refers to, for the collector
-    std::vector<Symbol *> variables;  // parameters, then locals
-    std::uint32_t parameterCount = 0;
-    std::uint32_t stackNeed = 0; // values that a call needs above its arguments
-    const Symbol *name = nullptr;
-    const std::u16string *file = nullptr; // owned by the machine's list of sources; null: not from a file
 };
 
 using BuiltinHandler = Value (*)(Machine &, Args);

@@ -1,6 +1,6 @@
 #include "host/interpreter/Printer.h"
 
-#include "host/interpreter/Objects.h"
+#include "host/interpreter/Code.h"
 #include "host/interpreter/text/RealText.h"
 
 #include <QString>

@@ -1,0 +1,81 @@
+#include "host/kernel/ArgumentList.h"
+
+#include "host/interpreter/Compiler.h"
+#include "host/kernel/TextFormat.h"
+#include "lisp/TypeCode.h"
+
+#include <cstdint>
+#include <limits>
+
+using lisp::Value;
+
+void ArgumentList::add(Value value)
+{
+    if (value.isInteger())
+        addInteger(value.asInteger());
+    else if (value.isReal())
+        addNode(TypeReal)->resval.real = value.asReal();
+    else if (value.isString())
+        addString(value.asString()->view());
+    else if (value.isNil())
+        addNode(TypeNil);
+    else if (value == m_machine.boolean(true))
+        addNode(TypeTrue);
+    else if (!value.isCons())
+        addNode(TypeNone);
+    else if (!addPoint(value))
+        addList(value);
+}
+
+resbuf *ArgumentList::addNode(int typeCode)
+{
+    resbuf *node = m_pool.allocate(m_frame, typeCode);
+    (m_last ? m_last->rbnext : m_head) = node;
+    m_last = node;
+    return node;
+}
+
+// The whole word is written for a short as well: handlers may read the wide member of any integer.
+void ArgumentList::addInteger(std::int32_t number)
+{
+    using Short = std::numeric_limits<std::int16_t>;
+    const bool isShort = number >= Short::min() && number <= Short::max();
+    addNode(isShort ? TypeShort : TypeLong)->resval.longInteger = number;
+}
+
+void ArgumentList::addString(std::u16string_view text)
+{
+    resbuf *node = addNode(TypeString);
+    if (m_width == TextWidth::Wide)
+        node->resval.string = duplicateWide(text);
+    else
+        node->resval.narrowString = duplicateNarrow(text);
+}
+
+bool ArgumentList::addPoint(Value list)
+{
+    double coordinates[3] = {0, 0, 0};
+    int count = 0;
+    for (; list.isCons(); list = list.asCons()->cdr, ++count) {
+        if (count == 3 || !list.asCons()->car.isNumber())
+            return false;
+        coordinates[count] = list.asCons()->car.asDouble();
+    }
+    if (count < 2 || !list.isNil())
+        return false;
+    addNode(count == 2 ? TypePoint2d : TypePoint3d)->resval.point = {coordinates[0], coordinates[1], coordinates[2]};
+    return true;
+}
+
+void ArgumentList::addList(Value list)
+{
+    m_machine.checkNativeStack();
+    addNode(TypeListBegin);
+    for (; list.isCons(); list = list.asCons()->cdr)
+        add(list.asCons()->car);
+    if (!list.isNil()) {
+        addNode(TypeDot);
+        add(list);
+    }
+    addNode(TypeListEnd);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/interpreter/Builtins.h"
+#include "host/kernel/NodePool.h"
+
+enum class TextWidth { Wide, Narrow };
+
+// Turns LISP values into result-buffer nodes of the frame:
+// integer 5003 when it fits 16 bits, else 5010; real 5001; string 5005; nil 5019; T 5021; a list of two or three
+// numbers one 5002 or 5009 node; any other list 5016 … 5017, with 5018 before the tail of a dotted pair; anything else
+// a lone 5000. Strings are allocated with malloc and belong to their nodes.
+class ArgumentList
+{
+public:
+    ArgumentList(lisp::Machine &machine, NodePool &pool, CallFrame &frame, TextWidth width)
+        : m_machine(machine), m_pool(pool), m_frame(frame), m_width(width)
+    {
+    }
+
+    void add(lisp::Value value);
+    resbuf *head() const { return m_head; }
+
+private:
+    resbuf *addNode(int typeCode);
+    void addInteger(std::int32_t number);
+    void addString(std::u16string_view text);
+    void addList(lisp::Value list);
+    bool addPoint(lisp::Value list);
+
+    lisp::Machine &m_machine;
+    NodePool &m_pool;
+    CallFrame &m_frame;
+    TextWidth m_width;
+    resbuf *m_head = nullptr;
+    resbuf *m_last = nullptr;
+};

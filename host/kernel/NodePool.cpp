@@ -1,0 +1,126 @@
+#include "host/kernel/NodePool.h"
+
+#include "host/kernel/CallFrame.h"
+#include "lisp/TypeCode.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t SlabSize = 256;
+constexpr unsigned char Poison = 0xD5; // what a released node holds in builds with assertions
+
+#ifdef NDEBUG
+constexpr bool Checked = false;
+#else
+constexpr bool Checked = true;
+#endif
+
+[[noreturn]] void abortWith(const char *message)
+{
+    std::fprintf(stderr, "result-buffer check: %s\n", message);
+    std::abort();
+}
+
+} // namespace
+
+// A node and its place in the list of its frame or of the free nodes.
+struct NodePool::Slot
+{
+    resbuf node; // first, so that a node's address is its slot's
+    Slot *previous;
+    Slot *next;
+    const CallFrame *owner; // null: free
+};
+
+NodePool::~NodePool() = default;
+
+resbuf *NodePool::allocate(CallFrame &owner, int typeCode)
+{
+    if (!m_free)
+        grow();
+    Slot *slot = m_free;
+    m_free = slot->next;
+    if constexpr (Checked) {
+        const auto *bytes = reinterpret_cast<const unsigned char *>(&slot->node);
+        if (std::any_of(bytes, bytes + sizeof(resbuf), [](unsigned char byte) { return byte != Poison; }))
+            abortWith("a node was written to after its release");
+    }
+    std::memset(&slot->node, 0, sizeof(resbuf));
+    slot->node.restype = static_cast<std::int16_t>(typeCode);
+    slot->owner = &owner;
+    slot->previous = nullptr;
+    slot->next = static_cast<Slot *>(owner.m_nodes);
+    if (slot->next)
+        slot->next->previous = slot;
+    owner.m_nodes = slot;
+    ++m_live;
+    return &slot->node;
+}
+
+void NodePool::release(CallFrame &owner, resbuf *list)
+{
+    while (list) {
+        if constexpr (Checked)
+            checkOwned(owner, list);
+        auto *slot = reinterpret_cast<Slot *>(list);
+        list = list->rbnext;
+        if (slot->previous)
+            slot->previous->next = slot->next;
+        else
+            owner.m_nodes = slot->next;
+        if (slot->next)
+            slot->next->previous = slot->previous;
+        retire(slot);
+    }
+}
+
+void NodePool::reclaim(CallFrame &owner)
+{
+    for (auto *slot = static_cast<Slot *>(owner.m_nodes); slot;) {
+        Slot *next = slot->next;
+        retire(slot);
+        slot = next;
+    }
+    owner.m_nodes = nullptr;
+}
+
+void NodePool::retire(Slot *slot)
+{
+    if (slot->node.restype == TypeString)
+        std::free(slot->node.resval.string);
+    if constexpr (Checked)
+        std::memset(&slot->node, Poison, sizeof(resbuf));
+    slot->owner = nullptr;
+    slot->next = m_free;
+    m_free = slot;
+    --m_live;
+}
+
+void NodePool::grow()
+{
+    auto &slab = m_slabs.emplace_back(new Slot[SlabSize]);
+    for (std::size_t i = SlabSize; i-- > 0;) {
+        std::memset(&slab[i].node, Poison, sizeof(resbuf));
+        slab[i].owner = nullptr;
+        slab[i].next = m_free;
+        m_free = &slab[i];
+    }
+}
+
+void NodePool::checkOwned(const CallFrame &owner, const resbuf *node) const
+{
+    const auto *slot = reinterpret_cast<const Slot *>(node);
+    const bool known = std::any_of(m_slabs.begin(), m_slabs.end(), [slot](const auto &slab) {
+        return slot >= slab.get() && slot < slab.get() + SlabSize;
+    });
+    if (!known)
+        abortWith("a node was released that the host never gave");
+    if (!slot->owner)
+        abortWith("a node was released twice");
+    if (slot->owner != &owner)
+        abortWith("a node of another call was released");
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "lisp/resbuf.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class CallFrame;
+
+// Result-buffer nodes, pooled. Every node belongs to the call frame that asked for it until it is released; what a
+// handler leaves behind goes back to the pool when its frame closes. Builds with assertions abort on a node that is
+// released twice, that the running frame never gave, or that is written to after its release.
+class NodePool
+{
+public:
+    NodePool() = default;
+    ~NodePool();
+    NodePool(const NodePool &) = delete;
+    NodePool &operator=(const NodePool &) = delete;
+
+    // A node with all-zero value and no successor.
+    resbuf *allocate(CallFrame &owner, int typeCode);
+    // From this node to the end of its list, with the strings; null is allowed.
+    void release(CallFrame &owner, resbuf *list);
+    // Everything that the frame still owns.
+    void reclaim(CallFrame &owner);
+
+    std::size_t liveNodes() const { return m_live; }
+
+private:
+    struct Slot;
+    friend class CallFrame;
+
+    void grow();
+    void retire(Slot *slot);
+    void checkOwned(const CallFrame &owner, const resbuf *node) const;
+
+    std::vector<std::unique_ptr<Slot[]>> m_slabs;
+    Slot *m_free = nullptr;
+    std::size_t m_live = 0;
+};

@@ -1,0 +1,232 @@
+// Calls, arguments, results, evaluation and the command line. What needs a drawing or a person is in
+// UnavailableServices.cpp.
+
+#include "host/kernel/SubstituteLispHost.h"
+
+#include "host/interpreter/Reader.h"
+#include "host/interpreter/text/WildcardPattern.h"
+#include "host/kernel/ArgumentList.h"
+#include "host/kernel/NodeList.h"
+#include "host/kernel/ResultBuilder.h"
+#include "host/kernel/TextFormat.h"
+#include "lisp/TypeCode.h"
+#include "sdk/fx/CFxString.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <numbers>
+
+using lisp::Args;
+using lisp::External;
+using lisp::LispError;
+using lisp::Machine;
+using lisp::Value;
+
+SubstituteLispHost::SubstituteLispHost(Machine &machine) : m_machine(machine)
+{
+    machine.setExternalCaller(this);
+}
+
+SubstituteLispHost::~SubstituteLispHost()
+{
+    m_machine.setExternalCaller(nullptr);
+}
+
+Value SubstituteLispHost::call(Machine &machine, const External &function, Args arguments)
+{
+    CallFrame frame(machine, arguments);
+    CallFrame *const caller = std::exchange(m_frame, &frame);
+    const int status = function.entry();
+    m_frame = caller;
+    m_pool.reclaim(frame);
+    if (status == StatusError)
+        lisp::fail(u"error in " + function.name->name);
+    return frame.result();
+}
+
+int SubstituteLispHost::defun(const char16_t *name, LispHandler handler)
+{
+    m_machine.defineExternal(name, handler);
+    return StatusNormal;
+}
+
+int SubstituteLispHost::undefun(const char16_t *name)
+{
+    return m_machine.undefineExternal(name) ? StatusNormal : StatusError;
+}
+
+resbuf *SubstituteLispHost::getArgsNarrow()
+{
+    if (!m_frame)
+        return nullptr;
+    ArgumentList list(m_machine, m_pool, *m_frame, TextWidth::Narrow);
+    for (const Value argument : m_frame->arguments())
+        list.add(argument);
+    return list.head();
+}
+
+resbuf *SubstituteLispHost::getArgs()
+{
+    if (!m_frame)
+        return nullptr;
+    ArgumentList list(m_machine, m_pool, *m_frame, TextWidth::Wide);
+    for (const Value argument : m_frame->arguments())
+        list.add(argument);
+    return list.head();
+}
+
+int SubstituteLispHost::setResult(Value value)
+{
+    if (!m_frame)
+        return StatusError;
+    m_frame->setResult(value);
+    return StatusNormal;
+}
+
+int SubstituteLispHost::retInt(std::int32_t value)
+{
+    return setResult(Value::integer(value));
+}
+
+int SubstituteLispHost::retReal(double value)
+{
+    return setResult(Value::canonicalReal(value));
+}
+
+int SubstituteLispHost::retNil()
+{
+    return setResult(Value::nil());
+}
+
+int SubstituteLispHost::retT()
+{
+    return setResult(m_machine.boolean(true));
+}
+
+int SubstituteLispHost::retStr(const char *text)
+{
+    const std::string_view bytes(text);
+    if (std::any_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; }))
+        return retWStr(CFxString::from_ansi_str(text).wide_strU());
+    const auto [value, characters] = m_machine.heap().newString(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), characters);
+    return setResult(value);
+}
+
+int SubstituteLispHost::retWStr(const char16_t *text)
+{
+    return setResult(m_machine.string(text));
+}
+
+int SubstituteLispHost::retList(const resbuf *list)
+{
+    return setResult(listFromNodes(m_machine, list));
+}
+
+int SubstituteLispHost::retVal(const resbuf *list)
+{
+    return setResult(valueFromNodes(m_machine, list));
+}
+
+int SubstituteLispHost::evaluate(const char16_t *text, resbuf **value)
+{
+    if (value)
+        *value = nullptr;
+    const Machine::CatchScope scope(m_machine); // the caller learns of errors by the status, not the program's *error*
+    try {
+        const Value result = m_machine.load(text, u"");
+        if (value && m_frame)
+            *value = nodesOf(result);
+        return StatusNormal;
+    } catch (const LispError &) {
+        return StatusError;
+    }
+}
+
+resbuf *SubstituteLispHost::nodesOf(Value value)
+{
+    ArgumentList list(m_machine, m_pool, *m_frame, TextWidth::Wide);
+    list.add(value);
+    return list.head();
+}
+
+resbuf *SubstituteLispHost::buildListNarrow(int firstCode, ...)
+{
+    if (!m_frame)
+        return nullptr;
+    std::va_list arguments;
+    va_start(arguments, firstCode);
+    resbuf *list = nodesFromArguments(m_pool, *m_frame, TextWidth::Narrow, firstCode, arguments);
+    va_end(arguments);
+    return list;
+}
+
+resbuf *SubstituteLispHost::buildList(int firstCode, ...)
+{
+    if (!m_frame)
+        return nullptr;
+    std::va_list arguments;
+    va_start(arguments, firstCode);
+    resbuf *list = nodesFromArguments(m_pool, *m_frame, TextWidth::Wide, firstCode, arguments);
+    va_end(arguments);
+    return list;
+}
+
+resbuf *SubstituteLispHost::newRb(int typeCode)
+{
+    return m_frame ? m_pool.allocate(*m_frame, typeCode) : nullptr;
+}
+
+void SubstituteLispHost::releaseRbNarrow(resbuf *list)
+{
+    releaseRb(list);
+}
+
+void SubstituteLispHost::releaseRb(resbuf *list)
+{
+    if (m_frame)
+        m_pool.release(*m_frame, list);
+}
+
+void SubstituteLispHost::prependRb(resbuf *list, int typeCode, void *value)
+{
+    if (!m_frame || !list)
+        return;
+    resbuf *node = m_pool.allocate(*m_frame, typeCode);
+    storeValue(*node, value);
+    node->rbnext = list->rbnext;
+    list->rbnext = node;
+}
+
+int SubstituteLispHost::getEnvVar(const char *name, int, int, int capacity, char16_t *buffer)
+{
+    const char *value = std::getenv(name);
+    if (!value || capacity < 1)
+        return StatusError;
+    const QString text = QString::fromLocal8Bit(value).left(capacity - 1);
+    *std::copy_n(reinterpret_cast<const char16_t *>(text.utf16()), text.size(), buffer) = u'\0';
+    return StatusNormal;
+}
+
+int SubstituteLispHost::wcMatch(const char16_t *text, const char16_t *pattern)
+{
+    return lisp::WildcardPattern(pattern).matches(text) ? StatusNormal : StatusError;
+}
+
+int SubstituteLispHost::prompt(const char16_t *format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const std::u16string text = formatText(format, arguments);
+    va_end(arguments);
+    m_machine.write(text);
+    return StatusNormal;
+}
+
+double SubstituteLispHost::angle(const LispPoint *from, const LispPoint *to)
+{
+    const double direction = std::atan2(to->y - from->y, to->x - from->x);
+    return direction < 0 ? direction + 2 * std::numbers::pi : direction;
+}

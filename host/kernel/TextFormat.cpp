@@ -1,0 +1,105 @@
+#include "host/kernel/TextFormat.h"
+
+#include <QString>
+#include <QStringEncoder>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+namespace {
+
+template <class Character> Character *allocateText(std::size_t length)
+{
+    auto *text = static_cast<Character *>(std::malloc((length + 1) * sizeof(Character)));
+    if (!text)
+        throw std::bad_alloc();
+    text[length] = 0;
+    return text;
+}
+
+QString qString(std::u16string_view text)
+{
+    return QString(reinterpret_cast<const QChar *>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+// The specification of one conversion, "%-8.3f" for example, as 8-bit text for snprintf.
+std::string narrowed(std::u16string_view specification)
+{
+    std::string text;
+    for (const char16_t unit : specification)
+        text += static_cast<char>(unit);
+    return text;
+}
+
+template <class Argument> std::u16string formatted(const std::string &specification, Argument argument)
+{
+    char buffer[512];
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral" // checked by formatText: one conversion, of the argument's type
+    const int length = std::snprintf(buffer, sizeof buffer, specification.c_str(), argument);
+#pragma GCC diagnostic pop
+    const auto shown = std::clamp<std::size_t>(static_cast<std::size_t>(std::max(length, 0)), 0, sizeof buffer - 1);
+    return std::u16string(buffer, buffer + shown);
+}
+
+} // namespace
+
+char16_t *duplicateWide(std::u16string_view text)
+{
+    char16_t *copy = allocateText<char16_t>(text.size());
+    std::copy(text.begin(), text.end(), copy);
+    return copy;
+}
+
+char *duplicateNarrow(std::u16string_view text)
+{
+    std::string bytes;
+    for (const char16_t unit : text)
+        bytes += unit < 0x80 ? static_cast<char>(unit) : '?';
+    char *copy = allocateText<char>(bytes.size());
+    std::copy(bytes.begin(), bytes.end(), copy);
+    return copy;
+}
+
+std::u16string formatText(const char16_t *format, std::va_list arguments)
+{
+    const std::u16string_view text(format);
+    std::u16string result;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t percent = std::min(text.find(u'%', at), text.size());
+        result.append(text, at, percent - at);
+        if (percent == text.size())
+            break;
+        const std::size_t kind = std::min(text.find_first_not_of(u"-+ #0123456789.", percent + 1), text.size());
+        at = std::min(kind + 1, text.size());
+        const std::u16string_view specification = text.substr(percent, at - percent);
+        switch (kind < text.size() ? text[kind] : u'\0') {
+        case u's':
+            if (const auto *argument = va_arg(arguments, const char16_t *))
+                result += argument;
+            break;
+        case u'd':
+        case u'i':
+        case u'u':
+        case u'x':
+        case u'X':
+        case u'c':
+            result += formatted(narrowed(specification), va_arg(arguments, int));
+            break;
+        case u'f':
+        case u'e':
+        case u'g':
+            result += formatted(narrowed(specification), va_arg(arguments, double));
+            break;
+        case u'%':
+            result += u'%';
+            break;
+        default:
+            result += specification;
+        }
+    }
+    return result;
+}

@@ -1,0 +1,125 @@
+// Operations of the LISP interface that need a drawing, a person or the profile store. This host has none of them yet:
+// each answers with the failure that a module must expect from a host without the service, and pretends nothing.
+
+#include "host/kernel/SubstituteLispHost.h"
+
+int SubstituteLispHost::regApp(const char16_t *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::commandNarrow(const resbuf *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::setVar(const char16_t *, const resbuf *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getVar(const char16_t *, resbuf *)
+{
+    return StatusError;
+}
+
+void SubstituteLispHost::progressStart(const char16_t *) {}
+
+void SubstituteLispHost::progressEnd() {}
+
+int SubstituteLispHost::progressSet(int)
+{
+    return 0;
+}
+
+resbuf *SubstituteLispHost::entGet(const LispName *, bool)
+{
+    return nullptr;
+}
+
+resbuf *SubstituteLispHost::entGetX(const LispName *, const resbuf *, int)
+{
+    return nullptr;
+}
+
+int SubstituteLispHost::entMod(const resbuf *)
+{
+    return StatusError;
+}
+
+resbuf *SubstituteLispHost::tblSearch(const char16_t *, const char16_t *, int)
+{
+    return nullptr;
+}
+
+int SubstituteLispHost::initGet(int, const char16_t *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getInt(const char16_t *, std::int32_t *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getInput(char16_t *, int)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getString(int, const char16_t *, char16_t *, int)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::menuCmd(const char16_t *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getFileDialog(const char16_t *, const char16_t *, const char16_t *, int, resbuf *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::dragSelection(const LispName *, const char16_t *, int, DragTransform, LispPoint *)
+{
+    return StatusError;
+}
+
+void SubstituteLispHost::setTabletMode(int) {}
+
+int SubstituteLispHost::compileShape(const char16_t *, const char16_t *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getEntityExtents(const LispName *, LispPoint *, LispPoint *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::helpTrap(const char16_t *, const char16_t *, const char16_t *)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::getProfileString(const char16_t *, const char16_t *, const char16_t *, char16_t *, int)
+{
+    return StatusError;
+}
+
+int SubstituteLispHost::setProfileString(const char16_t *, const char16_t *, const char16_t *)
+{
+    return StatusError;
+}
+
+resbuf *SubstituteLispHost::dictSearch(const LispName *, const char16_t *, int)
+{
+    return nullptr;
+}
+
+int SubstituteLispHost::namedObjDict(LispName *)
+{
+    return StatusError;
+}

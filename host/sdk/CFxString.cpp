@@ -1,0 +1,95 @@
+#include "sdk/fx/CFxString.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace {
+
+// Windows-1252 differs from Latin-1 in these 32 codes alone; 0 marks the five that it leaves open.
+constexpr std::array<char16_t, 32> windows1252From80 = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                                        0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+QChar decoded(char character)
+{
+    const auto code = static_cast<unsigned char>(character);
+    const bool special = code >= 0x80 && code < 0xA0 && windows1252From80[code - 0x80] != 0;
+    return special ? QChar(windows1252From80[code - 0x80]) : QChar(static_cast<char16_t>(code));
+}
+
+int ordinalCompare(const QString &left, const QString &right)
+{
+    const auto units = [](const QString &text) {
+        return std::u16string_view(reinterpret_cast<const char16_t *>(text.utf16()),
+                                   static_cast<std::size_t>(text.size()));
+    };
+    return units(left).compare(units(right));
+}
+
+// One code point for one code point, so that no text changes its number of characters; unpaired surrogates stay.
+QString mapped(const QString &text, char32_t (*map)(char32_t))
+{
+    QString result;
+    result.reserve(text.size());
+    for (qsizetype index = 0; index < text.size(); ++index) {
+        const bool pair = text[index].isHighSurrogate() && index + 1 < text.size() && text[index + 1].isLowSurrogate();
+        if (pair)
+            result += QChar::fromUcs4(map(QChar::surrogateToUcs4(text[index], text[index + 1])));
+        else
+            result += QChar::fromUcs4(map(text[index].unicode()));
+        index += pair ? 1 : 0;
+    }
+    return result;
+}
+
+QString folded(const QString &text)
+{
+    return mapped(text, [](char32_t codePoint) { return QChar::toCaseFolded(codePoint); });
+}
+
+} // namespace
+
+CFxString::CFxString() = default;
+CFxString::CFxString(const QString &text) : m_text(text) {}
+CFxString::CFxString(const char16_t *text) : m_text(QString::fromUtf16(text)) {}
+CFxString::CFxString(const CFxString &other) = default;
+CFxString::CFxString(CFxString &&other) noexcept = default;
+CFxString &CFxString::operator=(const CFxString &other) = default;
+CFxString &CFxString::operator=(CFxString &&other) noexcept = default;
+CFxString::~CFxString() = default;
+
+CFxString CFxString::from_ansi_str(const char *text)
+{
+    const std::string_view characters(text != nullptr ? text : "");
+    QString result(static_cast<qsizetype>(characters.size()), Qt::Uninitialized);
+    std::transform(characters.cbegin(), characters.cend(), result.begin(), decoded);
+    return CFxString(result);
+}
+
+const char16_t *CFxString::wide_strU() const
+{
+    return reinterpret_cast<const char16_t *>(m_text.utf16());
+}
+
+QString CFxString::toQString() const
+{
+    return m_text;
+}
+
+int CFxString::compare(const CFxString &other) const
+{
+    return ordinalCompare(m_text, other.m_text);
+}
+
+int CFxString::compareNoCase(const CFxString &other) const
+{
+    return ordinalCompare(folded(m_text), folded(other.m_text));
+}
+
+CFxString &CFxString::makeUpper()
+{
+    m_text = mapped(m_text, [](char32_t codePoint) { return QChar::toUpper(codePoint); });
+    return *this;
+}
