@@ -1,7 +1,27 @@
 #include "lisp/Values.h"
 
 #include "lisp/ActiveLispHost.h"
+#include "lisp/TypeCode.h"
 #include "sdk/fx/CFxString.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+// A copy that a list can own.
+char16_t *duplicate(const QString &text)
+{
+    const auto units = static_cast<std::size_t>(text.size()) + 1;
+    auto *copy = static_cast<char16_t *>(std::malloc(units * sizeof(char16_t)));
+    if (copy == nullptr)
+        throw std::bad_alloc();
+    std::copy_n(reinterpret_cast<const char16_t *>(text.utf16()), units, copy);
+    return copy;
+}
+
+} // namespace
 
 QString textOf(const resbuf *node)
 {
@@ -20,4 +40,14 @@ void returnTruth(bool value)
         activeLispHost()->retT();
     else
         activeLispHost()->retNil();
+}
+
+void returnNames(const QStringList &names)
+{
+    resbuf *list = activeLispHost()->newRb(TypeListBegin);
+    // Each name goes in front of those before it.
+    for (auto name = names.crbegin(); name != names.crend(); ++name)
+        activeLispHost()->prependRb(list, TypeString, duplicate(*name));
+    activeLispHost()->retList(list);
+    activeLispHost()->releaseRb(list);
 }

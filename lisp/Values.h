@@ -2,7 +2,7 @@
 
 #include "lisp/resbuf.h"
 
-#include <QString>
+#include <QStringList>
 
 // The text of a string node.
 QString textOf(const resbuf *node);
@@ -10,3 +10,7 @@ QString textOf(const resbuf *node);
 // Set the call's result.
 void returnText(const QString &text);
 void returnTruth(bool value); // T or nil
+
+// Sets the result to a list of strings, in the order given; no names give nil. The list is handed over without its
+// closing node, which the host supplies.
+void returnNames(const QStringList &names);

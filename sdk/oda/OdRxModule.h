@@ -8,7 +8,7 @@
 class OdRxModule : public OdRxObject
 {
 public:
-    virtual void *sysData() = 0; // the operating system's handle of the module's library
+    virtual void *sysData() const = 0; // the operating system's handle of the module's library
     virtual void deleteModule() = 0;
     virtual void initApp() = 0;
     virtual void uninitApp() = 0;

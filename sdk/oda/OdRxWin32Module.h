@@ -25,7 +25,7 @@ public:
     void addRef() override { ++m_references; }
     void release() override { --m_references; } // never deletes: that is deleteModule's alone
     long numRefs() const override { return m_references; }
-    void *sysData() override { return m_sysData; }
+    void *sysData() const override { return m_sysData; }
 
     void deleteModule() override
     {

@@ -1,0 +1,4 @@
+#pragma once
+
+int acetIniGet(); // acet-ini-get
+int acetIniSet(); // acet-ini-set

@@ -1,0 +1,5 @@
+#pragma once
+
+int acetStrEqual();   // acet-str-equal
+int acetStrCollate(); // acet-str-collate
+int xstrcase();       // _xstrcase

@@ -1,0 +1,113 @@
+#include "module/FunctionTable.h"
+
+#include "functions/catch.h"
+#include "functions/files.h"
+#include "functions/ini.h"
+#include "functions/pending.h"
+#include "functions/strings.h"
+#include "functions/undo.h"
+#include "lisp/GuardedHandler.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace {
+
+constexpr LispHandler pendingHandler = guarded<notAvailableYet>;
+
+// Does not compile for a name that is not in the list of pending functions.
+consteval FunctionRow pending(const char *name)
+{
+    if (!isPending(name))
+        throw "this function is not in the list of pending ones";
+    return {name, pendingHandler};
+}
+
+constexpr std::array<FunctionRow, 75> table = {{
+    {"acet-file-attr", guarded<acetFileAttr>},
+    {"acet-file-chdir", guarded<acetFileChdir>},
+    {"acet-file-cwd", guarded<acetFileCwd>},
+    {"acet-file-mkdir", guarded<acetFileMkdir>},
+    {"acet-file-remove", guarded<acetFileRemove>},
+    pending("acet-ent-geomextents"),
+    {"acet-file-move", guarded<acetFileMove>},
+    pending("acet-file-readdialog"),
+    {"acet-file-rmdir", guarded<acetFileRmdir>},
+    pending("acet-file-writedialog"),
+    {"acet-ini-set", guarded<acetIniSet>},
+    {"acet-ini-get", guarded<acetIniGet>},
+    pending("acet-ss-clear-prev"),
+    {"vl_catch_all_apply", guarded<vlCatchAllApply>},
+    {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
+    pending("acet-reg-get"),
+    pending("acet-reg-put"),
+    pending("acet-reg-del"),
+    {"acet-str-equal", guarded<acetStrEqual>},
+    {"acet-str-collate", guarded<acetStrCollate>},
+    pending("acet-str-wcmatch"),
+    pending("acet-str-format"),
+    pending("acet-sys-beep"),
+    {"_xstrcase", guarded<xstrcase>},
+    pending("startapp"),
+    pending("geturl"),
+    pending("acet-reg-prodkey"),
+    pending("acet-reg-machine-prodkey"),
+    pending("acet-reg-user-prodkey"),
+    pending("acet-sys-command"),
+    pending("acet-sys-foreground"),
+    pending("acet-sys-procid"),
+    pending("acet-sys-sleep"),
+    pending("acet-sys-spawn"),
+    pending("acet-sys-term"),
+    pending("acet-sys-wait"),
+    pending("acet-ui-pickdir"),
+    {"acet-util-ver", guarded<acetUtilVer>},
+    pending("acet-ui-progress"),
+    pending("acet-ui-message"),
+    pending("acet-ui-message-html"),
+    pending("acet-sys-keystate"),
+    pending("acet-sys-lasterr"),
+    pending("acet-sys-lmouse-down"),
+    pending("acet-sys-mmouse-down"),
+    pending("acet-sys-rmouse-down"),
+    pending("acet_filename_associated_app"),
+    pending("showhtmlmodalwindow"),
+    pending("layoutlist"),
+    pending("acet_set_config"),
+    pending("acet_get_config"),
+    pending("acet-help"),
+    pending("seturl"),
+    pending("acet-ui-txted"),
+    pending("_editRtext_"),
+    pending("acet-str-find"),
+    pending("acet-str-replace"),
+    pending("acet-ss-drag-rotate"),
+    pending("ismnugrploaded"),
+    pending("acet-ui-status"),
+    pending("tablet"),
+    pending("_vorns_util"),
+    pending("acad_truecolorcli"),
+    pending("acet-help-trap"),
+    pending("acet-var-setvar"),
+    pending("acet-var-getvar"),
+    pending("wexo_getpointEsc"),
+    pending("wexo_compileshp"),
+    pending("wexo_htmlprompt"),
+    pending("acet-filename-acad-root"),
+    pending("wexo_opendefaultapp"),
+    pending("startAddTableTransaction"),
+    pending("endAddTableTransaction"),
+    pending("acet-begin-undogroup"),
+    pending("acet-end-undogroup"),
+}};
+
+static_assert(std::ranges::count(table, pendingHandler, &FunctionRow::handler) == std::ssize(pendingFunctions),
+              "a function that is written must leave the list of pending ones");
+
+} // namespace
+
+std::span<const FunctionRow> functionTable()
+{
+    return table;
+}
