@@ -69,6 +69,7 @@ void Heap::nextRun()
         ++m_block;
         m_cell = 0;
     }
+    checkLimit(BlockSize);
     auto *block = static_cast<Block *>(::operator new(BlockSize, std::align_val_t(BlockSize)));
     std::fill(std::begin(block->marks), std::end(block->marks), 0);
     m_blocks.push_back(block);
@@ -88,6 +89,12 @@ bool Heap::nextRunInBlock()
     return true;
 }
 
+void Heap::checkLimit(std::size_t bytes) const
+{
+    if (m_live + m_allocated + bytes > m_limit)
+        fail(u"out of memory");
+}
+
 Value Heap::string(std::u16string_view text)
 {
     const auto [value, characters] = newString(text.size());
@@ -100,6 +107,7 @@ std::pair<Value, char16_t *> Heap::newString(std::size_t length)
     if (length > std::numeric_limits<std::int32_t>::max())
         fail(u"string too long");
     const std::size_t size = sizeof(String) + length * sizeof(char16_t);
+    checkLimit(size);
     auto *string = new (::operator new(size)) String;
     auto *characters = reinterpret_cast<char16_t *>(string + 1);
     string->length = static_cast<std::uint32_t>(length);
@@ -144,6 +152,7 @@ Value Heap::append(Value first, std::u16string_view rest)
 StringBuffer *Heap::newBuffer(std::size_t capacity)
 {
     const std::size_t size = sizeof(StringBuffer) + capacity * sizeof(char16_t);
+    checkLimit(size);
     auto *buffer = new (::operator new(size)) StringBuffer;
     buffer->capacity = capacity;
     noteAllocated(size);

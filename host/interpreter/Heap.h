@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
+#include <limits>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -57,6 +57,8 @@ public:
     // Whether the cell was reached in the collection that is under way; for tables keyed by cells.
     bool isMarked(const Cons *cell) const;
 
+    // Allocation beyond about this many bytes raises the LISP error "out of memory".
+    void setLimit(std::size_t bytes) { m_limit = bytes; }
     std::size_t liveBytes() const { return m_live; }
     std::size_t collections() const { return m_collections; }
 
@@ -81,6 +83,7 @@ private:
         if (m_allocated >= m_threshold)
             m_countdown = 1;
     }
+    void checkLimit(std::size_t bytes) const;
     bool markCell(const Cons *cell); // false when it was marked already
     StringBuffer *newBuffer(std::size_t capacity);
     void nextRun();
@@ -98,6 +101,7 @@ private:
     Object *m_objects = nullptr;
     std::size_t m_allocated = 0; // bytes since the last collection
     std::size_t m_threshold;
+    std::size_t m_limit = std::numeric_limits<std::size_t>::max();
     std::size_t m_live = 0;
     std::size_t m_collections = 0;
 };

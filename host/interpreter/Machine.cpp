@@ -92,7 +92,7 @@ Value Machine::call(Value function, std::span<const Value> arguments)
     return applyToStack(function, static_cast<std::uint32_t>(arguments.size()));
 }
 
-Value Machine::load(std::u16string_view source, std::u16string_view file)
+Value Machine::load(std::u16string_view source, std::u16string_view file, const std::function<void(Value)> &each)
 {
     SourcePositions positions;
     if (!file.empty())
@@ -113,6 +113,8 @@ Value Machine::load(std::u16string_view source, std::u16string_view file)
         if (!form)
             return last.get();
         last.set(evaluate(*form, &positions));
+        if (each)
+            each(last.get());
     }
 }
 
@@ -353,8 +355,10 @@ void Machine::safePoint()
         collectGarbage();
     if (m_interrupted.exchange(false, std::memory_order_relaxed))
         fail(u"Function cancelled");
-    if (m_stepLimit != 0 && (m_steps += SafePointInterval) > m_stepLimit)
+    if (m_stepLimit != 0 && (m_steps += SafePointInterval) > m_stepLimit) {
+        m_countdown = 1; // every further safe point fails too, also in loops that catch this error
         fail(u"step limit reached");
+    }
 }
 
 void Machine::collectGarbage()

@@ -74,7 +74,8 @@ public:
     // keeps its own values in Rooted.
     Value call(Value function, std::span<const Value> arguments);
     // Reads and evaluates all forms of a source text; gives the last value. `file` is shown in errors, empty: none.
-    Value load(std::u16string_view source, std::u16string_view file);
+    // `each` is told every value as it comes.
+    Value load(std::u16string_view source, std::u16string_view file, const std::function<void(Value)> &each = {});
 
     // Defines a built-in; the number of arguments follows from the signature (see Builtins.h).
     Builtin *define(const char *name, const char *signature, const char *description, BuiltinHandler handler);
@@ -94,6 +95,7 @@ public:
     std::vector<std::u16string> &searchFolders() { return m_searchFolders; }
 
     // Makes the running program fail with "Function cancelled" at its next safe point. Async-signal-safe.
+    bool isInterrupted() const { return m_interrupted.load(std::memory_order_relaxed); }
     void interrupt() { m_interrupted.store(true, std::memory_order_relaxed); }
     // Fails the program after about this many calls and loop turns; 0: no limit.
     void setStepLimit(std::uint64_t steps);

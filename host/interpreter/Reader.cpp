@@ -63,7 +63,7 @@ std::optional<Value> Reader::read()
         if (m_offset == m_text.size()) {
             if (m_open.empty())
                 return std::nullopt;
-            failAt(m_open.front().offset, u"malformed list on input");
+            failAtEnd(m_open.front().offset, u"malformed list on input");
         }
         Value value;
         switch (m_text[m_offset]) {
@@ -99,6 +99,12 @@ void Reader::failAt(std::size_t offset, std::u16string_view message)
     fail(message);
 }
 
+void Reader::failAtEnd(std::size_t offset, std::u16string_view message)
+{
+    m_endedEarly = true;
+    failAt(offset, message);
+}
+
 void Reader::skipBlanks()
 {
     while (m_offset < m_text.size()) {
@@ -120,7 +126,7 @@ void Reader::skipBlockComment()
 {
     const std::size_t end = m_text.find(u"|;", m_offset + 2);
     if (end == std::u16string_view::npos)
-        failAt(m_offset, u"malformed comment on input");
+        failAtEnd(m_offset, u"malformed comment on input");
     m_offset = end + 2;
 }
 
@@ -165,13 +171,13 @@ Value Reader::readString()
     for (;;) {
         const std::size_t stop = m_text.find_first_of(u"\"\\", m_offset);
         if (stop == std::u16string_view::npos)
-            failAt(start, u"malformed string on input");
+            failAtEnd(start, u"malformed string on input");
         m_scratch.append(m_text, m_offset, stop - m_offset);
         m_offset = stop + 1;
         if (m_text[stop] == u'"')
             return m_heap.string(m_scratch);
         if (m_offset == m_text.size())
-            failAt(start, u"malformed string on input");
+            failAtEnd(start, u"malformed string on input");
         m_scratch.push_back(readEscape());
     }
 }

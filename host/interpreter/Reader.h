@@ -37,6 +37,8 @@ public:
 
     // The next expression; nothing at the end of the text.
     std::optional<Value> read();
+    // Whether the error was that the text ends too early; more text may mend it.
+    bool endedEarly() const { return m_endedEarly; }
     std::uint32_t lineNumber() const { return m_errorLine; }
     std::uint32_t columnNumber() const { return m_errorColumn; }
 
@@ -51,6 +53,7 @@ private:
         std::uint32_t line; // of its first character; 0 when nobody asks
     };
 
+    [[noreturn]] void failAtEnd(std::size_t offset, std::u16string_view message); // began here, never ended
     [[noreturn]] void failAt(std::size_t offset, std::u16string_view message);
     void skipBlanks();
     void skipBlockComment();
@@ -78,6 +81,7 @@ private:
     std::uint32_t m_countedLine = 1;
     std::vector<OpenForm> m_open;
     std::u16string m_scratch;
+    bool m_endedEarly = false;
     std::uint32_t m_errorLine = 0;
     std::uint32_t m_errorColumn = 0;
 };

@@ -1,7 +1,21 @@
 #include "host/kernel/CallFrame.h"
 
+#include "host/kernel/NodePool.h"
+
 #include <cstdio>
 #include <cstdlib>
+
+CallFrame::CallFrame(lisp::Machine &machine, lisp::Args arguments, NodePool &pool, CallFrame *&current)
+    : m_arguments(arguments), m_result(machine, lisp::Value()), m_pool(pool), m_current(current), m_caller(current)
+{
+    m_current = this;
+}
+
+CallFrame::~CallFrame()
+{
+    m_pool.reclaim(*this);
+    m_current = m_caller;
+}
 
 void CallFrame::setResult(lisp::Value value)
 {

@@ -2,11 +2,17 @@
 
 #include "host/interpreter/Builtins.h"
 
-// One running call of a module function: its arguments, the result that it has set, the nodes that it was given.
+class NodePool;
+
+// One running call of a module function: its arguments, the result that it has set, the nodes that it was given. While
+// it lives it is the host's current frame; frames of nested calls stack up.
 class CallFrame
 {
 public:
-    CallFrame(lisp::Machine &machine, lisp::Args arguments) : m_arguments(arguments), m_result(machine, lisp::Value()) {}
+    CallFrame(lisp::Machine &machine, lisp::Args arguments, NodePool &pool, CallFrame *&current);
+    ~CallFrame(); // gives nodes that were not released back to the pool
+    CallFrame(const CallFrame &) = delete;
+    CallFrame &operator=(const CallFrame &) = delete;
 
     const lisp::Args &arguments() const { return m_arguments; }
 
@@ -20,5 +26,8 @@ private:
 
     lisp::Args m_arguments;
     lisp::Rooted m_result;
+    NodePool &m_pool;
+    CallFrame *&m_current;
+    CallFrame *m_caller;
     void *m_nodes = nullptr; // the pool's list of what it gave
 };

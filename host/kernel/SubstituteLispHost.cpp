@@ -3,19 +3,16 @@
 
 #include "host/kernel/SubstituteLispHost.h"
 
-#include "host/interpreter/Reader.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/ArgumentList.h"
 #include "host/kernel/NodeList.h"
 #include "host/kernel/ResultBuilder.h"
 #include "host/kernel/TextFormat.h"
-#include "lisp/TypeCode.h"
 #include "sdk/fx/CFxString.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <numbers>
 
 using lisp::Args;
@@ -36,12 +33,8 @@ SubstituteLispHost::~SubstituteLispHost()
 
 Value SubstituteLispHost::call(Machine &machine, const External &function, Args arguments)
 {
-    CallFrame frame(machine, arguments);
-    CallFrame *const caller = std::exchange(m_frame, &frame);
-    const int status = function.entry();
-    m_frame = caller;
-    m_pool.reclaim(frame);
-    if (status == StatusError)
+    const CallFrame frame(machine, arguments, m_pool, m_frame);
+    if (function.entry() == StatusError)
         lisp::fail(u"error in " + function.name->name);
     return frame.result();
 }

@@ -1,0 +1,81 @@
+#include "app/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+
+#include <unistd.h>
+
+namespace {
+
+std::vector<QString> toQStrings(const std::vector<std::string> &texts)
+{
+    std::vector<QString> result;
+    for (const std::string &text : texts)
+        result.push_back(QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size())));
+    return result;
+}
+
+} // namespace
+
+ParsedCommandLine parseCommandLine(int argumentCount, const char *const *arguments)
+{
+    // What follows -- is the LISP program's own and never seen by the parser.
+    const char *const *end = arguments + argumentCount;
+    const char *const *separator =
+        std::find_if(arguments, end, [](const char *argument) { return std::string_view(argument) == "--"; });
+
+    CLI::App app("Runs, tests and debugs AutoLISP programs.", "lisphost");
+    app.set_version_flag("--version", "lisphost " LISPHOST_VERSION);
+    app.fallthrough();
+    app.require_subcommand(0, 1);
+    std::vector<std::string> files, expressions, modules;
+    std::string name, profile;
+    bool noModule = false;
+    app.add_option("--module", modules, "load this module (repeatable) instead of the one beside the program")
+        ->type_name("FILE.tx")
+        ->allow_extra_args(false);
+    app.add_flag("--no-module", noModule, "load no module")->excludes("--module");
+    app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
+
+    CLI::App *run = app.add_subcommand("run", "Load programs in order. What follows -- is for the program.");
+    run->add_option("files", files)->type_name("FILE.lsp ...")->required();
+    CLI::App *eval = app.add_subcommand("eval", "Evaluate expressions and print each value.");
+    eval->add_option("expressions", expressions)->type_name("EXPR ...")->required();
+    CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
+    CLI::App *doc = app.add_subcommand("doc", "Tell what is known about a function, or list all functions.");
+    doc->add_option("name", name)->type_name("NAME");
+
+    ParsedCommandLine parsed;
+    try {
+        app.parse(static_cast<int>(separator - arguments), arguments);
+    } catch (const CLI::ParseError &error) {
+        parsed.exitStatus = app.exit(error) == 0 ? ExitFine : ExitUsage;
+        return parsed;
+    }
+
+    Options &options = parsed.options;
+    if (run->parsed()) {
+        options.command = Options::Command::Run;
+        options.operands = toQStrings(files);
+    } else if (eval->parsed()) {
+        options.command = Options::Command::Eval;
+        options.operands = toQStrings(expressions);
+    } else if (doc->parsed()) {
+        options.command = Options::Command::Doc;
+        if (!name.empty())
+            options.operands = toQStrings({name});
+    } else if (!repl->parsed() && !isatty(STDIN_FILENO)) {
+        std::cerr << "lisphost: a command is needed when standard input is no terminal\n" << app.help();
+        parsed.exitStatus = ExitUsage;
+    }
+    if (separator != end)
+        for (const char *const *argument = separator + 1; argument != end; ++argument)
+            options.programArguments.push_back(QString::fromLocal8Bit(*argument));
+    if (noModule || !modules.empty())
+        options.modules = toQStrings(modules);
+    options.profileFolder = QString::fromLocal8Bit(profile.data(), static_cast<qsizetype>(profile.size()));
+    return parsed;
+}

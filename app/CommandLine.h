@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+// What the user asked for on the command line.
+struct Options
+{
+    enum class Command { Run, Eval, Repl, Doc };
+
+    Command command = Command::Repl;
+    std::vector<QString> operands;         // files, expressions, or the name to explain
+    std::vector<QString> programArguments; // after --
+    std::optional<std::vector<QString>> modules; // nothing: the module beside the program
+    QString profileFolder;                 // empty: the user's own
+};
+
+enum ExitStatus : int { ExitFine = 0, ExitFailed = 1, ExitUsage = 2, ExitFile = 3 };
+
+// The options, or the status to exit with at once after help, the version or a usage error was printed.
+struct ParsedCommandLine
+{
+    Options options;
+    std::optional<int> exitStatus;
+};
+ParsedCommandLine parseCommandLine(int argumentCount, const char *const *arguments);

@@ -1,0 +1,36 @@
+#include "app/Interrupts.h"
+
+#include "host/interpreter/Machine.h"
+
+#include <atomic>
+#include <csignal>
+
+namespace {
+
+std::atomic<lisp::Machine *> interruptible = nullptr;
+
+extern "C" void onInterrupt(int signal)
+{
+    lisp::Machine *machine = interruptible.load(std::memory_order_relaxed);
+    if (machine && !machine->isInterrupted()) {
+        machine->interrupt();
+        std::signal(signal, onInterrupt); // some systems reset the handler at its call
+    } else {
+        std::signal(signal, SIG_DFL);
+        std::raise(signal);
+    }
+}
+
+} // namespace
+
+InterruptScope::InterruptScope(lisp::Machine &machine)
+{
+    interruptible = &machine;
+    std::signal(SIGINT, onInterrupt);
+}
+
+InterruptScope::~InterruptScope()
+{
+    std::signal(SIGINT, SIG_DFL);
+    interruptible = nullptr;
+}

@@ -1,0 +1,132 @@
+#include "app/LineEditor.h"
+
+#include "host/interpreter/Machine.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include <histedit.h>
+
+namespace {
+
+constexpr int HistoryLength = 1000;
+
+} // namespace
+
+struct LineEditor::State
+{
+    State(lisp::Machine &lispMachine, const QString &historyPath)
+        : machine(lispMachine), historyFile(QFile::encodeName(historyPath))
+    {
+        HistEvent event;
+        entries = history_init();
+        history(entries, &event, H_SETSIZE, HistoryLength);
+        history(entries, &event, H_SETUNIQUE, 1);
+        history(entries, &event, H_LOAD, historyFile.constData());
+        editor = el_init("lisphost", stdin, stdout, stderr);
+        el_set(editor, EL_CLIENTDATA, this);
+        el_set(editor, EL_PROMPT, prompt);
+        el_set(editor, EL_EDITOR, "emacs");
+        el_set(editor, EL_HIST, history, entries);
+        el_set(editor, EL_ADDFN, "complete-name", "Completes a name", complete);
+        el_set(editor, EL_BIND, "^I", "complete-name", nullptr);
+        el_set(editor, EL_SIGNAL, 1);
+    }
+    ~State()
+    {
+        HistEvent event;
+        history(entries, &event, H_SAVE, historyFile.constData());
+        el_end(editor);
+        history_end(entries);
+    }
+    State(const State &) = delete;
+    State &operator=(const State &) = delete;
+
+    static State &of(EditLine *editLine)
+    {
+        void *data = nullptr;
+        el_get(editLine, EL_CLIENTDATA, &data);
+        return *static_cast<State *>(data);
+    }
+    static char *prompt(EditLine *editLine)
+    {
+        static char first[] = "> ", rest[] = "  ";
+        return of(editLine).shown == Prompt::First ? first : rest;
+    }
+    static unsigned char complete(EditLine *editLine, int);
+
+    std::vector<QByteArray> namesWith(const QByteArray &beginning) const;
+
+    lisp::Machine &machine;
+    QByteArray historyFile;
+    Prompt shown = Prompt::First;
+    History *entries;
+    EditLine *editor;
+};
+
+std::vector<QByteArray> LineEditor::State::namesWith(const QByteArray &beginning) const
+{
+    std::vector<QByteArray> names;
+    for (const lisp::Symbol &symbol : machine.symbols().all()) {
+        if (symbol.value.isNil())
+            continue;
+        const QByteArray name = QString::fromStdU16String(symbol.name).toLower().toUtf8();
+        if (name.startsWith(beginning.toLower()))
+            names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+// Inserts what all names with this beginning have in common; lists them when that is nothing new.
+unsigned char LineEditor::State::complete(EditLine *editLine, int)
+{
+    const LineInfo *line = el_line(editLine);
+    const char *start = line->cursor;
+    while (start > line->buffer && !std::strchr("()'\" \t\n", start[-1]))
+        --start;
+    const QByteArray beginning(start, static_cast<qsizetype>(line->cursor - start));
+    const std::vector<QByteArray> names = of(editLine).namesWith(beginning);
+    if (beginning.isEmpty() || names.empty())
+        return CC_ERROR;
+    const QByteArray &first = names.front(), &last = names.back();
+    const auto common = std::mismatch(first.begin(), first.end(), last.begin(), last.end()).first - first.begin();
+    if (common > beginning.size()) {
+        el_insertstr(editLine, first.mid(beginning.size(), common - beginning.size()).constData());
+        return CC_REFRESH;
+    }
+    std::fputc('\n', stdout);
+    for (const QByteArray &name : names)
+        std::fprintf(stdout, "%s  ", name.constData());
+    std::fputc('\n', stdout);
+    return CC_REDISPLAY;
+}
+
+LineEditor::LineEditor(lisp::Machine &machine, const QString &historyFile)
+    : m_state(std::make_unique<State>(machine, historyFile))
+{
+}
+
+LineEditor::~LineEditor() = default;
+
+std::optional<QString> LineEditor::readLine(Prompt prompt)
+{
+    m_state->shown = prompt;
+    int length = 0;
+    const char *line = el_gets(m_state->editor, &length);
+    if (!line || length <= 0)
+        return std::nullopt;
+    return QString::fromLocal8Bit(line, length);
+}
+
+void LineEditor::remember(const QString &entry)
+{
+    if (entry.isEmpty())
+        return;
+    HistEvent event;
+    history(m_state->entries, &event, H_ENTER, entry.toLocal8Bit().constData());
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+// The folder that holds this program's file and what is installed beside it.
+QString programFolder();
+// Where settings and history live unless --profile says otherwise.
+QString userProfileFolder();

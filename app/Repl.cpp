@@ -1,0 +1,82 @@
+#include "app/Repl.h"
+
+#include "app/Interrupts.h"
+#include "app/LineEditor.h"
+#include "app/ProgramPaths.h"
+#include "app/Session.h"
+#include "host/interpreter/Reader.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+
+using lisp::LispError;
+using lisp::Reader;
+using lisp::Value;
+
+Repl::Repl(Session &session, QString profileFolder)
+    : m_session(session), m_profileFolder(profileFolder.isEmpty() ? userProfileFolder() : std::move(profileFolder))
+{
+}
+
+int Repl::run()
+{
+    return isatty(STDIN_FILENO) ? runOnTerminal() : runOnStream();
+}
+
+int Repl::runOnStream()
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        return ExitFile;
+    return m_session.evaluate({QString::fromUtf8(input.readAll())});
+}
+
+int Repl::runOnTerminal()
+{
+    QDir().mkpath(m_profileFolder);
+    LineEditor editor(m_session.machine(), m_profileFolder + QStringLiteral("/history"));
+    std::u16string text;
+    while (!m_left) {
+        m_session.console().startFreshLine();
+        m_session.console().flush();
+        const std::optional<QString> line = editor.readLine(text.empty() ? LineEditor::Prompt::First : LineEditor::Prompt::Rest);
+        if (!line)
+            break;
+        text += line->toStdU16String();
+        if (evaluate(text)) {
+            editor.remember(QString::fromStdU16String(text).trimmed());
+            text.clear();
+        }
+    }
+    return ExitFine;
+}
+
+bool Repl::evaluate(const std::u16string &text)
+{
+    if (isIncomplete(text))
+        return false;
+    const InterruptScope interrupts(m_session.machine());
+    try {
+        m_session.machine().load(text, u"", [this](Value value) { m_session.printValue(value); });
+    } catch (const LispError &error) {
+        m_left = error.kind == LispError::Kind::Exit;
+        if (!m_left)
+            m_session.report(error);
+    }
+    return true;
+}
+
+// Reading has no effect but new symbols, so the text is simply read once for this question.
+bool Repl::isIncomplete(const std::u16string &text)
+{
+    Reader reader(m_session.machine().heap(), m_session.machine().symbols(), text);
+    try {
+        while (reader.read()) {
+        }
+    } catch (const LispError &) {
+        return reader.endedEarly();
+    }
+    return false;
+}

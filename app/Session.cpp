@@ -1,0 +1,85 @@
+#include "app/Session.h"
+
+#include "app/Interrupts.h"
+#include "app/ProgramPaths.h"
+#include "host/interpreter/Printer.h"
+#include "host/interpreter/files/SourceFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using lisp::LispError;
+using lisp::Value;
+
+Session::Session(const Options &options) : m_document(&m_host.documents().open())
+{
+    machine().setConsole(&m_console);
+    const QString besideProgram = programFolder() + QStringLiteral("/LispExtension.tx");
+    for (const QString &module : options.modules.value_or(std::vector<QString>{besideProgram}))
+        m_host.modules().load(module);
+}
+
+int Session::runFiles(const std::vector<QString> &files)
+{
+    for (const QString &file : files)
+        if (const int status = runFile(file); status != ExitFine)
+            return status;
+    return ExitFine;
+}
+
+int Session::runFile(const QString &path)
+{
+    QString failure;
+    const std::optional<std::u16string> source = lisp::readSourceFile(path, failure);
+    if (!source) {
+        m_console.writeError((QStringLiteral("lisphost: ") + failure + u'\n').toStdU16String());
+        return ExitFile;
+    }
+    // What the program loads in turn may stand beside it.
+    machine().searchFolders().push_back(QFileInfo(path).absolutePath().toStdU16String());
+    const InterruptScope interrupts(machine());
+    try {
+        machine().load(*source, path.toStdU16String());
+        return ExitFine;
+    } catch (const LispError &error) {
+        return statusOf(error);
+    }
+}
+
+int Session::evaluate(const std::vector<QString> &expressions)
+{
+    const InterruptScope interrupts(machine());
+    try {
+        for (const QString &expression : expressions)
+            machine().load(expression.toStdU16String(), u"", [this](Value value) { printValue(value); });
+        return ExitFine;
+    } catch (const LispError &error) {
+        return statusOf(error);
+    }
+}
+
+void Session::printValue(Value value)
+{
+    m_console.startFreshLine();
+    std::u16string text = lisp::printed(value);
+    if (!text.empty()) // the null symbol shows nothing
+        m_console.write(text += u'\n');
+}
+
+// exit and quit end the program in good order.
+int Session::statusOf(const LispError &error)
+{
+    if (error.kind == LispError::Kind::Exit)
+        return ExitFine;
+    report(error);
+    return ExitFailed;
+}
+
+void Session::report(const LispError &error)
+{
+    m_console.startFreshLine();
+    std::u16string text = u"error: " + error.message + u'\n' + lisp::traceText(error.trace);
+    if (!error.handlerFailure.empty())
+        text += u"error in *error*: " + error.handlerFailure + u'\n';
+    m_console.writeError(text);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/CommandLine.h"
+#include "app/TerminalConsole.h"
+#include "host/kernel/Host.h"
+
+// One run of the program: the host with its modules, one document, and the command line.
+class Session
+{
+public:
+    explicit Session(const Options &options);
+
+    // Both give an exit status. They stop at the first error, whose text and back trace go to standard error.
+    int runFiles(const std::vector<QString> &files);
+    int evaluate(const std::vector<QString> &expressions);
+
+    lisp::Machine &machine() { return m_document->machine(); }
+    TerminalConsole &console() { return m_console; }
+    // Prints a value as prin1 does, on a line of its own.
+    void printValue(lisp::Value value);
+    void report(const lisp::LispError &error);
+
+private:
+    int runFile(const QString &path);
+    int statusOf(const lisp::LispError &error);
+
+    TerminalConsole m_console;
+    Host m_host;
+    Document *m_document;
+};

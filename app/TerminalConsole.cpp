@@ -1,0 +1,55 @@
+#include "app/TerminalConsole.h"
+
+#include <QString>
+
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr qsizetype PendingLimit = 64 * 1024;
+
+QStringView viewOf(std::u16string_view text)
+{
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+} // namespace
+
+TerminalConsole::TerminalConsole() : m_encoder(QStringEncoder::Utf8), m_isTerminal(isatty(STDOUT_FILENO) != 0) {}
+
+TerminalConsole::~TerminalConsole()
+{
+    flush();
+}
+
+void TerminalConsole::write(std::u16string_view text)
+{
+    if (text.empty())
+        return;
+    m_pending += m_encoder(viewOf(text));
+    m_atLineStart = text.back() == u'\n';
+    if (m_isTerminal || m_pending.size() >= PendingLimit)
+        flush();
+}
+
+void TerminalConsole::startFreshLine()
+{
+    if (!m_atLineStart)
+        write(u"\n");
+}
+
+void TerminalConsole::flush()
+{
+    std::fwrite(m_pending.constData(), 1, static_cast<std::size_t>(m_pending.size()), stdout);
+    std::fflush(stdout);
+    m_pending.clear();
+}
+
+void TerminalConsole::writeError(std::u16string_view text)
+{
+    flush();
+    const QByteArray bytes = viewOf(text).toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
+}

@@ -1,0 +1,60 @@
+// lisphost: runs AutoLISP programs. The commands and their exit statuses are in CommandLine.h.
+
+#include "app/CommandLine.h"
+#include "app/Documentation.h"
+#include "app/Repl.h"
+#include "app/Session.h"
+
+#include <cstdio>
+
+#ifndef _WIN32
+#include <sys/resource.h>
+#endif
+
+namespace {
+
+// Programs recurse through mapcar and apply, which use the native stack; the usual 8 MB hold too few levels of it. The
+// limit of the running process is enough: the stack grows when it is touched.
+void raiseStackLimit()
+{
+#ifndef _WIN32
+    constexpr rlim_t Wanted = 100 * 1024 * 1024;
+    rlimit limit{};
+    if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= Wanted)
+        return;
+    limit.rlim_cur = limit.rlim_max == RLIM_INFINITY ? Wanted : std::min(Wanted, limit.rlim_max);
+    setrlimit(RLIMIT_STACK, &limit);
+#endif
+}
+
+int execute(const Options &options)
+{
+    Session session(options);
+    switch (options.command) {
+    case Options::Command::Run:
+        return session.runFiles(options.operands);
+    case Options::Command::Eval:
+        return session.evaluate(options.operands);
+    case Options::Command::Doc:
+        return showDocumentation(session, options.operands.empty() ? QString() : options.operands.front());
+    case Options::Command::Repl:
+        break;
+    }
+    return Repl(session, options.profileFolder).run();
+}
+
+} // namespace
+
+int main(int argumentCount, char **arguments)
+{
+    const ParsedCommandLine commandLine = parseCommandLine(argumentCount, arguments);
+    if (commandLine.exitStatus)
+        return *commandLine.exitStatus;
+    raiseStackLimit();
+    try {
+        return execute(commandLine.options);
+    } catch (const ModuleError &error) {
+        std::fprintf(stderr, "lisphost: %s\n", error.what());
+        return ExitFile;
+    }
+}

@@ -1,0 +1,2 @@
+(defun f (x / y) ; c
+ (list 'x "a\n" 1.5 (1 . 2)))

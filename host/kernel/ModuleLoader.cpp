@@ -1,0 +1,94 @@
+#include "host/kernel/ModuleLoader.h"
+
+#include "sdk/oda/OdRxModule.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+
+#include <array>
+#include <new>
+
+namespace {
+
+constexpr std::array<int, 4> SupportedVersion = {26, 8, 0, 54758};
+
+} // namespace
+
+// The operating system's side: an open library, closed again at the end.
+class ModuleLoader::Library
+{
+public:
+    explicit Library(const QString &path)
+    {
+#ifdef _WIN32
+        m_handle = LoadLibraryW(reinterpret_cast<const wchar_t *>(path.utf16()));
+        if (!m_handle)
+            throw ModuleError("cannot load the module " + path.toStdString());
+#else
+        m_handle = dlopen(path.toLocal8Bit().constData(), RTLD_NOW | RTLD_LOCAL);
+        if (!m_handle)
+            throw ModuleError(dlerror()); // names the file
+#endif
+    }
+    ~Library()
+    {
+#ifdef _WIN32
+        FreeLibrary(static_cast<HMODULE>(m_handle));
+#else
+        dlclose(m_handle);
+#endif
+    }
+    Library(const Library &) = delete;
+    Library &operator=(const Library &) = delete;
+
+    void *handle() const { return m_handle; }
+    template <class FunctionPointer> FunctionPointer function(const char *name) const
+    {
+#ifdef _WIN32
+        return reinterpret_cast<FunctionPointer>(GetProcAddress(static_cast<HMODULE>(m_handle), name));
+#else
+        return reinterpret_cast<FunctionPointer>(dlsym(m_handle, name));
+#endif
+    }
+
+private:
+    void *m_handle;
+};
+
+ModuleLoader::~ModuleLoader()
+{
+    unloadAll();
+}
+
+void ModuleLoader::load(const QString &path)
+{
+    auto library = std::make_unique<Library>(path);
+    const auto createModule = library->function<OdRxModuleFactory>("odrxCreateModuleObject");
+    const auto apiVersion = library->function<OdRxApiVersionQuery>("odrxGetAPIVersion");
+    if (!createModule || !apiVersion)
+        throw ModuleError(path.toStdString() + ": not a module");
+
+    std::array<int, 4> version{};
+    apiVersion(&version[0], &version[1], &version[2], &version[3]);
+    if (version != SupportedVersion)
+        throw ModuleError(path.toStdString() + ": built for another version of the SDK");
+
+    void *handle = library->handle();
+    OdRxModule *module = createModule(&handle);
+    if (!module)
+        throw std::bad_alloc();
+    module->initApp();
+    m_modules.push_back({std::move(library), module});
+}
+
+void ModuleLoader::unloadAll()
+{
+    while (!m_modules.empty()) {
+        m_modules.back().module->uninitApp();
+        m_modules.back().module->deleteModule();
+        m_modules.pop_back();
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+class OdRxModule;
+
+// Says why a module could not be loaded.
+class ModuleError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error; // UTF-8
+};
+
+// Loads run-time modules: opens the library, makes the module object through its factory and initialises it. Unloading
+// goes the other way round, the module loaded last first.
+class ModuleLoader
+{
+public:
+    ModuleLoader() = default;
+    ~ModuleLoader();
+    ModuleLoader(const ModuleLoader &) = delete;
+    ModuleLoader &operator=(const ModuleLoader &) = delete;
+
+    // Raises ModuleError when the file cannot be opened, is no module, or was built for another version of the SDK.
+    void load(const QString &path);
+    void unloadAll();
+    std::size_t moduleCount() const { return m_modules.size(); }
+
+private:
+    class Library;
+    struct Loaded
+    {
+        std::unique_ptr<Library> library;
+        OdRxModule *module;
+    };
+
+    std::vector<Loaded> m_modules;
+};
