@@ -58,6 +58,8 @@ private:
     void *m_handle;
 };
 
+ModuleLoader::ModuleLoader() = default;
+
 ModuleLoader::~ModuleLoader()
 {
     unloadAll();

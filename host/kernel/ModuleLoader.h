@@ -20,7 +20,7 @@ public:
 class ModuleLoader
 {
 public:
-    ModuleLoader() = default;
+    ModuleLoader();
     ~ModuleLoader();
     ModuleLoader(const ModuleLoader &) = delete;
     ModuleLoader &operator=(const ModuleLoader &) = delete;

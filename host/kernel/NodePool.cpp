@@ -36,6 +36,8 @@ struct NodePool::Slot
     const CallFrame *owner; // null: free
 };
 
+NodePool::NodePool() = default;
+
 NodePool::~NodePool() = default;
 
 resbuf *NodePool::allocate(CallFrame &owner, int typeCode)

@@ -14,7 +14,7 @@ class CallFrame;
 class NodePool
 {
 public:
-    NodePool() = default;
+    NodePool();
     ~NodePool();
     NodePool(const NodePool &) = delete;
     NodePool &operator=(const NodePool &) = delete;

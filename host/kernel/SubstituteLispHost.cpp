@@ -3,11 +3,13 @@
 
 #include "host/kernel/SubstituteLispHost.h"
 
+#include "host/interpreter/FileSearch.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/ArgumentList.h"
 #include "host/kernel/NodeList.h"
 #include "host/kernel/ResultBuilder.h"
 #include "host/kernel/TextFormat.h"
+#include "lisp/LispStatus.h"
 #include "sdk/fx/CFxString.h"
 
 #include <algorithm>
@@ -215,6 +217,15 @@ int SubstituteLispHost::prompt(const char16_t *format, ...)
     const std::u16string text = formatText(format, arguments);
     va_end(arguments);
     m_machine.write(text);
+    return StatusNormal;
+}
+
+int SubstituteLispHost::findFile(const char16_t *name, char16_t *resultPath)
+{
+    const std::optional<std::u16string> path = lisp::findFile(name, m_machine.searchFolders());
+    if (!path || path->size() >= FoundPathUnits)
+        return StatusError;
+    *std::copy(path->begin(), path->end(), resultPath) = u'\0';
     return StatusNormal;
 }
 

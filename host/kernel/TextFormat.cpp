@@ -1,8 +1,5 @@
 #include "host/kernel/TextFormat.h"
 
-#include <QString>
-#include <QStringEncoder>
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -18,11 +15,6 @@ template <class Character> Character *allocateText(std::size_t length)
         throw std::bad_alloc();
     text[length] = 0;
     return text;
-}
-
-QString qString(std::u16string_view text)
-{
-    return QString(reinterpret_cast<const QChar *>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
 // The specification of one conversion, "%-8.3f" for example, as 8-bit text for snprintf.

@@ -2,6 +2,7 @@
 // each answers with the failure that a module must expect from a host without the service, and pretends nothing.
 
 #include "host/kernel/SubstituteLispHost.h"
+#include "lisp/LispStatus.h"
 
 int SubstituteLispHost::regApp(const char16_t *)
 {
