@@ -1,0 +1,10 @@
+(defun build (count / i text)
+  (setq i 0
+        text "")
+  (while (< i count)
+    (setq text (strcat text (itoa (rem i 10)))
+          i (+ i 1)))
+  text)
+
+(repeat 2 (setq result (build 50000)))
+(princ (strlen result))

@@ -1,0 +1,20 @@
+;;; -*- lexical-binding: t -*-
+(defun entries (count)
+  (let ((result nil))
+    (while (< 0 count)
+      (setq count (- count 1))
+      (push (cons count (* 3 count)) result))
+    result))
+
+(defun look-up (table count)
+  (let ((i 0)
+        (sum 0))
+    (while (< i count)
+      (setq sum (+ sum (cdr (assoc (% (* i 7919) 1000) table)))
+            i (+ i 1)))
+    sum))
+
+(let ((table (entries 1000))
+      result)
+  (dotimes (_ 3) (setq result (look-up table 20000)))
+  (princ result))

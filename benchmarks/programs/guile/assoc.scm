@@ -1,0 +1,16 @@
+(define (entries count)
+  (let loop ((count count) (result '()))
+    (if (< 0 count)
+        (loop (- count 1) (acons (- count 1) (* 3 (- count 1)) result))
+        result)))
+
+(define (look-up table count)
+  (let loop ((i 0) (sum 0))
+    (if (< i count)
+        (loop (+ i 1) (+ sum (cdr (assoc (remainder (* i 7919) 1000) table))))
+        sum)))
+
+(define table (entries 1000))
+(define result #f)
+(do ((k 0 (+ k 1))) ((= k 3)) (set! result (look-up table 20000)))
+(display result)

@@ -1,0 +1,11 @@
+(define (numbers count)
+  (let loop ((count count) (result '()))
+    (if (< 0 count)
+        (loop (- count 1) (cons (remainder (- count 1) 1000) result))
+        result)))
+
+(define elements (numbers 200000))
+(define result #f)
+(do ((k 0 (+ k 1))) ((= k 20))
+  (set! result (apply + (map (lambda (x) (- (* 2 x) 7)) elements))))
+(display result)

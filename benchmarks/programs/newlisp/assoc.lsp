@@ -1,0 +1,18 @@
+(define (entries n)
+  (let (result '())
+    (while (< 0 n)
+      (setq n (- n 1))
+      (push (list n (* 3 n)) result))
+    result))
+
+(define (look-up table n)
+  (let (i 0 sum 0)
+    (while (< i n)
+      (setq sum (+ sum (last (assoc (% (* i 7919) 1000) table)))
+            i (+ i 1)))
+    sum))
+
+(set 'table (entries 1000))
+(dotimes (_ 3) (set 'result (look-up table 20000)))
+(print result)
+(exit)

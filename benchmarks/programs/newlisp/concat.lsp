@@ -1,0 +1,10 @@
+(define (build n)
+  (let (i 0 text "")
+    (while (< i n)
+      (setq text (append text (string (% i 10)))
+            i (+ i 1)))
+    text))
+
+(dotimes (_ 2) (set 'result (build 50000)))
+(print (length result))
+(exit)

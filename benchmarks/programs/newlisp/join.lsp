@@ -1,0 +1,10 @@
+(define (build n)
+  (let (i 0 pieces '())
+    (while (< i n)
+      (push (string i) pieces)
+      (setq i (+ i 1)))
+    (join (reverse pieces))))
+
+(dotimes (_ 20) (set 'result (build 50000)))
+(print (length result))
+(exit)

@@ -1,0 +1,10 @@
+(define (count-up limit)
+  (let (i 0 sum 0)
+    (while (< i limit)
+      (setq sum (- i sum)
+            i (+ i 1)))
+    sum))
+
+(dotimes (_ 10) (set 'result (count-up 2000000)))
+(print result)
+(exit)

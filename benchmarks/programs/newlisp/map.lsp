@@ -1,0 +1,12 @@
+(define (numbers n)
+  (let (result '())
+    (while (< 0 n)
+      (setq n (- n 1))
+      (push (% n 1000) result))
+    result))
+
+(set 'elements (numbers 200000))
+(dotimes (_ 20)
+  (set 'result (apply + (map (fn (x) (- (* 2 x) 7)) elements))))
+(print result)
+(exit)

@@ -1,0 +1,16 @@
+(define (numbers n)
+  (let (x 1 result '())
+    (dotimes (_ n)
+      (setq x (% (+ (* x 10005) 12345) 131072))
+      (push x result))
+    result))
+
+(define (check-sum numbers)
+  (let (sum 0)
+    (dolist (x numbers) (setq sum (% (+ (* sum 31) x) 65521)))
+    sum))
+
+(set 'unsorted (numbers 100000))
+(dotimes (_ 5) (set 'result (check-sum (sort (copy unsorted)))))
+(print result)
+(exit)

@@ -1,0 +1,8 @@
+(define (tak x y z)
+  (if (< y x)
+    (tak (tak (- x 1) y z) (tak (- y 1) z x) (tak (- z 1) x y))
+    z))
+
+(dotimes (_ 150) (set 'result (tak 18 12 6)))
+(print result)
+(exit)
