@@ -133,6 +133,12 @@ doCall: {
                 NEXT;
             }
         }
+        if (object->kind == ObjectKind::External) {
+            const Value result = callExternal(*static_cast<const External *>(object), count);
+            sp -= count;
+            *sp++ = result;
+            NEXT;
+        }
     }
     Object *object = resolveFunction(Value::symbol(pc[-1].symbol));
     if (object->kind == ObjectKind::Function) {

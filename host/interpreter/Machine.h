@@ -20,6 +20,7 @@
 
 namespace lisp {
 
+class ModuleService;
 struct SourcePositions;
 
 // Where princ, prompt and the rest of the command line go.
@@ -83,6 +84,10 @@ public:
     // False when no such function was defined.
     bool undefineExternal(std::u16string_view name);
     void setExternalCaller(ExternalCaller *caller) { m_externalCaller = caller; }
+
+    // Null where the host has no modules.
+    void setModuleService(ModuleService *service) { m_moduleService = service; }
+    ModuleService *moduleService() const { return m_moduleService; }
 
     void setConsole(Console *console) { m_console = console; }
     void write(std::u16string_view text)
@@ -192,6 +197,7 @@ private:
     std::unordered_map<const Cons *, Function *> m_lambdas; // compiled forms of lambda lists that were applied
     std::vector<std::unique_ptr<std::u16string>> m_files;
     ExternalCaller *m_externalCaller = nullptr;
+    ModuleService *m_moduleService = nullptr;
     Console *m_console = nullptr;
     UnitVariables m_unitVariables;
     std::vector<std::u16string> m_searchFolders;

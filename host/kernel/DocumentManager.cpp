@@ -46,6 +46,7 @@ CFxDocument *DocumentManager::documentAt(std::uint16_t index) const
 Document &DocumentManager::open()
 {
     Document &document = *m_documents.emplace_back(std::make_unique<Document>());
+    document.machine().setModuleService(&m_modules);
     notify(&Reactor::DocumentCreateStarted, &document);
     notify(&Reactor::DocumentCreated, &document);
     notify(&Reactor::DocumentLispLoaded, &document);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/interpreter/ModuleService.h"
 #include "host/kernel/Document.h"
 #include "sdk/fx/CFxDocumentManager.h"
 
@@ -10,6 +11,8 @@
 class DocumentManager final : public CFxDocumentManager
 {
 public:
+    // The machines of all documents ask this service about modules; it outlives the manager.
+    explicit DocumentManager(lisp::ModuleService &modules) : m_modules(modules) {}
     ~DocumentManager();
 
     void addReactor(CFxDocumentManagerReactor *reactor) override;
@@ -28,6 +31,7 @@ private:
     template <class... Parameters, class... Arguments>
     void notify(void (CFxDocumentManagerReactor::*notification)(Parameters...), Arguments... arguments);
 
+    lisp::ModuleService &m_modules;
     std::vector<std::unique_ptr<Document>> m_documents;
     std::vector<CFxDocumentManagerReactor *> m_reactors;
     Document *m_active = nullptr;

@@ -6,7 +6,7 @@
 #include "sdk/fx/CFxSystemServices.h"
 
 // The substitute host as a whole: while it lives, it is what the SDK's entrance functions lead to. One per process.
-class Host final : public CFxSystemServices, private HostSdk::ActiveDocumentProvider
+class Host final : public CFxSystemServices, public lisp::ModuleService, private HostSdk::ActiveDocumentProvider
 {
 public:
     Host();
@@ -15,12 +15,14 @@ public:
     Host &operator=(const Host &) = delete;
 
     CFxDocumentManager *documentManager() override { return &m_documents; }
+    std::vector<std::u16string> loadedModules() const override;
+    bool loadModule(std::u16string_view path) override;
     DocumentManager &documents() { return m_documents; }
     ModuleLoader &modules() { return m_modules; }
 
 private:
     CFxDocument *activeDocument() override { return m_documents.active(); }
 
-    DocumentManager m_documents;
+    DocumentManager m_documents{*this};
     ModuleLoader m_modules;
 };

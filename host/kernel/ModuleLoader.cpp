@@ -83,7 +83,15 @@ void ModuleLoader::load(const QString &path)
     if (!module)
         throw std::bad_alloc();
     module->initApp();
-    m_modules.push_back({std::move(library), module});
+    m_modules.push_back({path, std::move(library), module});
+}
+
+QStringList ModuleLoader::paths() const
+{
+    QStringList paths;
+    for (const Loaded &loaded : m_modules)
+        paths.append(loaded.path);
+    return paths;
 }
 
 void ModuleLoader::unloadAll()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <stdexcept>
@@ -28,12 +28,13 @@ public:
     // Raises ModuleError when the file cannot be opened, is no module, or was built for another version of the SDK.
     void load(const QString &path);
     void unloadAll();
-    std::size_t moduleCount() const { return m_modules.size(); }
+    QStringList paths() const; // in the order of loading
 
 private:
     class Library;
     struct Loaded
     {
+        QString path;
         std::unique_ptr<Library> library;
         OdRxModule *module;
     };
