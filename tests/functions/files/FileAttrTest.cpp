@@ -1,0 +1,72 @@
+#include "platform/FileAttributes.h"
+#include "tests/functions/files/FilesTest.h"
+
+namespace {
+
+class FileAttr : public FilesTest
+{
+protected:
+    static int attributes(const QString &file) { return int(GetFileAttributesW(file.toStdU16String().c_str())); }
+};
+
+} // namespace
+
+TEST_F(FileAttr, WithOnlyAPathOnAMissingFilePrintsTheMessageWithThePathAndYieldsNil)
+{
+    const QString missing = path(u"100%d %s.dwg"_qs);
+    EXPECT_EQ(
+        call(acetFileAttr, {text(missing)}),
+        (Operations{"getArgs", operation("prompt", u"\nError: Unable to get the file attributes: "_qs + missing + u'.'),
+                    "retNil", "releaseRb null"}));
+}
+
+TEST_F(FileAttr, OnAnExistingFileYieldsTheRawAttributeWord)
+{
+    EXPECT_EQ(call(acetFileAttr, {text(newFile(u"file"_qs))}), (Operations{"getArgs", "retInt 32", "releaseRb null"}));
+    EXPECT_EQ(call(acetFileAttr, {text(path(u"."_qs))}), (Operations{"getArgs", "retInt 16", "releaseRb null"}));
+}
+
+TEST_F(FileAttr, WithAPathAndNilBehavesAsTheOneArgumentForm)
+{
+    const QString file = newFile(u"file"_qs);
+    EXPECT_EQ(call(acetFileAttr, {text(file), nil()}), (Operations{"getArgs", "retInt 32", "releaseRb 2"}));
+    EXPECT_EQ(attributes(file), 32);
+}
+
+TEST_F(FileAttr, WithAPathAndTheInteger1MakesTheFileReadOnlyAndYields1)
+{
+    const QString file = newFile(u"file"_qs);
+    EXPECT_EQ(call(acetFileAttr, {text(file), shortInteger(1)}), (Operations{"getArgs", "retInt 1", "releaseRb 2"}));
+    EXPECT_EQ(attributes(file), 1);
+    EXPECT_FALSE(QFile::permissions(file) & QFile::WriteOwner);
+}
+
+TEST_F(FileAttr, YieldsTheWordThatWasGivenNotTheOneThatResults)
+{
+    const QString file = newFile(u"file"_qs);
+    EXPECT_EQ(call(acetFileAttr, {text(file), longInteger(0x20000 + 34)}),
+              (Operations{"getArgs", "retInt 131106", "releaseRb 2"}));
+    EXPECT_EQ(attributes(file), 34);
+}
+
+TEST_F(FileAttr, ReadsTheWordFromANodeOfAnyType)
+{
+    const QString file = newFile(u"file"_qs);
+    EXPECT_EQ(call(acetFileAttr, {text(file), truth()}), (Operations{"getArgs", "retInt 0", "releaseRb 2"}));
+    EXPECT_EQ(attributes(file), 128);
+}
+
+TEST_F(FileAttr, ThatCannotBeSetYieldsNilAndPrintsNothing)
+{
+    EXPECT_EQ(call(acetFileAttr, {text(path(u"missing"_qs)), shortInteger(1)}),
+              (Operations{"getArgs", "retNil", "releaseRb 2"}));
+    EXPECT_EQ(call(acetFileAttr, {text(newFile(u"file"_qs)), shortInteger(16), text(u"surplus")}),
+              (Operations{"getArgs", "retNil", "releaseRb 2"}));
+}
+
+TEST_F(FileAttr, WithoutAPathIsRefused)
+{
+    EXPECT_EQ(call(acetFileAttr, {}), (Operations{"getArgs", tooFewArguments, "retNil"}));
+    EXPECT_EQ(call(acetFileAttr, {shortInteger(1), shortInteger(1)}),
+              (Operations{"getArgs", wrongType, "retNil", "releaseRb 1"}));
+}

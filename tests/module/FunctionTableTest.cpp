@@ -1,0 +1,127 @@
+#include "module/FunctionTable.h"
+
+#include "functions/pending.h"
+#include "lisp/GuardedHandler.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+LispHandler handlerOf(std::string_view name)
+{
+    for (const FunctionRow &row : functionTable()) {
+        if (row.name == name)
+            return row.handler;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+TEST(FunctionTable, HasIts75RowsInOrder)
+{
+    const std::vector<std::string> expected = {"acet-file-attr",
+                                               "acet-file-chdir",
+                                               "acet-file-cwd",
+                                               "acet-file-mkdir",
+                                               "acet-file-remove",
+                                               "acet-ent-geomextents",
+                                               "acet-file-move",
+                                               "acet-file-readdialog",
+                                               "acet-file-rmdir",
+                                               "acet-file-writedialog",
+                                               "acet-ini-set",
+                                               "acet-ini-get",
+                                               "acet-ss-clear-prev",
+                                               "vl_catch_all_apply",
+                                               "vl_catch_all_error_p",
+                                               "acet-reg-get",
+                                               "acet-reg-put",
+                                               "acet-reg-del",
+                                               "acet-str-equal",
+                                               "acet-str-collate",
+                                               "acet-str-wcmatch",
+                                               "acet-str-format",
+                                               "acet-sys-beep",
+                                               "_xstrcase",
+                                               "startapp",
+                                               "geturl",
+                                               "acet-reg-prodkey",
+                                               "acet-reg-machine-prodkey",
+                                               "acet-reg-user-prodkey",
+                                               "acet-sys-command",
+                                               "acet-sys-foreground",
+                                               "acet-sys-procid",
+                                               "acet-sys-sleep",
+                                               "acet-sys-spawn",
+                                               "acet-sys-term",
+                                               "acet-sys-wait",
+                                               "acet-ui-pickdir",
+                                               "acet-util-ver",
+                                               "acet-ui-progress",
+                                               "acet-ui-message",
+                                               "acet-ui-message-html",
+                                               "acet-sys-keystate",
+                                               "acet-sys-lasterr",
+                                               "acet-sys-lmouse-down",
+                                               "acet-sys-mmouse-down",
+                                               "acet-sys-rmouse-down",
+                                               "acet_filename_associated_app",
+                                               "showhtmlmodalwindow",
+                                               "layoutlist",
+                                               "acet_set_config",
+                                               "acet_get_config",
+                                               "acet-help",
+                                               "seturl",
+                                               "acet-ui-txted",
+                                               "_editRtext_",
+                                               "acet-str-find",
+                                               "acet-str-replace",
+                                               "acet-ss-drag-rotate",
+                                               "ismnugrploaded",
+                                               "acet-ui-status",
+                                               "tablet",
+                                               "_vorns_util",
+                                               "acad_truecolorcli",
+                                               "acet-help-trap",
+                                               "acet-var-setvar",
+                                               "acet-var-getvar",
+                                               "wexo_getpointEsc",
+                                               "wexo_compileshp",
+                                               "wexo_htmlprompt",
+                                               "acet-filename-acad-root",
+                                               "wexo_opendefaultapp",
+                                               "startAddTableTransaction",
+                                               "endAddTableTransaction",
+                                               "acet-begin-undogroup",
+                                               "acet-end-undogroup"};
+    std::vector<std::string> names;
+    for (const FunctionRow &row : functionTable())
+        names.push_back(row.name);
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 75u);
+}
+
+TEST(FunctionTable, EveryRowIsEitherWrittenOrInTheListOfPendingOnesAndNoneIsBoth)
+{
+    for (const FunctionRow &row : functionTable()) {
+        ASSERT_NE(row.handler, nullptr) << row.name;
+        EXPECT_EQ(row.handler == guarded<notAvailableYet>, isPending(row.name)) << row.name;
+    }
+}
+
+TEST(FunctionTable, EveryPendingNameIsARow)
+{
+    for (std::string_view name : pendingFunctions)
+        EXPECT_NE(handlerOf(name), nullptr) << name;
+}
+
+TEST(FunctionTable, RegProdkeyAndRegMachineProdkeyBehaveIdentically)
+{
+    EXPECT_EQ(handlerOf("acet-reg-prodkey"), handlerOf("acet-reg-machine-prodkey"));
+}

@@ -1,0 +1,40 @@
+#include "tests/module/ModuleTest.h"
+
+namespace {
+
+class Reactor : public ModuleTest
+{
+protected:
+    RecordingHost m_host{RecordingHost::ReachedBy::GivenDocument};
+};
+
+} // namespace
+
+TEST_F(Reactor, DefinesTheFunctionsWhenADocumentGetsItsInterpreter)
+{
+    reactor()->DocumentLispLoaded(m_host.document());
+    EXPECT_EQ(m_host.operations(), definitions());
+}
+
+TEST_F(Reactor, RemovesThemWhenTheInterpreterGoesAway)
+{
+    reactor()->DocumentLispUnloaded(m_host.document());
+    EXPECT_EQ(m_host.operations(), removals());
+}
+
+TEST_F(Reactor, DoesNothingAtAnyOtherNotification)
+{
+    CFxDocument *document = m_host.document();
+    reactor()->DocumentCreateStarted(document);
+    reactor()->DocumentCreated(document);
+    reactor()->DocumentToBeDestroyed(document);
+    reactor()->DocumentDestroyed(u"file.dwg");
+    reactor()->DocumentToBeActivated(document);
+    reactor()->DocumentToBeDeactivated(document);
+    reactor()->DocumentActivated(document);
+    reactor()->DocumentCreateCanceled(document);
+    reactor()->DocumentBecameCurrent(document);
+    reactor()->DocumentActivationModified(true);
+    reactor()->DocumentPreOpen(u"file.dwg");
+    EXPECT_EQ(m_host.operations(), Operations{});
+}

@@ -1,0 +1,77 @@
+#include "platform/ModuleFileName.h"
+
+#include "platform/LastError.h"
+
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <dlfcn.h>
+
+namespace {
+
+// A library that every program here has loaded.
+class ModuleFileName : public testing::Test
+{
+protected:
+    ~ModuleFileName() override { dlclose(m_library); }
+
+    std::u16string name(DWORD capacity)
+    {
+        std::u16string buffer(300, u'#');
+        m_length = GetModuleFileNameW(m_library, buffer.data(), capacity);
+        return buffer;
+    }
+
+    void *m_library = dlopen("libQt6Core.so.6", RTLD_NOW | RTLD_NOLOAD);
+    DWORD m_length = 0;
+};
+
+} // namespace
+
+TEST_F(ModuleFileName, IsTheFullPathOfTheLibrary)
+{
+    ASSERT_NE(m_library, nullptr);
+    SetLastError(ERROR_GEN_FAILURE);
+    const QString path = QString::fromUtf16(name(300).data());
+    EXPECT_TRUE(path.startsWith(u'/') && path.endsWith(u"/libQt6Core.so.6")) << path.toStdString();
+    EXPECT_TRUE(QFileInfo(path).isFile());
+    EXPECT_EQ(m_length, path.size());
+    EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+}
+
+TEST_F(ModuleFileName, FitsExactlyWithItsTerminator)
+{
+    const std::u16string path = name(300).data();
+    const auto length = static_cast<DWORD>(path.size());
+    EXPECT_TRUE(std::u16string(name(length + 1).data()) == path);
+    EXPECT_EQ(m_length, length);
+    EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+}
+
+TEST_F(ModuleFileName, IsCutAndTerminatedWhenTheBufferIsTooSmall)
+{
+    const std::u16string path = name(300).data();
+    const auto length = static_cast<DWORD>(path.size());
+    const std::u16string buffer = name(length);
+    EXPECT_EQ(m_length, length);
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_TRUE(std::u16string(buffer.data()) == path.substr(0, path.size() - 1));
+    EXPECT_EQ(buffer[length], u'#') << "wrote behind the buffer";
+}
+
+TEST_F(ModuleFileName, WritesNothingIntoAnEmptyBuffer)
+{
+    const std::u16string buffer = name(0);
+    EXPECT_EQ(m_length, 0u);
+    EXPECT_EQ(buffer[0], u'#');
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+}
+
+TEST_F(ModuleFileName, OfNoLibraryIsTheProgram)
+{
+    std::array<char16_t, 4096> buffer;
+    GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+    EXPECT_TRUE(QString::fromUtf16(buffer.data()).endsWith(u"/platformtests"));
+}
