@@ -7,7 +7,7 @@
 #include "host/interpreter/files/SourceFile.h"
 
 #include <QString>
-#include <QtEnvironmentVariables>
+#include <QtGlobal>
 
 namespace lisp {
 
