@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Checks that every folder includes only what it may use: check_includes.py REPOSITORY QT-HEADERS.
+
+The table says which folder may use which; a folder may always use itself. Widgets and pictures are kept out of the
+folders that must build without them.
+"""
+
+import pathlib
+import re
+import sys
+
+# The tests, benchmarks and fuzz targets may use everything and are not listed.
+MAY_USE = {
+    "sdk": [],
+    "platform": [],
+    "resources": [],
+    "lisp": ["sdk"],
+    "dialogs": ["sdk"],
+    "functions": ["lisp", "dialogs", "sdk", "platform"],
+    "module": ["lisp", "functions", "dialogs", "resources", "sdk", "platform"],
+    "host/sdk": ["sdk"],
+    "host/interpreter": [],
+    "host/drawing": [],
+    "host/commands": ["host/interpreter", "host/drawing"],
+    "host/kernel": ["host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform"],
+    "host/ui": ["host/kernel", "host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform"],
+    "app": ["host", "lisp", "sdk"],
+}
+WITHOUT_GUI = ["lisp", "platform", "sdk", "host/interpreter", "host/drawing", "host/commands", "host/sdk"]
+GUI = ["QtWidgets", "QtGui"]
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
+
+
+def room_of(path):
+    """The longest folder of the table that a path lies in."""
+    return max((room for room in MAY_USE if path.startswith(room + "/")), key=len)
+
+
+def allows(room, header):
+    return any(header.startswith(folder + "/") for folder in [room, *MAY_USE[room]])
+
+
+def is_gui_header(qt_headers, header):
+    return any(header.startswith(module) or (qt_headers / module / header).is_file() for module in GUI)
+
+
+def faults(repository, qt_headers, source):
+    """What is wrong with the includes of one source."""
+    name = source.relative_to(repository).as_posix()
+    room = room_of(name)
+    for quote, header in INCLUDE.findall(source.read_text(encoding="utf-8")):
+        if quote == "<":
+            if room in WITHOUT_GUI and is_gui_header(qt_headers, header):
+                yield f"{name}: <{header}> is a header of the user interface"
+        elif header.startswith("ui_"):
+            continue  # made by uic from a form in the same folder
+        elif not (repository / header).is_file():
+            yield f'{name}: "{header}" is no path from the root of the repository'
+        elif not allows(room, header):
+            yield f'{name}: {room} may not use "{header}"'
+
+
+def sources(repository):
+    for folder in MAY_USE:
+        for pattern in ("*.h", "*.cpp"):
+            yield from (repository / folder).rglob(pattern)
+
+
+def main():
+    repository, qt_headers = (pathlib.Path(argument) for argument in sys.argv[1:3])
+    checked = set(sources(repository))
+    found = [fault for source in sorted(checked) for fault in faults(repository, qt_headers, source)]
+    print("\n".join(found) or f"{len(checked)} sources keep to the table")
+    # Nothing to check means that the wrong folder was named.
+    return 1 if found or not checked else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
