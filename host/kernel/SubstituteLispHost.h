@@ -13,6 +13,8 @@ public:
     explicit SubstituteLispHost(lisp::Machine &machine);
     ~SubstituteLispHost();
 
+    std::size_t liveNodes() const { return m_pool.liveNodes(); }
+
     lisp::Value call(lisp::Machine &machine, const lisp::External &function, lisp::Args arguments) override;
 
     int regApp(const char16_t *applicationName) override;
