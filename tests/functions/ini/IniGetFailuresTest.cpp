@@ -40,6 +40,7 @@ TEST_F(IniGetFailures, AnUnreadableFileYieldsNil)
     const QString file = newFile("[Paths]\na=1\n");
     ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions()));
     EXPECT_TRUE(holdsUnprivileged([&] { return callOn(file) == noValue; }));
+    EXPECT_TRUE(holdsUnprivileged([&] { return call(acetIniGet, {text(file)}) == noValue; })) << "no empty list";
     ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions(0x4444)));
     EXPECT_TRUE(holdsUnprivileged([&] { return callOn(file) == stringValue("1"); })) << "nothing but the permission";
 }

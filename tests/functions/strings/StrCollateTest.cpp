@@ -31,6 +31,8 @@ TEST_F(StrCollate, GivesMinus1ZeroOr1)
     EXPECT_EQ(ignoringCase(u"b", u"a"), result(1, "null"));
     EXPECT_EQ(ignoringCase(u"A", u"a"), result(0, "null"));
     EXPECT_EQ(ignoringCase(u"a", u"z"), result(-1, "null"));
+    EXPECT_EQ(ignoringCase(u"a", u"abcd"), result(-1, "null"));
+    EXPECT_EQ(ignoringCase(u"abcd", u"a"), result(1, "null"));
 }
 
 TEST_F(StrCollate, WithTheFlag1TheSamePairIsNever0)
