@@ -1,0 +1,56 @@
+(defun file-is () (show '(lines-of "settings.ini")))
+
+(title "writing makes the file, the section and the key")
+(show-all '((acet-ini-set "settings.ini" "Main" "Size" "10")
+            (acet-ini-set "settings.ini" "Main" "Name" "Hillside House")
+            (acet-ini-set "settings.ini" "Paths" "Fonts" "C:\\fonts")))
+(file-is)
+
+(title "writing again replaces")
+(show-all '((acet-ini-set "settings.ini" "Main" "Size" "12")
+            (acet-ini-get "settings.ini" "Main" "Size")))
+
+(title "what was written is read back unchanged")
+(foreach text '("a,b" "x;y" "\"quoted\"" "  blanks  " "Größe €" "line\nbreak\ttab" "100%" "back\\slash" "=")
+  (acet-ini-set "settings.ini" "Texts" "value" text)
+  (show (list 'equal text (list 'acet-ini-get "settings.ini" "Texts" "value"))))
+
+(title "an integer is no text: the key goes away")
+(show-all '((acet-ini-set "settings.ini" "Main" "Size" 12)
+            (acet-ini-get "settings.ini" "Main" "Size" "default")))
+
+(title "no value, nil or an empty text: the key goes away")
+(show-all '((acet-ini-set "settings.ini" "Keys" "a" "1")
+            (acet-ini-set "settings.ini" "Keys" "b" "2")
+            (acet-ini-set "settings.ini" "Keys" "c" "3")
+            (acet-ini-set "settings.ini" "Keys" "d" "4")
+            (acet-ini-set "settings.ini" "Keys" "a")
+            (acet-ini-set "settings.ini" "Keys" "b" nil)
+            (acet-ini-set "settings.ini" "Keys" "c" "")
+            (acet-ini-get "settings.ini" "Keys")
+            (acet-ini-set "settings.ini" "Keys" "never-there")))
+
+(title "no key, nil or an empty text: the section goes away")
+(show-all '((acet-ini-set "settings.ini" "Keys")
+            (acet-ini-set "settings.ini" "Texts" nil "ignored")
+            (acet-ini-get "settings.ini")
+            (acet-ini-set "settings.ini" "Paths" "")
+            (acet-ini-get "settings.ini")))
+
+(title "a folder that does not exist is made with the file")
+(show-all '((acet-ini-set "new/folder/settings.ini" "Main" "Size" "10")
+            (acet-ini-get "new/folder/settings.ini" "Main" "Size")))
+
+(title "no file: a message and nil")
+(show-all '((acet-ini-set)
+            (acet-ini-set nil "Main")))
+
+(title "a section of another type: a message, and every key of the file goes away")
+(acet-ini-set "other.ini" "Main" "Size" "10")
+(show-all '((acet-ini-set "other.ini" 5 "Size" "20")
+            (acet-ini-get "other.ini")))
+
+(title "the file alone: a message, and every key of the file goes away")
+(acet-ini-set "settings.ini" "Main" "Size" "10")
+(show-all '((acet-ini-set "settings.ini")
+            (acet-ini-get "settings.ini")))

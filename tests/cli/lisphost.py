@@ -1,0 +1,58 @@
+"""Running lisphost from the tests. ctest says which one in the environment variable LISPHOST."""
+
+import os
+import subprocess
+import tempfile
+import unittest
+from dataclasses import dataclass
+from pathlib import Path
+
+LISPHOST = os.environ["LISPHOST"]
+
+# Far beyond what any test takes: a build with sanitizers on a busy machine is slow.
+TIMEOUT = 300
+
+
+@dataclass
+class Outcome:
+    status: int  # negative: the number of the signal that ended the program
+    output: str
+    errors: str
+
+
+class LispHostTest(unittest.TestCase):
+    """Each test works in a folder of its own, which also holds the profile; nothing of the user's is touched."""
+
+    def setUp(self) -> None:
+        scratch = tempfile.TemporaryDirectory()
+        self.addCleanup(scratch.cleanup)
+        self.folder = Path(scratch.name).resolve()
+        self.profile = self.folder / ".profile"
+        self.environment = os.environ | {"HOME": str(self.profile), "XDG_DATA_HOME": str(self.profile)}
+
+    def write(self, name: str, content: str | bytes) -> Path:
+        path = self.folder / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(content.encode() if isinstance(content, str) else content)
+        return path
+
+    def lisphost(self, *arguments: str | Path, typed: str = "") -> Outcome:
+        process = subprocess.run([LISPHOST, *arguments], cwd=self.folder, env=self.environment, input=typed.encode(),
+                                 capture_output=True, timeout=TIMEOUT)
+        return Outcome(process.returncode, process.stdout.decode(), process.stderr.decode())
+
+    def evaluate(self, *expressions: str) -> Outcome:
+        return self.lisphost("eval", *expressions)
+
+    def run_program(self, text: str | bytes, name: str = "program.lsp") -> Outcome:
+        self.write(name, text)
+        return self.lisphost("run", name)
+
+    def assert_gives(self, outcome: Outcome, output: str) -> None:
+        """The program ended well, with exactly this on standard output and nothing on standard error."""
+        self.assertEqual(outcome, Outcome(0, output, ""))
+
+    def assert_fails(self, outcome: Outcome, status: int, pattern: str) -> None:
+        """The program ended with this status and a message on standard error that matches the pattern."""
+        self.assertEqual(outcome.status, status, outcome)
+        self.assertRegex(outcome.errors, pattern)

@@ -1,0 +1,41 @@
+"""Runs a command in a fresh folder and compares what it prints with a stored transcript.
+
+Usage: run_transcript.py [--update] EXPECTED COMMAND ARGUMENT ...
+The folder's path reads <folder> in the transcript. --update stores what was printed; look at the difference."""
+
+import difflib
+import os
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+
+def transcript(command: list[str]) -> str:
+    with tempfile.TemporaryDirectory() as scratch:
+        folder = os.path.realpath(scratch)
+        process = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
+                                 env=os.environ | {"TMPDIR": folder, "HOME": folder, "XDG_DATA_HOME": folder})
+    output = process.stdout.decode()
+    if process.returncode != 0 or process.stderr:
+        output += f"\nstatus {process.returncode}\n{process.stderr.decode()}"
+    # The command may have made a temporary folder of its own inside.
+    return re.sub(re.escape(folder) + r"(/tmp\.\w+)?", "<folder>", output)
+
+
+def main() -> None:
+    arguments = sys.argv[1:]
+    update = arguments[0] == "--update"
+    if update:
+        arguments.pop(0)
+    expected, printed = Path(arguments[0]), transcript(arguments[1:])
+    if update:
+        expected.write_text(printed)
+    difference = difflib.unified_diff(expected.read_text().splitlines(), printed.splitlines(), "expected", "printed",
+                                      lineterm="")
+    if lines := list(difference):
+        sys.exit("\n".join(lines))
+
+
+main()

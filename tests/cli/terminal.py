@@ -1,0 +1,58 @@
+"""lisphost on a terminal of its own, as a person uses it."""
+
+import os
+import pty
+import re
+import select
+import signal
+import time
+
+from lisphost import LISPHOST, TIMEOUT
+
+CONTROL_SEQUENCE = re.compile(r"\x1b(\[[0-?]*[ -/]*[@-~]|\][^\x07]*\x07|[@-Z\\-_])")
+
+
+class Terminal:
+    def __init__(self, arguments: list[str], folder: str, environment: dict[str, str]) -> None:
+        self.shown = ""
+        self.process, self.terminal = pty.fork()
+        if self.process == 0:
+            signal.signal(signal.SIGINT, signal.SIG_DFL)
+            os.chdir(folder)
+            os.execve(LISPHOST, [LISPHOST, *arguments], environment | {"TERM": "dumb"})
+
+    def type(self, text: str) -> None:
+        os.write(self.terminal, text.encode())
+
+    def wait_for(self, pattern: str) -> str:
+        """Waits until what was shown since the last call matches, and gives the match."""
+        end = time.monotonic() + TIMEOUT
+        while not (match := re.search(pattern, self.shown)):
+            if not self._read(end - time.monotonic()):
+                raise AssertionError(f"{pattern!r} does not appear in {self.shown!r}")
+        self.shown = self.shown[match.end():]
+        return match.group()
+
+    def wait_for_end(self) -> int:
+        end = time.monotonic() + TIMEOUT
+        while self._read(end - time.monotonic()):
+            pass
+        _, status = os.waitpid(self.process, 0)
+        self.process = None
+        return os.waitstatus_to_exitcode(status)
+
+    def close(self) -> None:
+        os.close(self.terminal)
+        if self.process is not None:
+            os.kill(self.process, signal.SIGKILL)
+            os.waitpid(self.process, 0)
+
+    def _read(self, seconds: float) -> bool:
+        if seconds <= 0 or not select.select([self.terminal], [], [], seconds)[0]:
+            return False
+        try:
+            data = os.read(self.terminal, 65536)
+        except OSError:  # how Linux reports that the other side is closed
+            return False
+        self.shown += CONTROL_SEQUENCE.sub("", data.decode(errors="replace")).replace("\r", "")
+        return bool(data)

@@ -1,0 +1,61 @@
+import unittest
+
+from lisphost import LispHostTest
+
+NAMES = ["two words", "quo\"te's", "new\nline", "Größe €", "percent%s%n", "\U0001d518nicode"]
+
+
+def quoted(text: str) -> str:
+    escapes = {"\\": "\\\\", '"': '\\"', "\n": "\\n"}
+    return '"' + "".join(escapes.get(character, character) for character in text) + '"'
+
+
+class Ini(LispHostTest):
+    def test_a_directory_gives_nil_and_stays(self):
+        self.write("folder.ini/inside.txt", "kept")
+        outcome = self.evaluate('(acet-ini-get "folder.ini")', '(acet-ini-get "folder.ini" "A" "b" "c")',
+                                '(acet-ini-set "folder.ini" "A" "b" "c")')
+        self.assert_gives(outcome, "nil\nnil\nnil\n")
+        self.assertEqual((self.folder / "folder.ini/inside.txt").read_text(), "kept")
+
+    def test_unusual_names(self):
+        for name in NAMES:
+            with self.subTest(name):
+                file = quoted(name + ".ini")
+                outcome = self.evaluate(f'(acet-ini-set {file} "A" "b" "c")', f'(acet-ini-get {file} "A" "b")')
+                self.assert_gives(outcome, 'T\n"c"\n')
+                self.assertEqual((self.folder / (name + ".ini")).read_text().strip(), "[A]\nb=c")
+
+    def test_a_path_of_4096_bytes_gives_nil(self):
+        file = quoted("a/" * 2045 + "ab.ini")
+        self.assert_gives(self.evaluate(f'(acet-ini-get {file} "A" "b" "c")'), "nil\n")
+
+
+class Files(LispHostTest):
+    def test_unusual_names(self):
+        for name in NAMES:
+            with self.subTest(name):
+                folder, file = quoted(name), quoted(name + "/a " + name)
+                outcome = self.evaluate(f"(acet-file-mkdir {folder})", f'(close (open {file} "w"))',
+                                        f"(acet-file-attr {file})", f"(acet-file-move {file} {quoted(name + '/b')})",
+                                        f'(vl-directory-files {folder} nil 1)', f"(acet-file-chdir {folder})",
+                                        '(acet-file-remove "b")')
+                self.assert_gives(outcome, f'T\nnil\n32\nT\n("b")\n{folder}\n1\n')
+
+    def test_the_message_shows_the_path_as_it_is(self):
+        for name in NAMES:
+            with self.subTest(name):
+                self.assert_gives(self.evaluate(f"(acet-file-attr {quoted(name)})"),
+                                  f"\nError: Unable to get the file attributes: {name}.\nnil\n")
+
+    def test_a_path_of_4096_bytes_gives_the_failure_of_each_function(self):
+        path = "a/" * 2048
+        file = quoted(path)
+        outcome = self.evaluate(f"(acet-file-attr {file} 1)", f"(acet-file-chdir {file})", f"(acet-file-mkdir {file})",
+                                f'(acet-file-move {file} "b")', f"(acet-file-remove {file})")
+        self.assertEqual(outcome.status, 0, outcome.errors)
+        self.assertEqual(outcome.output, f"nil\n\nError: Unable to change the current directory: {path}\n"
+                                         "nil\nnil\nnil\n0\n")
+
+
+unittest.main()

@@ -1,0 +1,91 @@
+import time
+import unittest
+
+from lisphost import LispHostTest
+from terminal import Terminal
+
+
+class Repl(LispHostTest):
+    def open(self, *arguments: str) -> Terminal:
+        terminal = Terminal(["--profile", str(self.profile), *arguments], str(self.folder), self.environment)
+        self.addCleanup(terminal.close)
+        terminal.wait_for("> $")
+        return terminal
+
+    def leave(self, terminal: Terminal) -> None:
+        terminal.type("\x04")  # Ctrl-D
+        self.assertEqual(terminal.wait_for_end(), 0)
+
+    def test_is_the_default_on_a_terminal_and_prints_values(self):
+        terminal = self.open()
+        terminal.type('(strcat "a" "b")\n')
+        terminal.wait_for('\n"ab"\n> $')
+        self.leave(terminal)
+
+    def test_an_expression_may_span_lines(self):
+        terminal = self.open("repl")
+        terminal.type("(* 6\n")
+        terminal.wait_for(r"\n  ?")
+        terminal.type("7)\n")
+        terminal.wait_for(r"\n42\n> $")
+        self.leave(terminal)
+
+    def test_an_error_is_shown_and_the_session_goes_on(self):
+        terminal = self.open("repl")
+        terminal.type("(setq a 5)\n(/ a 0)\n")
+        terminal.wait_for("error: divide by zero")
+        terminal.type("(+ a 1)\n")
+        terminal.wait_for(r"\n6\n> $")
+        self.leave(terminal)
+
+    def test_a_stray_parenthesis_does_not_end_the_session(self):
+        terminal = self.open("repl")
+        terminal.type(")\n")
+        terminal.wait_for("error: ")
+        terminal.type("(+ 1 1)\n")
+        terminal.wait_for(r"\n2\n> $")
+        self.leave(terminal)
+
+    def test_tab_completes_names(self):
+        terminal = self.open("repl")
+        terminal.type("(vl-string-tr\t-right-trim")
+        terminal.type("\x15(acet-str-col\t \"a\" \"b\")\n")
+        terminal.wait_for(r"\n-1\n> $")
+        self.leave(terminal)
+
+    def test_the_history_outlives_the_session(self):
+        terminal = self.open("repl")
+        terminal.type("(* 11 11)\n")
+        terminal.wait_for(r"\n121\n> $")
+        self.leave(terminal)
+        terminal = self.open("repl")
+        terminal.type("\x10\n")  # Ctrl-P: the entry before
+        terminal.wait_for(r"\n121\n> $")
+        self.leave(terminal)
+
+    def test_quit_leaves(self):
+        terminal = self.open("repl")
+        terminal.type("(quit)\n")
+        self.assertEqual(terminal.wait_for_end(), 0)
+
+    def test_ctrl_c_stops_an_endless_loop_but_not_the_session(self):
+        terminal = self.open("repl")
+        terminal.type('(progn (princ "go" ) (terpri) (while T))\n')
+        terminal.wait_for(r"\ngo\n")
+        time.sleep(0.2)  # the loop is entered right after the line that was waited for
+        terminal.type("\x03")
+        terminal.wait_for("error: ")
+        terminal.type("(+ 1 1)\n")
+        terminal.wait_for(r"\n2\n> $")
+        self.leave(terminal)
+
+
+class NoTerminal(LispHostTest):
+    def test_standard_input_is_evaluated(self):
+        self.assert_gives(self.lisphost("repl", typed='(setq a 2)\n(princ "x")\n(* a\n 3)\n'), '2\nx\n"x"\n6\n')
+
+    def test_nothing_to_read_is_fine(self):
+        self.assert_gives(self.lisphost("repl"), "")
+
+
+unittest.main()
