@@ -50,5 +50,3 @@ BENCHMARK_CAPTURE(callOf, moduleGivingNil, u"(vl_catch_all_error_p)");
 BENCHMARK_CAPTURE(callOf, lispFunction, u"(lisp-function)");
 BENCHMARK_CAPTURE(callOf, moduleComparingStrings, u"(acet-str-equal \"abc\" \"ABC\")");
 BENCHMARK_CAPTURE(callOf, builtinComparingStrings, u"(wcmatch \"abc\" \"ABC\")");
-
-BENCHMARK_MAIN();

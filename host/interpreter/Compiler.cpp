@@ -52,7 +52,13 @@ Compiler::Compiler(Machine &machine, const SourcePositions *positions)
 Function *Compiler::compileForm(Value form)
 {
     compile(form, Want::Value);
+    return finish();
+}
+
+Function *Compiler::finish()
+{
     emit(Operation::Return, -1);
+    m_machine.heap().noteCompleted(*m_function);
     return m_function;
 }
 
@@ -74,9 +80,8 @@ Function *Compiler::compileFunction(const Symbol *name, Value parameters, Value 
     } else {
         compileFailure(u"bad formal argument list", Want::Value);
     }
-    emit(Operation::Return, -1);
     m_function->stackNeed += static_cast<std::uint32_t>(m_function->variables.size());
-    return m_function;
+    return finish();
 }
 
 bool Compiler::checkParameters(Value parameters)

@@ -68,6 +68,7 @@ private:
         unsigned mode; // 0 … 4: SS SV SK VV VK
     };
 
+    Function *finish();
     void compile(Value form, Want want);
     void compileList(Value form, Want want);
     void compileCall(Value head, Value arguments);

@@ -234,8 +234,13 @@ void Heap::destroy(Object *object)
 
 std::size_t Heap::sizeOf(const Object *object)
 {
+    if (object->kind == ObjectKind::Function) {
+        const auto *function = static_cast<const Function *>(object);
+        return sizeof(Function) + function->code.size() * (sizeof(Instruction) + sizeof(std::uint32_t)) +
+               (function->constants.size() + function->variables.size()) * sizeof(Value);
+    }
     if (object->kind != ObjectKind::String)
-        return sizeof(Function);
+        return sizeof(Builtin);
     const auto *string = static_cast<const String *>(object);
     const std::size_t characters =
         string->buffer ? string->buffer->capacity / string->buffer->references : string->length;

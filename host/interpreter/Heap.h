@@ -44,6 +44,8 @@ public:
     Value append(Value first, std::u16string_view rest);
 
     Function *newFunction() { return adopt(new Function); }
+    // To be told when a function's code is complete, so that its size counts.
+    void noteCompleted(const Function &function) { noteAllocated(sizeOf(&function)); }
     Builtin *newBuiltin() { return adopt(new Builtin); }
     External *newExternal() { return adopt(new External); }
     template <class T, class... Arguments> Value newNative(Arguments &&...arguments)

@@ -279,6 +279,8 @@ void Machine::unwind(std::size_t depth)
 Value Machine::run(std::size_t entryDepth)
 {
     try {
+        if (--m_countdown <= 0)
+            safePoint();
         return dispatch(entryDepth);
     } catch (LispError &error) {
         noteError(error);
