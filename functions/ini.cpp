@@ -51,18 +51,22 @@ void lookUp(const QString &file, const QString &section, const QString &key, con
     QSettings settings(file, QSettings::IniFormat);
     if (!isReadable(file)) {
         activeLispHost()->retNil();
-    } else if (section.isEmpty()) {
-        returnNames(settings.childGroups());
-    } else if (!settings.childGroups().contains(section, Qt::CaseSensitive)) {
-        activeLispHost()->retNil();
-    } else {
-        settings.beginGroup(section);
-        if (key.isEmpty())
-            returnNames(settings.childKeys());
-        else
-            returnValue(settings, key, fallback);
-        settings.endGroup();
+        return;
     }
+    if (section.isEmpty()) {
+        returnNames(settings.childGroups());
+        return;
+    }
+    if (!settings.childGroups().contains(section, Qt::CaseSensitive)) {
+        activeLispHost()->retNil();
+        return;
+    }
+    settings.beginGroup(section);
+    if (key.isEmpty())
+        returnNames(settings.childKeys());
+    else
+        returnValue(settings, key, fallback);
+    settings.endGroup();
 }
 
 // An empty section without a key stands for the whole file, and so removes every key of it.

@@ -1,11 +1,17 @@
 #include "module/FunctionTable.h"
 
+#include "functions/catch.h"
+#include "functions/files.h"
+#include "functions/ini.h"
 #include "functions/pending.h"
+#include "functions/strings.h"
+#include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -113,6 +119,33 @@ TEST(FunctionTable, EveryRowIsEitherWrittenOrInTheListOfPendingOnesAndNoneIsBoth
         ASSERT_NE(row.handler, nullptr) << row.name;
         EXPECT_EQ(row.handler == guarded<notAvailableYet>, isPending(row.name)) << row.name;
     }
+}
+
+TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
+{
+    const std::map<std::string, LispHandler> expected = {
+        {"acet-file-attr", guarded<acetFileAttr>},
+        {"acet-file-chdir", guarded<acetFileChdir>},
+        {"acet-file-cwd", guarded<acetFileCwd>},
+        {"acet-file-mkdir", guarded<acetFileMkdir>},
+        {"acet-file-move", guarded<acetFileMove>},
+        {"acet-file-remove", guarded<acetFileRemove>},
+        {"acet-file-rmdir", guarded<acetFileRmdir>},
+        {"acet-ini-get", guarded<acetIniGet>},
+        {"acet-ini-set", guarded<acetIniSet>},
+        {"acet-str-collate", guarded<acetStrCollate>},
+        {"acet-str-equal", guarded<acetStrEqual>},
+        {"acet-util-ver", guarded<acetUtilVer>},
+        {"vl_catch_all_apply", guarded<vlCatchAllApply>},
+        {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
+        {"_xstrcase", guarded<xstrcase>},
+    };
+    std::map<std::string, LispHandler> written;
+    for (const FunctionRow &row : functionTable()) {
+        if (!isPending(row.name))
+            written.emplace(row.name, row.handler);
+    }
+    EXPECT_TRUE(written == expected) << written.size() << " rows are written";
 }
 
 TEST(FunctionTable, EveryPendingNameIsARow)
