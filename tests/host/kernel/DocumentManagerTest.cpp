@@ -99,8 +99,10 @@ TEST(ModuleLoader, definesTheModulesFunctionsInOpenAndLaterDocuments)
     Document &before = host.documents().open();
     host.modules().load(QStringLiteral(MODULE_FILE));
     Document &after = host.documents().open();
-    for (Document *document : {&before, &after})
+    for (Document *document : {&before, &after}) {
+        host.documents().activate(*document); // programs run in the active document
         EXPECT_TRUE(document->machine().load(u"(acet-str-equal \"a\" \"A\")", u"").isTrue());
+    }
     EXPECT_THAT(host.loadedModules(), ElementsAre(u"LispExtension.tx"));
     host.modules().unloadAll();
     EXPECT_THROW(before.machine().load(u"(acet-str-equal \"a\" \"A\")", u""), lisp::LispError);

@@ -14,7 +14,12 @@ TEST_F(LispHostCalls, theResultIsNilWhenNoneIsSet)
 
 TEST_F(LispHostCalls, resultsOfEachKind)
 {
-    const std::array<std::pair<std::function<int()>, const char *>, 8> cases = {{
+    struct Case
+    {
+        std::function<int()> setResult;
+        const char *expected;
+    };
+    const std::array<Case, 8> cases = {{
         {[&] { return m_host.retInt(-7); }, "-7"},
         {[&] { return m_host.retReal(2.5); }, "2.5"},
         {[&] { return m_host.retNil(); }, "nil"},
@@ -30,13 +35,13 @@ TEST_F(LispHostCalls, resultsOfEachKind)
          },
          "(1)"},
     }};
-    for (const auto &[setResult, expected] : cases) {
+    for (const Case &each : cases) {
         int status = 0;
         body = [&] {
-            status = setResult();
+            status = each.setResult();
             return int(StatusNormal);
         };
-        EXPECT_EQ(evaluate("(test)"), expected);
+        EXPECT_EQ(evaluate("(test)"), each.expected);
         EXPECT_EQ(status, StatusNormal);
     }
 }
