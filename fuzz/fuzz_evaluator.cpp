@@ -94,7 +94,7 @@ std::vector<std::u16string> harmlessFunctions()
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static const std::vector<std::u16string> functions = harmlessFunctions();
-    lisp::Machine machine;
+    lisp::Machine machine({.stackValues = 65536, .frames = 8192});
     machine.setStepLimit(20000);
     machine.heap().setLimit(256 * 1024 * 1024);
     ProgramWriter writer(data, size, functions);

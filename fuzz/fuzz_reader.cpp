@@ -26,7 +26,7 @@ void requireReadable(lisp::Machine &machine, const std::u16string &text)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    lisp::Machine machine;
+    lisp::Machine machine({.stackValues = 65536, .frames = 8192});
     const std::u16string text =
         QString::fromUtf8(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)).toStdU16String();
     lisp::SourcePositions positions;

@@ -15,9 +15,7 @@ namespace lisp {
 
 namespace {
 
-constexpr std::size_t StackSize = 8 * 1024 * 1024; // values
-constexpr std::size_t StackReserve = 1024;         // above the limit, for built-ins that need room to report an error
-constexpr std::size_t FrameLimit = 1024 * 1024;
+constexpr std::size_t StackReserve = 1024; // values above the limit, for built-ins that need room to report an error
 constexpr std::u16string_view StackLimitMessage = u"internal stack limit reached";
 
 template <class T> T *uninitialisedArray(std::size_t count)
@@ -30,10 +28,10 @@ template <class T> T *uninitialisedArray(std::size_t count)
 
 } // namespace
 
-Machine::Machine()
+Machine::Machine(Limits limits)
     : m_heap(m_countdown), m_errorSymbol(m_symbols.intern(u"*ERROR*")), m_lambdaSymbol(m_symbols.intern(u"LAMBDA")),
-      m_stack(uninitialisedArray<Value>(StackSize)), m_top(m_stack.get()),
-      m_stackEnd(m_stack.get() + StackSize - StackReserve), m_frames(uninitialisedArray<Frame>(FrameLimit)),
+      m_limits(limits), m_stack(uninitialisedArray<Value>(limits.stackValues + StackReserve)), m_top(m_stack.get()),
+      m_stackEnd(m_stack.get() + limits.stackValues), m_frames(uninitialisedArray<Frame>(limits.frames)),
       m_nativeStackLimit(nativeStackLimit())
 {
     Symbol *t = m_symbols.intern(u"T");
@@ -241,7 +239,7 @@ void Machine::enter(Function *function, std::uint32_t argumentCount)
     if (argumentCount != function->parameterCount)
         fail(argumentCount < function->parameterCount ? u"too few arguments" : u"too many arguments");
     Value *base = m_top - argumentCount;
-    if (m_depth == FrameLimit || base + function->stackNeed > m_stackEnd)
+    if (m_depth == m_limits.frames || base + function->stackNeed > m_stackEnd)
         fail(StackLimitMessage);
     Value *slot = base;
     for (Symbol *variable : function->variables) {

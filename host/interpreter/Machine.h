@@ -57,7 +57,15 @@ struct UnitVariables
 class Machine
 {
 public:
-    Machine();
+    // How deep programs may call. The memory is only taken as far as it is used.
+    struct Limits
+    {
+        std::size_t stackValues = 8 * 1024 * 1024;
+        std::size_t frames = 1024 * 1024;
+    };
+
+    explicit Machine(Limits limits);
+    Machine() : Machine(Limits()) {}
     ~Machine();
     Machine(const Machine &) = delete;
     Machine &operator=(const Machine &) = delete;
@@ -187,6 +195,7 @@ private:
     Symbol *m_lambdaSymbol;
     std::array<PrimitiveEntry, static_cast<std::size_t>(Primitive::Count)> m_primitives;
 
+    const Limits m_limits;
     std::unique_ptr<Value[], FreeMemory> m_stack;
     Value *m_top;      // first free slot
     Value *m_stackEnd; // the calls stop short of it
