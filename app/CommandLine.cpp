@@ -40,7 +40,7 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
     app.add_flag("--no-module", noModule, "load no module")->excludes("--module");
     app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
 
-    CLI::App *run = app.add_subcommand("run", "Load programs in order. What follows -- is for the program.");
+    CLI::App *run = app.add_subcommand("run", "Load programs in order. They find what follows -- as a list of strings in *arguments*.");
     run->add_option("files", files)->type_name("FILE.lsp ...")->required();
     CLI::App *eval = app.add_subcommand("eval", "Evaluate expressions and print each value.");
     eval->add_option("expressions", expressions)->type_name("EXPR ...")->required();

@@ -19,8 +19,12 @@ Session::Session(const Options &options) : m_document(&m_host.documents().open()
         m_host.modules().load(module);
 }
 
-int Session::runFiles(const std::vector<QString> &files)
+int Session::runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments)
 {
+    lisp::ListBuilder list(machine().heap());
+    for (const QString &argument : arguments)
+        list.add(machine().string(argument.toStdU16String()));
+    machine().intern(u"*ARGUMENTS*")->value = list.list();
     for (const QString &file : files)
         if (const int status = runFile(file); status != ExitFine)
             return status;

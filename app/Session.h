@@ -11,7 +11,8 @@ public:
     explicit Session(const Options &options);
 
     // Both give an exit status. They stop at the first error, whose text and back trace go to standard error.
-    int runFiles(const std::vector<QString> &files);
+    // The programs find `arguments` as a list of strings in the variable *arguments*.
+    int runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments);
     int evaluate(const std::vector<QString> &expressions);
 
     lisp::Machine &machine() { return m_document->machine(); }

@@ -32,7 +32,7 @@ int execute(const Options &options)
     Session session(options);
     switch (options.command) {
     case Options::Command::Run:
-        return session.runFiles(options.operands);
+        return session.runFiles(options.operands, options.programArguments);
     case Options::Command::Eval:
         return session.evaluate(options.operands);
     case Options::Command::Doc:
