@@ -17,12 +17,17 @@ class ModuleFileName : public testing::Test
 protected:
     ~ModuleFileName() override { dlclose(m_library); }
 
-    std::u16string name(DWORD capacity)
+    // The whole buffer, of which the call may use so much.
+    std::u16string buffer(DWORD capacity)
     {
-        std::u16string buffer(300, u'#');
-        m_length = GetModuleFileNameW(m_library, buffer.data(), capacity);
-        return buffer;
+        std::u16string units(300, u'#');
+        m_length = GetModuleFileNameW(m_library, units.data(), capacity);
+        return units;
     }
+
+    std::u16string name(DWORD capacity) { return terminated(buffer(capacity)); }
+
+    static std::u16string terminated(const std::u16string &units) { return units.substr(0, units.find(u'\0')); }
 
     void *m_library = dlopen("libQt6Core.so.6", RTLD_NOW | RTLD_NOLOAD);
     DWORD m_length = 0;
@@ -34,7 +39,7 @@ TEST_F(ModuleFileName, IsTheFullPathOfTheLibrary)
 {
     ASSERT_NE(m_library, nullptr);
     SetLastError(ERROR_GEN_FAILURE);
-    const QString path = QString::fromUtf16(name(300).data());
+    const QString path = QString::fromStdU16String(name(300));
     EXPECT_TRUE(path.startsWith(u'/') && path.endsWith(u"/libQt6Core.so.6")) << path.toStdString();
     EXPECT_TRUE(QFileInfo(path).isFile());
     EXPECT_EQ(m_length, path.size());
@@ -43,29 +48,29 @@ TEST_F(ModuleFileName, IsTheFullPathOfTheLibrary)
 
 TEST_F(ModuleFileName, FitsExactlyWithItsTerminator)
 {
-    const std::u16string path = name(300).data();
+    const std::u16string path = name(300);
     const auto length = static_cast<DWORD>(path.size());
-    EXPECT_TRUE(std::u16string(name(length + 1).data()) == path);
+    EXPECT_TRUE(name(length + 1) == path);
     EXPECT_EQ(m_length, length);
     EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
 }
 
 TEST_F(ModuleFileName, IsCutAndTerminatedWhenTheBufferIsTooSmall)
 {
-    const std::u16string path = name(300).data();
+    const std::u16string path = name(300);
     const auto length = static_cast<DWORD>(path.size());
-    const std::u16string buffer = name(length);
+    const std::u16string units = buffer(length);
     EXPECT_EQ(m_length, length);
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_TRUE(std::u16string(buffer.data()) == path.substr(0, path.size() - 1));
-    EXPECT_EQ(buffer[length], u'#') << "wrote behind the buffer";
+    EXPECT_TRUE(terminated(units) == path.substr(0, path.size() - 1));
+    EXPECT_EQ(units[length], u'#') << "wrote behind the buffer";
 }
 
 TEST_F(ModuleFileName, WritesNothingIntoAnEmptyBuffer)
 {
-    const std::u16string buffer = name(0);
+    const std::u16string units = buffer(0);
     EXPECT_EQ(m_length, 0u);
-    EXPECT_EQ(buffer[0], u'#');
+    EXPECT_EQ(units[0], u'#');
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
 }
 

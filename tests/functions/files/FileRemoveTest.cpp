@@ -7,7 +7,7 @@ class FileRemove : public FilesTest
 protected:
     QString newReadOnlyFile(const QString &name) const
     {
-        const QString file = newFile(name);
+        QString file = newFile(name);
         EXPECT_TRUE(QFile::setPermissions(file, QFile::ReadOwner));
         return file;
     }

@@ -1,0 +1,109 @@
+#!/usr/bin/env python3
+"""Runs the examples of a reference page: run_examples.py LISPHOST PAGE.
+
+Under a heading the first indented block says how the function is called. Every further block that begins with a
+parenthesis holds examples: an expression, and behind the semicolon the value that it prints; words may follow the value
+after a comma or colon. The examples of one heading run in one program, those of a page in one directory.
+"""
+
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+
+# What the examples find in their directory.
+FOLDERS = ["drawings/old", "old"]
+FILES = {
+    "plan.dxf": "",
+    "new.dxf": "",
+    "plan.bak": "",
+    "locked.dxf": "",
+    "tools.ini": "[Main]\ncolour=red\nsize=10\n\n[Paths]\nsupport=C:/support\n",
+}
+READ_ONLY = ["locked.dxf"]
+
+# Values that differ from day to day and place to place.
+VARYING = {
+    "(acet-file-cwd)": r'"/.*"',
+    "(acet-util-ver)": r'"LispExtension Version: [A-Z][a-z]{2} [ 1-3]\d 20\d\d"',
+}
+
+VALUE = re.compile(r';\s+("(?:[^"\\]|\\.)*"|\([^)]*\)|[^\s,:]+)')
+
+
+def blocks(section):
+    """The indented blocks of a section, each as its lines without the indentation."""
+    for paragraph in re.split(r"\n\s*\n", section):
+        lines = [line for line in paragraph.splitlines() if line.startswith("    ")]
+        if lines:
+            yield [line[4:] for line in lines]
+
+
+def examples(block):
+    """Expression and value of each example of a block; an expression may take several lines."""
+    expression = ""
+    for line in block:
+        code, semicolon, comment = line.partition(";")
+        expression = f"{expression} {code.strip()}".strip()
+        if semicolon:
+            value = VALUE.match(semicolon + comment)
+            if value is None:
+                raise ValueError(f"no value behind the semicolon: {line}")
+            yield expression, value.group(1)
+            expression = ""
+    if expression:
+        raise ValueError(f"an example without a value: {expression}")
+
+
+def sections(page):
+    """The examples of each heading that has any."""
+    for section in re.split(r"^## ", page, flags=re.MULTILINE)[1:]:
+        further = list(blocks(section))[1:]
+        found = [example for block in further if block[0].startswith("(") for example in examples(block)]
+        if found:
+            yield found
+
+
+def furnish(directory):
+    for folder in FOLDERS:
+        (directory / folder).mkdir(parents=True)
+    for name, content in FILES.items():
+        (directory / name).write_text(content, encoding="utf-8")
+    for name in READ_ONLY:
+        (directory / name).chmod(0o444)
+
+
+def agrees(expression, expected, printed):
+    if expression in VARYING:
+        return re.fullmatch(VARYING[expression], printed) is not None
+    return printed == expected
+
+
+def failures(lisphost, directory, found):
+    """What the examples of one heading print, where it is not what the page says."""
+    command = [lisphost, "eval", *(expression for expression, _ in found)]
+    result = subprocess.run(command, cwd=directory, capture_output=True, text=True, timeout=60, check=False)
+    printed = result.stdout.splitlines()
+    if result.returncode != 0 or len(printed) != len(found):
+        yield f"status {result.returncode}: {[expression for expression, _ in found]}\n{result.stdout}{result.stderr}"
+        return
+    for (expression, expected), value in zip(found, printed):
+        if not agrees(expression, expected, value):
+            yield f"{expression}\n  printed  {value}\n  expected {expected}"
+
+
+def main():
+    lisphost, page = sys.argv[1], pathlib.Path(sys.argv[2])
+    all_examples = list(sections(page.read_text(encoding="utf-8")))
+    with tempfile.TemporaryDirectory() as name:
+        directory = pathlib.Path(name)
+        furnish(directory)
+        wrong = [failure for found in all_examples for failure in failures(lisphost, directory, found)]
+    print("\n".join(wrong) or f"{sum(map(len, all_examples))} examples print what the page says")
+    # A page without a single example was not understood.
+    return 1 if wrong or not all_examples else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
