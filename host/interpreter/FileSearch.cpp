@@ -1,15 +1,15 @@
 #include "host/interpreter/FileSearch.h"
 
+#include "host/interpreter/files/FileNames.h"
+
 #include <QDir>
 #include <QFileInfo>
-
 
 namespace lisp {
 
 std::optional<std::u16string> findFile(std::u16string_view name, const std::vector<std::u16string> &folders)
 {
-    QString path = QStringView(name.data(), static_cast<qsizetype>(name.size())).toString();
-    path.replace(u'\\', u'/');
+    const QString path = filePath(name);
     if (path.isEmpty())
         return std::nullopt;
     QStringList places{QDir::currentPath()};

@@ -4,6 +4,7 @@
 #include "host/interpreter/FileObject.h"
 #include "host/interpreter/FileSearch.h"
 #include "host/interpreter/Printer.h"
+#include "host/interpreter/builtins/CharacterCodes.h"
 #include "host/interpreter/files/FileNames.h"
 #include "host/interpreter/files/TextFile.h"
 
@@ -22,7 +23,9 @@ public:
     std::u16string printed() const override { return u"#<file \"" + m_name + u"\">"; }
     void write(std::u16string_view text) override
     {
-        if (!openedFile().write(text))
+        if (openedFile().mode() == FileMode::Read)
+            fail(u"file not open for writing: " + printed());
+        if (!m_file->write(text))
             failToWrite();
     }
     TextFile &readable()
@@ -107,10 +110,7 @@ Value writeLine(Machine &machine, Args arguments)
 
 Value writeCharacter(Machine &machine, Args arguments)
 {
-    const std::int32_t code = arguments.integer(0);
-    if (code < 1 || code > 0xFFFF)
-        fail(u"bad argument value: character code " + printed(arguments[0]));
-    const char16_t unit = static_cast<char16_t>(code);
+    const char16_t unit = characterOfCode(arguments[0]);
     writeTo(machine, arguments, {&unit, 1});
     return arguments[0];
 }

@@ -2,6 +2,7 @@
 
 #include "host/interpreter/Builtins.h"
 #include "host/interpreter/Printer.h"
+#include "host/interpreter/builtins/CharacterCodes.h"
 #include "host/interpreter/text/WildcardPattern.h"
 
 #include <QChar>
@@ -89,11 +90,8 @@ Value ascii(Machine &, Args arguments)
 // Code 0 gives the empty string: a string has no room for it in the language's own view.
 Value chr(Machine &machine, Args arguments)
 {
-    const std::int32_t code = arguments.integer(0);
-    if (code < 0 || code > 0xFFFF)
-        badValue(u"character code", arguments[0]);
-    const char16_t unit = static_cast<char16_t>(code);
-    return machine.string({&unit, code == 0 ? 0u : 1u});
+    const char16_t unit = characterOfCode(arguments[0]);
+    return machine.string({&unit, unit == 0 ? 0u : 1u});
 }
 
 Value search(Machine &, Args arguments)
@@ -103,11 +101,13 @@ Value search(Machine &, Args arguments)
 
 Value characterPosition(Machine &, Args arguments)
 {
-    const char16_t unit = static_cast<char16_t>(arguments.integer(0));
+    const char16_t unit = characterOfCode(arguments[0]);
     const std::u16string_view text = arguments.text(1);
-    if (arguments[3].isTrue())
-        return indexOrNil(text.rfind(unit, position(arguments, 2, text.size())));
-    return indexOrNil(text.find(unit, position(arguments, 2, 0)));
+    const std::size_t start = position(arguments, 2, 0);
+    if (arguments[3].isNil())
+        return indexOrNil(text.find(unit, start));
+    const std::size_t last = text.rfind(unit); // the search from the end goes back to START
+    return last != text.npos && last >= start ? indexOrNil(last) : Value::nil();
 }
 
 // Replaces the first place only.
@@ -175,11 +175,8 @@ Value toCodes(Machine &machine, Args arguments)
 Value fromCodes(Machine &machine, Args arguments)
 {
     std::u16string text;
-    for (const Value code : ListItems(arguments.list(0))) {
-        if (!code.isInteger())
-            badArgument(u"fixnump:", code);
-        text += static_cast<char16_t>(code.asInteger());
-    }
+    for (const Value code : ListItems(arguments.list(0)))
+        text += characterOfCode(code);
     return machine.string(text);
 }
 
@@ -215,17 +212,18 @@ Value sortStrings(Machine &machine, Args arguments)
     return sorted.list();
 }
 
-// Whether a symbol table would take the name; flag 1 lets the vertical bar of external references through.
+// Whether a symbol table would take the name; flag 1 lets the vertical bar of external references through, but not at
+// an end. The length does not matter.
 Value isValidTableName(Machine &machine, Args arguments)
 {
-    constexpr std::size_t LongestName = 255;
     const std::u16string_view name = arguments.text(0);
     const bool allowsBar = arguments[1].isTrue() && arguments.integer(1) == 1;
     const auto isBad = [allowsBar](char16_t unit) {
-        return unit < u' ' || std::u16string_view(u"<>/\\\":;?*,=`").find(unit) != std::u16string_view::npos ||
+        return unit < u' ' || unit == u'\x7F' ||
+               std::u16string_view(u"<>/\\\":;?*,=`").find(unit) != std::u16string_view::npos ||
                (unit == u'|' && !allowsBar);
     };
-    return machine.boolean(!name.empty() && name.size() <= LongestName &&
+    return machine.boolean(!name.empty() && name.front() != u'|' && name.back() != u'|' &&
                            std::none_of(name.begin(), name.end(), isBad));
 }
 

@@ -68,7 +68,8 @@ QDir::Filters filtersOf(DirectoryListing listing)
 std::optional<std::int64_t> copyFile(const QString &source, const QString &destination, CopyMode mode)
 {
     QFile from(source), to(destination);
-    if (QFileInfo(source).isDir() || isSameFile(source, destination) || !from.open(QIODevice::ReadOnly))
+    if (source.isEmpty() || destination.isEmpty() || QFileInfo(source).isDir() || isSameFile(source, destination) ||
+        !from.open(QIODevice::ReadOnly))
         return std::nullopt;
     const qint64 sizeBefore = mode == CopyMode::Append ? QFileInfo(destination).size() : 0;
     if (!to.open(QIODevice::WriteOnly | (mode == CopyMode::Append ? QIODevice::Append : QIODevice::NewOnly)))
@@ -83,17 +84,17 @@ std::optional<std::int64_t> copyFile(const QString &source, const QString &desti
 
 bool renameFile(const QString &from, const QString &to)
 {
-    return QFile::rename(from, to);
+    return !from.isEmpty() && !to.isEmpty() && QFile::rename(from, to);
 }
 
 bool deleteFile(const QString &path)
 {
-    return QFile::remove(path);
+    return !path.isEmpty() && QFile::remove(path);
 }
 
 bool makeDirectory(const QString &path)
 {
-    return QDir().mkdir(path);
+    return !path.isEmpty() && QDir().mkdir(path);
 }
 
 bool isDirectory(const QString &path)

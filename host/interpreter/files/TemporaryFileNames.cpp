@@ -11,7 +11,7 @@ namespace lisp {
 
 namespace {
 
-// The names of this process; deletes their files at its end.
+// The names of this process: counts them, and deletes their files at its end.
 class GivenNames
 {
 public:
@@ -20,11 +20,20 @@ public:
         for (const QString &path : m_paths)
             QFile::remove(path);
     }
-    bool contains(const QString &path) const { return m_paths.contains(path); }
+    // Three characters, different each time until all are used up.
+    QString nextCounter()
+    {
+        constexpr int Radix = 36;
+        m_count = (m_count + 1) % Counts;
+        return QString::number(m_count, Radix).toUpper().rightJustified(3, u'0');
+    }
     // The path must be absolute: the current folder may change until the end.
     void add(const QString &path) { m_paths.append(path); }
 
+    static constexpr int Counts = 36 * 36 * 36;
+
 private:
+    int m_count = 0;
     QStringList m_paths;
 };
 
@@ -61,17 +70,16 @@ std::optional<std::u16string> temporaryFileName(std::optional<std::u16string_vie
                                                 std::optional<std::u16string_view> directory,
                                                 std::optional<std::u16string_view> extension)
 {
-    constexpr int CountRadix = 36, Counts = CountRadix * CountRadix * CountRadix, BaseLength = 5;
+    constexpr int BaseLength = 5;
     const std::u16string_view named = pattern.value_or(u"$VL~~");
     const QDir folder(directoryPath(named, directory));
     if (!folder.exists())
         return std::nullopt;
     const QString base = QString::fromStdU16String(fileNameBase(named)).left(BaseLength);
     const QString end = extensionText(named, extension);
-    for (int count = 1; count < Counts; ++count) {
-        const QString counter = QString::number(count, CountRadix).toUpper().rightJustified(3, u'0');
-        const QString path = QDir::cleanPath(folder.absoluteFilePath(base + counter + end));
-        if (givenNames().contains(path) || QFileInfo::exists(path))
+    for (int attempt = 0; attempt < GivenNames::Counts; ++attempt) {
+        const QString path = QDir::cleanPath(folder.absoluteFilePath(base + givenNames().nextCounter() + end));
+        if (QFileInfo::exists(path))
             continue;
         givenNames().add(path);
         return QDir::toNativeSeparators(path).toStdU16String();

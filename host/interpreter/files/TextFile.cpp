@@ -61,7 +61,7 @@ TextFile::~TextFile()
 bool TextFile::openFile()
 {
     // A folder can be opened like a file on some platforms, and then fails at the first read.
-    if (QFileInfo(m_file).isDir())
+    if (m_file.fileName().isEmpty() || QFileInfo(m_file).isDir())
         return false;
     switch (m_mode) {
     case FileMode::Read:
