@@ -19,6 +19,10 @@
   (while (< (strlen text) width) (setq text (strcat " " text)))
   text)
 
+;; "a, b, c"
+(defun listed (names)
+  (apply 'strcat (cons (car names) (mapcar '(lambda (name) (strcat ", " name)) (cdr names)))))
+
 ;;; ---- Drawings -------------------------------------------------------------------------------------------------
 
 (defun drawings-below (folder / found)
@@ -89,8 +93,7 @@
         failures (vl-remove-if-not '(lambda (result) (eq (car result) 'failed)) results))
   (show (strcat "  " (column name 18)
                 (cond ((assoc 'faulty results) (strcat "cannot be evaluated: " expression))
-                      (failures (apply 'strcat (cons "fails for"
-                        (mapcar '(lambda (result) (strcat " " (drawing-name (cdr result)))) failures))))
+                      (failures (strcat "fails for " (listed (mapcar 'drawing-name (mapcar 'cdr failures)))))
                       ("passes everywhere")))))
 
 ;;; ---- Archive --------------------------------------------------------------------------------------------------
@@ -105,7 +108,7 @@
   (setq target (strcat archive "/" (drawing-name path) (vl-filename-extension path)))
   (show (strcat "  " (column (drawing-name path) 18)
                 (cond ((not (acet-file-mkdir archive)) "stays: there is no archive")
-                      ((not (acet-file-move path target)) (strcat "stays: in the archive is a " target))
+                      ((not (acet-file-move path target)) (strcat "stays: " target " is there already"))
                       (t (make-read-only target)
                          (strcat "moved to " archive (if (read-only-p target) ", read-only" "")))))))
 
@@ -123,7 +126,7 @@
   (show (strcat "DRAWINGS OF " (_xstrcase (setting "Project" "Name" "no name"))))
   (show (strcat "in " (acet-file-cwd) "\n"))
   (show-drawings paths)
-  (show (strcat "\nOne name, several drawings: " (if shared (apply 'strcat shared) "none")))
+  (show (strcat "\nOne name, several drawings: " (if shared (listed shared) "none")))
   (show "\nChecks")
   (foreach name (acet-ini-get settings-file "Checks") (show-check name paths))
   (show "\nSuperseded drawings")

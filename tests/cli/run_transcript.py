@@ -32,10 +32,9 @@ def main() -> None:
     expected, printed = Path(arguments[0]), transcript(arguments[1:])
     if update:
         expected.write_text(printed)
-    difference = difflib.unified_diff(expected.read_text().splitlines(), printed.splitlines(), "expected", "printed",
-                                      lineterm="")
-    if lines := list(difference):
-        sys.exit("\n".join(lines))
+    stored = expected.read_text()
+    if printed != stored:
+        sys.exit("".join(difflib.unified_diff(stored.splitlines(True), printed.splitlines(True), "stored", "printed")))
 
 
 main()

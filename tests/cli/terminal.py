@@ -5,6 +5,7 @@ import pty
 import re
 import select
 import signal
+import termios
 import time
 
 from lisphost import LISPHOST, TIMEOUT
@@ -33,10 +34,24 @@ class Terminal:
         self.shown = self.shown[match.end():]
         return match.group()
 
+    def wait_for_prompt(self, before: str = "") -> None:
+        """Waits for the prompt after this text, and until what is typed goes to the line editor.
+
+        The editor shows its prompt first and then turns the terminal's own line editing off: a Ctrl-D typed in between
+        would be taken by neither."""
+        self.wait_for(before + "> $")
+        end = time.monotonic() + TIMEOUT
+        while termios.tcgetattr(self.terminal)[3] & termios.ICANON:
+            if time.monotonic() >= end:
+                raise AssertionError("lisphost shows a prompt and does not read")
+            time.sleep(0.001)
+
     def wait_for_end(self) -> int:
         end = time.monotonic() + TIMEOUT
         while self._read(end - time.monotonic()):
             pass
+        if time.monotonic() >= end:
+            raise AssertionError(f"lisphost does not end; it shows {self.shown!r}")
         _, status = os.waitpid(self.process, 0)
         self.process = None
         return os.waitstatus_to_exitcode(status)

@@ -9,7 +9,7 @@ class Repl(LispHostTest):
     def open(self, *arguments: str) -> Terminal:
         terminal = Terminal(["--profile", str(self.profile), *arguments], str(self.folder), self.environment)
         self.addCleanup(terminal.close)
-        terminal.wait_for("> $")
+        terminal.wait_for_prompt()
         return terminal
 
     def leave(self, terminal: Terminal) -> None:
@@ -19,7 +19,7 @@ class Repl(LispHostTest):
     def test_is_the_default_on_a_terminal_and_prints_values(self):
         terminal = self.open()
         terminal.type('(strcat "a" "b")\n')
-        terminal.wait_for('\n"ab"\n> $')
+        terminal.wait_for_prompt('\n"ab"\n')
         self.leave(terminal)
 
     def test_an_expression_may_span_lines(self):
@@ -27,7 +27,7 @@ class Repl(LispHostTest):
         terminal.type("(* 6\n")
         terminal.wait_for(r"\n  ?")
         terminal.type("7)\n")
-        terminal.wait_for(r"\n42\n> $")
+        terminal.wait_for_prompt(r"\n42\n")
         self.leave(terminal)
 
     def test_an_error_is_shown_and_the_session_goes_on(self):
@@ -35,7 +35,7 @@ class Repl(LispHostTest):
         terminal.type("(setq a 5)\n(/ a 0)\n")
         terminal.wait_for("error: divide by zero")
         terminal.type("(+ a 1)\n")
-        terminal.wait_for(r"\n6\n> $")
+        terminal.wait_for_prompt(r"\n6\n")
         self.leave(terminal)
 
     def test_a_stray_parenthesis_does_not_end_the_session(self):
@@ -43,24 +43,24 @@ class Repl(LispHostTest):
         terminal.type(")\n")
         terminal.wait_for("error: ")
         terminal.type("(+ 1 1)\n")
-        terminal.wait_for(r"\n2\n> $")
+        terminal.wait_for_prompt(r"\n2\n")
         self.leave(terminal)
 
     def test_tab_completes_names(self):
         terminal = self.open("repl")
         terminal.type("(vl-string-tr\t-right-trim")
         terminal.type("\x15(acet-str-col\t \"a\" \"b\")\n")
-        terminal.wait_for(r"\n-1\n> $")
+        terminal.wait_for_prompt(r"\n-1\n")
         self.leave(terminal)
 
     def test_the_history_outlives_the_session(self):
         terminal = self.open("repl")
         terminal.type("(* 11 11)\n")
-        terminal.wait_for(r"\n121\n> $")
+        terminal.wait_for_prompt(r"\n121\n")
         self.leave(terminal)
         terminal = self.open("repl")
         terminal.type("\x10\n")  # Ctrl-P: the entry before
-        terminal.wait_for(r"\n121\n> $")
+        terminal.wait_for_prompt(r"\n121\n")
         self.leave(terminal)
 
     def test_quit_leaves(self):
@@ -76,7 +76,7 @@ class Repl(LispHostTest):
         terminal.type("\x03")
         terminal.wait_for("error: ")
         terminal.type("(+ 1 1)\n")
-        terminal.wait_for(r"\n2\n> $")
+        terminal.wait_for_prompt(r"\n2\n")
         self.leave(terminal)
 
 

@@ -1,0 +1,43 @@
+"""The README's screens show what really happens: each command after "$" is run and its output compared."""
+
+import re
+import subprocess
+import unittest
+from pathlib import Path
+
+from lisphost import LISPHOST, TIMEOUT, LispHostTest
+
+ROOT = Path(__file__).resolve().parents[2]
+
+
+def screens() -> list[tuple[str, str]]:
+    """The commands and what follows each of them."""
+    blocks = re.findall(r"(?:^(?:    .*|)\n)+", (ROOT / "README.md").read_text(), re.MULTILINE)
+    indented = "".join(block for block in blocks if block.lstrip().startswith("$ "))
+    shown = re.sub("^    ", "", indented, flags=re.MULTILINE)
+    return re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", shown, re.MULTILINE)
+
+
+class Readme(LispHostTest):
+    def normalised(self, text: str) -> str:
+        text = text.replace(str(self.folder), "/home/you/drawings")
+        return re.sub(r"\S*/tmp\.\w+", "<copy>", text).strip()
+
+    def printed(self, command: str) -> str:
+        command = f"{ROOT}/examples/run-demo {LISPHOST}" if command == "./run" else command.replace("./run", LISPHOST)
+        process = subprocess.run(command, shell=True, cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+                                 stderr=subprocess.STDOUT, text=True, timeout=TIMEOUT)
+        return process.stdout
+
+    def test_every_screen_is_true(self):
+        found = screens()
+        self.assertGreaterEqual(len(found), 5)
+        for command, shown in found:
+            with self.subTest(command):
+                if command.startswith("cat "):
+                    self.write(command.removeprefix("cat "), shown)
+                else:
+                    self.assertEqual(self.normalised(self.printed(command)), self.normalised(shown))
+
+
+unittest.main()
