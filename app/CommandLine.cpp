@@ -40,10 +40,11 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
     app.add_flag("--no-module", noModule, "load no module")->excludes("--module");
     app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
 
-    CLI::App *run = app.add_subcommand("run", "Load programs in order. They find what follows -- as a list of strings in *arguments*.");
-    run->add_option("files", files)->type_name("FILE.lsp ...")->required();
+    CLI::App *run = app.add_subcommand(
+        "run", "Load programs in order. They find what follows -- as a list of strings in *arguments*.");
+    run->add_option("files", files)->type_name("FILE.lsp")->required();
     CLI::App *eval = app.add_subcommand("eval", "Evaluate expressions and print each value.");
-    eval->add_option("expressions", expressions)->type_name("EXPR ...")->required();
+    eval->add_option("expressions", expressions)->type_name("EXPR")->required();
     CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
     CLI::App *doc = app.add_subcommand("doc", "Tell what is known about a function, or list all functions.");
     doc->add_option("name", name)->type_name("NAME");

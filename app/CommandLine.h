@@ -11,10 +11,10 @@ struct Options
     enum class Command { Run, Eval, Repl, Doc };
 
     Command command = Command::Repl;
-    std::vector<QString> operands;         // files, expressions, or the name to explain
-    std::vector<QString> programArguments; // after --
+    std::vector<QString> operands;               // files, expressions, or the name to explain
+    std::vector<QString> programArguments;       // after --
     std::optional<std::vector<QString>> modules; // nothing: the module beside the program
-    QString profileFolder;                 // empty: the user's own
+    QString profileFolder;                       // empty: the user's own
 };
 
 enum ExitStatus : int { ExitFine = 0, ExitFailed = 1, ExitUsage = 2, ExitFile = 3 };

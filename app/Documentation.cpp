@@ -43,7 +43,8 @@ int showDocumentation(Session &session, const QString &name)
         const Symbol *symbol = session.machine().symbols().find(name.toStdU16String());
         const Object *function = symbol ? functionOf(*symbol) : nullptr;
         if (!function) {
-            session.console().writeError((QStringLiteral("lisphost: no function is named ") + name + u'\n').toStdU16String());
+            session.console().writeError(
+                (QStringLiteral("lisphost: no function is named ") + name + u'\n').toStdU16String());
             return ExitFailed;
         }
         session.console().write(description(*function));

@@ -41,7 +41,8 @@ int Repl::runOnTerminal()
     while (!m_left) {
         m_session.console().startFreshLine();
         m_session.console().flush();
-        const std::optional<QString> line = editor.readLine(text.empty() ? LineEditor::Prompt::First : LineEditor::Prompt::Rest);
+        const std::optional<QString> line =
+            editor.readLine(text.empty() ? LineEditor::Prompt::First : LineEditor::Prompt::Rest);
         if (!line)
             break;
         text += line->toStdU16String();

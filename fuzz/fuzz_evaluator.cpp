@@ -31,10 +31,12 @@ public:
             text += variable();
             break;
         case 2:
-            text += choose({u"\"\"", u"\"abc\"", u"\"1.5e3\"", u"\"a,b*[~c]\"", u"0.5", u"-1e300", u"2147483647", u"nil", u"T"});
+            text += choose(
+                {u"\"\"", u"\"abc\"", u"\"1.5e3\"", u"\"a,b*[~c]\"", u"0.5", u"-1e300", u"2147483647", u"nil", u"T"});
             break;
         case 3:
-            text += choose({u"'(1 2 3)", u"'(\"b\" \"a\")", u"'((1 . 2) (3 . 4))", u"'(1 . 2)", u"'a", u"'(lambda (x) (list x y))"});
+            text += choose({u"'(1 2 3)", u"'(\"b\" \"a\")", u"'((1 . 2) (3 . 4))", u"'(1 . 2)", u"'a",
+                            u"'(lambda (x) (list x y))"});
             break;
         case 4:
             text += choose({u"'car", u"'<", u"'+", u"'f", u"(function f)"});
@@ -43,7 +45,8 @@ public:
             writeBody(text += u"(setq " + variable() + u" ", depth, 1);
             break;
         case 6:
-            writeBody(text += choose({u"(if ", u"(while ", u"(repeat ", u"(and ", u"(or ", u"(progn "}), depth, 1 + next() % 3);
+            writeBody(text += choose({u"(if ", u"(while ", u"(repeat ", u"(and ", u"(or ", u"(progn "}), depth,
+                      1 + next() % 3);
             break;
         case 7:
             writeBody(text += u"(foreach " + variable() + u" ", depth, 2);
@@ -55,7 +58,8 @@ public:
             writeBody(text += u"(f ", depth, 1);
             break;
         default:
-            writeBody(text += u"(" + m_functions[(next() + 256u * next()) % m_functions.size()] + u" ", depth, next() % 4);
+            writeBody(text += u"(" + m_functions[(next() + 256u * next()) % m_functions.size()] + u" ", depth,
+                      next() % 4);
         }
     }
 
@@ -80,10 +84,10 @@ private:
 std::vector<std::u16string> harmlessFunctions()
 {
     std::vector<std::u16string> names;
-    for (const auto family : {lisp::listBuiltins(), lisp::numberBuiltins(), lisp::comparisonBuiltins(),
-                              lisp::geometryBuiltins(), lisp::functionBuiltins(), lisp::sequenceBuiltins(),
-                              lisp::symbolBuiltins(), lisp::outputBuiltins(), lisp::stringBuiltins(),
-                              lisp::conversionBuiltins()})
+    for (const auto family :
+         {lisp::listBuiltins(), lisp::numberBuiltins(), lisp::comparisonBuiltins(), lisp::geometryBuiltins(),
+          lisp::functionBuiltins(), lisp::sequenceBuiltins(), lisp::symbolBuiltins(), lisp::outputBuiltins(),
+          lisp::stringBuiltins(), lisp::conversionBuiltins()})
         for (const lisp::BuiltinRow &row : family)
             names.emplace_back(row.name, row.name + std::char_traits<char>::length(row.name));
     return names;

@@ -86,8 +86,8 @@ void defineBuiltins(Machine &machine)
         machine.define(form.name, form.signature, form.description, form.applied)->specialForm = &form;
     for (const auto family :
          {listBuiltins(), numberBuiltins(), comparisonBuiltins(), geometryBuiltins(), functionBuiltins(),
-          sequenceBuiltins(), symbolBuiltins(), outputBuiltins(), stringBuiltins(), conversionBuiltins(), fileBuiltins(),
-          fileNameBuiltins(), systemBuiltins()})
+          sequenceBuiltins(), symbolBuiltins(), outputBuiltins(), stringBuiltins(), conversionBuiltins(),
+          fileBuiltins(), fileNameBuiltins(), systemBuiltins()})
         for (const BuiltinRow &row : family)
             machine.define(row.name, row.signature, row.description, row.handler);
     machine.intern(u"PI")->value = Value::real(std::numbers::pi);

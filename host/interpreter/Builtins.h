@@ -36,12 +36,12 @@ public:
     const Value *begin() const { return m_values; }
     const Value *end() const { return m_values + m_count; }
 
-    std::int32_t integer(std::uint32_t index) const;         // fixnump:
-    double number(std::uint32_t index) const;                // numberp: an integer or a real
-    std::u16string_view text(std::uint32_t index) const;     // stringp
-    Value list(std::uint32_t index) const;                   // listp: a cons or nil
-    Cons *cons(std::uint32_t index) const;                   // consp
-    Symbol *symbol(std::uint32_t index) const;               // symbolp
+    std::int32_t integer(std::uint32_t index) const;     // fixnump:
+    double number(std::uint32_t index) const;            // numberp: an integer or a real
+    std::u16string_view text(std::uint32_t index) const; // stringp
+    Value list(std::uint32_t index) const;               // listp: a cons or nil
+    Cons *cons(std::uint32_t index) const;               // consp
+    Symbol *symbol(std::uint32_t index) const;           // symbolp
     template <class T> T *native(std::uint32_t index, std::u16string_view predicate) const
     {
         const Value value = (*this)[index];

@@ -153,8 +153,7 @@ bool Compiler::compilePrimitive(const Symbol *symbol, Value arguments)
     if (count == 2) {
         const Value second = arguments.asCons()->cdr.asCons()->car;
         if (isBinary(*primitive)) {
-            const Operation operation =
-                offsetBy(Operation::AddSS, OperandModes * indexOf(*primitive, Primitive::Add));
+            const Operation operation = offsetBy(Operation::AddSS, OperandModes * indexOf(*primitive, Primitive::Add));
             emitPrimitive(operation, prepareOperands(first, second), nullptr);
             return true;
         }
@@ -259,8 +258,7 @@ bool Compiler::compileBranchOnList(Value form, bool sense, Label &label)
         return false;
     const Operation first = offsetBy(sense ? Operation::IfEqualSS : Operation::UnlessEqualSS,
                                      OperandModes * indexOf(*primitive, Primitive::Equal));
-    const Operands operands =
-        prepareOperands(arguments.asCons()->car, arguments.asCons()->cdr.asCons()->car);
+    const Operands operands = prepareOperands(arguments.asCons()->car, arguments.asCons()->cdr.asCons()->car);
     emitPrimitive(first, operands, &label);
     return true;
 }

@@ -197,8 +197,7 @@ void Compiler::compileDefun(Value arguments, Want want)
         return compileFailure(u"bad argument type: symbolp in defun", want);
     Compiler inner(m_machine, m_positions);
     inner.m_line = m_line;
-    emitConstant(Value::object(
-        inner.compileFunction(name.asSymbol(), first(rest(arguments)), rest(rest(arguments)))));
+    emitConstant(Value::object(inner.compileFunction(name.asSymbol(), first(rest(arguments)), rest(rest(arguments)))));
     emitSymbol(Operation::SetPop, name.asSymbol(), -1);
     compileConstant(name, want);
 }

@@ -113,7 +113,7 @@ doKeepIfTrue:
     }
     NEXT;
 
-doCall: {
+doCall : {
     const Value function = pc->symbol->value;
     const std::uint32_t count = pc->count;
     ++pc;
@@ -150,7 +150,7 @@ doCall: {
     *sp++ = result;
     NEXT;
 }
-doCallValue: {
+doCallValue : {
     const std::uint32_t count = pc->count;
     ++pc;
     SYNC(pc);
@@ -168,7 +168,7 @@ entered:
     if (--m_countdown <= 0) [[unlikely]]
         safePoint();
     NEXT;
-doReturn: {
+doReturn : {
     const Value result = sp[-1];
     leaveFrame();
     if (m_depth == entryDepth)
@@ -262,19 +262,20 @@ doCons:
 #define CALL_PRIMITIVE(name, ...) (SYNC(after), callPrimitive(Primitive::name, sp, {__VA_ARGS__}))
 
 #define ARITHMETIC(name, operator, mode)                                                                               \
-    do##name##mode:                                                                                                    \
-    {                                                                                                                  \
-        OPERANDS_##mode Value result;                                                                                  \
-        if (a.isInteger() && b.isInteger() && UNCHANGED(name)) [[likely]]                                              \
-            result = Value::integer(wrapped(bitsOf(a) operator bitsOf(b)));                                            \
-        else if (a.isReal() && b.isReal() && UNCHANGED(name))                                                          \
-            result = Value::real(a.asReal() operator b.asReal());                                                      \
-        else                                                                                                           \
-            result = CALL_PRIMITIVE(name, a, b);                                                                       \
-        *sp++ = result;                                                                                                \
-        pc = after;                                                                                                    \
-        NEXT;                                                                                                          \
-    }
+    do                                                                                                                 \
+        ##name##mode:                                                                                                  \
+        {                                                                                                              \
+            OPERANDS_##mode Value result;                                                                              \
+            if (a.isInteger() && b.isInteger() && UNCHANGED(name)) [[likely]]                                          \
+                result = Value::integer(wrapped(bitsOf(a) operator bitsOf(b)));                                        \
+            else if (a.isReal() && b.isReal() && UNCHANGED(name))                                                      \
+                result = Value::real(a.asReal() operator b.asReal());                                                  \
+            else                                                                                                       \
+                result = CALL_PRIMITIVE(name, a, b);                                                                   \
+            *sp++ = result;                                                                                            \
+            pc = after;                                                                                                \
+            NEXT;                                                                                                      \
+        }
 
 // Sets `holds`.
 #define COMPARE(name, operator)                                                                                        \
@@ -294,12 +295,13 @@ doCons:
         holds = CALL_PRIMITIVE(name, a, b).isTrue();
 
 #define COMPARISON(name, operator, mode, compare)                                                                      \
-    do##name##mode:                                                                                                    \
-    {                                                                                                                  \
-        OPERANDS_##mode compare(name, operator) * sp++ = holds ? truth : Value::nil();                                 \
-        pc = after;                                                                                                    \
-        NEXT;                                                                                                          \
-    }                                                                                                                  \
+    do                                                                                                                 \
+        ##name##mode:                                                                                                  \
+        {                                                                                                              \
+            OPERANDS_##mode compare(name, operator) *sp++ = holds ? truth : Value::nil();                              \
+            pc = after;                                                                                                \
+            NEXT;                                                                                                      \
+        }                                                                                                              \
     doUnless##name##mode:                                                                                              \
     {                                                                                                                  \
         OPERANDS_##mode compare(name, operator) pc = holds ? after : pc + pc->offset;                                  \
@@ -328,25 +330,27 @@ doCons:
     ALL_MODES(NUMBER_COMPARISON, GreaterEqual, >=)
     ALL_MODES(SAME_COMPARISON, Same, ==)
 
-#define UNARY(name, applies, outcome)                                                                                       \
-    do##name##S:                                                                                                       \
-    {                                                                                                                  \
-        const Value a = *--sp;                                                                                         \
-        const Instruction *const after = pc + 1;                                                                       \
-        *sp = (applies) && UNCHANGED(name) ? (outcome) : CALL_PRIMITIVE(name, a);                                           \
-        ++sp;                                                                                                          \
-        pc = after;                                                                                                    \
-        NEXT;                                                                                                          \
-    }                                                                                                                  \
-    do##name##V:                                                                                                       \
-    {                                                                                                                  \
-        const Value a = pc->symbol->value;                                                                             \
-        const Instruction *const after = pc + 1;                                                                       \
-        *sp = (applies) && UNCHANGED(name) ? (outcome) : CALL_PRIMITIVE(name, a);                                           \
-        ++sp;                                                                                                          \
-        pc = after;                                                                                                    \
-        NEXT;                                                                                                          \
-    }
+#define UNARY(name, applies, outcome)                                                                                  \
+    do                                                                                                                 \
+        ##name##S:                                                                                                     \
+        {                                                                                                              \
+            const Value a = *--sp;                                                                                     \
+            const Instruction *const after = pc + 1;                                                                   \
+            *sp = (applies) && UNCHANGED(name) ? (outcome) : CALL_PRIMITIVE(name, a);                                  \
+            ++sp;                                                                                                      \
+            pc = after;                                                                                                \
+            NEXT;                                                                                                      \
+        }                                                                                                              \
+    do                                                                                                                 \
+        ##name##V:                                                                                                     \
+        {                                                                                                              \
+            const Value a = pc->symbol->value;                                                                         \
+            const Instruction *const after = pc + 1;                                                                   \
+            *sp = (applies) && UNCHANGED(name) ? (outcome) : CALL_PRIMITIVE(name, a);                                  \
+            ++sp;                                                                                                      \
+            pc = after;                                                                                                \
+            NEXT;                                                                                                      \
+        }
 
     UNARY(Car, a.isCons(), a.asCons()->car)
     UNARY(Cdr, a.isCons(), a.asCons()->cdr)

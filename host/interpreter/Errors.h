@@ -24,8 +24,7 @@ class LispError
 public:
     enum class Kind { Failure, Exit };
 
-    explicit LispError(std::u16string text, Kind errorKind = Kind::Failure)
-        : message(std::move(text)), kind(errorKind)
+    explicit LispError(std::u16string text, Kind errorKind = Kind::Failure) : message(std::move(text)), kind(errorKind)
     {
     }
 
@@ -33,7 +32,7 @@ public:
     Kind kind;
     std::vector<TraceEntry> trace; // filled where the error is first seen by the machine
     bool traced = false;
-    bool offered = false; // to the program's *error*, which sees an error once
+    bool offered = false;          // to the program's *error*, which sees an error once
     std::u16string handlerFailure; // what went wrong in the program's own *error*; empty: nothing
 };
 

@@ -12,9 +12,9 @@ namespace lisp {
 
 namespace {
 
-constexpr std::size_t BlockSize = 256 * 1024;
-constexpr std::size_t CellsPerBlock = 254 * 64;
-constexpr std::size_t SmallestThreshold = 16 * 1024 * 1024;
+constexpr std::size_t BlockSize = std::size_t{256} * 1024;
+constexpr std::size_t CellsPerBlock = std::size_t{254} * 64;
+constexpr std::size_t SmallestThreshold = std::size_t{16} * 1024 * 1024;
 // Below this many characters a copy is cheaper than a shared buffer.
 constexpr std::size_t SmallestBuffer = 256;
 

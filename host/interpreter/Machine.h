@@ -60,8 +60,8 @@ public:
     // How deep programs may call. The memory is only taken as far as it is used.
     struct Limits
     {
-        std::size_t stackValues = 8 * 1024 * 1024;
-        std::size_t frames = 1024 * 1024;
+        std::size_t stackValues = std::size_t{8} * 1024 * 1024;
+        std::size_t frames = std::size_t{1024} * 1024;
     };
 
     explicit Machine(Limits limits);

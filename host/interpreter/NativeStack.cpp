@@ -12,7 +12,7 @@ namespace lisp {
 
 namespace {
 
-constexpr std::size_t Reserve = 512 * 1024;
+constexpr std::size_t Reserve = std::size_t{512} * 1024;
 
 } // namespace
 

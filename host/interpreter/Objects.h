@@ -60,9 +60,9 @@ struct Builtin : Object
 {
     Builtin() : Object(ObjectKind::Builtin) {}
 
-    BuiltinHandler handler = nullptr;          // null: a special form that cannot be applied to values
-    const SpecialForm *specialForm = nullptr;  // how the compiler translates calls; null: an ordinary function
-    std::uint32_t minimum = 0;        // number of arguments
+    BuiltinHandler handler = nullptr;         // null: a special form that cannot be applied to values
+    const SpecialForm *specialForm = nullptr; // how the compiler translates calls; null: an ordinary function
+    std::uint32_t minimum = 0;                // number of arguments
     std::uint32_t maximum = 0;
     const Symbol *name = nullptr;
     const char *signature = nullptr;

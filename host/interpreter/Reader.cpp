@@ -93,9 +93,11 @@ std::optional<Value> Reader::read()
 
 void Reader::failAt(std::size_t offset, std::u16string_view message)
 {
-    m_errorLine = 1 + static_cast<std::uint32_t>(std::count(m_text.begin(), m_text.begin() + static_cast<long>(offset), u'\n'));
+    m_errorLine =
+        1 + static_cast<std::uint32_t>(std::count(m_text.begin(), m_text.begin() + static_cast<long>(offset), u'\n'));
     const std::size_t lineStart = offset == 0 ? std::u16string_view::npos : m_text.rfind(u'\n', offset - 1);
-    m_errorColumn = static_cast<std::uint32_t>(offset - (lineStart == std::u16string_view::npos ? 0 : lineStart + 1)) + 1;
+    m_errorColumn =
+        static_cast<std::uint32_t>(offset - (lineStart == std::u16string_view::npos ? 0 : lineStart + 1)) + 1;
     fail(message);
 }
 

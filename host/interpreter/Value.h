@@ -74,7 +74,8 @@ private:
     constexpr std::uint64_t tag() const { return m_bits >> TagShift; }
     void *pointer() const
     {
-        return reinterpret_cast<void *>(static_cast<std::uintptr_t>(m_bits & PointerMask)); // NOLINT(performance-no-int-to-ptr)
+        return reinterpret_cast<void *>(
+            static_cast<std::uintptr_t>(m_bits & PointerMask)); // NOLINT(performance-no-int-to-ptr)
     }
 
     std::uint64_t m_bits;

@@ -44,7 +44,10 @@ public:
     Library(const Library &) = delete;
     Library &operator=(const Library &) = delete;
 
-    void *handle() const { return m_handle; }
+    void *handle() const
+    {
+        return m_handle;
+    }
     template <class FunctionPointer> FunctionPointer function(const char *name) const
     {
 #ifdef _WIN32

@@ -9,6 +9,6 @@
 char16_t *duplicateWide(std::u16string_view text);
 char *duplicateNarrow(std::u16string_view text);
 
-// printf's formatting for UTF-16: %s takes UTF-16 text; d i u x X c f e g and %% as in C, with flags, width and precision.
-// A conversion that is none of these is printed as it stands.
+// printf's formatting for UTF-16: %s takes UTF-16 text; d i u x X c f e g and %% as in C, with flags, width and
+// precision. A conversion that is none of these is printed as it stands.
 std::u16string formatText(const char16_t *format, std::va_list arguments);

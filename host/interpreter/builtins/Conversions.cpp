@@ -30,7 +30,8 @@ LinearUnits linearMode(Machine &machine, Args arguments)
 
 AngularUnits angularMode(Machine &machine, Args arguments)
 {
-    const std::optional<AngularUnits> mode = angularUnits(optionalInteger(arguments, 1, machine.unitVariables().aunits));
+    const std::optional<AngularUnits> mode =
+        angularUnits(optionalInteger(arguments, 1, machine.unitVariables().aunits));
     if (!mode)
         badMode(arguments[1]);
     return *mode;

@@ -170,7 +170,10 @@ Value isNil(Machine &machine, Args arguments)
 }
 
 #define COMPOSITION(name, ...)                                                                                         \
-    {name, "(" name " LIST)", "Composition of car (a) and cdr (d), applied from right to left.", compose<__VA_ARGS__>}
+    {                                                                                                                  \
+        name, "(" name " LIST)", "Composition of car (a) and cdr (d), applied from right to left.",                    \
+            compose<__VA_ARGS__>                                                                                       \
+    }
 
 constexpr BuiltinRow rows[] = {
     {"car", "(car LIST)", "Gives the first item of a list.", compose<'a'>},

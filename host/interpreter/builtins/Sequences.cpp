@@ -135,10 +135,12 @@ template <class Item, class Before> std::vector<Item> mergeSorted(std::vector<It
             std::size_t left = start, right = middle, out = start;
             while (left < middle && right < end)
                 target[out++] = before(items[right], items[left]) ? items[right++] : items[left++];
-            std::copy(items.begin() + static_cast<std::ptrdiff_t>(left), items.begin() + static_cast<std::ptrdiff_t>(middle),
+            std::copy(items.begin() + static_cast<std::ptrdiff_t>(left),
+                      items.begin() + static_cast<std::ptrdiff_t>(middle),
                       target.begin() + static_cast<std::ptrdiff_t>(out));
             out += middle - left;
-            std::copy(items.begin() + static_cast<std::ptrdiff_t>(right), items.begin() + static_cast<std::ptrdiff_t>(end),
+            std::copy(items.begin() + static_cast<std::ptrdiff_t>(right),
+                      items.begin() + static_cast<std::ptrdiff_t>(end),
                       target.begin() + static_cast<std::ptrdiff_t>(out));
         }
         items.swap(target);
@@ -209,8 +211,7 @@ constexpr BuiltinRow rows[] = {
     {"mapcar", "(mapcar FUNCTION LIST [LIST ...])", "Gives the list of the function's values for the items.", mapcar},
     {"vl-every", "(vl-every FUNCTION LIST [LIST ...])", "Gives T if the function holds for all items.", every},
     {"vl-some", "(vl-some FUNCTION LIST [LIST ...])", "Gives the first value of the function that is not nil.", some},
-    {"vl-remove-if", "(vl-remove-if FUNCTION LIST)", "Gives the items for which the function is nil.",
-     removeIf<false>},
+    {"vl-remove-if", "(vl-remove-if FUNCTION LIST)", "Gives the items for which the function is nil.", removeIf<false>},
     {"vl-remove-if-not", "(vl-remove-if-not FUNCTION LIST)", "Gives the items for which the function is not nil.",
      removeIf<true>},
     {"vl-member-if", "(vl-member-if FUNCTION LIST)", "Gives the rest of the list from the first item that fits.",

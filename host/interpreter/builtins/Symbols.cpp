@@ -2,7 +2,6 @@
 
 #include "host/interpreter/Builtins.h"
 
-
 namespace lisp {
 
 namespace {
@@ -94,8 +93,8 @@ constexpr BuiltinRow rows[] = {
     {"set", "(set SYMBOL VALUE)", "Sets the symbol that SYMBOL evaluates to.", set},
     {"type", "(type VALUE)", "Gives the kind of a value as a symbol, nil for nil.", type},
     {"boundp", "(boundp SYMBOL)", "Gives T if the symbol has a value other than nil.", isBound},
-    {"atoms-family", "(atoms-family FORMAT [NAMES])", "Lists the symbols that have a value, as symbols (0) or strings (1).",
-     atomsFamily},
+    {"atoms-family", "(atoms-family FORMAT [NAMES])",
+     "Lists the symbols that have a value, as symbols (0) or strings (1).", atomsFamily},
     {"vl-symbolp", "(vl-symbolp VALUE)", "Gives T for a symbol.", isSymbolValue},
     {"vl-symbol-name", "(vl-symbol-name SYMBOL)", "Gives the name of a symbol as a string.", symbolName},
     {"vl-symbol-value", "(vl-symbol-value SYMBOL)", "Gives the value of a symbol.", symbolValue},

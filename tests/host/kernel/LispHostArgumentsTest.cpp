@@ -1,6 +1,6 @@
 // How values arrive as nodes and how nodes become values.
 
-#include "LispHostFixture.h"
+#include "tests/host/kernel/LispHostFixture.h"
 
 #include <sstream>
 

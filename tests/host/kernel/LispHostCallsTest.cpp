@@ -1,6 +1,6 @@
 // Calls of module functions: results, errors, nesting.
 
-#include "LispHostFixture.h"
+#include "tests/host/kernel/LispHostFixture.h"
 
 #include <array>
 

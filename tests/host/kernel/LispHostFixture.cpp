@@ -1,4 +1,4 @@
-#include "LispHostFixture.h"
+#include "tests/host/kernel/LispHostFixture.h"
 
 #include "host/interpreter/Printer.h"
 

@@ -1,7 +1,7 @@
 // What the host notices about a module that handles nodes wrongly. Only builds with assertions look; the reclaiming of
 // what was left behind is there always.
 
-#include "LispHostFixture.h"
+#include "tests/host/kernel/LispHostFixture.h"
 
 using NodeChecks = LispHostTest;
 

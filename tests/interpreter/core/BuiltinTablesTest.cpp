@@ -1,6 +1,6 @@
 // The families that stand in the core: lists, numbers, comparison, geometry, functions, sequences, symbols.
 
-#include "EvaluateText.h"
+#include "tests/interpreter/core/EvaluateText.h"
 
 TEST(Builtins, lists)
 {
@@ -127,9 +127,10 @@ TEST(Builtins, functionsAndSequences)
 
 TEST(Builtins, aSortFunctionThatIsNoOrderStillGivesAPermutation)
 {
-    EXPECT_EQ(evaluateText("(setq l nil i 0) (repeat 1000 (setq i (1+ i) l (cons (list i) l)))"
-                           "(apply '+ (mapcar 'car (vl-sort l '(lambda (a b) (= 0 (rem (+ (* 7 (car a)) (car b)) 3))))))"),
-              "500500");
+    EXPECT_EQ(
+        evaluateText("(setq l nil i 0) (repeat 1000 (setq i (1+ i) l (cons (list i) l)))"
+                     "(apply '+ (mapcar 'car (vl-sort l '(lambda (a b) (= 0 (rem (+ (* 7 (car a)) (car b)) 3))))))"),
+        "500500");
 }
 
 TEST(Builtins, symbols)

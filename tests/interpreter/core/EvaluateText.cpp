@@ -1,4 +1,4 @@
-#include "EvaluateText.h"
+#include "tests/interpreter/core/EvaluateText.h"
 
 #include "host/interpreter/Printer.h"
 

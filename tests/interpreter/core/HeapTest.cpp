@@ -1,4 +1,4 @@
-#include "EvaluateText.h"
+#include "tests/interpreter/core/EvaluateText.h"
 
 #include "host/interpreter/Builtins.h"
 
@@ -18,8 +18,9 @@ std::string runCollecting(lisp::Machine &machine, const std::string &source)
 TEST(Heap, keepsWhatVariablesReach)
 {
     lisp::Machine machine;
-    EXPECT_EQ(runCollecting(machine, "(setq kept (list 1 \"two\" '(3 . 4) 5.5)) (setq fn (lambda (x) (list x \"in\")))"),
-              "#<USUBR>");
+    EXPECT_EQ(
+        runCollecting(machine, "(setq kept (list 1 \"two\" '(3 . 4) 5.5)) (setq fn (lambda (x) (list x \"in\")))"),
+        "#<USUBR>");
     EXPECT_EQ(runCollecting(machine, "(repeat 100000 (list 1 2 3))"), "(1 2 3)");
     EXPECT_EQ(evaluateText(machine, "(list kept (fn 1))"), "((1 \"two\" (3 . 4) 5.5) (1 \"in\"))");
 }
@@ -57,7 +58,8 @@ TEST(Heap, keepsTheTemporariesOfFunctionsThatCallBack)
 TEST(Heap, keepsCompiledLambdaListsAsLongAsTheirLists)
 {
     lisp::Machine machine;
-    EXPECT_EQ(runCollecting(machine, "(setq f (list 'lambda '(x) '(mapcar '(lambda (y) (list y \"k\")) x)))(apply f '((1 2)))"),
+    EXPECT_EQ(runCollecting(machine,
+                            "(setq f (list 'lambda '(x) '(mapcar '(lambda (y) (list y \"k\")) x)))(apply f '((1 2)))"),
               "((1 \"k\") (2 \"k\"))");
     EXPECT_EQ(runCollecting(machine, "(repeat 1000 (apply (list 'lambda '(x) 'x) '(1)))"), "1");
     EXPECT_EQ(runCollecting(machine, "(apply f '((3)))"), "((3 \"k\"))");

@@ -1,4 +1,4 @@
-#include "EvaluateText.h"
+#include "tests/interpreter/core/EvaluateText.h"
 
 #include "host/interpreter/Builtins.h"
 
@@ -56,7 +56,8 @@ TEST(Machine, recursesDeeply)
 TEST(Machine, endsDeepDataWithAnErrorInsteadOfACrash)
 {
     expectAll({
-        {"(setq a nil b nil) (repeat 5000000 (setq a (list a) b (list b))) (equal a b)", "error: internal stack limit reached"},
+        {"(setq a nil b nil) (repeat 5000000 (setq a (list a) b (list b))) (equal a b)",
+         "error: internal stack limit reached"},
         {"(setq a '(1)) (repeat 5000000 (setq a (list 'list a))) (eval a)", "error: internal stack limit reached"},
     });
 }

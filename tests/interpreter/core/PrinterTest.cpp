@@ -1,4 +1,4 @@
-#include "EvaluateText.h"
+#include "tests/interpreter/core/EvaluateText.h"
 
 #include "host/interpreter/Printer.h"
 
@@ -20,7 +20,9 @@ TEST(Printer, plainStyleShowsStringsAsTheyAre)
     lisp::Machine machine;
     CollectingConsole console;
     machine.setConsole(&console);
-    EXPECT_EQ(evaluateText(machine, "(princ \"a\\\"b\\n\") (prin1 \"a\\\"b\\n\") (print 'x) (princ '(\"in\" list)) nil"), "nil");
+    EXPECT_EQ(
+        evaluateText(machine, "(princ \"a\\\"b\\n\") (prin1 \"a\\\"b\\n\") (print 'x) (princ '(\"in\" list)) nil"),
+        "nil");
     EXPECT_EQ(console.text(), "a\"b\n\"a\\\"b\\n\"\nX (in LIST)");
 }
 
