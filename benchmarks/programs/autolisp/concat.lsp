@@ -6,5 +6,4 @@
           i (+ i 1)))
   text)
 
-(repeat 2 (setq result (build 50000)))
-(princ (strlen result))
+(princ (strlen (build 50000)))

@@ -7,6 +7,4 @@
             i (+ i 1)))
     text))
 
-(let (result)
-  (dotimes (_ 2) (setq result (build 50000)))
-  (princ (length result)))
+(princ (length (build 50000)))

@@ -4,6 +4,4 @@
         (loop (+ i 1) (string-append text (number->string (remainder i 10))))
         text)))
 
-(define result #f)
-(do ((k 0 (+ k 1))) ((= k 2)) (set! result (build 50000)))
-(display (string-length result))
+(display (string-length (build 50000)))
