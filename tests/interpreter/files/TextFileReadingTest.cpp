@@ -38,6 +38,7 @@ TEST_F(TextFileReading, linesLoseTheirEnd)
     EXPECT_EQ(lines(""), Lines{});
     EXPECT_EQ(lines("\n"), Lines{u""});
     EXPECT_EQ(lines("a\rb\r\r\n"), Lines{u"a\rb\r"});
+    EXPECT_EQ(lines("a\r"), Lines{u"a\r"});
 }
 
 TEST_F(TextFileReading, theEncodingIsAnsiUnlessAskedOrMarked)
