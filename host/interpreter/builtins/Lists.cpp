@@ -58,17 +58,18 @@ Value append(Machine &machine, Args arguments)
 
 Value assoc(Machine &machine, Args arguments)
 {
-    const Value key = arguments[0];
+    const EqualTo isKey(machine, arguments[0]);
     for (const Value entry : ListItems(arguments.list(1)))
-        if (entry.isCons() && isEqual(machine, entry.asCons()->car, key))
+        if (entry.isCons() && isKey(entry.asCons()->car))
             return entry;
     return Value::nil();
 }
 
 Value member(Machine &machine, Args arguments)
 {
+    const EqualTo isSought(machine, arguments[0]);
     for (Value rest = arguments.list(1); rest.isCons(); rest = rest.asCons()->cdr)
-        if (isEqual(machine, rest.asCons()->car, arguments[0]))
+        if (isSought(rest.asCons()->car))
             return rest;
     return Value::nil();
 }
@@ -119,11 +120,12 @@ Value reverse(Machine &machine, Args arguments)
 
 Value subst(Machine &machine, Args arguments)
 {
+    const EqualTo isOld(machine, arguments[1]);
     ListBuilder result(machine.heap());
     Value rest = arguments.list(2);
     for (; rest.isCons(); rest = rest.asCons()->cdr) {
         const Value item = rest.asCons()->car;
-        result.add(isEqual(machine, item, arguments[1]) ? arguments[0] : item);
+        result.add(isOld(item) ? arguments[0] : item);
     }
     result.end(rest);
     return result.list();
@@ -131,18 +133,20 @@ Value subst(Machine &machine, Args arguments)
 
 Value remove(Machine &machine, Args arguments)
 {
+    const EqualTo isUnwanted(machine, arguments[0]);
     ListBuilder result(machine.heap());
     for (const Value item : ListItems(arguments.list(1)))
-        if (!isEqual(machine, item, arguments[0]))
+        if (!isUnwanted(item))
             result.add(item);
     return result.list();
 }
 
 Value position(Machine &machine, Args arguments)
 {
+    const EqualTo isSought(machine, arguments[0]);
     std::int32_t index = 0;
     for (const Value item : ListItems(arguments.list(1))) {
-        if (isEqual(machine, item, arguments[0]))
+        if (isSought(item))
             return Value::integer(index);
         ++index;
     }
