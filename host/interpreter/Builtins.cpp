@@ -55,6 +55,14 @@ Symbol *Args::symbol(std::uint32_t index) const
     return value.asSymbol();
 }
 
+std::vector<Value> itemsOf(Value list)
+{
+    std::vector<Value> items;
+    for (const Value item : ListItems(list))
+        items.push_back(item);
+    return items;
+}
+
 ArgumentRange argumentRange(std::string_view signature)
 {
     constexpr std::uint32_t Unlimited = std::numeric_limits<std::uint32_t>::max();

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 // How a built-in function is written. Each family is one file in builtins/ with one table of rows:
 //
@@ -122,5 +123,8 @@ public:
 private:
     Value m_list;
 };
+
+// The items of a proper list; raises the same error.
+std::vector<Value> itemsOf(Value list);
 
 } // namespace lisp

@@ -4,19 +4,9 @@
 #include "host/interpreter/ErrorObject.h"
 #include "host/interpreter/Reader.h"
 
-#include <vector>
-
 namespace lisp {
 
 namespace {
-
-std::vector<Value> itemsOf(Value list)
-{
-    std::vector<Value> items;
-    for (const Value item : ListItems(list))
-        items.push_back(item);
-    return items;
-}
 
 Value apply(Machine &machine, Args arguments)
 {

@@ -148,14 +148,6 @@ template <class Item, class Before> std::vector<Item> mergeSorted(std::vector<It
     return items;
 }
 
-std::vector<Value> itemsOf(Value list)
-{
-    std::vector<Value> items;
-    for (const Value item : ListItems(list))
-        items.push_back(item);
-    return items;
-}
-
 // Whether the function is the built-in < or > and all items are integers: then no call is needed to compare them.
 bool isPlainIntegerOrder(Machine &machine, Value function, const std::vector<Value> &items, bool &descending)
 {
