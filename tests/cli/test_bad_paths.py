@@ -18,6 +18,20 @@ class Ini(LispHostTest):
         self.assert_gives(outcome, "nil\nnil\nnil\n")
         self.assertEqual((self.folder / "folder.ini/inside.txt").read_text(), "kept")
 
+    def test_a_file_that_may_not_be_read_or_written_gives_nil_and_stays(self):
+        file = self.write("secret.ini", "[A]\nb=c\n")
+        file.chmod(0)
+        outcome = self.evaluate('(acet-ini-get "secret.ini" "A" "b" "default")',
+                                '(acet-ini-set "secret.ini" "A" "b" "d")')
+        self.assert_gives(outcome, "nil\nnil\n")
+        file.chmod(0o600)
+        self.assertEqual(file.read_text(), "[A]\nb=c\n")
+
+    def test_a_file_in_a_folder_that_may_not_be_written_is_not_made(self):
+        (self.folder / "closed").mkdir(mode=0o500)
+        self.assert_gives(self.evaluate('(acet-ini-set "closed/new.ini" "A" "b" "c")'), "nil\n")
+        self.assertEqual(list((self.folder / "closed").iterdir()), [])
+
     def test_unusual_names(self):
         for name in NAMES:
             with self.subTest(name):
@@ -41,6 +55,14 @@ class Files(LispHostTest):
                                         f'(vl-directory-files {folder} nil 1)', f"(acet-file-chdir {folder})",
                                         '(acet-file-remove "b")')
                 self.assert_gives(outcome, f'T\nnil\n32\nT\n("b")\n{folder}\n1\n')
+
+    def test_a_folder_that_may_not_be_written_keeps_what_it_holds(self):
+        self.write("closed/file.txt", "kept")
+        (self.folder / "closed").chmod(0o500)
+        outcome = self.evaluate('(acet-file-remove "closed/file.txt" T)', '(acet-file-move "closed/file.txt" "b")',
+                                '(acet-file-mkdir "closed/below")', '(acet-file-rmdir "closed")')
+        self.assert_gives(outcome, "0\nnil\nnil\nnil\n")
+        self.assertEqual((self.folder / "closed/file.txt").read_text(), "kept")
 
     def test_the_message_shows_the_path_as_it_is(self):
         for name in NAMES:

@@ -56,6 +56,10 @@ class ModuleFunctions(LispHostTest):
     def test_a_function_of_the_module_is_a_value(self):
         self.assert_gives(self.evaluate("(type acet-file-cwd)", "(if acet-ini-get 1 2)"), "EXRXSUBR\n1\n")
 
+    def test_the_version_names_the_day_of_the_build(self):
+        version = r'^"LispExtension Version: [A-Z][a-z]{2} [ 123]\d 20\d\d"\n$'
+        self.assertRegex(self.evaluate("(acet-util-ver)").output, version)
+
     def test_no_module_leaves_them_undefined(self):
         outcome = self.lisphost("--no-module", "eval", "(acet-file-cwd)")
         self.assert_fails(outcome, 1, "^error: no function definition: ACET-FILE-CWD\n")

@@ -46,6 +46,16 @@ class Repl(LispHostTest):
         terminal.wait_for_prompt(r"\n2\n")
         self.leave(terminal)
 
+    def test_ctrl_c_forgets_what_was_typed_and_the_session_goes_on(self):
+        terminal = self.open("repl")
+        terminal.type("(setq a (list 1\n")
+        terminal.wait_for(r"\n  ?")
+        terminal.type("half a line\x03")
+        terminal.wait_for_prompt()
+        terminal.type("(+ 20 3)\n")
+        terminal.wait_for_prompt(r"\n23\n")
+        self.leave(terminal)
+
     def test_tab_completes_names(self):
         terminal = self.open("repl")
         terminal.type("(vl-string-tr\t-right-trim")
