@@ -5,6 +5,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <vector>
@@ -14,6 +15,34 @@
 namespace {
 
 constexpr int HistoryLength = 1000;
+
+volatile std::sig_atomic_t cancelled = 0;
+
+extern "C" void noteCancel(int)
+{
+    cancelled = 1;
+}
+
+// While it lives, Ctrl-C ends the line that is being read instead of the process.
+class CancelScope
+{
+public:
+    CancelScope()
+    {
+        cancelled = 0;
+        struct sigaction action = {};
+        action.sa_handler = noteCancel; // without SA_RESTART, so that reading stops
+        sigaction(SIGINT, &action, &m_previous);
+    }
+    ~CancelScope() { sigaction(SIGINT, &m_previous, nullptr); }
+    CancelScope(const CancelScope &) = delete;
+    CancelScope &operator=(const CancelScope &) = delete;
+
+    static bool wasCancelled() { return cancelled != 0; }
+
+private:
+    struct sigaction m_previous = {};
+};
 
 } // namespace
 
@@ -115,9 +144,15 @@ LineEditor::~LineEditor() = default;
 
 std::optional<QString> LineEditor::readLine(Prompt prompt)
 {
+    const CancelScope cancels;
     m_state->shown = prompt;
     int length = 0;
     const char *line = el_gets(m_state->editor, &length);
+    if (CancelScope::wasCancelled()) {
+        std::fputc('\n', stdout);
+        el_reset(m_state->editor);
+        return QString();
+    }
     if (!line || length <= 0)
         return std::nullopt;
     return QString::fromLocal8Bit(line, length);

@@ -18,7 +18,8 @@ public:
     LineEditor(lisp::Machine &machine, const QString &historyFile);
     ~LineEditor();
 
-    // The next line with its newline; nothing at the end of the input. Ctrl-C gives an empty line.
+    // The next line with its newline; nothing at the end of the input. A null string means Ctrl-C: what was typed
+    // before is to be forgotten.
     std::optional<QString> readLine(Prompt prompt);
     void remember(const QString &entry);
 

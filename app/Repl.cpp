@@ -43,8 +43,14 @@ int Repl::runOnTerminal()
         m_session.console().flush();
         const std::optional<QString> line =
             editor.readLine(text.empty() ? LineEditor::Prompt::First : LineEditor::Prompt::Rest);
-        if (!line)
+        if (!line) {
+            m_session.console().write(u"\n"); // after the prompt that was left
             break;
+        }
+        if (line->isNull()) { // cancelled
+            text.clear();
+            continue;
+        }
         text += line->toStdU16String();
         if (evaluate(text)) {
             editor.remember(QString::fromStdU16String(text).trimmed());

@@ -15,8 +15,13 @@ namespace lisp {
 // symbol still means the built-in function and otherwise calls what it means now.
 #define LISP_ARITHMETIC_PRIMITIVES(X) X(Add, "+") X(Subtract, "-") X(Multiply, "*")
 #define LISP_COMPARISON_PRIMITIVES(X)                                                                                  \
-    X(Equal, "=") X(NotEqual, "/=") X(Less, "<") X(LessEqual, "<=") X(Greater, ">") X(GreaterEqual, ">=") X(Same, "e"  \
-                                                                                                                  "q")
+    X(Equal, "=")                                                                                                      \
+    X(NotEqual, "/=")                                                                                                  \
+    X(Less, "<")                                                                                                       \
+    X(LessEqual, "<=")                                                                                                 \
+    X(Greater, ">")                                                                                                    \
+    X(GreaterEqual, ">=")                                                                                              \
+    X(Same, "eq")
 #define LISP_UNARY_PRIMITIVES(X) X(Car, "car") X(Cdr, "cdr") X(Cadr, "cadr") X(Increment, "1+") X(Decrement, "1-")
 #define LISP_NOT_PRIMITIVES(X) X(Not, "not") X(Null, "null")
 
