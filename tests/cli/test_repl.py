@@ -14,7 +14,7 @@ class Repl(LispHostTest):
 
     def leave(self, terminal: Terminal) -> None:
         terminal.type("\x04")  # Ctrl-D
-        self.assertEqual(terminal.wait_for_end(), 0)
+        self.assertEqual(terminal.wait_for_end(), 0, terminal.shown)
 
     def test_is_the_default_on_a_terminal_and_prints_values(self):
         terminal = self.open()
@@ -76,7 +76,7 @@ class Repl(LispHostTest):
     def test_quit_leaves(self):
         terminal = self.open("repl")
         terminal.type("(quit)\n")
-        self.assertEqual(terminal.wait_for_end(), 0)
+        self.assertEqual(terminal.wait_for_end(), 0, terminal.shown)
 
     def test_ctrl_c_stops_an_endless_loop_but_not_the_session(self):
         terminal = self.open("repl")
