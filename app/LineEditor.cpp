@@ -61,7 +61,7 @@ struct LineEditor::State
         el_set(editor, EL_PROMPT, prompt);
         el_set(editor, EL_EDITOR, "emacs");
         el_set(editor, EL_HIST, history, entries);
-        el_set(editor, EL_ADDFN, "complete-name", "Completes a name", complete);
+        el_wset(editor, EL_ADDFN, L"complete-name", L"Completes a name", complete); // el_set would leak both names
         el_set(editor, EL_BIND, "^I", "complete-name", nullptr);
         el_set(editor, EL_SIGNAL, 1);
     }
