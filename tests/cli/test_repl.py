@@ -90,17 +90,6 @@ class Repl(LispHostTest):
         self.leave(terminal)
 
 
-    def test_ctrl_c_at_the_prompt_forgets_what_was_typed(self):
-        terminal = self.open("repl")
-        terminal.type("(/ 1\n")
-        terminal.wait_for(r"\n  ")
-        terminal.type("0 \x03")
-        terminal.wait_for_prompt()
-        terminal.type("(+ 2 2)\n")
-        terminal.wait_for_prompt(r"\n4\n")
-        self.leave(terminal)
-
-
 class NoTerminal(LispHostTest):
     def test_standard_input_is_evaluated(self):
         self.assert_gives(self.lisphost("repl", typed='(setq a 2)\n(princ "x")\n(* a\n 3)\n'), '2\nx\n"x"\n6\n')
