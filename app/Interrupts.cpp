@@ -7,13 +7,14 @@
 
 namespace {
 
+constexpr int PatientInterrupts = 2;
+
 std::atomic<lisp::Machine *> interruptible = nullptr;
 
 extern "C" void onInterrupt(int signal)
 {
     lisp::Machine *machine = interruptible.load(std::memory_order_relaxed);
-    if (machine && !machine->isInterrupted()) {
-        machine->interrupt();
+    if (machine && machine->interrupt() <= PatientInterrupts) {
         std::signal(signal, onInterrupt); // some systems reset the handler at its call
     } else {
         std::signal(signal, SIG_DFL);
@@ -25,6 +26,7 @@ extern "C" void onInterrupt(int signal)
 
 InterruptScope::InterruptScope(lisp::Machine &machine)
 {
+    machine.clearInterrupts();
     interruptible = &machine;
     std::signal(SIGINT, onInterrupt);
 }

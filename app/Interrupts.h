@@ -4,8 +4,8 @@ namespace lisp {
 class Machine;
 }
 
-// While it lives, Ctrl-C makes the machine's program fail with "Function cancelled"; a second Ctrl-C before that has
-// happened ends the process.
+// While it lives, Ctrl-C makes the machine's program fail with "Function cancelled", a second one does so even if the
+// program catches the error and goes on, and a third ends the process.
 class InterruptScope
 {
 public:

@@ -348,13 +348,30 @@ void Machine::pushValue(Value value)
     *m_top++ = value;
 }
 
+void Machine::clearInterrupts()
+{
+    m_interrupts.store(0, std::memory_order_relaxed);
+    m_interruptsRaised = 0;
+}
+
+void Machine::raiseInterrupt()
+{
+    const int interrupts = m_interrupts.load(std::memory_order_relaxed);
+    const bool insists = interrupts > 1;
+    if (!insists && interrupts == m_interruptsRaised)
+        return;
+    m_interruptsRaised = interrupts;
+    if (insists)
+        m_countdown = 1;
+    fail(u"Function cancelled");
+}
+
 void Machine::safePoint()
 {
     m_countdown = SafePointInterval;
     if (m_heap.collectionDue())
         collectGarbage();
-    if (m_interrupted.exchange(false, std::memory_order_relaxed))
-        fail(u"Function cancelled");
+    raiseInterrupt();
     if (m_stepLimit != 0 && (m_steps += SafePointInterval) > m_stepLimit) {
         m_countdown = 1; // every further safe point fails too, also in loops that catch this error
         fail(u"step limit reached");

@@ -107,9 +107,11 @@ public:
     // Folders that findfile and load search after the current one.
     std::vector<std::u16string> &searchFolders() { return m_searchFolders; }
 
-    // Makes the running program fail with "Function cancelled" at its next safe point. Async-signal-safe.
-    bool isInterrupted() const { return m_interrupted.load(std::memory_order_relaxed); }
-    void interrupt() { m_interrupted.store(true, std::memory_order_relaxed); }
+    // Makes the running program fail with "Function cancelled" at its next safe point. A program that catches this
+    // error and goes on is failed again, at every safe point, from the second interrupt on. Gives the number of
+    // interrupts since they were cleared. Async-signal-safe.
+    int interrupt() { return m_interrupts.fetch_add(1, std::memory_order_relaxed) + 1; }
+    void clearInterrupts();
     // Fails the program after about this many calls and loop turns; 0: no limit.
     void setStepLimit(std::uint64_t steps);
 
@@ -179,6 +181,7 @@ private:
     void markLambdas(Marker &marker);
     void definePrimitives();
     void safePoint();
+    void raiseInterrupt();
     void noteError(LispError &error);
     void callErrorHandler(LispError &error);
     void markRoots(Marker &marker);
@@ -213,7 +216,8 @@ private:
 
     int m_catchDepth = 0;
     bool m_inErrorHandler = false;
-    std::atomic<bool> m_interrupted = false;
+    std::atomic<int> m_interrupts = 0;
+    int m_interruptsRaised = 0;
     std::uint64_t m_stepLimit = 0;
     std::uint64_t m_steps = 0;
     const char *m_nativeStackLimit;

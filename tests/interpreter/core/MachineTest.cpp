@@ -83,6 +83,20 @@ TEST(Machine, interruptStopsALoop)
     EXPECT_EQ(evaluateText(machine, "(+ 1 2)"), "3");
 }
 
+TEST(Machine, aSecondInterruptStopsAProgramThatCatchesTheFirst)
+{
+    lisp::Machine machine;
+    EXPECT_EQ(machine.interrupt(), 1);
+    EXPECT_EQ(evaluateText(machine, "(vl-catch-all-error-message (vl-catch-all-apply '(lambda () (while T))))"),
+              "\"Function cancelled\"");
+    EXPECT_EQ(machine.interrupt(), 2);
+    EXPECT_EQ(evaluateText(machine, "(while T (vl-catch-all-apply '(lambda () (while T))))"),
+              "error: Function cancelled");
+    EXPECT_EQ(evaluateText(machine, "(defun *error* (m) (while T)) (while T)"), "error: Function cancelled");
+    machine.clearInterrupts();
+    EXPECT_EQ(evaluateText(machine, "(setq i 0) (while (< i 100000) (setq i (1+ i)))"), "100000");
+}
+
 TEST(Machine, stepLimitStopsLoopsAndRecursion)
 {
     lisp::Machine machine;
