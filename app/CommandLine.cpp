@@ -13,6 +13,7 @@ namespace {
 std::vector<QString> toQStrings(const std::vector<std::string> &texts)
 {
     std::vector<QString> result;
+    result.reserve(texts.size());
     for (const std::string &text : texts)
         result.push_back(QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size())));
     return result;

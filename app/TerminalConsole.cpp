@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr qsizetype PendingLimit = 64 * 1024;
+constexpr qsizetype PendingLimit = qsizetype{64} * 1024;
 
 QStringView viewOf(std::u16string_view text)
 {

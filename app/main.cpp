@@ -18,7 +18,7 @@ namespace {
 void raiseStackLimit()
 {
 #ifndef _WIN32
-    constexpr rlim_t Wanted = 100 * 1024 * 1024;
+    constexpr rlim_t Wanted = rlim_t{100} * 1024 * 1024;
     rlimit limit{};
     if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= Wanted)
         return;

@@ -74,8 +74,8 @@ private:
     constexpr std::uint64_t tag() const { return m_bits >> TagShift; }
     void *pointer() const
     {
-        return reinterpret_cast<void *>(
-            static_cast<std::uintptr_t>(m_bits & PointerMask)); // NOLINT(performance-no-int-to-ptr)
+        const auto address = static_cast<std::uintptr_t>(m_bits & PointerMask);
+        return reinterpret_cast<void *>(address); // NOLINT(performance-no-int-to-ptr)
     }
 
     std::uint64_t m_bits;

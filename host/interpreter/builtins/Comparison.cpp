@@ -48,22 +48,22 @@ Value numbersDiffer(Machine &machine, Args arguments)
 
 Value less(Machine &machine, Args arguments)
 {
-    return compareNeighbours(machine, arguments, [](auto comparison) { return comparison < 0; });
+    return compareNeighbours(machine, arguments, std::is_lt);
 }
 
 Value lessOrEqual(Machine &machine, Args arguments)
 {
-    return compareNeighbours(machine, arguments, [](auto comparison) { return comparison <= 0; });
+    return compareNeighbours(machine, arguments, std::is_lteq);
 }
 
 Value greater(Machine &machine, Args arguments)
 {
-    return compareNeighbours(machine, arguments, [](auto comparison) { return comparison > 0; });
+    return compareNeighbours(machine, arguments, std::is_gt);
 }
 
 Value greaterOrEqual(Machine &machine, Args arguments)
 {
-    return compareNeighbours(machine, arguments, [](auto comparison) { return comparison >= 0; });
+    return compareNeighbours(machine, arguments, std::is_gteq);
 }
 
 Value same(Machine &machine, Args arguments)

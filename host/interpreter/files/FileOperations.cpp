@@ -18,7 +18,7 @@ bool isSameFile(const QString &a, const QString &b)
 
 std::optional<std::int64_t> copyBytes(QFile &source, QFile &destination)
 {
-    constexpr qint64 BytesPerRead = 256 * 1024;
+    constexpr qint64 BytesPerRead = qint64{256} * 1024;
     std::int64_t total = 0;
     for (;;) {
         const QByteArray bytes = source.read(BytesPerRead);

@@ -37,9 +37,8 @@ std::optional<std::u16string> readSourceFile(const QString &path, QString &failu
         failure = QStringLiteral("%1: no such file").arg(path);
     else if (info.isDir())
         failure = QStringLiteral("%1: is a folder").arg(path);
-    else if (!file.open(QIODevice::ReadOnly))
-        failure = QStringLiteral("%1: %2").arg(path, file.errorString());
-    else if (const QByteArray bytes = file.readAll(); file.error() != QFileDevice::NoError)
+    else if (QByteArray bytes;
+             !file.open(QIODevice::ReadOnly) || (bytes = file.readAll(), file.error() != QFileDevice::NoError))
         failure = QStringLiteral("%1: %2").arg(path, file.errorString());
     else if (isBinary(bytes))
         failure = QStringLiteral("%1: is not a text file").arg(path);

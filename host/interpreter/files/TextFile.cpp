@@ -7,7 +7,7 @@ namespace lisp {
 
 namespace {
 
-constexpr qsizetype BytesPerRead = 64 * 1024;
+constexpr qsizetype BytesPerRead = qsizetype{64} * 1024;
 constexpr char Utf8Mark[] = "\xEF\xBB\xBF";
 
 QStringView qView(std::u16string_view text)
