@@ -21,11 +21,14 @@ const char *unregisteredName(const char *name)
 
 } // namespace
 
-// The interpreter is fetched anew for every row: defining a function may run code of the host.
+// The interpreter is fetched anew for every row: defining a function may run code of the host. A document without one
+// has no functions; it gets them when it reports its interpreter.
 void registerFunctions(CFxDocument *document)
 {
     for (const FunctionRow &row : functionTable()) {
         LispHost *host = document->lispHost();
+        if (host == nullptr)
+            return;
         const CFxString name = CFxString::from_ansi_str(row.name);
         host->defun(name.wide_strU(), row.handler);
     }
@@ -38,6 +41,8 @@ void unregisterFunctions(CFxDocument *document)
         if (ansiName == nullptr)
             continue;
         LispHost *host = document->lispHost();
+        if (host == nullptr)
+            return;
         const CFxString name = CFxString::from_ansi_str(ansiName);
         host->undefun(name.wide_strU());
     }

@@ -44,16 +44,30 @@ TEST_F(Lifecycle, StatusesOfDefunAndUndefunAreNotChecked)
 
 TEST_F(Lifecycle, TheCountOfDocumentsIsReadAgainAfterEachOne)
 {
-    m_manager.open();
-    m_manager.whenVisited([this](std::size_t index) {
+    const RecordingHost &first = m_manager.open();
+    const RecordingHost *second = nullptr;
+    m_manager.whenVisited([&](std::size_t index) {
         if (index == 0)
-            m_manager.open();
+            second = &m_manager.open();
     });
     module().initApp();
-    EXPECT_EQ(m_manager.documentCount(), 2);
-    m_manager.whenVisited({});
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(first.operations(), definitions());
+    EXPECT_EQ(second->operations(), definitions());
+}
+
+TEST_F(Lifecycle, ADocumentThatIsClosedMeanwhileIsNotVisited)
+{
+    RecordingHost &first = m_manager.open();
+    m_manager.open();
+    module().initApp();
+    m_manager.whenVisited([this](std::size_t index) {
+        ASSERT_EQ(index, 0u);
+        m_manager.close(1);
+    });
+    first.setArguments({});
     module().uninitApp();
-    EXPECT_EQ(m_manager.reactors().size(), 0u);
+    EXPECT_EQ(first.operations(), removals());
 }
 
 TEST_F(Lifecycle, AfterUninitAppAcetIniSetAndAcetUiMessageHtmlAreStillDefinedAndEveryOtherNameIsGone)

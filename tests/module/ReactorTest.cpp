@@ -1,5 +1,7 @@
 #include "tests/module/ModuleTest.h"
 
+#include <algorithm>
+
 namespace {
 
 class Reactor : public ModuleTest
@@ -8,18 +10,32 @@ protected:
     RecordingHost m_host{RecordingHost::ReachedBy::GivenDocument};
 };
 
+class DocumentWithoutInterpreter final : public CFxDocument
+{
+    LispHost *lispHost() override { return nullptr; }
+};
+
 } // namespace
 
 TEST_F(Reactor, DefinesTheFunctionsWhenADocumentGetsItsInterpreter)
 {
     reactor()->DocumentLispLoaded(m_host.document());
     EXPECT_EQ(m_host.operations(), definitions());
+    EXPECT_TRUE(std::ranges::equal(m_host.definedHandlers(), functionTable(), {}, {}, &FunctionRow::handler));
 }
 
 TEST_F(Reactor, RemovesThemWhenTheInterpreterGoesAway)
 {
     reactor()->DocumentLispUnloaded(m_host.document());
     EXPECT_EQ(m_host.operations(), removals());
+}
+
+TEST_F(Reactor, PassesOverADocumentThatHasNoInterpreter)
+{
+    DocumentWithoutInterpreter document;
+    reactor()->DocumentLispLoaded(&document);
+    reactor()->DocumentLispUnloaded(&document);
+    EXPECT_EQ(m_host.operations(), Operations{});
 }
 
 TEST_F(Reactor, DoesNothingAtAnyOtherNotification)

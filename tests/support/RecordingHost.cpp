@@ -90,8 +90,9 @@ int RecordingHost::recordText(const char *name, const char16_t *text)
     return recordAnswered(name, operation(name, QString::fromUtf16(text)));
 }
 
-int RecordingHost::defun(const char16_t *name, LispHandler)
+int RecordingHost::defun(const char16_t *name, LispHandler handler)
 {
+    m_definedHandlers.push_back(handler);
     return recordText("defun", name);
 }
 

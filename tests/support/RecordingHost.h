@@ -35,6 +35,7 @@ public:
     void setArguments(const Arguments &arguments);
     void setAnswer(const std::string &operationName, int answer);
     const Operations &operations() const { return m_operations; }
+    const std::vector<LispHandler> &definedHandlers() const { return m_definedHandlers; } // of every defun, in order
     NodeStore &nodes() { return m_nodes; }
 
     int regApp(const char16_t *applicationName) override;
@@ -103,6 +104,7 @@ private:
     bool m_documentFetched = false;
     bool m_hostFetched = false;
     Operations m_operations;
+    std::vector<LispHandler> m_definedHandlers;
     std::map<std::string, int> m_answers;
     NodeStore m_nodes;
     resbuf *m_arguments = nullptr;

@@ -43,6 +43,12 @@ TEST_F(IniSetArguments, AnEmptySectionStandsForTheTopLevel)
     EXPECT_TRUE(content(m_file).contains("top=2\n"));
 }
 
+TEST_F(IniSetArguments, AnEmptySectionWithoutAKeyRemovesEveryKeyWithoutAWord)
+{
+    EXPECT_EQ(callWith({text(u"")}), (Operations{"getArgs", "retT", "releaseRb null"}));
+    EXPECT_EQ(content(m_file), "");
+}
+
 TEST_F(IniSetArguments, TheNodeWhereTheReadingStoppedIsReleased)
 {
     EXPECT_EQ(callWith({text(u"None"), nil(), text(u"x")}).back(), "releaseRb 3");
