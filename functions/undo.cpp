@@ -1,11 +1,11 @@
 #include "functions/undo.h"
 
+#include "functions/VersionText.h"
 #include "lisp/ActiveLispHost.h"
 #include "lisp/LispStatus.h"
 
-// The day is padded with a blank to two characters, so there are two blanks before a one-digit day.
 int acetUtilVer()
 {
-    activeLispHost()->retStr("LispExtension Version: " LISPEXTENSION_BUILD_DATE);
+    activeLispHost()->retStr(versionText);
     return StatusNormal;
 }
