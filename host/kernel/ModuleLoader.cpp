@@ -83,6 +83,8 @@ void ModuleLoader::load(const QString &path)
 
     void *handle = library->handle();
     OdRxModule *module = createModule(&handle);
+    if (handle) // a new module takes the handle over; the factory of one that exists already leaves it alone
+        throw ModuleError(path.toStdString() + ": is loaded already");
     if (!module)
         throw std::bad_alloc();
     module->initApp();

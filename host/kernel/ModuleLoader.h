@@ -25,7 +25,8 @@ public:
     ModuleLoader(const ModuleLoader &) = delete;
     ModuleLoader &operator=(const ModuleLoader &) = delete;
 
-    // Raises ModuleError when the file cannot be opened, is no module, or was built for another version of the SDK.
+    // Raises ModuleError when the file cannot be opened, is no module, was built for another version of the SDK, or is
+    // loaded already.
     void load(const QString &path);
     void unloadAll();
     QStringList paths() const; // in the order of loading

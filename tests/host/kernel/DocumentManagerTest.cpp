@@ -93,6 +93,15 @@ TEST(ModuleLoader, refusesWhatIsNoModule)
     EXPECT_FALSE(host.loadModule(u"/no/such/module.tx"));
 }
 
+TEST(ModuleLoader, refusesToLoadAModuleTwice)
+{
+    Host host;
+    host.modules().load(QStringLiteral(MODULE_FILE));
+    EXPECT_THROW(host.modules().load(QStringLiteral(MODULE_FILE)), ModuleError);
+    EXPECT_FALSE(host.loadModule(QStringLiteral(MODULE_FILE).toStdU16String()));
+    EXPECT_EQ(host.loadedModules().size(), 1u);
+}
+
 TEST(ModuleLoader, definesTheModulesFunctionsInOpenAndLaterDocuments)
 {
     Host host;
