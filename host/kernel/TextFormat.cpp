@@ -17,21 +17,21 @@ template <class Character> Character *allocateText(std::size_t length)
     return text;
 }
 
-// The specification of one conversion, "%-8.3f" for example, as 8-bit text for snprintf.
-std::string narrowed(std::u16string_view specification)
+// One conversion, "%-8.3f" for example, as 8-bit text for snprintf.
+std::string narrowed(std::u16string_view conversion)
 {
     std::string text;
-    for (const char16_t unit : specification)
+    for (const char16_t unit : conversion)
         text += static_cast<char>(unit);
     return text;
 }
 
-template <class Argument> std::u16string formatted(const std::string &specification, Argument argument)
+template <class Argument> std::u16string formatted(const std::string &conversion, Argument argument)
 {
     char buffer[512];
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral" // checked by formatText: one conversion, of the argument's type
-    const int length = std::snprintf(buffer, sizeof buffer, specification.c_str(), argument);
+    const int length = std::snprintf(buffer, sizeof buffer, conversion.c_str(), argument);
 #pragma GCC diagnostic pop
     const auto shown = std::clamp<std::size_t>(static_cast<std::size_t>(std::max(length, 0)), 0, sizeof buffer - 1);
     return std::u16string(buffer, buffer + shown);
@@ -67,7 +67,7 @@ std::u16string formatText(const char16_t *format, std::va_list arguments)
             break;
         const std::size_t kind = std::min(text.find_first_not_of(u"-+ #0123456789.", percent + 1), text.size());
         at = std::min(kind + 1, text.size());
-        const std::u16string_view specification = text.substr(percent, at - percent);
+        const std::u16string_view conversion = text.substr(percent, at - percent);
         switch (kind < text.size() ? text[kind] : u'\0') {
         case u's':
             if (const auto *argument = va_arg(arguments, const char16_t *))
@@ -79,18 +79,18 @@ std::u16string formatText(const char16_t *format, std::va_list arguments)
         case u'x':
         case u'X':
         case u'c':
-            result += formatted(narrowed(specification), va_arg(arguments, int));
+            result += formatted(narrowed(conversion), va_arg(arguments, int));
             break;
         case u'f':
         case u'e':
         case u'g':
-            result += formatted(narrowed(specification), va_arg(arguments, double));
+            result += formatted(narrowed(conversion), va_arg(arguments, double));
             break;
         case u'%':
             result += u'%';
             break;
         default:
-            result += specification;
+            result += conversion;
         }
     }
     return result;
