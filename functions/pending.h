@@ -5,7 +5,7 @@
 
 // The functions that are defined but not written yet. Nothing else says which they are: a row of the function table
 // compiles as a pending one only while its name stands here.
-inline constexpr std::array<std::string_view, 60> pendingFunctions = {
+inline constexpr auto pendingFunctions = std::to_array<std::string_view>({
     "acet-ent-geomextents",
     "acet-file-readdialog",
     "acet-file-writedialog",
@@ -66,7 +66,7 @@ inline constexpr std::array<std::string_view, 60> pendingFunctions = {
     "endAddTableTransaction",
     "acet-begin-undogroup",
     "acet-end-undogroup",
-};
+});
 
 constexpr bool isPending(std::string_view name)
 {
