@@ -10,12 +10,17 @@
 
 namespace {
 
+QString toQString(const std::string &text)
+{
+    return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 std::vector<QString> toQStrings(const std::vector<std::string> &texts)
 {
     std::vector<QString> result;
     result.reserve(texts.size());
     for (const std::string &text : texts)
-        result.push_back(QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size())));
+        result.push_back(toQString(text));
     return result;
 }
 
@@ -33,13 +38,17 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
     app.fallthrough();
     app.require_subcommand(0, 1);
     std::vector<std::string> files, expressions, modules;
-    std::string name, profile;
+    std::string name, profile, answers, transcript;
     bool noModule = false;
     app.add_option("--module", modules, "load this module (repeatable) instead of the one beside the program")
         ->type_name("FILE.tx")
         ->allow_extra_args(false);
     app.add_flag("--no-module", noModule, "load no module")->excludes("--module");
     app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
+
+    app.add_option("--answers", answers, "answer the programs' requests from this file")->type_name("FILE");
+    app.add_option("--transcript", transcript, "write requests, dialogs and launches to this file; -: standard error")
+        ->type_name("FILE");
 
     CLI::App *run = app.add_subcommand(
         "run", "Load programs in order. They find what follows -- as a list of strings in *arguments*.");
@@ -78,6 +87,8 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
             options.programArguments.push_back(QString::fromLocal8Bit(*argument));
     if (noModule || !modules.empty())
         options.modules = toQStrings(modules);
-    options.profileFolder = QString::fromLocal8Bit(profile.data(), static_cast<qsizetype>(profile.size()));
+    options.profileFolder = toQString(profile);
+    options.answersFile = toQString(answers);
+    options.transcriptFile = toQString(transcript);
     return parsed;
 }

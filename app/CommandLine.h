@@ -15,6 +15,8 @@ struct Options
     std::vector<QString> programArguments;       // after --
     std::optional<std::vector<QString>> modules; // nothing: the module beside the program
     QString profileFolder;                       // empty: the user's own
+    QString answersFile;                         // empty: no answers
+    QString transcriptFile;                      // empty: none; "-": standard error
 };
 
 enum ExitStatus : int { ExitFine = 0, ExitFailed = 1, ExitUsage = 2, ExitFile = 3 };

@@ -11,12 +11,27 @@
 using lisp::LispError;
 using lisp::Value;
 
-Session::Session(const Options &options) : m_document(&m_host.documents().open())
+Session::Session(const Options &options)
 {
+    connectServices(options);
+    m_document = &m_host.documents().open();
     machine().setConsole(&m_console);
     const QString besideProgram = programFolder() + QStringLiteral("/LispExtension.tx");
     for (const QString &module : options.modules.value_or(std::vector<QString>{besideProgram}))
         m_host.modules().load(module);
+}
+
+void Session::connectServices(const Options &options)
+{
+    HostServices &services = m_host.services();
+    services.print = [this](std::u16string_view text) { m_console.write(text); };
+    services.warn = [this](const QString &text) {
+        m_console.writeError((QStringLiteral("lisphost: ") + text + u'\n').toStdU16String());
+    };
+    if (!options.answersFile.isEmpty())
+        services.answers = AnswersFile::read(options.answersFile);
+    if (!options.transcriptFile.isEmpty())
+        services.transcript = Transcript(options.transcriptFile);
 }
 
 int Session::runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments)
@@ -36,7 +51,7 @@ int Session::runFile(const QString &path)
     QString failure;
     const std::optional<std::u16string> source = lisp::readSourceFile(path, failure);
     if (!source) {
-        m_console.writeError((QStringLiteral("lisphost: ") + failure + u'\n').toStdU16String());
+        m_host.services().warn(failure);
         return ExitFile;
     }
     // What the program loads in turn may stand beside it.

@@ -8,6 +8,7 @@
 class Session
 {
 public:
+    // Raises AnswersError, TranscriptError and ModuleError.
     explicit Session(const Options &options);
 
     // Both give an exit status. They stop at the first error, whose text and back trace go to standard error.
@@ -24,8 +25,9 @@ public:
 private:
     int runFile(const QString &path);
     int statusOf(const lisp::LispError &error);
+    void connectServices(const Options &options);
 
     TerminalConsole m_console;
     Host m_host;
-    Document *m_document;
+    Document *m_document = nullptr;
 };

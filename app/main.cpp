@@ -43,6 +43,12 @@ int execute(const Options &options)
     return Repl(session, options.profileFolder).run();
 }
 
+int reportFileError(const std::exception &error)
+{
+    std::fprintf(stderr, "lisphost: %s\n", error.what());
+    return ExitFile;
+}
+
 } // namespace
 
 int main(int argumentCount, char **arguments)
@@ -54,7 +60,10 @@ int main(int argumentCount, char **arguments)
     try {
         return execute(commandLine.options);
     } catch (const ModuleError &error) {
-        std::fprintf(stderr, "lisphost: %s\n", error.what());
-        return ExitFile;
+        return reportFileError(error);
+    } catch (const AnswersError &error) {
+        return reportFileError(error);
+    } catch (const TranscriptError &error) {
+        return reportFileError(error);
     }
 }

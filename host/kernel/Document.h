@@ -8,7 +8,7 @@
 class Document final : public CFxDocument
 {
 public:
-    Document() : m_lispHost(m_machine) {}
+    explicit Document(HostServices &services) : m_lispHost(m_machine, services) {}
 
     LispHost *lispHost() override { return &m_lispHost; }
     lisp::Machine &machine() { return m_machine; }

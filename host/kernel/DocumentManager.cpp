@@ -45,7 +45,7 @@ CFxDocument *DocumentManager::documentAt(std::uint16_t index) const
 
 Document &DocumentManager::open()
 {
-    Document &document = *m_documents.emplace_back(std::make_unique<Document>());
+    Document &document = *m_documents.emplace_back(std::make_unique<Document>(m_services));
     document.machine().setModuleService(&m_modules);
     notify(&Reactor::DocumentCreateStarted, &document);
     notify(&Reactor::DocumentCreated, &document);

@@ -11,8 +11,8 @@
 class DocumentManager final : public CFxDocumentManager
 {
 public:
-    // The machines of all documents ask this service about modules; it outlives the manager.
-    explicit DocumentManager(lisp::ModuleService &modules) : m_modules(modules) {}
+    // The machines of all documents ask `modules` about modules and share `services`; both outlive the manager.
+    DocumentManager(lisp::ModuleService &modules, HostServices &services) : m_modules(modules), m_services(services) {}
     ~DocumentManager();
 
     void addReactor(CFxDocumentManagerReactor *reactor) override;
@@ -32,6 +32,7 @@ private:
     void notify(void (CFxDocumentManagerReactor::*notification)(Parameters...), Arguments... arguments);
 
     lisp::ModuleService &m_modules;
+    HostServices &m_services;
     std::vector<std::unique_ptr<Document>> m_documents;
     std::vector<CFxDocumentManagerReactor *> m_reactors;
     Document *m_active = nullptr;

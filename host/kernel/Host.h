@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/kernel/DocumentManager.h"
+#include "host/kernel/HostServices.h"
 #include "host/kernel/ModuleLoader.h"
 #include "host/sdk/HostSdk.h"
 #include "sdk/fx/CFxSystemServices.h"
@@ -19,10 +20,12 @@ public:
     bool loadModule(std::u16string_view path) override;
     DocumentManager &documents() { return m_documents; }
     ModuleLoader &modules() { return m_modules; }
+    HostServices &services() { return m_services; }
 
 private:
     CFxDocument *activeDocument() override { return m_documents.active(); }
 
-    DocumentManager m_documents{*this};
+    HostServices m_services;
+    DocumentManager m_documents{*this, m_services};
     ModuleLoader m_modules;
 };

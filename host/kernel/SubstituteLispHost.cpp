@@ -23,7 +23,8 @@ using lisp::LispError;
 using lisp::Machine;
 using lisp::Value;
 
-SubstituteLispHost::SubstituteLispHost(Machine &machine) : m_machine(machine)
+SubstituteLispHost::SubstituteLispHost(Machine &machine, HostServices &services)
+    : m_machine(machine), m_services(services)
 {
     machine.setExternalCaller(this);
 }

@@ -5,12 +5,14 @@
 #include "host/kernel/NodePool.h"
 #include "lisp/LispHost.h"
 
+struct HostServices;
+
 // The LISP interface of one document: what a module sees of the interpreter, and how the interpreter calls a module.
 // Operations whose service this host does not have give the failure that their contract names.
 class SubstituteLispHost final : public LispHost, public lisp::ExternalCaller
 {
 public:
-    explicit SubstituteLispHost(lisp::Machine &machine);
+    SubstituteLispHost(lisp::Machine &machine, HostServices &services);
     ~SubstituteLispHost();
 
     std::size_t liveNodes() const { return m_pool.liveNodes(); }
@@ -76,6 +78,7 @@ private:
     resbuf *nodesOf(lisp::Value value);
 
     lisp::Machine &m_machine;
+    [[maybe_unused]] HostServices &m_services;
     NodePool m_pool;
     CallFrame *m_frame = nullptr; // of the running call; null between calls
 };

@@ -36,6 +36,18 @@ class Modules(LispHostTest):
         self.assert_fails(self.lisphost("--module", "./text.tx", "eval", "1"), 3, r"text\.tx")
 
 
+class AnswersAndTranscript(LispHostTest):
+    def test_answers_that_cannot_be_read_are_a_file_error(self):
+        self.assert_fails(self.lisphost("--answers", "missing.txt", "eval", "1"), 3, r"missing\.txt")
+
+    def test_an_answer_that_is_not_understood_is_a_file_error_with_its_line(self):
+        self.write("answers.txt", "; one\n@pres Yes\n")
+        self.assert_fails(self.lisphost("--answers", "answers.txt", "eval", "1"), 3, r"answers\.txt:2: .*@pres")
+
+    def test_a_transcript_that_cannot_be_written_is_a_file_error(self):
+        self.assert_fails(self.lisphost("--transcript", "missing/t.json", "eval", "1"), 3, r"missing/t\.json")
+
+
 class Doc(LispHostTest):
     def test_shows_how_a_function_is_called_and_what_it_does(self):
         outcome = self.lisphost("doc", "strlen")

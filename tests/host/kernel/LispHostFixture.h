@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/kernel/HostServices.h"
 #include "host/kernel/SubstituteLispHost.h"
 #include "lisp/LispStatus.h"
 #include "lisp/TypeCode.h"
@@ -22,7 +23,8 @@ protected:
     std::string printedText() const;
 
     lisp::Machine m_machine;
-    SubstituteLispHost m_host{m_machine};
+    HostServices m_services;
+    SubstituteLispHost m_host{m_machine, m_services};
     static std::function<int()> body;
 
 private:

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/kernel/input/AnswersFile.h"
+#include "host/kernel/input/ScriptedInput.h"
+#include "host/kernel/input/Transcript.h"
+
+#include <functional>
+#include <string_view>
+
+// What the documents of one host share. The owner of the host sets the members before the first document opens.
+struct HostServices
+{
+    HostServices() = default;
+    HostServices(const HostServices &) = delete;
+    HostServices &operator=(const HostServices &) = delete;
+
+    std::function<void(std::u16string_view)> print = [](std::u16string_view) {}; // on the command line
+    // The program's own words, one line without a newline, on standard error.
+    std::function<void(const QString &)> warn = [](const QString &) {};
+    AnswersFile answers;
+    Transcript transcript;
+    ScriptedInput scriptedInput{*this};
+    UserInput *input = &scriptedInput; // never null, not owned
+};
