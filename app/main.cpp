@@ -27,6 +27,14 @@ void raiseStackLimit()
 #endif
 }
 
+// Qt warns of what the library's callers find out by results, a file that cannot be opened for example. Programs have
+// to be free to try that, and standard error is for what this program and its LISP programs say themselves.
+void dropQtWarnings(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "lisphost: %s\n", message.toLocal8Bit().constData());
+}
+
 int execute(const Options &options)
 {
     Session session(options);
@@ -57,6 +65,7 @@ int main(int argumentCount, char **arguments)
     if (commandLine.exitStatus)
         return *commandLine.exitStatus;
     raiseStackLimit();
+    qInstallMessageHandler(dropQtWarnings);
     try {
         return execute(commandLine.options);
     } catch (const ModuleError &error) {

@@ -8,6 +8,8 @@
 #include <dlfcn.h>
 #endif
 
+#include <QFileInfo>
+
 #include <array>
 #include <new>
 
@@ -70,7 +72,8 @@ ModuleLoader::~ModuleLoader()
 
 void ModuleLoader::load(const QString &path)
 {
-    auto library = std::make_unique<Library>(path);
+    // The path has to hold after a change of the current directory, too: modules ask for their own file's name.
+    auto library = std::make_unique<Library>(QFileInfo(path).absoluteFilePath());
     const auto createModule = library->function<OdRxModuleFactory>("odrxCreateModuleObject");
     const auto apiVersion = library->function<OdRxApiVersionQuery>("odrxGetAPIVersion");
     if (!createModule || !apiVersion)

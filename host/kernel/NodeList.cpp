@@ -27,8 +27,7 @@ void takeArgument(resbuf &node, TextWidth width, std::va_list &arguments)
         if (width == TextWidth::Wide) {
             node.resval.string = duplicateWide(va_arg(arguments, const char16_t *));
         } else {
-            const std::string_view text(va_arg(arguments, const char *));
-            node.resval.narrowString = duplicateNarrow(std::u16string(text.begin(), text.end()));
+            node.resval.narrowString = duplicateNarrow(std::string_view(va_arg(arguments, const char *)));
         }
         break;
     case TypePoint2d:

@@ -10,7 +10,8 @@ class CallFrame;
 
 // Result-buffer nodes, pooled. Every node belongs to the call frame that asked for it until it is released; what a
 // handler leaves behind goes back to the pool when its frame closes. Builds with assertions abort on a node that is
-// released twice, that the running frame never gave, or that is written to after its release.
+// released twice, that the running frame never gave, or that is written to after its release; under the address
+// sanitizer reading a released node is an error, too.
 class NodePool
 {
 public:

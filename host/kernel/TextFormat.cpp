@@ -1,5 +1,7 @@
 #include "host/kernel/TextFormat.h"
 
+#include "host/interpreter/files/TextEncoding.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -48,11 +50,14 @@ char16_t *duplicateWide(std::u16string_view text)
 
 char *duplicateNarrow(std::u16string_view text)
 {
-    std::string bytes;
-    for (const char16_t unit : text)
-        bytes += unit < 0x80 ? static_cast<char>(unit) : '?';
-    char *copy = allocateText<char>(bytes.size());
-    std::copy(bytes.begin(), bytes.end(), copy);
+    const QByteArray bytes = lisp::encodedAsWindows1252(text);
+    return duplicateNarrow(std::string_view(bytes.data(), static_cast<std::size_t>(bytes.size())));
+}
+
+char *duplicateNarrow(std::string_view text)
+{
+    char *copy = allocateText<char>(text.size());
+    std::copy(text.begin(), text.end(), copy);
     return copy;
 }
 

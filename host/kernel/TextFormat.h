@@ -5,9 +5,10 @@
 #include <string_view>
 
 // NUL-terminated copies, allocated with malloc for a result-buffer node to own. Narrow text is in the ANSI code page;
-// what it cannot say becomes '?'.
+// what the code page lacks becomes \U+XXXX.
 char16_t *duplicateWide(std::u16string_view text);
 char *duplicateNarrow(std::u16string_view text);
+char *duplicateNarrow(std::string_view text); // 8-bit text as it stands
 
 // printf's formatting for UTF-16: %s takes UTF-16 text; d i u x X c f e g and %% as in C, with flags, width and
 // precision. A conversion that is none of these is printed as it stands.

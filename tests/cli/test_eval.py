@@ -27,6 +27,9 @@ class Eval(LispHostTest):
     def test_an_open_parenthesis_is_an_error(self):
         self.assert_fails(self.evaluate("(+ 1 2"), 1, "^error: ")
 
+    def test_a_failure_that_is_a_result_is_no_message(self):
+        self.assert_gives(self.evaluate('(acet-file-remove "")'), "0\n")
+
     def test_no_expression_is_a_usage_error(self):
         self.assert_fails(self.lisphost("eval"), 2, "(?i)expression|required")
 

@@ -1,6 +1,11 @@
 #include "host/kernel/Host.h"
 
 #include "sdk/fx/CFxDocumentManagerReactor.h"
+#include "sdk/oda/OdRxModule.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLibrary>
 
 #include <gmock/gmock.h>
 
@@ -100,6 +105,23 @@ TEST(ModuleLoader, refusesToLoadAModuleTwice)
     EXPECT_THROW(host.modules().load(QStringLiteral(MODULE_FILE)), ModuleError);
     EXPECT_FALSE(host.loadModule(QStringLiteral(MODULE_FILE).toStdU16String()));
     EXPECT_EQ(host.loadedModules().size(), 1u);
+}
+
+TEST(ModuleLoader, givesTheLibraryAPathThatHoldsAfterAChangeOfTheCurrentFolder)
+{
+    const QString before = QDir::currentPath();
+    const QFileInfo file(QStringLiteral(MODULE_FILE));
+    ASSERT_TRUE(QDir::setCurrent(file.path()));
+    Host host;
+    host.modules().load(file.fileName());
+    ASSERT_TRUE(QDir::setCurrent(before));
+
+    QLibrary library(file.filePath());
+    const auto createModule = reinterpret_cast<OdRxModuleFactory>(library.resolve("odrxCreateModuleObject"));
+    ASSERT_NE(createModule, nullptr);
+    void *handle = nullptr;
+    const OdString name = createModule(&handle)->moduleName(); // the module that is loaded already
+    EXPECT_EQ(QString::fromUtf16(name.c_str()), file.filePath());
 }
 
 TEST(ModuleLoader, definesTheModulesFunctionsInOpenAndLaterDocuments)

@@ -3,6 +3,14 @@
 
 #include "tests/host/kernel/LispHostFixture.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+#define ADDRESS_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ADDRESS_SANITIZER
+#endif
+#endif
+
 using NodeChecks = LispHostTest;
 
 TEST_F(NodeChecks, nodesThatWereNotReleasedGoBackToThePool)
@@ -87,7 +95,7 @@ TEST_F(NodeChecksDeathTest, writeAfterRelease)
         m_host.newRb(TypeShort);
         return int(StatusNormal);
     };
-    EXPECT_DEATH(evaluate("(test)"), "after its release");
+    EXPECT_DEATH(evaluate("(test)"), "after its release|use-after-poison");
 }
 
 TEST_F(NodeChecksDeathTest, secondResult)
@@ -99,4 +107,16 @@ TEST_F(NodeChecksDeathTest, secondResult)
     EXPECT_DEATH(evaluate("(test)"), "second result");
 }
 
+#endif
+
+#ifdef ADDRESS_SANITIZER
+TEST_F(NodeChecksDeathTest, readAfterRelease)
+{
+    body = [&] {
+        resbuf *node = m_host.newRb(TypeShort);
+        m_host.releaseRb(node);
+        return int(node->resval.shortInteger);
+    };
+    EXPECT_DEATH(evaluate("(test)"), "use-after-poison");
+}
 #endif

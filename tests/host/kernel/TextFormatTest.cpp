@@ -33,9 +33,9 @@ TEST(TextFormat, whatIsNoConversionStandsAsItIs)
     EXPECT_EQ(format(u""), u"");
 }
 
-TEST(TextFormat, narrowCopiesShowAQuestionMarkForWhatTheyCannotSay)
+TEST(TextFormat, narrowCopiesAreInTheCodePageAndLoseNothing)
 {
-    char *text = duplicateNarrow(u"a\u4E00b");
-    EXPECT_STREQ(text, "a?b");
+    char *text = duplicateNarrow(u"\u00E4\u20AC\u4E00b");
+    EXPECT_STREQ(text, "\xE4\x80\\U+4E00b");
     std::free(text);
 }
