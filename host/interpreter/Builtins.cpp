@@ -88,6 +88,12 @@ ArgumentRange argumentRange(std::string_view signature)
     return range;
 }
 
+void defineBuiltins(Machine &machine, std::span<const BuiltinRow> family)
+{
+    for (const BuiltinRow &row : family)
+        machine.define(row.name, row.signature, row.description, row.handler);
+}
+
 void defineBuiltins(Machine &machine)
 {
     for (const SpecialForm &form : specialForms())
@@ -96,8 +102,7 @@ void defineBuiltins(Machine &machine)
          {listBuiltins(), numberBuiltins(), comparisonBuiltins(), geometryBuiltins(), functionBuiltins(),
           sequenceBuiltins(), symbolBuiltins(), outputBuiltins(), stringBuiltins(), conversionBuiltins(),
           fileBuiltins(), fileNameBuiltins(), systemBuiltins()})
-        for (const BuiltinRow &row : family)
-            machine.define(row.name, row.signature, row.description, row.handler);
+        defineBuiltins(machine, family);
     machine.intern(u"PI")->value = Value::real(std::numbers::pi);
     machine.intern(u"PAUSE")->value = machine.string(u"\\");
 }

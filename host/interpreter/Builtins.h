@@ -82,6 +82,8 @@ std::span<const BuiltinRow> systemBuiltins();     // builtins/System.cpp
 
 // Defines all built-ins and special forms in a new machine.
 void defineBuiltins(Machine &machine);
+// Defines a family in addition, one of the host's for example.
+void defineBuiltins(Machine &machine, std::span<const BuiltinRow> family);
 
 struct ArgumentRange
 {

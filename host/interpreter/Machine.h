@@ -43,6 +43,14 @@ protected:
     ~ExternalCaller() = default;
 };
 
+// What a machine belongs to. A host that adds built-ins of its own derives from it and finds itself again through
+// Machine::owner().
+class MachineOwner
+{
+protected:
+    ~MachineOwner() = default;
+};
+
 // How numbers become text where a program names no mode of its own: the drawing's unit variables.
 struct UnitVariables
 {
@@ -96,6 +104,10 @@ public:
     // Null where the host has no modules.
     void setModuleService(ModuleService *service) { m_moduleService = service; }
     ModuleService *moduleService() const { return m_moduleService; }
+
+    // Null in a machine that stands alone.
+    void setOwner(MachineOwner *owner) { m_owner = owner; }
+    MachineOwner *owner() const { return m_owner; }
 
     void setConsole(Console *console) { m_console = console; }
     void write(std::u16string_view text)
@@ -210,6 +222,7 @@ private:
     std::vector<std::unique_ptr<std::u16string>> m_files;
     ExternalCaller *m_externalCaller = nullptr;
     ModuleService *m_moduleService = nullptr;
+    MachineOwner *m_owner = nullptr;
     Console *m_console = nullptr;
     UnitVariables m_unitVariables;
     std::vector<std::u16string> m_searchFolders;

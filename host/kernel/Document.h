@@ -5,15 +5,22 @@
 #include "sdk/fx/CFxDocument.h"
 
 // An open document with its own LISP namespace.
-class Document final : public CFxDocument
+class Document final : public CFxDocument, public lisp::MachineOwner
 {
 public:
-    explicit Document(HostServices &services) : m_lispHost(m_machine, services) {}
+    explicit Document(HostServices &services);
+    ~Document();
+
+    // The document whose machine this is. Only for machines of documents, as those are that have the host's built-ins.
+    static Document &of(lisp::Machine &machine) { return *static_cast<Document *>(machine.owner()); }
 
     LispHost *lispHost() override { return &m_lispHost; }
     lisp::Machine &machine() { return m_machine; }
+    HostServices &services() { return m_services; }
+    Prompter &prompter() { return m_lispHost.prompter(); }
 
 private:
+    HostServices &m_services;
     lisp::Machine m_machine;
     SubstituteLispHost m_lispHost;
 };

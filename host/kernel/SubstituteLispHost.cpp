@@ -24,7 +24,7 @@ using lisp::Machine;
 using lisp::Value;
 
 SubstituteLispHost::SubstituteLispHost(Machine &machine, HostServices &services)
-    : m_machine(machine), m_services(services)
+    : m_machine(machine), m_prompter(services, machine)
 {
     machine.setExternalCaller(this);
 }
@@ -199,11 +199,9 @@ void SubstituteLispHost::prependRb(resbuf *list, int typeCode, void *value)
 int SubstituteLispHost::getEnvVar(const char *name, int, int, int capacity, char16_t *buffer)
 {
     const char *value = std::getenv(name);
-    if (!value || capacity < 1)
+    if (!value)
         return StatusError;
-    const QString text = QString::fromLocal8Bit(value).left(capacity - 1);
-    *std::copy_n(reinterpret_cast<const char16_t *>(text.utf16()), text.size(), buffer) = u'\0';
-    return StatusNormal;
+    return copyText(QString::fromLocal8Bit(value).toStdU16String(), buffer, capacity) ? StatusNormal : StatusError;
 }
 
 int SubstituteLispHost::wcMatch(const char16_t *text, const char16_t *pattern)

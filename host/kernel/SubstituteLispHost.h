@@ -3,6 +3,7 @@
 #include "host/interpreter/Machine.h"
 #include "host/kernel/CallFrame.h"
 #include "host/kernel/NodePool.h"
+#include "host/kernel/input/Prompter.h"
 #include "lisp/LispHost.h"
 
 struct HostServices;
@@ -15,6 +16,7 @@ public:
     SubstituteLispHost(lisp::Machine &machine, HostServices &services);
     ~SubstituteLispHost();
 
+    Prompter &prompter() { return m_prompter; }
     std::size_t liveNodes() const { return m_pool.liveNodes(); }
 
     lisp::Value call(lisp::Machine &machine, const lisp::External &function, lisp::Args arguments) override;
@@ -78,7 +80,7 @@ private:
     resbuf *nodesOf(lisp::Value value);
 
     lisp::Machine &m_machine;
-    [[maybe_unused]] HostServices &m_services;
+    Prompter m_prompter;
     NodePool m_pool;
     CallFrame *m_frame = nullptr; // of the running call; null between calls
 };

@@ -61,6 +61,15 @@ char *duplicateNarrow(std::string_view text)
     return copy;
 }
 
+bool copyText(std::u16string_view text, char16_t *buffer, int capacity)
+{
+    if (capacity < 1)
+        return false;
+    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(capacity) - 1);
+    *std::copy_n(text.data(), length, buffer) = u'\0';
+    return true;
+}
+
 std::u16string formatText(const char16_t *format, std::va_list arguments)
 {
     const std::u16string_view text(format);

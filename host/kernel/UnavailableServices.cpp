@@ -1,4 +1,4 @@
-// Operations of the LISP interface that need a drawing, a person or the profile store. This host has none of them yet:
+// Operations of the LISP interface that need a drawing, a window or the profile store. This host has none of them yet:
 // each answers with the failure that a module must expect from a host without the service, and pretends nothing.
 
 #include "host/kernel/SubstituteLispHost.h"
@@ -51,26 +51,6 @@ int SubstituteLispHost::entMod(const resbuf *)
 resbuf *SubstituteLispHost::tblSearch(const char16_t *, const char16_t *, int)
 {
     return nullptr;
-}
-
-int SubstituteLispHost::initGet(int, const char16_t *)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::getInt(const char16_t *, std::int32_t *)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::getInput(char16_t *, int)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::getString(int, const char16_t *, char16_t *, int)
-{
-    return StatusError;
 }
 
 int SubstituteLispHost::menuCmd(const char16_t *)

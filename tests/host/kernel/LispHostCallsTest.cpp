@@ -134,11 +134,28 @@ TEST_F(LispHostCalls, smallServices)
     EXPECT_EQ(m_host.getEnvVar("KERNEL_TEST_MISSING", 0, 0, 4, value), StatusError);
 }
 
+TEST_F(LispHostCalls, requestsToThePerson)
+{
+    m_services.answers = AnswersFile::fromText(u"12\ntrue\nlong text\n", QString());
+    std::int32_t number = 0;
+    char16_t text[5] = u"";
+    EXPECT_EQ(m_host.initGet(6, u"Truecolor"), StatusNormal);
+    EXPECT_EQ(m_host.getInt(u"Color: ", &number), StatusNormal);
+    EXPECT_EQ(number, 12);
+    m_host.initGet(6, u"TRUecolor");
+    EXPECT_EQ(m_host.getInt(u"Color: ", &number), StatusKeyword);
+    EXPECT_EQ(m_host.getInput(text, 5), StatusNormal);
+    EXPECT_EQ(utf8(text), "TRUe"); // cut to the buffer
+    EXPECT_EQ(m_host.getString(1, u"Name: ", text, 5), StatusNormal);
+    EXPECT_EQ(utf8(text), "long");
+    EXPECT_EQ(m_host.getString(1, u"Name: ", text, 5), StatusCancelled);
+    EXPECT_EQ(m_host.getInt(u"Color: ", &number), StatusCancelled);
+}
+
 TEST_F(LispHostCalls, servicesThatThisHostLacksFail)
 {
     LispName name{};
     LispPoint point{};
-    std::int32_t number = 0;
     char16_t text[8] = u"";
     EXPECT_EQ(m_host.regApp(u"APP"), StatusError);
     EXPECT_EQ(m_host.getVar(u"CMDECHO", nullptr), StatusError);
@@ -146,7 +163,6 @@ TEST_F(LispHostCalls, servicesThatThisHostLacksFail)
     EXPECT_EQ(m_host.progressSet(5), 0);
     EXPECT_EQ(m_host.entGet(&name, true), nullptr);
     EXPECT_EQ(m_host.entMod(nullptr), StatusError);
-    EXPECT_EQ(m_host.getInt(u"", &number), StatusError);
     EXPECT_EQ(m_host.getEntityExtents(&name, &point, &point), StatusError);
     EXPECT_EQ(m_host.getProfileString(u"s", u"k", u"d", text, 8), StatusError);
     EXPECT_EQ(m_host.namedObjDict(&name), StatusError);

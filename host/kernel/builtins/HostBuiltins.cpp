@@ -1,0 +1,7 @@
+#include "host/kernel/builtins/HostBuiltins.h"
+
+void defineHostBuiltins(lisp::Machine &machine)
+{
+    for (const auto family : {inputBuiltins()})
+        lisp::defineBuiltins(machine, family);
+}

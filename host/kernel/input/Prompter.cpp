@@ -1,0 +1,230 @@
+#include "host/kernel/input/Prompter.h"
+
+#include "host/kernel/HostServices.h"
+#include "lisp/LispStatus.h"
+
+#include <QStringView>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace {
+
+using Kind = InputRequest::Kind;
+
+constexpr std::u16string_view InvalidPoint = u"Invalid point.";
+
+std::optional<std::u16string_view> complaintAbout(double value, int bits)
+{
+    const bool noZero = bits & InputOptions::NoZero, noNegative = bits & InputOptions::NoNegative;
+    if (noZero && noNegative && value <= 0)
+        return u"Value must be positive and nonzero.";
+    if (noZero && value == 0)
+        return u"Value must be nonzero.";
+    if (noNegative && value < 0)
+        return u"Value must be positive.";
+    return std::nullopt;
+}
+
+double directionFrom(const LispPoint &from, const LispPoint &to)
+{
+    const double direction = std::atan2(to.y - from.y, to.x - from.x);
+    return direction < 0 ? direction + 2 * std::numbers::pi : direction;
+}
+
+double distanceBetween(const LispPoint &from, const LispPoint &to)
+{
+    return std::hypot(to.x - from.x, to.y - from.y, to.z - from.z);
+}
+
+} // namespace
+
+CoordinateContext Prompter::context() const
+{
+    return {m_machine.unitVariables(), lastPoint, angleBase, clockwise};
+}
+
+int Prompter::ask(Kind kind, std::u16string_view prompt, const InputOptions &options, const Reader &read)
+{
+    for (;;) {
+        const InputReply reply = m_services.input->request({kind, std::u16string(prompt)});
+        if (reply.kind != InputReply::Kind::Text)
+            return StatusCancelled;
+        if (reply.text.empty() && !(options.bits & InputOptions::NoEmptyInput))
+            return StatusNoInput;
+        if (std::optional<std::u16string> keyword = options.keywords.match(reply.text)) {
+            m_lastInput = std::move(*keyword);
+            return StatusKeyword;
+        }
+        const Complaint complaint = read(reply.text);
+        if (!complaint)
+            return StatusNormal;
+        if (options.bits & InputOptions::ArbitraryInput && !reply.text.empty()) {
+            m_lastInput = reply.text;
+            return StatusKeyword;
+        }
+        m_services.print(std::u16string(*complaint) + u'\n');
+    }
+}
+
+int Prompter::integer(std::u16string_view prompt, std::int32_t &value)
+{
+    const InputOptions options = takeOptions();
+    return ask(Kind::Integer, prompt, options, [&](std::u16string_view text) -> Complaint {
+        bool isNumber = false;
+        const int number = QStringView(text.data(), static_cast<qsizetype>(text.size())).trimmed().toInt(&isNumber);
+        if (!isNumber)
+            return u"Requires an integer value.";
+        using Short = std::numeric_limits<std::int16_t>;
+        if (number < Short::min() || number > Short::max())
+            return u"Requires an integer between -32768 and 32767.";
+        if (const Complaint complaint = complaintAbout(number, options.bits))
+            return complaint;
+        value = number;
+        return std::nullopt;
+    });
+}
+
+int Prompter::real(std::u16string_view prompt, double &value)
+{
+    const InputOptions options = takeOptions();
+    return ask(Kind::Real, prompt, options, [&](std::u16string_view text) -> Complaint {
+        const std::optional<double> number = distanceFromText(text, context());
+        if (!number)
+            return u"Requires numeric value.";
+        if (const Complaint complaint = complaintAbout(*number, options.bits))
+            return complaint;
+        value = *number;
+        return std::nullopt;
+    });
+}
+
+int Prompter::string(bool allowBlanks, std::u16string_view prompt, std::u16string &value)
+{
+    takeOptions();
+    InputReply reply = m_services.input->request({Kind::String, std::u16string(prompt)});
+    if (reply.kind != InputReply::Kind::Text)
+        return StatusCancelled;
+    if (!allowBlanks) // the blank ends the input as Enter does
+        reply.text.resize(std::min(reply.text.find(u' '), reply.text.size()));
+    value = std::move(reply.text);
+    return StatusNormal;
+}
+
+int Prompter::keyword(std::u16string_view prompt)
+{
+    const InputOptions options = takeOptions();
+    const auto refuse = [](std::u16string_view) -> Complaint { return u"Invalid option keyword."; };
+    const int status = ask(Kind::Keyword, prompt, options, refuse);
+    return status == StatusKeyword ? StatusNormal : status;
+}
+
+int Prompter::askPoint(Kind kind, std::u16string_view prompt, LispPoint &value)
+{
+    const InputOptions options = takeOptions();
+    return ask(kind, prompt, options, [&](std::u16string_view text) -> Complaint {
+        const std::optional<LispPoint> point = pointFromText(text, context());
+        if (!point)
+            return InvalidPoint;
+        value = lastPoint = *point;
+        return std::nullopt;
+    });
+}
+
+int Prompter::point(std::u16string_view prompt, const LispPoint *, LispPoint &value)
+{
+    return askPoint(Kind::Point, prompt, value);
+}
+
+int Prompter::corner(std::u16string_view prompt, const LispPoint &, LispPoint &value)
+{
+    return askPoint(Kind::Corner, prompt, value);
+}
+
+int Prompter::askSecondPoint(LispPoint first, LispPoint &second)
+{
+    lastPoint = first;
+    return ask(Kind::Point, u"Specify second point: ", {InputOptions::NoEmptyInput, {}},
+               [&](std::u16string_view text) -> Complaint {
+                   const std::optional<LispPoint> point = pointFromText(text, context());
+                   if (!point)
+                       return InvalidPoint;
+                   second = lastPoint = *point;
+                   return std::nullopt;
+               });
+}
+
+int Prompter::distance(std::u16string_view prompt, const LispPoint *base, double &value)
+{
+    const InputOptions options = takeOptions();
+    std::optional<LispPoint> picked;
+    const int status = ask(Kind::Distance, prompt, options, [&](std::u16string_view text) -> Complaint {
+        std::optional<double> length = distanceFromText(text, context());
+        picked = length ? std::nullopt : pointFromText(text, context());
+        if (picked && base)
+            length = distanceBetween(*base, *picked);
+        if (!length)
+            return picked ? Complaint() : u"Requires numeric distance or two points.";
+        if (const Complaint complaint = complaintAbout(*length, options.bits))
+            return complaint;
+        value = *length;
+        return std::nullopt;
+    });
+    if (status != StatusNormal || !picked)
+        return status;
+    if (base) {
+        lastPoint = *picked;
+        return StatusNormal;
+    }
+    LispPoint second{};
+    const int secondStatus = askSecondPoint(*picked, second);
+    if (secondStatus == StatusNormal)
+        value = distanceBetween(*picked, second);
+    return secondStatus;
+}
+
+int Prompter::angle(std::u16string_view prompt, const LispPoint *base, double &value)
+{
+    double direction = 0;
+    const int status = askDirection(prompt, base, direction);
+    if (status == StatusNormal) {
+        const double fromBase = direction - angleBase;
+        value = fromBase < 0 ? fromBase + 2 * std::numbers::pi : fromBase;
+    }
+    return status;
+}
+
+int Prompter::orientation(std::u16string_view prompt, const LispPoint *base, double &value)
+{
+    return askDirection(prompt, base, value);
+}
+
+int Prompter::askDirection(std::u16string_view prompt, const LispPoint *base, double &direction)
+{
+    const InputOptions options = takeOptions();
+    std::optional<LispPoint> picked;
+    const int status = ask(Kind::Angle, prompt, options, [&](std::u16string_view text) -> Complaint {
+        const std::optional<double> typed = angleFromText(text, context());
+        picked = typed ? std::nullopt : pointFromText(text, context());
+        if (!typed)
+            return picked ? Complaint() : u"Requires valid numeric angle or two points.";
+        if (options.bits & InputOptions::NoZero && *typed == 0)
+            return u"Value must be nonzero.";
+        direction = directionOf(*typed, context());
+        return std::nullopt;
+    });
+    if (status != StatusNormal || !picked)
+        return status;
+    if (base) {
+        lastPoint = *picked;
+        direction = directionFrom(*base, *picked);
+        return StatusNormal;
+    }
+    LispPoint second{};
+    const int secondStatus = askSecondPoint(*picked, second);
+    if (secondStatus == StatusNormal)
+        direction = directionFrom(*picked, second);
+    return secondStatus;
+}
