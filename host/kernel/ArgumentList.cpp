@@ -1,6 +1,7 @@
 #include "host/kernel/ArgumentList.h"
 
 #include "host/interpreter/Compiler.h"
+#include "host/kernel/PointValues.h"
 #include "host/kernel/TextFormat.h"
 #include "lisp/TypeCode.h"
 
@@ -54,17 +55,10 @@ void ArgumentList::addString(std::u16string_view text)
 
 bool ArgumentList::addPoint(Value list)
 {
-    double coordinates[3] = {0, 0, 0};
-    int count = 0;
-    for (; list.isCons(); list = list.asCons()->cdr, ++count) {
-        if (count == 3 || !list.asCons()->car.isNumber())
-            return false;
-        coordinates[count] = list.asCons()->car.asDouble();
-    }
-    if (count < 2 || !list.isNil())
-        return false;
-    addNode(count == 2 ? TypePoint2d : TypePoint3d)->resval.point = {coordinates[0], coordinates[1], coordinates[2]};
-    return true;
+    const std::optional<PointList> points = pointListOf(list);
+    if (points)
+        addNode(points->count == 2 ? TypePoint2d : TypePoint3d)->resval.point = points->point;
+    return points.has_value();
 }
 
 void ArgumentList::addList(Value list)

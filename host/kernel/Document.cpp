@@ -1,9 +1,13 @@
 #include "host/kernel/Document.h"
 
 #include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/variables/HostVariables.h"
 
-Document::Document(HostServices &services) : m_services(services), m_lispHost(m_machine, services)
+Document::Document(HostServices &services) : m_services(services), m_lispHost(m_machine, services, m_variables)
 {
+    bindUnits(m_variables, m_machine.unitVariables());
+    bindInput(m_variables, prompter());
+    computeEnvironment(m_variables);
     m_machine.setOwner(this);
     defineHostBuiltins(m_machine);
 }

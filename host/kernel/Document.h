@@ -2,6 +2,7 @@
 
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
+#include "host/kernel/variables/SystemVariables.h"
 #include "sdk/fx/CFxDocument.h"
 
 // An open document with its own LISP namespace.
@@ -17,10 +18,12 @@ public:
     LispHost *lispHost() override { return &m_lispHost; }
     lisp::Machine &machine() { return m_machine; }
     HostServices &services() { return m_services; }
+    SystemVariables &variables() { return m_variables; }
     Prompter &prompter() { return m_lispHost.prompter(); }
 
 private:
     HostServices &m_services;
     lisp::Machine m_machine;
+    SystemVariables m_variables;
     SubstituteLispHost m_lispHost;
 };

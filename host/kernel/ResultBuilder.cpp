@@ -1,5 +1,6 @@
 #include "host/kernel/ResultBuilder.h"
 
+#include "host/kernel/PointValues.h"
 #include "lisp/TypeCode.h"
 
 #include <string_view>
@@ -43,9 +44,9 @@ public:
         case TypeReal:
             return Value::canonicalReal(node.resval.real);
         case TypePoint2d:
-            return point(node.resval.point, 2);
+            return pointValue(m_machine, node.resval.point, 2);
         case TypePoint3d:
-            return point(node.resval.point, 3);
+            return pointValue(m_machine, node.resval.point, 3);
         case TypeShort:
             return Value::integer(node.resval.shortInteger);
         case TypeLong:
@@ -65,16 +66,6 @@ public:
     bool lastWasClosed() const { return m_closed; }
 
 private:
-    Value point(const LispPoint &point, int count)
-    {
-        ListBuilder coordinates(m_machine.heap());
-        coordinates.add(Value::canonicalReal(point.x));
-        coordinates.add(Value::canonicalReal(point.y));
-        if (count == 3)
-            coordinates.add(Value::canonicalReal(point.z));
-        return coordinates.list();
-    }
-
     Machine &m_machine;
     const resbuf *m_next;
     bool m_closed = false;

@@ -23,8 +23,8 @@ using lisp::LispError;
 using lisp::Machine;
 using lisp::Value;
 
-SubstituteLispHost::SubstituteLispHost(Machine &machine, HostServices &services)
-    : m_machine(machine), m_prompter(services, machine)
+SubstituteLispHost::SubstituteLispHost(Machine &machine, HostServices &services, SystemVariables &variables)
+    : m_machine(machine), m_variables(variables), m_prompter(services, machine)
 {
     machine.setExternalCaller(this);
 }

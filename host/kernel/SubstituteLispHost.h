@@ -6,6 +6,7 @@
 #include "host/kernel/input/Prompter.h"
 #include "lisp/LispHost.h"
 
+class SystemVariables;
 struct HostServices;
 
 // The LISP interface of one document: what a module sees of the interpreter, and how the interpreter calls a module.
@@ -13,7 +14,7 @@ struct HostServices;
 class SubstituteLispHost final : public LispHost, public lisp::ExternalCaller
 {
 public:
-    SubstituteLispHost(lisp::Machine &machine, HostServices &services);
+    SubstituteLispHost(lisp::Machine &machine, HostServices &services, SystemVariables &variables);
     ~SubstituteLispHost();
 
     Prompter &prompter() { return m_prompter; }
@@ -80,6 +81,7 @@ private:
     resbuf *nodesOf(lisp::Value value);
 
     lisp::Machine &m_machine;
+    SystemVariables &m_variables;
     Prompter m_prompter;
     NodePool m_pool;
     CallFrame *m_frame = nullptr; // of the running call; null between calls

@@ -14,16 +14,6 @@ int SubstituteLispHost::commandNarrow(const resbuf *)
     return StatusError;
 }
 
-int SubstituteLispHost::setVar(const char16_t *, const resbuf *)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::getVar(const char16_t *, resbuf *)
-{
-    return StatusError;
-}
-
 void SubstituteLispHost::progressStart(const char16_t *) {}
 
 void SubstituteLispHost::progressEnd() {}

@@ -2,6 +2,6 @@
 
 void defineHostBuiltins(lisp::Machine &machine)
 {
-    for (const auto family : {inputBuiltins()})
+    for (const auto family : {inputBuiltins(), variableBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

@@ -1,6 +1,7 @@
 // Requests to the person at the command line: initget and the get… functions.
 
 #include "host/kernel/Document.h"
+#include "host/kernel/PointValues.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "lisp/LispStatus.h"
 
@@ -30,28 +31,14 @@ template <class MakeValue> Value answer(Machine &machine, int status, MakeValue 
     }
 }
 
-Value pointValue(Machine &machine, const LispPoint &point)
-{
-    lisp::ListBuilder list(machine.heap());
-    for (const double coordinate : {point.x, point.y, point.z})
-        list.add(Value::canonicalReal(coordinate));
-    return list.list();
-}
-
 std::optional<LispPoint> pointArgument(Args arguments, std::uint32_t index)
 {
     if (!arguments.has(index) || arguments[index].isNil())
         return std::nullopt;
-    double coordinates[3] = {0, 0, 0};
-    std::size_t count = 0;
-    for (const Value item : lisp::ListItems(arguments.list(index))) {
-        if (!item.isNumber() || count == 3)
-            lisp::badArgument(u"point:", arguments[index]);
-        coordinates[count++] = item.asDouble();
-    }
-    if (count < 2)
+    const std::optional<PointList> list = pointListOf(arguments[index]);
+    if (!list)
         lisp::badArgument(u"point:", arguments[index]);
-    return LispPoint{coordinates[0], coordinates[1], coordinates[2]};
+    return list->point;
 }
 
 // The optional base point and prompt of the point functions stand in any order: (getdist [POINT] [PROMPT]).
@@ -113,7 +100,7 @@ Value getPoint(Machine &machine, Args arguments)
     const PointRequest request(arguments);
     LispPoint point{};
     const int status = Document::of(machine).prompter().point(request.prompt, request.basePoint(), point);
-    return answer(machine, status, [&] { return pointValue(machine, point); });
+    return answer(machine, status, [&] { return pointValue(machine, point, 3); });
 }
 
 Value getCorner(Machine &machine, Args arguments)
@@ -123,7 +110,7 @@ Value getCorner(Machine &machine, Args arguments)
         lisp::badArgument(u"point:", arguments[0]);
     LispPoint point{};
     const int status = Document::of(machine).prompter().corner(promptOf(arguments, 1), *base, point);
-    return answer(machine, status, [&] { return pointValue(machine, point); });
+    return answer(machine, status, [&] { return pointValue(machine, point, 3); });
 }
 
 template <int (Prompter::*Request)(std::u16string_view, const LispPoint *, double &)>

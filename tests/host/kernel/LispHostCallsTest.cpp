@@ -152,14 +152,28 @@ TEST_F(LispHostCalls, requestsToThePerson)
     EXPECT_EQ(m_host.getInt(u"Color: ", &number), StatusCancelled);
 }
 
+TEST_F(LispHostCalls, systemVariables)
+{
+    resbuf node{};
+    EXPECT_EQ(m_host.getVar(u"CMDECHO", &node), StatusNormal);
+    EXPECT_EQ(node.restype, TypeShort);
+    EXPECT_EQ(node.resval.longInteger, 1);
+    node.resval.longInteger = 0;
+    EXPECT_EQ(m_host.setVar(u"cmdecho", &node), StatusNormal);
+    EXPECT_EQ(m_host.getVar(u"CMDECHO", &node), StatusNormal);
+    EXPECT_EQ(node.resval.longInteger, 0);
+    EXPECT_EQ(m_host.setVar(u"CLAYER", &node), StatusError);
+    EXPECT_EQ(m_host.getVar(u"NOSUCH", &node), StatusError);
+    EXPECT_EQ(m_host.getVar(u"CMDECHO", nullptr), StatusError);
+    EXPECT_EQ(m_host.setVar(u"CMDECHO", nullptr), StatusError);
+}
+
 TEST_F(LispHostCalls, servicesThatThisHostLacksFail)
 {
     LispName name{};
     LispPoint point{};
     char16_t text[8] = u"";
     EXPECT_EQ(m_host.regApp(u"APP"), StatusError);
-    EXPECT_EQ(m_host.getVar(u"CMDECHO", nullptr), StatusError);
-    EXPECT_EQ(m_host.setVar(u"CMDECHO", nullptr), StatusError);
     EXPECT_EQ(m_host.progressSet(5), 0);
     EXPECT_EQ(m_host.entGet(&name, true), nullptr);
     EXPECT_EQ(m_host.entMod(nullptr), StatusError);

@@ -2,6 +2,7 @@
 
 #include "host/kernel/HostServices.h"
 #include "host/kernel/SubstituteLispHost.h"
+#include "host/kernel/variables/SystemVariables.h"
 #include "lisp/LispStatus.h"
 #include "lisp/TypeCode.h"
 
@@ -24,7 +25,8 @@ protected:
 
     lisp::Machine m_machine;
     HostServices m_services;
-    SubstituteLispHost m_host{m_machine, m_services};
+    SystemVariables m_variables;
+    SubstituteLispHost m_host{m_machine, m_services, m_variables};
     static std::function<int()> body;
 
 private:

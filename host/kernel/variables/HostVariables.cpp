@@ -1,0 +1,80 @@
+#include "host/kernel/variables/HostVariables.h"
+
+#include "host/interpreter/Machine.h"
+#include "host/kernel/input/Prompter.h"
+#include "host/kernel/variables/SystemVariables.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QSysInfo>
+
+#include <chrono>
+
+namespace {
+
+constexpr double MillisecondsPerDay = 24.0 * 60 * 60 * 1000;
+
+// Year, month and day in front of the point, the time of day behind it: 20251231.235959999.
+double calendarDate(const QDateTime &time)
+{
+    const QDate date = time.date();
+    const QTime clock = time.time();
+    const int day = date.year() * 10000 + date.month() * 100 + date.day();
+    return day + clock.hour() / 1e2 + clock.minute() / 1e4 + clock.second() / 1e6 + clock.msec() / 1e9;
+}
+
+// Days of the Julian calendar, with the part of the day since midnight.
+double julianDate(const QDateTime &time)
+{
+    return static_cast<double>(time.date().toJulianDay()) + time.time().msecsSinceStartOfDay() / MillisecondsPerDay;
+}
+
+int millisecondsSinceStart()
+{
+    using namespace std::chrono;
+    static const steady_clock::time_point start = steady_clock::now();
+    return static_cast<int>(duration_cast<milliseconds>(steady_clock::now() - start).count() & 0x7FFFFFFF);
+}
+
+std::u16string folderName(const QString &path)
+{
+    const QString native = QDir::toNativeSeparators(path);
+    return (native.endsWith(QDir::separator()) ? native : native + QDir::separator()).toStdU16String();
+}
+
+std::u16string loginName()
+{
+    const QString name =
+        qEnvironmentVariable("USERNAME", qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME")));
+    return name.toStdU16String();
+}
+
+} // namespace
+
+void bindUnits(SystemVariables &variables, lisp::UnitVariables &units)
+{
+    variables.bind(u"LUNITS", units.lunits);
+    variables.bind(u"LUPREC", units.luprec);
+    variables.bind(u"AUNITS", units.aunits);
+    variables.bind(u"AUPREC", units.auprec);
+    variables.bind(u"UNITMODE", units.unitmode);
+    variables.bind(u"DIMZIN", units.dimzin);
+}
+
+void bindInput(SystemVariables &variables, Prompter &prompter)
+{
+    variables.bind(u"LASTPOINT", prompter.lastPoint);
+    variables.bind(u"ANGBASE", prompter.angleBase);
+    variables.bind(u"ANGDIR", prompter.clockwise);
+}
+
+void computeEnvironment(SystemVariables &variables)
+{
+    variables.compute(u"CDATE", [] { return calendarDate(QDateTime::currentDateTime()); });
+    variables.compute(u"DATE", [] { return julianDate(QDateTime::currentDateTime()); });
+    variables.compute(u"MILLISECS", [] { return millisecondsSinceStart(); });
+    variables.compute(u"LOGINNAME", [] { return loginName(); });
+    variables.compute(u"PLATFORM", [] { return QSysInfo::prettyProductName().toStdU16String(); });
+    variables.compute(u"TEMPPREFIX", [] { return folderName(QDir::tempPath()); });
+    variables.compute(u"DWGPREFIX", [] { return folderName(QDir::currentPath()); });
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+class Prompter;
+class SystemVariables;
+
+namespace lisp {
+struct UnitVariables;
+}
+
+// Ties the variables that other parts of the host work with to their places there.
+void bindUnits(SystemVariables &variables, lisp::UnitVariables &units);
+void bindInput(SystemVariables &variables, Prompter &prompter);
+
+// The variables that tell of the machine: clock, user, platform, folders.
+void computeEnvironment(SystemVariables &variables);

@@ -1,0 +1,125 @@
+#include "host/kernel/variables/SystemVariables.h"
+
+#include <QStringList>
+
+#include <cassert>
+
+namespace {
+
+VariableValue initialValue(const VariableRow &row)
+{
+    const QStringView text(row.initial.data(), static_cast<qsizetype>(row.initial.size()));
+    switch (row.type) {
+    case VariableType::Integer:
+        return text.toInt();
+    case VariableType::Real:
+        return text.toDouble();
+    case VariableType::Text:
+        return std::u16string(row.initial);
+    case VariableType::Point2d:
+    case VariableType::Point3d:
+        break;
+    }
+    const QList<QStringView> parts = text.split(u',');
+    return LispPoint{parts[0].toDouble(), parts[1].toDouble(), parts.size() > 2 ? parts[2].toDouble() : 0};
+}
+
+bool hasKind(const VariableValue &value, VariableType type)
+{
+    switch (type) {
+    case VariableType::Integer:
+        return std::holds_alternative<int>(value);
+    case VariableType::Real:
+        return std::holds_alternative<double>(value);
+    case VariableType::Text:
+        return std::holds_alternative<std::u16string>(value);
+    case VariableType::Point2d:
+    case VariableType::Point3d:
+        return std::holds_alternative<LispPoint>(value);
+    }
+    return false;
+}
+
+const VariableRow &rowOf(std::u16string_view name)
+{
+    const VariableRow *row = findVariable(name);
+    assert(row);
+    return *row;
+}
+
+} // namespace
+
+SystemVariables::SystemVariables()
+{
+    for (const VariableRow &row : variableTable())
+        m_values.emplace(&row, initialValue(row));
+}
+
+VariableValue SystemVariables::get(const VariableRow &variable) const
+{
+    const auto source = m_sources.find(&variable);
+    return source != m_sources.end() ? source->second.read() : m_values.at(&variable);
+}
+
+bool SystemVariables::set(const VariableRow &variable, const VariableValue &value)
+{
+    if (variable.access == VariableAccess::ReadOnly)
+        return false;
+    VariableValue fitting = value;
+    if (variable.type == VariableType::Real && std::holds_alternative<int>(value))
+        fitting = static_cast<double>(std::get<int>(value));
+    if (!hasKind(fitting, variable.type))
+        return false;
+    if (const int *number = std::get_if<int>(&fitting);
+        number && (*number < variable.minimum || *number > variable.maximum))
+        return false;
+    const auto source = m_sources.find(&variable);
+    if (source == m_sources.end())
+        m_values[&variable] = std::move(fitting);
+    else if (source->second.write)
+        source->second.write(fitting);
+    else
+        return false;
+    return true;
+}
+
+void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read)
+{
+    m_sources[&rowOf(name)] = {std::move(read), nullptr};
+}
+
+void SystemVariables::assign(std::u16string_view name, VariableValue value)
+{
+    const VariableRow &row = rowOf(name);
+    assert(hasKind(value, row.type));
+    m_values[&row] = std::move(value);
+}
+
+template <class Place> void SystemVariables::bindPlace(std::u16string_view name, Place &place)
+{
+    using Kind = std::conditional_t<std::is_same_v<Place, bool>, int, Place>;
+    const VariableRow &row = rowOf(name);
+    place = static_cast<Place>(std::get<Kind>(initialValue(row)));
+    m_sources[&row] = {[&place]() -> VariableValue { return static_cast<Kind>(place); },
+                       [&place](const VariableValue &value) { place = static_cast<Place>(std::get<Kind>(value)); }};
+}
+
+void SystemVariables::bind(std::u16string_view name, int &place)
+{
+    bindPlace(name, place);
+}
+
+void SystemVariables::bind(std::u16string_view name, double &place)
+{
+    bindPlace(name, place);
+}
+
+void SystemVariables::bind(std::u16string_view name, LispPoint &place)
+{
+    bindPlace(name, place);
+}
+
+void SystemVariables::bind(std::u16string_view name, bool &place)
+{
+    bindPlace(name, place);
+}

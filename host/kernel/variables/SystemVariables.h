@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/kernel/variables/VariableTable.h"
+#include "lisp/resbuf.h"
+
+#include <functional>
+#include <map>
+#include <string>
+#include <variant>
+
+// A point of two coordinates has z 0.
+using VariableValue = std::variant<int, double, std::u16string, LispPoint>;
+
+// The system variables of one document: what getvar reads and setvar changes.
+class SystemVariables
+{
+public:
+    SystemVariables();
+    SystemVariables(const SystemVariables &) = delete;
+    SystemVariables &operator=(const SystemVariables &) = delete;
+
+    // The variable must exist (see findVariable).
+    VariableValue get(const VariableRow &variable) const;
+    // False when the variable is read-only, the value is of another kind or out of range. An integer will do for a
+    // real.
+    bool set(const VariableRow &variable, const VariableValue &value);
+    // What the host itself knows better: the variable is what `read` gives, and cannot be set.
+    void compute(std::u16string_view name, std::function<VariableValue()> read);
+    // For the host: changes read-only variables, too. The value has to be of the variable's kind.
+    void assign(std::u16string_view name, VariableValue value);
+    // The value is kept where a part of the host uses it, and stays in step with it. The variable's kind must fit.
+    void bind(std::u16string_view name, int &place);
+    void bind(std::u16string_view name, double &place);
+    void bind(std::u16string_view name, LispPoint &place);
+    void bind(std::u16string_view name, bool &place);
+
+private:
+    struct Source
+    {
+        std::function<VariableValue()> read;
+        std::function<void(const VariableValue &)> write; // none: read-only
+    };
+    template <class Place> void bindPlace(std::u16string_view name, Place &place);
+
+    std::map<const VariableRow *, Source> m_sources;       // of those that live elsewhere
+    std::map<const VariableRow *, VariableValue> m_values; // of those that live here
+};
