@@ -1,9 +1,7 @@
 #include "app/ProgramPaths.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -18,9 +16,4 @@ QString programFolder()
 #else
     return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
 #endif
-}
-
-QString userProfileFolder()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/lisphost");
 }

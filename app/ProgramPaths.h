@@ -4,5 +4,3 @@
 
 // The folder that holds this program's file and what is installed beside it.
 QString programFolder();
-// Where settings and history live unless --profile says otherwise.
-QString userProfileFolder();

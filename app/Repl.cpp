@@ -2,9 +2,9 @@
 
 #include "app/Interrupts.h"
 #include "app/LineEditor.h"
-#include "app/ProgramPaths.h"
 #include "app/Session.h"
 #include "host/interpreter/Reader.h"
+#include "storage/ProfileFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,11 +14,6 @@
 using lisp::LispError;
 using lisp::Reader;
 using lisp::Value;
-
-Repl::Repl(Session &session, QString profileFolder)
-    : m_session(session), m_profileFolder(profileFolder.isEmpty() ? userProfileFolder() : std::move(profileFolder))
-{
-}
 
 int Repl::run()
 {
@@ -35,8 +30,8 @@ int Repl::runOnStream()
 
 int Repl::runOnTerminal()
 {
-    QDir().mkpath(m_profileFolder);
-    LineEditor editor(m_session.machine(), m_profileFolder + QStringLiteral("/history"));
+    QDir().mkpath(profileFolder());
+    LineEditor editor(m_session.machine(), profileFolder() + QStringLiteral("/history"));
     std::u16string text;
     while (!m_left) {
         m_session.console().startFreshLine();

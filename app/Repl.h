@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
 class Session;
 
@@ -10,7 +10,7 @@ class Session;
 class Repl
 {
 public:
-    Repl(Session &session, QString profileFolder);
+    explicit Repl(Session &session) : m_session(session) {}
     int run(); // gives an exit status
 
 private:
@@ -21,7 +21,5 @@ private:
     bool isIncomplete(const std::u16string &text);
 
     Session &m_session;
-    QString m_profileFolder;
-    bool m_failed = false;
     bool m_left = false;
 };

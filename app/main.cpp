@@ -4,6 +4,7 @@
 #include "app/Documentation.h"
 #include "app/Repl.h"
 #include "app/Session.h"
+#include "storage/ProfileFolder.h"
 
 #include <cstdio>
 
@@ -48,7 +49,7 @@ int execute(const Options &options)
     case Options::Command::Repl:
         break;
     }
-    return Repl(session, options.profileFolder).run();
+    return Repl(session).run();
 }
 
 int reportFileError(const std::exception &error)
@@ -65,6 +66,7 @@ int main(int argumentCount, char **arguments)
     if (commandLine.exitStatus)
         return *commandLine.exitStatus;
     raiseStackLimit();
+    setProfileFolder(commandLine.options.profileFolder);
     qInstallMessageHandler(dropQtWarnings);
     try {
         return execute(commandLine.options);

@@ -12,7 +12,8 @@ import sys
 # The tests, benchmarks and fuzz targets may use everything and are not listed.
 MAY_USE = {
     "sdk": [],
-    "platform": [],
+    "storage": [],
+    "platform": ["storage"],
     "resources": [],
     "lisp": ["sdk"],
     "dialogs": ["sdk"],
@@ -22,11 +23,12 @@ MAY_USE = {
     "host/interpreter": [],
     "host/drawing": [],
     "host/commands": ["host/interpreter", "host/drawing"],
-    "host/kernel": ["host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform"],
+    "host/kernel": ["host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform",
+                    "storage"],
     "host/ui": ["host/kernel", "host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform"],
-    "app": ["host", "lisp", "sdk"],
+    "app": ["host", "lisp", "sdk", "storage"],
 }
-WITHOUT_GUI = ["lisp", "platform", "sdk", "host/interpreter", "host/drawing", "host/commands", "host/sdk"]
+WITHOUT_GUI = ["lisp", "platform", "storage", "sdk", "host/interpreter", "host/drawing", "host/commands", "host/sdk"]
 GUI = ["QtWidgets", "QtGui"]
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)

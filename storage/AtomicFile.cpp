@@ -1,0 +1,114 @@
+#include "storage/AtomicFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
+
+#ifdef _WIN32
+#include <chrono>
+#include <io.h>
+#include <thread>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+// The functions below give what went wrong, and a null text when nothing did.
+
+QString reasonOf(const std::error_code &error)
+{
+    return error ? QString::fromLocal8Bit(error.message().c_str()) : QString();
+}
+
+QString lastReason()
+{
+    return reasonOf(std::error_code(errno, std::generic_category()));
+}
+
+QString syncFile(const QFile &file)
+{
+#ifdef _WIN32
+    return _commit(file.handle()) == 0 ? QString() : lastReason();
+#else
+    return fsync(file.handle()) == 0 ? QString() : lastReason();
+#endif
+}
+
+QString writeAndSync(QFile &file, const QByteArray &content)
+{
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        return file.errorString();
+    // What stops a write in the middle is told only when the rest is written.
+    for (qint64 written = 0, more = 0; written < content.size(); written += more) {
+        more = file.write(content.constData() + written, content.size() - written);
+        if (more <= 0)
+            return file.errorString();
+    }
+    return syncFile(file);
+}
+
+QString renameOver(const QString &from, const QString &to)
+{
+    const std::filesystem::path source = QFileInfo(from).filesystemFilePath();
+    const std::filesystem::path target = QFileInfo(to).filesystemFilePath();
+    std::error_code error;
+    std::filesystem::rename(source, target, error);
+#ifdef _WIN32
+    // The system refuses as long as somebody has the old file open; readers have it for moments only.
+    for (int attempt = 0; attempt < 200 && error; ++attempt) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        std::filesystem::rename(source, target, error);
+    }
+#endif
+    return reasonOf(error);
+}
+
+// The name is an entry of the folder, and on the disk only when that is. Windows has no such call.
+QString syncFolder([[maybe_unused]] const QString &folder)
+{
+#ifndef _WIN32
+    const int descriptor = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor == -1)
+        return lastReason();
+    const bool synced = fsync(descriptor) == 0 || errno == EINVAL; // a file system that has nothing to sync there
+    const QString reason = synced ? QString() : lastReason();
+    close(descriptor);
+    return reason;
+#else
+    return {};
+#endif
+}
+
+QString replaceTarget(const QFileInfo &target, const QByteArray &content)
+{
+    QFile beside(target.filePath() + QStringLiteral(".new"));
+    QString reason = writeAndSync(beside, content);
+    if (reason.isNull() && target.exists() && !beside.setPermissions(target.permissions()))
+        reason = beside.errorString();
+    beside.close();
+    if (reason.isNull())
+        reason = renameOver(beside.fileName(), target.filePath());
+    if (!reason.isNull()) {
+        beside.remove();
+        return reason;
+    }
+    return syncFolder(target.absolutePath());
+}
+
+} // namespace
+
+bool replaceFile(const QString &path, const QByteArray &content, QString &failure)
+{
+    const QString linked = QFileInfo(path).canonicalFilePath(); // empty when there is no file
+    const QFileInfo target(linked.isEmpty() ? path : linked);
+    const QString reason = target.exists() && !target.isWritable() ? QStringLiteral("it may not be written")
+                                                                   : replaceTarget(target, content);
+    if (!reason.isNull())
+        failure = QStringLiteral("%1: %2").arg(path, reason);
+    return reason.isNull();
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Replaces the content of a file, or makes it, in one step: whoever reads the file, and whatever happens meanwhile (a
+// full disk, a killed process, a power cut), finds the old content or the new, never a part. When it gives true the new
+// content is on the disk to stay. Otherwise `failure` says why, naming the file, and nothing has changed, except that
+// after a folder that cannot be synced a power cut may bring the old content back.
+//
+// The caller holds the file's FileLock. So the new content always goes to the same file beside, FILE.new, and what a
+// killed process left there is overwritten. QSaveFile would leave a file of another name behind each time, and takes a
+// failed sync for a success. A symbolic link stays one; what it leads to is replaced, and keeps its permissions. A file
+// that may not be written is not replaced, though its folder would allow it.
+bool replaceFile(const QString &path, const QByteArray &content, QString &failure);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+#include <chrono>
+
+// Keeps every other process, and every other FileLock of this one, from changing a file while it lives. The lock is one
+// of the system's (flock(2), LockFileEx) on an empty file beside, FILE.lock, so it ends with its process whatever that
+// dies of. The empty file stays: two processes could otherwise hold the locks of two files of that name.
+//
+// QLockFile would not do: it knows an abandoned lock by its process number, which is another's in another container,
+// and the number can be in use again.
+class FileLock
+{
+public:
+    // Waits for the lock as long as given. The folder of `path` must be there; the file itself need not.
+    explicit FileLock(const QString &path, std::chrono::milliseconds patience = std::chrono::seconds(10));
+    FileLock(const FileLock &) = delete;
+    FileLock &operator=(const FileLock &) = delete;
+
+    bool isHeld() const { return m_failure.isNull(); }
+    QString failure() const { return m_failure; } // why it is not held, for the user; names the file
+
+private:
+    QFile m_file; // closing it gives the lock back
+    QString m_failure;
+};

@@ -1,0 +1,97 @@
+// Failures that need permissions, links or limits.
+
+#include "storage/AtomicFile.h"
+
+#include "tests/storage/StorageTest.h"
+#include "tests/support/Unprivileged.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+// No file can grow beyond this while it lives: writing more fails as on a full disk.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before = {};
+};
+
+class AtomicFileFailures : public StorageTest
+{
+protected:
+    void setMode(const QString &file, mode_t mode) { ASSERT_EQ(chmod(QFile::encodeName(file).constData(), mode), 0); }
+    mode_t modeOf(const QString &file)
+    {
+        struct stat status = {};
+        EXPECT_EQ(stat(QFile::encodeName(file).constData(), &status), 0);
+        return status.st_mode & 07777u;
+    }
+};
+
+} // namespace
+
+TEST_F(AtomicFileFailures, AFullDiskLeavesTheOldContent)
+{
+    write(u"a"_qs, "old");
+    {
+        const FileSizeLimit limit(1000);
+        EXPECT_FALSE(replaceFile(path(u"a"_qs), QByteArray(5000, 'x'), m_failure));
+    }
+    EXPECT_EQ(contentOf(u"a"_qs), "old");
+    EXPECT_EQ(names(), QStringList({u"a"_qs}));
+    EXPECT_EQ(m_failure, path(u"a"_qs) + u": File too large"_qs);
+}
+
+TEST_F(AtomicFileFailures, AReadOnlyFolderLeavesTheOldContent)
+{
+    write(u"a"_qs, "old");
+    setMode(path(u"a"_qs), 0666);
+    setMode(path(u"."_qs), 0555);
+    EXPECT_TRUE(holdsUnprivileged([this] {
+        return !replaceFile(path(u"a"_qs), "new", m_failure) && m_failure.endsWith(u"Permission denied"_qs);
+    }));
+    setMode(path(u"."_qs), 0755);
+    EXPECT_EQ(contentOf(u"a"_qs), "old");
+}
+
+TEST_F(AtomicFileFailures, AReadOnlyFileIsNotReplacedThoughItsFolderAllowsIt)
+{
+    write(u"a"_qs, "old");
+    setMode(path(u"a"_qs), 0444);
+    setMode(path(u"."_qs), 0777);
+    EXPECT_TRUE(holdsUnprivileged([this] {
+        return !replaceFile(path(u"a"_qs), "new", m_failure) &&
+               m_failure == path(u"a"_qs) + u": it may not be written"_qs;
+    }));
+    EXPECT_EQ(contentOf(u"a"_qs), "old");
+}
+
+TEST_F(AtomicFileFailures, KeepsThePermissions)
+{
+    write(u"a"_qs, "old");
+    setMode(path(u"a"_qs), 0640);
+    EXPECT_TRUE(replaceFile(path(u"a"_qs), "new", m_failure));
+    EXPECT_EQ(modeOf(path(u"a"_qs)), 0640u);
+}
+
+TEST_F(AtomicFileFailures, ASymbolicLinkStaysOne)
+{
+    ASSERT_TRUE(QDir().mkdir(path(u"elsewhere"_qs)));
+    write(u"elsewhere/real"_qs, "old");
+    ASSERT_TRUE(QFile::link(path(u"elsewhere/real"_qs), path(u"a"_qs)));
+    EXPECT_TRUE(replaceFile(path(u"a"_qs), "new", m_failure));
+    EXPECT_EQ(contentOf(u"elsewhere/real"_qs), "new");
+    EXPECT_EQ(QFile::symLinkTarget(path(u"a"_qs)), path(u"elsewhere/real"_qs));
+}
