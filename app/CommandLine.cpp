@@ -50,6 +50,35 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
     app.add_option("--transcript", transcript, "write requests, dialogs and launches to this file; -: standard error")
         ->type_name("FILE");
 
+    SandboxOptions sandbox;
+    std::vector<std::string> writable, runnable;
+    bool isSandboxed = false;
+    CLI::Option *sandboxed = app.add_flag(
+        "--sandbox", isSandboxed, "run a program that is not trusted: it reads its own folder and writes nothing");
+    app.add_option("--allow-write", writable, "let it write in this folder, too (repeatable)")
+        ->type_name("DIR")
+        ->allow_extra_args(false)
+        ->needs(sandboxed);
+    app.add_option("--allow-run", runnable, "let it start this program (repeatable)")
+        ->type_name("PROG")
+        ->allow_extra_args(false)
+        ->needs(sandboxed);
+    app.add_option("--limit-time", sandbox.seconds, "end it after this time; 0: never")
+        ->type_name("SECONDS")
+        ->check(CLI::NonNegativeNumber)
+        ->capture_default_str()
+        ->needs(sandboxed);
+    app.add_option("--limit-memory", sandbox.megabytes, "fail it when its data need more; 0: never")
+        ->type_name("MEGABYTES")
+        ->check(CLI::NonNegativeNumber)
+        ->capture_default_str()
+        ->needs(sandboxed);
+    app.add_option("--limit-depth", sandbox.depth, "fail it when calls nest deeper")
+        ->type_name("CALLS")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str()
+        ->needs(sandboxed);
+
     CLI::App *run = app.add_subcommand(
         "run", "Load programs in order. They find what follows -- as a list of strings in *arguments*.");
     run->add_option("files", files)->type_name("FILE.lsp")->required();
@@ -81,6 +110,15 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
     } else if (!repl->parsed() && !isatty(STDIN_FILENO)) {
         std::cerr << "lisphost: a command is needed when standard input is no terminal\n" << app.help();
         parsed.exitStatus = ExitUsage;
+    }
+    if (isSandboxed) {
+        if (!run->parsed() && !eval->parsed()) {
+            std::cerr << "lisphost: --sandbox is for run and eval\n";
+            parsed.exitStatus = ExitUsage;
+        }
+        sandbox.writableFolders = toQStrings(writable);
+        sandbox.runnablePrograms = toQStrings(runnable);
+        options.sandbox = sandbox;
     }
     if (separator != end)
         for (const char *const *argument = separator + 1; argument != end; ++argument)

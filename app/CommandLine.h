@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/sandbox/SandboxOptions.h"
+
 #include <QString>
 
 #include <optional>
@@ -17,6 +19,7 @@ struct Options
     QString profileFolder;                       // empty: the user's own
     QString answersFile;                         // empty: no answers
     QString transcriptFile;                      // empty: none; "-": standard error
+    std::optional<SandboxOptions> sandbox;
 };
 
 enum ExitStatus : int { ExitFine = 0, ExitFailed = 1, ExitUsage = 2, ExitFile = 3 };

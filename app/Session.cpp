@@ -14,6 +14,8 @@ using lisp::Value;
 Session::Session(const Options &options)
 {
     connectServices(options);
+    if (options.sandbox)
+        m_host.services().machineLimits.frames = static_cast<std::size_t>(options.sandbox->depth);
     m_document = &m_host.documents().open();
     machine().setConsole(&m_console);
     const QString besideProgram = programFolder() + QStringLiteral("/LispExtension.tx");
@@ -32,6 +34,15 @@ void Session::connectServices(const Options &options)
         services.answers = AnswersFile::read(options.answersFile);
     if (!options.transcriptFile.isEmpty())
         services.transcript = Transcript(options.transcriptFile);
+}
+
+void Session::limit(const SandboxOptions &limits)
+{
+    constexpr std::size_t Megabyte = 1024 * 1024;
+    if (limits.megabytes > 0)
+        machine().heap().setLimit(static_cast<std::size_t>(limits.megabytes) * Megabyte);
+    if (limits.seconds > 0)
+        interruptAfter(limits.seconds);
 }
 
 int Session::runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments)

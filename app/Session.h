@@ -16,6 +16,9 @@ public:
     int runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments);
     int evaluate(const std::vector<QString> &expressions);
 
+    // Bounds what programs may take from now on: time, memory.
+    void limit(const SandboxOptions &limits);
+
     lisp::Machine &machine() { return m_document->machine(); }
     TerminalConsole &console() { return m_console; }
     // Prints a value as prin1 does, on a line of its own.

@@ -4,7 +4,11 @@
 #include "app/Documentation.h"
 #include "app/Repl.h"
 #include "app/Session.h"
+#include "app/sandbox/Sandbox.h"
+#include "app/sandbox/Supervisor.h"
 #include "storage/ProfileFolder.h"
+
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -36,9 +40,23 @@ void dropQtWarnings(QtMsgType type, const QMessageLogContext &, const QString &m
         std::fprintf(stderr, "lisphost: %s\n", message.toLocal8Bit().constData());
 }
 
-int execute(const Options &options)
+QStringList foldersOf(const std::vector<QString> &files)
 {
+    QStringList folders;
+    for (const QString &file : files)
+        folders.append(QFileInfo(file).canonicalPath());
+    return folders;
+}
+
+int execute(const Options &options, const QString &sandboxFolder = QString())
+{
+    setProfileFolder(options.profileFolder);
     Session session(options);
+    if (options.sandbox) {
+        const bool hasFiles = options.command == Options::Command::Run;
+        session.limit(*options.sandbox);
+        enterSandbox(*options.sandbox, hasFiles ? foldersOf(options.operands) : QStringList(), sandboxFolder);
+    }
     switch (options.command) {
     case Options::Command::Run:
         return session.runFiles(options.operands, options.programArguments);
@@ -52,10 +70,38 @@ int execute(const Options &options)
     return Repl(session).run();
 }
 
-int reportFileError(const std::exception &error)
+int reportError(const std::exception &error, int status)
 {
     std::fprintf(stderr, "lisphost: %s\n", error.what());
-    return ExitFile;
+    return status;
+}
+
+// Errors of the command's own; those of LISP programs are the session's.
+int executeAndReport(const Options &options, const QString &sandboxFolder = QString())
+{
+    try {
+        return execute(options, sandboxFolder);
+    } catch (const ModuleError &error) {
+        return reportError(error, ExitFile);
+    } catch (const AnswersError &error) {
+        return reportError(error, ExitFile);
+    } catch (const TranscriptError &error) {
+        return reportError(error, ExitFile);
+    } catch (const SandboxError &error) {
+        return reportError(error, ExitUsage);
+    }
+}
+
+int executeInSandbox(Options options)
+{
+    try {
+        return superviseInTemporaryFolder([&options](const QString &folder) {
+            options.profileFolder = folder + QStringLiteral("/profile");
+            return executeAndReport(options, folder);
+        });
+    } catch (const SandboxError &error) {
+        return reportError(error, ExitUsage);
+    }
 }
 
 } // namespace
@@ -66,15 +112,6 @@ int main(int argumentCount, char **arguments)
     if (commandLine.exitStatus)
         return *commandLine.exitStatus;
     raiseStackLimit();
-    setProfileFolder(commandLine.options.profileFolder);
     qInstallMessageHandler(dropQtWarnings);
-    try {
-        return execute(commandLine.options);
-    } catch (const ModuleError &error) {
-        return reportFileError(error);
-    } catch (const AnswersError &error) {
-        return reportFileError(error);
-    } catch (const TranscriptError &error) {
-        return reportFileError(error);
-    }
+    return commandLine.options.sandbox ? executeInSandbox(commandLine.options) : executeAndReport(commandLine.options);
 }

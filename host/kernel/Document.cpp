@@ -1,9 +1,11 @@
 #include "host/kernel/Document.h"
 
+#include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/variables/HostVariables.h"
 
-Document::Document(HostServices &services) : m_services(services), m_lispHost(m_machine, services, m_variables)
+Document::Document(HostServices &services)
+    : m_services(services), m_machine(services.machineLimits), m_lispHost(m_machine, services, m_variables)
 {
     bindUnits(m_variables, m_machine.unitVariables());
     bindInput(m_variables, prompter());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/interpreter/Machine.h"
 #include "host/kernel/input/AnswersFile.h"
 #include "host/kernel/input/ScriptedInput.h"
 #include "host/kernel/input/Transcript.h"
@@ -17,6 +18,7 @@ struct HostServices
     std::function<void(std::u16string_view)> print = [](std::u16string_view) {}; // on the command line
     // The program's own words, one line without a newline, on standard error.
     std::function<void(const QString &)> warn = [](const QString &) {};
+    lisp::Machine::Limits machineLimits; // of documents that are opened from now on
     AnswersFile answers;
     Transcript transcript;
     ScriptedInput scriptedInput{*this};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+// Which files a process may use. What is not named is out of reach, whatever path leads there: the kernel (Landlock)
+// looks at the file that a path ends at.
+struct FileRules
+{
+    std::vector<QString> readable;   // files, and folders with all below
+    std::vector<QString> writable;   // folders: everything but running what is in them
+    std::vector<QString> executable; // programs
+};
+
+// Binds this thread, and all that it starts, for good. Paths that do not exist are passed over. Raises SandboxError
+// when the kernel lacks Landlock, or its means to bind signals and renames, before anything is bound.
+void bindToFiles(const FileRules &rules);

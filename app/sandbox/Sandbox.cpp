@@ -1,0 +1,51 @@
+#include "app/sandbox/Sandbox.h"
+
+#include "app/ProgramPaths.h"
+#include "app/sandbox/CallFilter.h"
+#include "app/sandbox/FileRules.h"
+#include "app/sandbox/Supervisor.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+// What a program needs that loads libraries, shows texts and knows the time zone. Everybody may read it anyway.
+const QStringList systemFiles = {
+    QStringLiteral("/usr/lib"),         QStringLiteral("/lib"),           QStringLiteral("/lib64"),
+    QStringLiteral("/usr/share"),       QStringLiteral("/usr/local/lib"), QStringLiteral("/etc/fonts"),
+    QStringLiteral("/etc/ld.so.cache"), QStringLiteral("/etc/localtime"), QStringLiteral("/dev/urandom"),
+};
+
+QString programFile(const QString &program)
+{
+    const QString found = QStandardPaths::findExecutable(program);
+    if (found.isEmpty())
+        throw SandboxError(QStringLiteral("%1: no such program").arg(program));
+    return QFileInfo(found).canonicalFilePath();
+}
+
+FileRules rulesOf(const SandboxOptions &options, const QStringList &readable, const QString &temporaryFolder)
+{
+    FileRules rules;
+    rules.readable.assign(systemFiles.begin(), systemFiles.end());
+    rules.readable.insert(rules.readable.end(), readable.begin(), readable.end());
+    rules.readable.push_back(programFolder());
+    rules.writable = options.writableFolders;
+    rules.writable.push_back(temporaryFolder);
+    rules.writable.push_back(QStringLiteral("/dev/null"));
+    for (const QString &program : options.runnablePrograms)
+        rules.executable.push_back(programFile(program));
+    if (!rules.executable.empty()) // the loader, without which no program starts
+        rules.executable.push_back(QStringLiteral("/lib64/ld-linux-x86-64.so.2"));
+    return rules;
+}
+
+} // namespace
+
+void enterSandbox(const SandboxOptions &options, const QStringList &readable, const QString &temporaryFolder)
+{
+    qputenv("TMPDIR", temporaryFolder.toLocal8Bit());
+    bindToFiles(rulesOf(options, readable, temporaryFolder));
+    filterCalls(options.runnablePrograms.empty() ? ProcessStarts::Refused : ProcessStarts::Allowed);
+}

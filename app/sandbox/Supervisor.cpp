@@ -1,0 +1,82 @@
+#include "app/sandbox/Supervisor.h"
+
+#include "app/CommandLine.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+volatile pid_t worker = 0;
+
+extern "C" void passOn(int signal)
+{
+    if (worker > 0)
+        ::kill(worker, signal);
+}
+
+int waitFor(pid_t process)
+{
+    int status = 0;
+    while (::waitpid(process, &status, 0) < 0 && errno == EINTR)
+        continue;
+    return status;
+}
+
+// What the work started and left behind has become a child of this process.
+void endStragglers()
+{
+    QFile children(QStringLiteral("/proc/self/task/%1/children").arg(::getpid()));
+    for (;;) {
+        if (!children.open(QIODevice::ReadOnly))
+            return;
+        const QList<QByteArray> processes = children.readAll().trimmed().split(' ');
+        children.close();
+        if (processes.first().isEmpty())
+            return;
+        for (const QByteArray &process : processes) {
+            ::kill(process.toInt(), SIGKILL);
+            waitFor(process.toInt());
+        }
+    }
+}
+
+} // namespace
+
+int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &work)
+{
+    const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/lisphost-XXXXXX"));
+    if (!folder.isValid())
+        throw SandboxError(folder.errorString());
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1);
+    std::signal(SIGINT, SIG_IGN); // the terminal sends it to the worker, too, which knows what to do
+    std::signal(SIGTERM, passOn);
+    const pid_t supervisor = ::getpid();
+    worker = ::fork();
+    if (worker < 0)
+        throw SandboxError(QStringLiteral("cannot start a process of its own"));
+    if (worker == 0) {
+        std::signal(SIGINT, SIG_DFL);
+        std::signal(SIGTERM, SIG_DFL);
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (::getppid() != supervisor)
+            ::_exit(ExitFailed);
+        const int status = work(folder.path());
+        std::fflush(nullptr);
+        ::_exit(status); // the folder is the supervisor's to remove
+    }
+    const int status = waitFor(worker);
+    worker = 0;
+    endStragglers();
+    return WIFEXITED(status) ? WEXITSTATUS(status) : ExitFailed;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <stdexcept>
+
+// The kernel cannot shut a program in, or not far enough.
+class SandboxError : public std::runtime_error
+{
+public:
+    explicit SandboxError(const QString &message) : std::runtime_error(message.toStdString()) {}
+};
+
+// Runs `work` in a process of its own with a new temporary folder, which it is given, and removes the folder and every
+// process that was left behind at the end. Gives the exit status of the work; ExitFailed when a signal ended it. The
+// calling process must have one thread. Raises SandboxError where there are no such processes.
+int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &work);
