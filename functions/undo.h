@@ -1,3 +1,7 @@
 #pragma once
 
-int acetUtilVer(); // acet-util-ver
+int acetBeginUndogroup();       // acet-begin-undogroup
+int acetEndUndogroup();         // acet-end-undogroup
+int startAddTableTransaction(); // startAddTableTransaction
+int endAddTableTransaction();   // endAddTableTransaction
+int acetUtilVer();              // acet-util-ver

@@ -42,12 +42,18 @@ void returnTruth(bool value)
         activeLispHost()->retNil();
 }
 
-void returnNames(const QStringList &names)
+resbuf *listOfNames(const QStringList &names)
 {
     resbuf *list = activeLispHost()->newRb(TypeListBegin);
     // Each name goes in front of those before it.
     for (auto name = names.crbegin(); name != names.crend(); ++name)
         activeLispHost()->prependRb(list, TypeString, duplicate(*name));
+    return list;
+}
+
+void returnNames(const QStringList &names)
+{
+    resbuf *list = listOfNames(names);
     activeLispHost()->retList(list);
     activeLispHost()->releaseRb(list);
 }

@@ -11,6 +11,9 @@ QString textOf(const resbuf *node);
 void returnText(const QString &text);
 void returnTruth(bool value); // T or nil
 
+// A list begin with the strings behind it, in the order given; the closing node is left to the host. The caller's.
+resbuf *listOfNames(const QStringList &names);
+
 // Sets the result to a list of strings, in the order given; no names give nil. The list is handed over without its
 // closing node, which the host supplies.
 void returnNames(const QStringList &names);

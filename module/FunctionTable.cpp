@@ -1,7 +1,11 @@
 #include "module/FunctionTable.h"
 
 #include "functions/catch.h"
+#include "functions/colors.h"
+#include "functions/dragrotate.h"
+#include "functions/drawing.h"
 #include "functions/files.h"
+#include "functions/hostqueries.h"
 #include "functions/ini.h"
 #include "functions/pending.h"
 #include "functions/strings.h"
@@ -30,14 +34,14 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"acet-file-cwd", guarded<acetFileCwd>},
     {"acet-file-mkdir", guarded<acetFileMkdir>},
     {"acet-file-remove", guarded<acetFileRemove>},
-    pending("acet-ent-geomextents"),
+    {"acet-ent-geomextents", guarded<acetEntGeomextents>},
     {"acet-file-move", guarded<acetFileMove>},
     pending("acet-file-readdialog"),
     {"acet-file-rmdir", guarded<acetFileRmdir>},
     pending("acet-file-writedialog"),
     {"acet-ini-set", guarded<acetIniSet>},
     {"acet-ini-get", guarded<acetIniGet>},
-    pending("acet-ss-clear-prev"),
+    {"acet-ss-clear-prev", guarded<acetSsClearPrev>},
     {"vl_catch_all_apply", guarded<vlCatchAllApply>},
     {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
     pending("acet-reg-get"),
@@ -73,7 +77,7 @@ constexpr std::array<FunctionRow, 75> table = {{
     pending("acet-sys-rmouse-down"),
     pending("acet_filename_associated_app"),
     pending("showhtmlmodalwindow"),
-    pending("layoutlist"),
+    {"layoutlist", guarded<layoutlist>},
     pending("acet_set_config"),
     pending("acet_get_config"),
     pending("acet-help"),
@@ -82,17 +86,17 @@ constexpr std::array<FunctionRow, 75> table = {{
     pending("_editRtext_"),
     pending("acet-str-find"),
     pending("acet-str-replace"),
-    pending("acet-ss-drag-rotate"),
-    pending("ismnugrploaded"),
+    {"acet-ss-drag-rotate", guarded<acetSsDragRotate>},
+    {"ismnugrploaded", guarded<ismnugrploaded>},
     pending("acet-ui-status"),
-    pending("tablet"),
-    pending("_vorns_util"),
-    pending("acad_truecolorcli"),
+    {"tablet", guarded<tablet>},
+    {"_vorns_util", guarded<vornsUtil>},
+    {"acad_truecolorcli", guarded<acadTruecolorcli>},
     pending("acet-help-trap"),
     pending("acet-var-setvar"),
     pending("acet-var-getvar"),
-    pending("wexo_getpointEsc"),
-    pending("wexo_compileshp"),
+    {"wexo_getpointEsc", guarded<wexoGetpointEsc>},
+    {"wexo_compileshp", guarded<wexoCompileshp>},
     pending("wexo_htmlprompt"),
     pending("acet-filename-acad-root"),
     pending("wexo_opendefaultapp"),

@@ -2,6 +2,7 @@
 
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
+#include "host/kernel/input/DocumentInput.h"
 #include "host/kernel/variables/SystemVariables.h"
 #include "sdk/fx/CFxDocument.h"
 
@@ -16,6 +17,8 @@ public:
     static Document &of(lisp::Machine &machine) { return *static_cast<Document *>(machine.owner()); }
 
     LispHost *lispHost() override { return &m_lispHost; }
+    OdDbDatabase *database() override { return nullptr; }
+    CFxUserInput *userInput() override { return &m_userInput; }
     lisp::Machine &machine() { return m_machine; }
     HostServices &services() { return m_services; }
     SystemVariables &variables() { return m_variables; }
@@ -26,4 +29,5 @@ private:
     lisp::Machine m_machine;
     SystemVariables m_variables;
     SubstituteLispHost m_lispHost;
+    DocumentInput m_userInput{m_lispHost.prompter()};
 };

@@ -1,5 +1,8 @@
 #include "host/kernel/Host.h"
 
+#include "sdk/fx/CFxString.h"
+#include "sdk/oda/OdDbObjectId.h"
+
 #include <QFileInfo>
 
 Host::Host()
@@ -13,6 +16,17 @@ Host::~Host()
     m_modules.unloadAll();
     HostSdk::installActiveDocumentProvider(nullptr);
     HostSdk::installSystemServices(nullptr);
+}
+
+// Without a window the command line is where a person looks.
+void Host::message(const CFxString &text)
+{
+    m_services.print(u'\n' + text.toQString().toStdU16String());
+}
+
+OdDbObjectId Host::objectId(const LispName &)
+{
+    return OdDbObjectId(); // documents have no drawing yet
 }
 
 std::vector<std::u16string> Host::loadedModules() const

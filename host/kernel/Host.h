@@ -18,12 +18,14 @@ public:
     CFxDocumentManager *documentManager() override { return &m_documents; }
     std::vector<std::u16string> loadedModules() const override;
     bool loadModule(std::u16string_view path) override;
+    void message(const CFxString &text) override;
     DocumentManager &documents() { return m_documents; }
     ModuleLoader &modules() { return m_modules; }
     HostServices &services() { return m_services; }
 
 private:
     CFxDocument *activeDocument() override { return m_documents.active(); }
+    OdDbObjectId objectId(const LispName &name) override;
 
     HostServices m_services;
     DocumentManager m_documents{*this, m_services};

@@ -1,5 +1,7 @@
 #include "sdk/fx/CFxString.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -92,4 +94,10 @@ CFxString &CFxString::makeUpper()
 {
     m_text = mapped(m_text, [](char32_t codePoint) { return QChar::toUpper(codePoint); });
     return *this;
+}
+
+std::vector<CFxString> CFxString::SplitW(char16_t separator) const
+{
+    const QStringList parts = m_text.split(separator);
+    return {parts.begin(), parts.end()};
 }

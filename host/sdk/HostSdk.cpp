@@ -1,5 +1,6 @@
 #include "host/sdk/HostSdk.h"
 
+#include "sdk/fx/CFxAPI.h"
 #include "sdk/fx/CFxSystemServices.h"
 #include "sdk/oda/OdAlloc.h"
 
@@ -40,6 +41,11 @@ CFxSystemServices *GetFxSystemServices()
 CFxDocument *ACTIVE_DOCUMENT()
 {
     return installedProvider != nullptr ? installedProvider->activeDocument() : nullptr;
+}
+
+OdDbObjectId CFxAPI::GetObjectId(const LispName &name)
+{
+    return installedProvider != nullptr ? installedProvider->objectId(name) : OdDbObjectId();
 }
 
 void *odrxAlloc(std::size_t size)

@@ -6,6 +6,8 @@
 
 class CFxDocument;
 class CFxSystemServices;
+class OdDbObjectId;
+struct LispName;
 
 // How a host, or a test, puts itself behind the functions that sdk/ declares. Modules never include this.
 namespace HostSdk {
@@ -14,6 +16,8 @@ class ActiveDocumentProvider
 {
 public:
     virtual CFxDocument *activeDocument() = 0; // null when no document is active
+    // The object of an entity name in the active document; null when there is none.
+    virtual OdDbObjectId objectId(const LispName &name) = 0;
 
 protected:
     ~ActiveDocumentProvider() = default;

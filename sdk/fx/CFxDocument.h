@@ -1,6 +1,8 @@
 #pragma once
 
+class CFxUserInput;
 class LispHost;
+class OdDbDatabase;
 
 // One open document. The host owns it.
 class CFxDocument
@@ -8,6 +10,8 @@ class CFxDocument
 public:
     // The document's interpreter; null while it has none. Fetch it anew for every use.
     virtual LispHost *lispHost() = 0;
+    virtual OdDbDatabase *database() = 0; // the document's drawing
+    virtual CFxUserInput *userInput() = 0;
 
 protected:
     ~CFxDocument() = default;

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <vector>
+
 // The host's text: a value of UTF-16 code units.
 class FX_EXPORT CFxString
 {
@@ -29,6 +31,9 @@ public:
     int compareNoCase(const CFxString &other) const;
 
     CFxString &makeUpper(); // in place
+
+    // The parts between the separators, empty ones included; one part when there is no separator.
+    std::vector<CFxString> SplitW(char16_t separator) const;
 
 private:
     QString m_text;

@@ -4,12 +4,15 @@
 
 class CFxDocument;
 class CFxDocumentManager;
+class CFxString;
 
 // The entrance to the host's own services.
 class CFxSystemServices
 {
 public:
     virtual CFxDocumentManager *documentManager() = 0; // null while there is none
+    // Shows a text to the user.
+    virtual void message(const CFxString &text) = 0;
 
 protected:
     ~CFxSystemServices() = default;

@@ -43,6 +43,7 @@ public:
 
 private:
     CFxDocumentManager *documentManager() override { return m_present ? this : nullptr; }
+    void message(const CFxString &) override {}
 
     std::vector<std::unique_ptr<RecordingHost>> m_documents;
     std::vector<CFxDocumentManagerReactor *> m_reactors;

@@ -1,7 +1,11 @@
 #include "module/FunctionTable.h"
 
 #include "functions/catch.h"
+#include "functions/colors.h"
+#include "functions/dragrotate.h"
+#include "functions/drawing.h"
 #include "functions/files.h"
+#include "functions/hostqueries.h"
 #include "functions/ini.h"
 #include "functions/pending.h"
 #include "functions/strings.h"
@@ -139,6 +143,16 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"vl_catch_all_apply", guarded<vlCatchAllApply>},
         {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
         {"_xstrcase", guarded<xstrcase>},
+        {"_vorns_util", guarded<vornsUtil>},
+        {"acad_truecolorcli", guarded<acadTruecolorcli>},
+        {"acet-ent-geomextents", guarded<acetEntGeomextents>},
+        {"acet-ss-clear-prev", guarded<acetSsClearPrev>},
+        {"acet-ss-drag-rotate", guarded<acetSsDragRotate>},
+        {"ismnugrploaded", guarded<ismnugrploaded>},
+        {"layoutlist", guarded<layoutlist>},
+        {"tablet", guarded<tablet>},
+        {"wexo_compileshp", guarded<wexoCompileshp>},
+        {"wexo_getpointEsc", guarded<wexoGetpointEsc>},
     };
     std::map<std::string, LispHandler> written;
     for (const FunctionRow &row : functionTable()) {

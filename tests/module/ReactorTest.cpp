@@ -13,6 +13,8 @@ protected:
 class DocumentWithoutInterpreter final : public CFxDocument
 {
     LispHost *lispHost() override { return nullptr; }
+    OdDbDatabase *database() override { return nullptr; }
+    CFxUserInput *userInput() override { return nullptr; }
 };
 
 } // namespace

@@ -48,6 +48,21 @@ inline Argument point2d(double x, double y)
     return {TypePoint2d, {.point = {x, y, 0}}};
 }
 
+inline Argument point3d(double x, double y, double z)
+{
+    return {TypePoint3d, {.point = {x, y, z}}};
+}
+
+inline Argument entity(std::int64_t first, std::int64_t second)
+{
+    return {TypeEntity, {.name = {{first, second}}}};
+}
+
+inline Argument selectionSet(std::int64_t first, std::int64_t second)
+{
+    return {TypeSelectionSet, {.name = {{first, second}}}};
+}
+
 inline Argument nil()
 {
     return {TypeNil};

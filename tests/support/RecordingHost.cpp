@@ -11,7 +11,12 @@
 
 namespace {
 
-// The codes of a list with the text of its strings.
+std::string describePoint(const LispPoint &point)
+{
+    return QStringLiteral(" (%1 %2 %3)").arg(point.x).arg(point.y).arg(point.z).toStdString();
+}
+
+// The codes of a list with its texts, integers and points.
 std::string describeList(const resbuf *list)
 {
     std::string result;
@@ -19,6 +24,10 @@ std::string describeList(const resbuf *list)
         result += ' ' + std::to_string(node->restype);
         if (node->restype == TypeString)
             result += operation("", QString::fromUtf16(node->resval.string));
+        else if (node->restype == TypeShort || node->restype == TypeLong)
+            result += ' ' + std::to_string(node->resval.longInteger);
+        else if (node->restype == TypePoint2d || node->restype == TypePoint3d)
+            result += describePoint(node->resval.point);
     }
     return result;
 }
@@ -198,9 +207,20 @@ void RecordingHost::releaseRb(resbuf *list)
     m_nodes.release(list);
 }
 
+void RecordingHost::prependNumber(resbuf *list, int typeCode, const std::int16_t *number)
+{
+    record("prependRb " + std::to_string(typeCode) + (number ? ' ' + std::to_string(*number) : ""));
+    resbuf *node = m_nodes.add(static_cast<TypeCode>(typeCode), {.longInteger = number ? *number : 0});
+    node->rbnext = list->rbnext;
+    list->rbnext = node;
+}
+
 void RecordingHost::prependRb(resbuf *list, int typeCode, void *value)
 {
-    ASSERT_EQ(typeCode, TypeString);
+    if (typeCode != TypeString) {
+        prependNumber(list, typeCode, static_cast<const std::int16_t *>(value));
+        return;
+    }
     const std::unique_ptr<char16_t, decltype(&std::free)> text(static_cast<char16_t *>(value), std::free);
     recordText("prependRb 5005", text.get());
     resbuf *node = m_nodes.addText(text.get());

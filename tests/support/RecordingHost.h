@@ -3,10 +3,13 @@
 #include "host/sdk/HostSdk.h"
 #include "lisp/LispHost.h"
 #include "sdk/fx/CFxDocument.h"
+#include "sdk/fx/CFxUserInput.h"
+#include "sdk/oda/OdDbObjectId.h"
 #include "tests/support/NodeStore.h"
 
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,6 +23,22 @@ std::string operation(const char *name, const char *text); // UTF-8
 // An interpreter that does nothing but write down, in order, what is asked of it. It answers every operation with
 // StatusNormal unless told otherwise. A test fails when an operation is not preceded by a fetch of the document and of
 // its interpreter, or when a node is released twice.
+// What a recording host answers with where a status is not all.
+struct HostReplies
+{
+    std::int32_t number = 0;                 // getInt, getVar
+    std::int32_t defaultNumber = 0;          // what getInt was called with
+    std::u16string input;                    // getInput
+    std::u16string text;                     // getString
+    LispPoint point{};                       // dragSelection; getEntityExtents, the minimum
+    LispPoint otherPoint{};                  // getEntityExtents, the maximum
+    LispName name{};                         // namedObjDict; what the object id was asked for
+    resbuf *list = nullptr;                  // dictSearch
+    std::function<void(DragTransform)> drag; // what the host does with the transform
+    OdDbDatabase *database = nullptr;
+    OdDbObjectId objectId;
+};
+
 class RecordingHost final : public LispHost, private CFxDocument, private HostSdk::ActiveDocumentProvider
 {
 public:
@@ -37,6 +56,7 @@ public:
     const Operations &operations() const { return m_operations; }
     const std::vector<LispHandler> &definedHandlers() const { return m_definedHandlers; } // of every defun, in order
     NodeStore &nodes() { return m_nodes; }
+    HostReplies replies;
 
     int regApp(const char16_t *applicationName) override;
     int defun(const char16_t *name, LispHandler handler) override;
@@ -93,9 +113,24 @@ public:
     void prependRb(resbuf *list, int typeCode, void *value) override;
 
 private:
-    LispHost *lispHost() override;
-    CFxDocument *activeDocument() override;
+    class RecordingUserInput final : public CFxUserInput
+    {
+    public:
+        explicit RecordingUserInput(RecordingHost &host) : m_host(host) {}
+        int initGet(int bits, const char16_t *keywords) override;
+        int getPoint(const char16_t *prompt, const LispPoint *base, LispPoint *result, CFxString *keyword) override;
 
+    private:
+        RecordingHost &m_host;
+    };
+
+    LispHost *lispHost() override;
+    OdDbDatabase *database() override;
+    CFxUserInput *userInput() override;
+    CFxDocument *activeDocument() override;
+    OdDbObjectId objectId(const LispName &name) override;
+
+    void prependNumber(resbuf *list, int typeCode, const std::int16_t *number);
     void record(const std::string &line);
     int recordAnswered(const std::string &name, const std::string &line); // gives the answer for that operation
     int recordText(const char *name, const char16_t *text);
@@ -107,5 +142,6 @@ private:
     std::vector<LispHandler> m_definedHandlers;
     std::map<std::string, int> m_answers;
     NodeStore m_nodes;
+    RecordingUserInput m_userInput{*this};
     resbuf *m_arguments = nullptr;
 };

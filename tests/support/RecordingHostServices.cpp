@@ -2,31 +2,14 @@
 
 #include "tests/support/RecordingHost.h"
 
-#include <cmath>
-
 int RecordingHost::regApp(const char16_t *applicationName)
 {
     return recordText("regApp", applicationName);
 }
 
-int RecordingHost::commandNarrow(const resbuf *)
-{
-    return recordAnswered("commandNarrow", "commandNarrow");
-}
-
 int RecordingHost::getEnvVar(const char *name, int, int, int, char16_t *)
 {
     return recordAnswered("getEnvVar", operation("getEnvVar", name));
-}
-
-int RecordingHost::setVar(const char16_t *name, const resbuf *)
-{
-    return recordText("setVar", name);
-}
-
-int RecordingHost::getVar(const char16_t *name, resbuf *)
-{
-    return recordText("getVar", name);
 }
 
 int RecordingHost::wcMatch(const char16_t *text, const char16_t *)
@@ -72,32 +55,6 @@ resbuf *RecordingHost::tblSearch(const char16_t *table, const char16_t *, int)
     return nullptr;
 }
 
-double RecordingHost::angle(const LispPoint *from, const LispPoint *to)
-{
-    record("angle");
-    return std::atan2(to->y - from->y, to->x - from->x);
-}
-
-int RecordingHost::initGet(int flags, const char16_t *)
-{
-    return recordAnswered("initGet", "initGet " + std::to_string(flags));
-}
-
-int RecordingHost::getInt(const char16_t *prompt, std::int32_t *)
-{
-    return recordText("getInt", prompt);
-}
-
-int RecordingHost::getInput(char16_t *, int)
-{
-    return recordAnswered("getInput", "getInput");
-}
-
-int RecordingHost::getString(int, const char16_t *prompt, char16_t *, int)
-{
-    return recordText("getString", prompt);
-}
-
 int RecordingHost::menuCmd(const char16_t *command)
 {
     return recordText("menuCmd", command);
@@ -113,24 +70,9 @@ int RecordingHost::getFileDialog(const char16_t *title, const char16_t *, const 
     return recordText("getFileDialog", title);
 }
 
-int RecordingHost::dragSelection(const LispName *, const char16_t *prompt, int, DragTransform, LispPoint *)
-{
-    return recordText("dragSelection", prompt);
-}
-
 void RecordingHost::setTabletMode(int mode)
 {
     record("setTabletMode " + std::to_string(mode));
-}
-
-int RecordingHost::compileShape(const char16_t *firstFile, const char16_t *)
-{
-    return recordText("compileShape", firstFile);
-}
-
-int RecordingHost::getEntityExtents(const LispName *, LispPoint *, LispPoint *)
-{
-    return recordAnswered("getEntityExtents", "getEntityExtents");
 }
 
 int RecordingHost::helpTrap(const char16_t *first, const char16_t *, const char16_t *)
@@ -146,15 +88,4 @@ int RecordingHost::getProfileString(const char16_t *, const char16_t *key, const
 int RecordingHost::setProfileString(const char16_t *, const char16_t *key, const char16_t *)
 {
     return recordText("setProfileString", key);
-}
-
-resbuf *RecordingHost::dictSearch(const LispName *, const char16_t *key, int)
-{
-    recordText("dictSearch", key);
-    return nullptr;
-}
-
-int RecordingHost::namedObjDict(LispName *)
-{
-    return recordAnswered("namedObjDict", "namedObjDict");
 }

@@ -13,6 +13,7 @@ namespace {
 class Services final : public CFxSystemServices
 {
     CFxDocumentManager *documentManager() override { return nullptr; }
+    void message(const CFxString &) override {}
 };
 
 std::size_t requested = 0;

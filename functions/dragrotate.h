@@ -1,0 +1,3 @@
+#pragma once
+
+int acetSsDragRotate(); // acet-ss-drag-rotate

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "lisp/resbuf.h"
+#include "sdk/fx/FxExport.h"
+#include "sdk/oda/OdDbObjectId.h"
+
+class FX_EXPORT CFxAPI
+{
+public:
+    // The object of an entity name in the active document; null when the name is of no object there.
+    static OdDbObjectId GetObjectId(const LispName &name);
+};
