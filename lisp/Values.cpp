@@ -25,7 +25,8 @@ char16_t *duplicate(const QString &text)
 
 QString textOf(const resbuf *node)
 {
-    return QString::fromUtf16(node->resval.string);
+    // Not by QString::fromUtf16, which takes a first U+FEFF for a byte order mark.
+    return QStringView(node->resval.string).toString();
 }
 
 void returnText(const QString &text)

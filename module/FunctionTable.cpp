@@ -2,6 +2,7 @@
 
 #include "functions/catch.h"
 #include "functions/colors.h"
+#include "functions/config.h"
 #include "functions/dragrotate.h"
 #include "functions/drawing.h"
 #include "functions/files.h"
@@ -9,6 +10,7 @@
 #include "functions/ini.h"
 #include "functions/pending.h"
 #include "functions/strings.h"
+#include "functions/sysvars.h"
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
@@ -55,9 +57,9 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"_xstrcase", guarded<xstrcase>},
     pending("startapp"),
     pending("geturl"),
-    pending("acet-reg-prodkey"),
-    pending("acet-reg-machine-prodkey"),
-    pending("acet-reg-user-prodkey"),
+    {"acet-reg-prodkey", guarded<acetRegProdkey>},
+    {"acet-reg-machine-prodkey", guarded<acetRegMachineProdkey>},
+    {"acet-reg-user-prodkey", guarded<acetRegUserProdkey>},
     pending("acet-sys-command"),
     pending("acet-sys-foreground"),
     pending("acet-sys-procid"),
@@ -78,8 +80,8 @@ constexpr std::array<FunctionRow, 75> table = {{
     pending("acet_filename_associated_app"),
     pending("showhtmlmodalwindow"),
     {"layoutlist", guarded<layoutlist>},
-    pending("acet_set_config"),
-    pending("acet_get_config"),
+    {"acet_set_config", guarded<acetSetConfig>},
+    {"acet_get_config", guarded<acetGetConfig>},
     pending("acet-help"),
     pending("seturl"),
     pending("acet-ui-txted"),
@@ -93,8 +95,8 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"_vorns_util", guarded<vornsUtil>},
     {"acad_truecolorcli", guarded<acadTruecolorcli>},
     pending("acet-help-trap"),
-    pending("acet-var-setvar"),
-    pending("acet-var-getvar"),
+    {"acet-var-setvar", guarded<acetVarSetvar>},
+    {"acet-var-getvar", guarded<acetVarGetvar>},
     {"wexo_getpointEsc", guarded<wexoGetpointEsc>},
     {"wexo_compileshp", guarded<wexoCompileshp>},
     pending("wexo_htmlprompt"),

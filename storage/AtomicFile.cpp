@@ -88,7 +88,8 @@ QString replaceTarget(const QFileInfo &target, const QByteArray &content)
 {
     QFile beside(target.filePath() + QStringLiteral(".new"));
     QString reason = writeAndSync(beside, content);
-    if (reason.isNull() && target.exists() && !beside.setPermissions(target.permissions()))
+    if (reason.isNull() && target.exists() && beside.permissions() != target.permissions() &&
+        !beside.setPermissions(target.permissions()))
         reason = beside.errorString();
     beside.close();
     if (reason.isNull())

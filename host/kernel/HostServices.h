@@ -4,6 +4,8 @@
 #include "host/kernel/input/AnswersFile.h"
 #include "host/kernel/input/ScriptedInput.h"
 #include "host/kernel/input/Transcript.h"
+#include "host/kernel/profile/ProfileStore.h"
+#include "storage/ProfileFolder.h"
 
 #include <functional>
 #include <string_view>
@@ -19,6 +21,7 @@ struct HostServices
     // The program's own words, one line without a newline, on standard error.
     std::function<void(const QString &)> warn = [](const QString &) {};
     lisp::Machine::Limits machineLimits; // of documents that are opened from now on
+    ProfileStore profile{profileFolder(), [this](const QString &text) { warn(text); }};
     AnswersFile answers;
     Transcript transcript;
     ScriptedInput scriptedInput{*this};

@@ -24,7 +24,7 @@ using lisp::Machine;
 using lisp::Value;
 
 SubstituteLispHost::SubstituteLispHost(Machine &machine, HostServices &services, SystemVariables &variables)
-    : m_machine(machine), m_variables(variables), m_prompter(services, machine)
+    : m_machine(machine), m_services(services), m_variables(variables), m_prompter(services, machine)
 {
     machine.setExternalCaller(this);
 }

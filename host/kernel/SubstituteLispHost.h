@@ -81,6 +81,7 @@ private:
     resbuf *nodesOf(lisp::Value value);
 
     lisp::Machine &m_machine;
+    HostServices &m_services;
     SystemVariables &m_variables;
     Prompter m_prompter;
     NodePool m_pool;

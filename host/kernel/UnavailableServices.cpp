@@ -1,4 +1,4 @@
-// Operations of the LISP interface that need a drawing, a window or the profile store. This host has none of them yet:
+// Operations of the LISP interface that need a drawing or a window. This host has none of them yet:
 // each answers with the failure that a module must expect from a host without the service, and pretends nothing.
 
 #include "host/kernel/SubstituteLispHost.h"
@@ -71,16 +71,6 @@ int SubstituteLispHost::getEntityExtents(const LispName *, LispPoint *, LispPoin
 }
 
 int SubstituteLispHost::helpTrap(const char16_t *, const char16_t *, const char16_t *)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::getProfileString(const char16_t *, const char16_t *, const char16_t *, char16_t *, int)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::setProfileString(const char16_t *, const char16_t *, const char16_t *)
 {
     return StatusError;
 }

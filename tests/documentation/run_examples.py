@@ -6,6 +6,7 @@ parenthesis holds examples: an expression, and behind the semicolon the value th
 after a comma or colon. The examples of one heading run in one program, those of a page in one directory.
 """
 
+import os
 import pathlib
 import re
 import subprocess
@@ -83,7 +84,8 @@ def agrees(expression, expected, printed):
 def failures(lisphost, directory, found):
     """What the examples of one heading print, where it is not what the page says."""
     command = [lisphost, "eval", *(expression for expression, _ in found)]
-    result = subprocess.run(command, cwd=directory, capture_output=True, text=True, timeout=60, check=False)
+    environment = os.environ | {"XDG_DATA_HOME": str(directory)}  # where the profile goes
+    result = subprocess.run(command, cwd=directory, env=environment, capture_output=True, text=True, timeout=60, check=False)
     printed = result.stdout.splitlines()
     if result.returncode != 0 or len(printed) != len(found):
         yield f"status {result.returncode}: {[expression for expression, _ in found]}\n{result.stdout}{result.stderr}"

@@ -2,6 +2,7 @@
 
 #include "functions/catch.h"
 #include "functions/colors.h"
+#include "functions/config.h"
 #include "functions/dragrotate.h"
 #include "functions/drawing.h"
 #include "functions/files.h"
@@ -9,6 +10,7 @@
 #include "functions/ini.h"
 #include "functions/pending.h"
 #include "functions/strings.h"
+#include "functions/sysvars.h"
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
@@ -137,9 +139,16 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"acet-file-rmdir", guarded<acetFileRmdir>},
         {"acet-ini-get", guarded<acetIniGet>},
         {"acet-ini-set", guarded<acetIniSet>},
+        {"acet-reg-machine-prodkey", guarded<acetRegProdkey>}, // one handler under two names
+        {"acet-reg-prodkey", guarded<acetRegProdkey>},
+        {"acet-reg-user-prodkey", guarded<acetRegUserProdkey>},
         {"acet-str-collate", guarded<acetStrCollate>},
         {"acet-str-equal", guarded<acetStrEqual>},
         {"acet-util-ver", guarded<acetUtilVer>},
+        {"acet-var-getvar", guarded<acetVarGetvar>},
+        {"acet-var-setvar", guarded<acetVarSetvar>},
+        {"acet_get_config", guarded<acetGetConfig>},
+        {"acet_set_config", guarded<acetSetConfig>},
         {"vl_catch_all_apply", guarded<vlCatchAllApply>},
         {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
         {"_xstrcase", guarded<xstrcase>},

@@ -23,7 +23,7 @@ std::string describeList(const resbuf *list)
     for (const resbuf *node = list; node != nullptr; node = node->rbnext) {
         result += ' ' + std::to_string(node->restype);
         if (node->restype == TypeString)
-            result += operation("", QString::fromUtf16(node->resval.string));
+            result += operation("", QStringView(node->resval.string).toString());
         else if (node->restype == TypeShort || node->restype == TypeLong)
             result += ' ' + std::to_string(node->resval.longInteger);
         else if (node->restype == TypePoint2d || node->restype == TypePoint3d)
@@ -96,7 +96,7 @@ int RecordingHost::recordAnswered(const std::string &name, const std::string &li
 
 int RecordingHost::recordText(const char *name, const char16_t *text)
 {
-    return recordAnswered(name, operation(name, QString::fromUtf16(text)));
+    return recordAnswered(name, operation(name, QStringView(text).toString()));
 }
 
 int RecordingHost::defun(const char16_t *name, LispHandler handler)

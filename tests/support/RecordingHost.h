@@ -53,6 +53,7 @@ public:
     // Begins a call: what getArgs will give. Forgets what was recorded.
     void setArguments(const Arguments &arguments);
     void setAnswer(const std::string &operationName, int answer);
+    void setProfileText(const std::u16string &text) { m_profileText = text; } // what getProfileString finds
     const Operations &operations() const { return m_operations; }
     const std::vector<LispHandler> &definedHandlers() const { return m_definedHandlers; } // of every defun, in order
     NodeStore &nodes() { return m_nodes; }
@@ -141,6 +142,7 @@ private:
     Operations m_operations;
     std::vector<LispHandler> m_definedHandlers;
     std::map<std::string, int> m_answers;
+    std::u16string m_profileText;
     NodeStore m_nodes;
     RecordingUserInput m_userInput{*this};
     resbuf *m_arguments = nullptr;

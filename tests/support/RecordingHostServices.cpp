@@ -2,6 +2,24 @@
 
 #include "tests/support/RecordingHost.h"
 
+#include "lisp/LispStatus.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace {
+
+// Each with a blank in front.
+std::string quoted(std::initializer_list<const char16_t *> texts)
+{
+    std::string result;
+    for (const char16_t *text : texts)
+        result += operation("", QStringView(text).toString());
+    return result;
+}
+
+} // namespace
+
 int RecordingHost::regApp(const char16_t *applicationName)
 {
     return recordText("regApp", applicationName);
@@ -80,12 +98,18 @@ int RecordingHost::helpTrap(const char16_t *first, const char16_t *, const char1
     return recordText("helpTrap", first);
 }
 
-int RecordingHost::getProfileString(const char16_t *, const char16_t *key, const char16_t *, char16_t *, int)
+int RecordingHost::getProfileString(const char16_t *section, const char16_t *key, const char16_t *fallback,
+                                    char16_t *buffer, int capacity)
 {
-    return recordText("getProfileString", key);
+    const int status = recordAnswered("getProfileString", "getProfileString" + quoted({section, key, fallback}) + ' ' +
+                                                              std::to_string(capacity));
+    const std::u16string text = m_profileText.substr(0, static_cast<std::size_t>(capacity) - 1);
+    if (status == StatusNormal)
+        *std::copy(text.begin(), text.end(), buffer) = u'\0';
+    return status;
 }
 
-int RecordingHost::setProfileString(const char16_t *, const char16_t *key, const char16_t *)
+int RecordingHost::setProfileString(const char16_t *section, const char16_t *key, const char16_t *value)
 {
-    return recordText("setProfileString", key);
+    return recordAnswered("setProfileString", "setProfileString" + quoted({section, key, value}));
 }

@@ -172,12 +172,10 @@ TEST_F(LispHostCalls, servicesThatThisHostLacksFail)
 {
     LispName name{};
     LispPoint point{};
-    char16_t text[8] = u"";
     EXPECT_EQ(m_host.regApp(u"APP"), StatusError);
     EXPECT_EQ(m_host.progressSet(5), 0);
     EXPECT_EQ(m_host.entGet(&name, true), nullptr);
     EXPECT_EQ(m_host.entMod(nullptr), StatusError);
     EXPECT_EQ(m_host.getEntityExtents(&name, &point, &point), StatusError);
-    EXPECT_EQ(m_host.getProfileString(u"s", u"k", u"d", text, 8), StatusError);
     EXPECT_EQ(m_host.namedObjDict(&name), StatusError);
 }

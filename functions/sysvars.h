@@ -1,0 +1,4 @@
+#pragma once
+
+int acetVarSetvar(); // acet-var-setvar
+int acetVarGetvar(); // acet-var-getvar
