@@ -1,41 +1,13 @@
 // What a call from LISP costs: built-ins, LISP functions, functions of the module. Each iteration is 1000 calls.
 
-#include "host/kernel/Host.h"
-
-#include <benchmark/benchmark.h>
-
-#include <QString>
+#include "benchmarks/Workplace.h"
 
 namespace {
-
-// A document with the module loaded, and what the programs below use.
-class Workplace
-{
-public:
-    Workplace() : m_document(m_host.documents().open())
-    {
-        m_host.modules().load(QStringLiteral(MODULE_FILE));
-        m_document.machine().load(u"(defun lisp-function () \"LISP function\")", u"");
-    }
-    void run(benchmark::State &state, const char16_t *call)
-    {
-        const std::u16string program = u"(defun work () (repeat 1000 " + std::u16string(call) + u"))";
-        lisp::Machine &machine = m_document.machine();
-        machine.load(program, u"");
-        const lisp::Value work = machine.intern(u"work")->value;
-        for (auto _ : state)
-            benchmark::DoNotOptimize(machine.call(work, {}));
-        state.SetItemsProcessed(state.iterations() * 1000);
-    }
-
-private:
-    Host m_host;
-    Document &m_document;
-};
 
 void callOf(benchmark::State &state, const char16_t *call)
 {
     Workplace workplace;
+    workplace.load(u"(defun lisp-function () \"LISP function\")");
     workplace.run(state, call);
 }
 

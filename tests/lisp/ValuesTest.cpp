@@ -1,5 +1,6 @@
 #include "lisp/Values.h"
 
+#include "lisp/ActiveLispHost.h"
 #include "tests/support/HandlerTest.h"
 
 namespace {
@@ -29,4 +30,12 @@ TEST_F(Values, TruthIsTOrNil)
     returnTruth(true);
     returnTruth(false);
     EXPECT_EQ(host().operations(), (Operations{"retT", "retNil"}));
+}
+
+TEST_F(Values, ATextThatBeginsWithAByteOrderMarkStaysWhole)
+{
+    host().setArguments({text(u"\ufeffa"), text(u"\ufffea")});
+    const resbuf *node = activeLispHost()->getArgs();
+    EXPECT_EQ(textOf(node), u"\ufeffa"_qs);
+    EXPECT_EQ(textOf(node->rbnext), u"\ufffea"_qs);
 }

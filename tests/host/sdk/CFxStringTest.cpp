@@ -35,6 +35,12 @@ TEST(CFxString, GivesNulTerminatedUnits)
     EXPECT_EQ(std::u16string(CFxString(static_cast<const char16_t *>(nullptr)).wide_strU()), u"");
 }
 
+TEST(CFxString, KeepsAByteOrderMarkInFront)
+{
+    EXPECT_EQ(CFxString(u"\ufeffa").toQString(), u"\ufeffa"_qs);
+    EXPECT_EQ(CFxString(u"\ufffea").toQString(), u"\ufffea"_qs);
+}
+
 TEST(CFxString, CopiesAndMovesAsAValue)
 {
     CFxString original(u"abc");
