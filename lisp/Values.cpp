@@ -29,6 +29,12 @@ QString textOf(const resbuf *node)
     return QStringView(node->resval.string).toString();
 }
 
+QString viewOf(const resbuf *node)
+{
+    const QStringView units(node->resval.string);
+    return QString::fromRawData(units.data(), units.size());
+}
+
 void returnText(const QString &text)
 {
     const CFxString result(text);

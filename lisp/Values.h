@@ -6,6 +6,7 @@
 
 // The text of a string node.
 QString textOf(const resbuf *node);
+QString viewOf(const resbuf *node); // the same without a copy: only until the node is released
 
 // Set the call's result.
 void returnText(const QString &text);

@@ -11,6 +11,7 @@
 #include "functions/pending.h"
 #include "functions/strings.h"
 #include "functions/sysvars.h"
+#include "functions/textsearch.h"
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
@@ -51,8 +52,8 @@ constexpr std::array<FunctionRow, 75> table = {{
     pending("acet-reg-del"),
     {"acet-str-equal", guarded<acetStrEqual>},
     {"acet-str-collate", guarded<acetStrCollate>},
-    pending("acet-str-wcmatch"),
-    pending("acet-str-format"),
+    {"acet-str-wcmatch", guarded<acetStrWcmatch>},
+    {"acet-str-format", guarded<acetStrFormat>},
     pending("acet-sys-beep"),
     {"_xstrcase", guarded<xstrcase>},
     pending("startapp"),
@@ -86,8 +87,8 @@ constexpr std::array<FunctionRow, 75> table = {{
     pending("seturl"),
     pending("acet-ui-txted"),
     pending("_editRtext_"),
-    pending("acet-str-find"),
-    pending("acet-str-replace"),
+    {"acet-str-find", guarded<acetStrFind>},
+    {"acet-str-replace", guarded<acetStrReplace>},
     {"acet-ss-drag-rotate", guarded<acetSsDragRotate>},
     {"ismnugrploaded", guarded<ismnugrploaded>},
     pending("acet-ui-status"),

@@ -102,3 +102,14 @@ std::vector<CFxString> CFxString::SplitW(char16_t separator) const
     const QStringList parts = m_text.split(separator);
     return {parts.begin(), parts.end()};
 }
+
+CFxString &CFxString::makeLower()
+{
+    m_text = mapped(m_text, [](char32_t codePoint) { return QChar::toLower(codePoint); });
+    return *this;
+}
+
+int CFxString::find(const CFxString &other) const
+{
+    return static_cast<int>(m_text.indexOf(other.m_text));
+}

@@ -30,7 +30,11 @@ public:
     int compare(const CFxString &other) const;
     int compareNoCase(const CFxString &other) const;
 
-    CFxString &makeUpper(); // in place
+    CFxString &makeUpper(); // in place, as makeLower
+    CFxString &makeLower();
+
+    // Where the other text first occurs, counted from 0; -1 when it does not.
+    int find(const CFxString &other) const;
 
     // The parts between the separators, empty ones included; one part when there is no separator.
     std::vector<CFxString> SplitW(char16_t separator) const;

@@ -39,3 +39,12 @@ TEST_F(Values, ATextThatBeginsWithAByteOrderMarkStaysWhole)
     EXPECT_EQ(textOf(node), u"\ufeffa"_qs);
     EXPECT_EQ(textOf(node->rbnext), u"\ufffea"_qs);
 }
+
+TEST_F(Values, AViewIsTheNodesTextItself)
+{
+    host().setArguments({text(u"\ufeffa")});
+    const resbuf *node = activeLispHost()->getArgs();
+    const QString view = viewOf(node);
+    EXPECT_EQ(view, u"\ufeffa"_qs);
+    EXPECT_EQ(static_cast<const void *>(view.constData()), node->resval.string);
+}

@@ -11,6 +11,7 @@
 #include "functions/pending.h"
 #include "functions/strings.h"
 #include "functions/sysvars.h"
+#include "functions/textsearch.h"
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
@@ -144,6 +145,10 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"acet-reg-user-prodkey", guarded<acetRegUserProdkey>},
         {"acet-str-collate", guarded<acetStrCollate>},
         {"acet-str-equal", guarded<acetStrEqual>},
+        {"acet-str-find", guarded<acetStrFind>},
+        {"acet-str-format", guarded<acetStrFormat>},
+        {"acet-str-replace", guarded<acetStrReplace>},
+        {"acet-str-wcmatch", guarded<acetStrWcmatch>},
         {"acet-util-ver", guarded<acetUtilVer>},
         {"acet-var-getvar", guarded<acetVarGetvar>},
         {"acet-var-setvar", guarded<acetVarSetvar>},

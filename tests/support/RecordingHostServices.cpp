@@ -30,9 +30,11 @@ int RecordingHost::getEnvVar(const char *name, int, int, int, char16_t *)
     return recordAnswered("getEnvVar", operation("getEnvVar", name));
 }
 
-int RecordingHost::wcMatch(const char16_t *text, const char16_t *)
+int RecordingHost::wcMatch(const char16_t *text, const char16_t *pattern)
 {
-    return recordText("wcMatch", text);
+    const std::string line =
+        operation(operation("wcMatch", QStringView(text).toString()).c_str(), QStringView(pattern).toString());
+    return recordAnswered("wcMatch", line);
 }
 
 void RecordingHost::progressStart(const char16_t *label)

@@ -84,3 +84,24 @@ TEST(CFxString, MakesCapitalsOneForOne)
 {
     EXPECT_EQ(CFxString(u"aä\U00010428ßŉ").makeUpper().toQString(), u"AÄ\U00010400ßŉ"_qs);
 }
+
+TEST(CFxString, MakesSmallLettersOneForOne)
+{
+    EXPECT_EQ(CFxString(u"AÄ\U00010400ẞİ").makeLower().toQString(), u"aä\U00010428ßİ"_qs);
+}
+
+TEST(CFxString, NoLetterChangesItsLengthWithItsCase)
+{
+    for (char32_t codePoint = 0; codePoint <= QChar::LastValidCodePoint; ++codePoint) {
+        EXPECT_EQ(QChar::requiresSurrogates(QChar::toLower(codePoint)), QChar::requiresSurrogates(codePoint));
+        EXPECT_EQ(QChar::requiresSurrogates(QChar::toUpper(codePoint)), QChar::requiresSurrogates(codePoint));
+    }
+}
+
+TEST(CFxString, FindsTheFirstOccurrenceCountedFrom0)
+{
+    EXPECT_EQ(CFxString(u"banana").find(CFxString(u"an")), 1);
+    EXPECT_EQ(CFxString(u"banana").find(CFxString(u"AN")), -1);
+    EXPECT_EQ(CFxString(u"banana").find(CFxString()), 0);
+    EXPECT_EQ(CFxString().find(CFxString()), 0);
+}

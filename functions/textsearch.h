@@ -1,0 +1,4 @@
+#pragma once
+
+int acetStrFind();    // acet-str-find
+int acetStrReplace(); // acet-str-replace
