@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/TerminalConsole.h"
 #include "host/kernel/Host.h"
+#include "host/ui/HeadlessInterface.h"
 
 // One run of the program: the host with its modules, one document, and the command line.
 class Session
@@ -32,5 +33,6 @@ private:
 
     TerminalConsole m_console;
     Host m_host;
+    HeadlessInterface m_userInterface{m_host.services()};
     Document *m_document = nullptr;
 };

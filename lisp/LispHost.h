@@ -90,7 +90,7 @@ public:
     // StatusNormal when found: the full path then stands in the buffer, which has room for FoundPathUnits.
     virtual int findFile(const char16_t *name, char16_t *resultPath) = 0;
 
-    // StatusNormal and a string in the node when a file was chosen.
+    // StatusNormal and a string in the node when a file was chosen. The string stays the host's, until the call ends.
     virtual int getFileDialog(const char16_t *title, const char16_t *defaultName, const char16_t *extension, int flags,
                               resbuf *result) = 0;
 

@@ -8,7 +8,7 @@ build_packages=(
     # compilers, build and debugging aids
     g++ clang-14 libclang-rt-14-dev cmake ninja-build ccache pkg-config binutils git
     # what the programs are made of
-    qt6-base-dev qt6-base-dev-tools libedit-dev libcli11-dev libseccomp-dev
+    qt6-base-dev qt6-base-dev-tools fonts-dejavu-core libedit-dev libcli11-dev libseccomp-dev
     # tests and benchmarks
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev python3 attr libattr1-dev
     # formatting and lint

@@ -15,3 +15,8 @@ Document::Document(HostServices &services)
 }
 
 Document::~Document() = default;
+
+QWidget *Document::window()
+{
+    return m_services.userInterface->documentWindow();
+}

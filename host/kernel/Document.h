@@ -19,6 +19,7 @@ public:
     LispHost *lispHost() override { return &m_lispHost; }
     OdDbDatabase *database() override { return nullptr; }
     CFxUserInput *userInput() override { return &m_userInput; }
+    QWidget *window() override;
     lisp::Machine &machine() { return m_machine; }
     HostServices &services() { return m_services; }
     SystemVariables &variables() { return m_variables; }

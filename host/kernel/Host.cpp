@@ -29,6 +29,12 @@ OdDbObjectId Host::objectId(const LispName &)
     return OdDbObjectId(); // documents have no drawing yet
 }
 
+// Every text is shown in the same way, whatever the option.
+void Host::htmlPrompt(const CFxString &text, bool)
+{
+    m_services.userInterface->showHtml(text.toQString());
+}
+
 std::vector<std::u16string> Host::loadedModules() const
 {
     std::vector<std::u16string> names;

@@ -16,6 +16,8 @@ public:
     Host &operator=(const Host &) = delete;
 
     CFxDocumentManager *documentManager() override { return &m_documents; }
+    QWidget *mainWindow() override { return m_services.userInterface->mainWindow(); }
+    void htmlPrompt(const CFxString &text, bool option) override;
     std::vector<std::u16string> loadedModules() const override;
     bool loadModule(std::u16string_view path) override;
     void message(const CFxString &text) override;

@@ -5,6 +5,8 @@
 #include "host/kernel/input/ScriptedInput.h"
 #include "host/kernel/input/Transcript.h"
 #include "host/kernel/profile/ProfileStore.h"
+#include "host/kernel/windows/ProgressMeter.h"
+#include "host/kernel/windows/UserInterface.h"
 #include "storage/ProfileFolder.h"
 
 #include <functional>
@@ -26,4 +28,7 @@ struct HostServices
     Transcript transcript;
     ScriptedInput scriptedInput{*this};
     UserInput *input = &scriptedInput; // never null, not owned
+    NoUserInterface noWindows;
+    UserInterface *userInterface = &noWindows; // never null, not owned
+    ProgressMeter progressMeter{*this};
 };

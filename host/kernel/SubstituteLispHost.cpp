@@ -6,6 +6,7 @@
 #include "host/interpreter/FileSearch.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/ArgumentList.h"
+#include "host/kernel/HostServices.h"
 #include "host/kernel/NodeList.h"
 #include "host/kernel/ResultBuilder.h"
 #include "host/kernel/TextFormat.h"
@@ -37,7 +38,9 @@ SubstituteLispHost::~SubstituteLispHost()
 Value SubstituteLispHost::call(Machine &machine, const External &function, Args arguments)
 {
     const CallFrame frame(machine, arguments, m_pool, m_frame);
-    if (function.entry() == StatusError)
+    const int status = function.entry();
+    m_services.userInterface->callEnded();
+    if (status == StatusError)
         lisp::fail(u"error in " + function.name->name);
     return frame.result();
 }

@@ -1,5 +1,5 @@
-// Operations of the LISP interface that need a drawing or a window. This host has none of them yet:
-// each answers with the failure that a module must expect from a host without the service, and pretends nothing.
+// Operations of the LISP interface that need a drawing. This host has none of them yet: each answers with the failure
+// that a module must expect from a host without the service, and pretends nothing.
 
 #include "host/kernel/SubstituteLispHost.h"
 #include "lisp/LispStatus.h"
@@ -12,15 +12,6 @@ int SubstituteLispHost::regApp(const char16_t *)
 int SubstituteLispHost::commandNarrow(const resbuf *)
 {
     return StatusError;
-}
-
-void SubstituteLispHost::progressStart(const char16_t *) {}
-
-void SubstituteLispHost::progressEnd() {}
-
-int SubstituteLispHost::progressSet(int)
-{
-    return 0;
 }
 
 resbuf *SubstituteLispHost::entGet(const LispName *, bool)
@@ -44,11 +35,6 @@ resbuf *SubstituteLispHost::tblSearch(const char16_t *, const char16_t *, int)
 }
 
 int SubstituteLispHost::menuCmd(const char16_t *)
-{
-    return StatusError;
-}
-
-int SubstituteLispHost::getFileDialog(const char16_t *, const char16_t *, const char16_t *, int, resbuf *)
 {
     return StatusError;
 }

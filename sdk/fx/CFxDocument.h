@@ -3,6 +3,7 @@
 class CFxUserInput;
 class LispHost;
 class OdDbDatabase;
+class QWidget;
 
 // One open document. The host owns it.
 class CFxDocument
@@ -12,6 +13,8 @@ public:
     virtual LispHost *lispHost() = 0;
     virtual OdDbDatabase *database() = 0; // the document's drawing
     virtual CFxUserInput *userInput() = 0;
+
+    virtual QWidget *window() = 0; // null in a host without windows
 
 protected:
     ~CFxDocument() = default;

@@ -5,6 +5,7 @@
 class CFxDocument;
 class CFxDocumentManager;
 class CFxString;
+class QWidget;
 
 // The entrance to the host's own services.
 class CFxSystemServices
@@ -13,6 +14,10 @@ public:
     virtual CFxDocumentManager *documentManager() = 0; // null while there is none
     // Shows a text to the user.
     virtual void message(const CFxString &text) = 0;
+    virtual QWidget *mainWindow() = 0; // null in a host without windows
+
+    // Shows a text with HTML tags. What the option selects is the host's affair; modules pass false.
+    virtual void htmlPrompt(const CFxString &text, bool option) = 0;
 
 protected:
     ~CFxSystemServices() = default;

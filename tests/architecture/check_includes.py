@@ -12,14 +12,17 @@ import sys
 # The tests, benchmarks and fuzz targets may use everything and are not listed.
 MAY_USE = {
     "sdk": [],
+    "sdk/fx/ui": ["sdk"],
     "storage": [],
     "platform": ["storage"],
+    "platform/ui": ["platform", "sdk"],
     "resources": [],
     "lisp": ["sdk"],
     "dialogs": ["sdk"],
     "functions": ["lisp", "dialogs", "sdk", "platform"],
     "module": ["lisp", "functions", "dialogs", "resources", "sdk", "platform"],
     "host/sdk": ["sdk"],
+    "host/sdk/ui": ["sdk"],
     "host/interpreter": [],
     "host/drawing": [],
     "host/commands": ["host/interpreter", "host/drawing"],
@@ -30,6 +33,7 @@ MAY_USE = {
 }
 WITHOUT_GUI = ["lisp", "platform", "storage", "sdk", "host/interpreter", "host/drawing", "host/commands", "host/sdk"]
 GUI = ["QtWidgets", "QtGui"]
+GUI_ROOMS = ["sdk/fx/ui", "platform/ui", "host/sdk/ui", "host/ui"]
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
@@ -59,7 +63,7 @@ def faults(repository, qt_headers, source):
             continue  # made by uic from a form in the same folder
         elif not (repository / header).is_file():
             yield f'{name}: "{header}" is no path from the root of the repository'
-        elif not allows(room, header):
+        elif not allows(room, header) or (room in WITHOUT_GUI and room_of(header) in GUI_ROOMS):
             yield f'{name}: {room} may not use "{header}"'
 
 

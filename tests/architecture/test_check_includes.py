@@ -13,7 +13,8 @@ class CheckIncludes(unittest.TestCase):
         directory = tempfile.TemporaryDirectory()
         self.addCleanup(directory.cleanup)
         self.repository = pathlib.Path(directory.name)
-        for header in ("host/drawing/Line.h", "host/interpreter/Value.h", "lisp/resbuf.h", "qt/QtWidgets/QLabel"):
+        for header in ("host/drawing/Line.h", "host/interpreter/Value.h", "lisp/resbuf.h", "sdk/fx/ui/CFxDialog.h",
+                       "qt/QtWidgets/QLabel"):
             self.write(header, "")
 
     def write(self, name, content):
@@ -43,6 +44,11 @@ class CheckIncludes(unittest.TestCase):
     def test_widgets_are_kept_out_of_the_interpreter_alone(self):
         self.assertEqual(len(self.faults("host/interpreter/Heap.cpp", "#include <QLabel>\n")), 1)
         self.assertEqual(self.faults("dialogs/Editor.cpp", "#include <QLabel>\n"), [])
+
+    def test_folder_of_windows_inside_an_allowed_one_is_kept_out_of_folders_without_windows(self):
+        include = '#include "sdk/fx/ui/CFxDialog.h"\n'
+        self.assertEqual(len(self.faults("lisp/Values.cpp", include)), 1)
+        self.assertEqual(self.faults("dialogs/Editor.h", include), [])
 
 
 if __name__ == "__main__":

@@ -44,6 +44,8 @@ public:
 private:
     CFxDocumentManager *documentManager() override { return m_present ? this : nullptr; }
     void message(const CFxString &) override {}
+    QWidget *mainWindow() override { return nullptr; }
+    void htmlPrompt(const CFxString &, bool) override {}
 
     std::vector<std::unique_ptr<RecordingHost>> m_documents;
     std::vector<CFxDocumentManagerReactor *> m_reactors;

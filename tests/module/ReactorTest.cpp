@@ -15,6 +15,7 @@ class DocumentWithoutInterpreter final : public CFxDocument
     LispHost *lispHost() override { return nullptr; }
     OdDbDatabase *database() override { return nullptr; }
     CFxUserInput *userInput() override { return nullptr; }
+    QWidget *window() override { return nullptr; }
 };
 
 } // namespace

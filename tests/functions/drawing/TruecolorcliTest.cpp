@@ -12,6 +12,8 @@ public:
     MessageServices() { HostSdk::installSystemServices(this); }
     ~MessageServices() { HostSdk::installSystemServices(nullptr); }
     CFxDocumentManager *documentManager() override { return nullptr; }
+    QWidget *mainWindow() override { return nullptr; }
+    void htmlPrompt(const CFxString &, bool) override {}
     void message(const CFxString &text) override { messages.push_back(text.toQString().toStdString()); }
 
     std::vector<std::string> messages;

@@ -13,6 +13,8 @@ namespace {
 class Services final : public CFxSystemServices
 {
     CFxDocumentManager *documentManager() override { return nullptr; }
+    QWidget *mainWindow() override { return nullptr; }
+    void htmlPrompt(const CFxString &, bool) override {}
     void message(const CFxString &) override {}
 };
 

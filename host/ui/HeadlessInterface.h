@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/kernel/windows/UserInterface.h"
+
+#include <memory>
+
+class QApplication;
+class DialogDriver;
+struct HostServices;
+
+// Windows for runs without a person: real ones, on a screen that only exists in memory, driven by the answers file. The
+// application and its windows are made when somebody first asks for one, because that takes longer than most programs.
+//
+// It is the host's user interface as long as it lives, and ends before the host: the code of the modules' dialogs must
+// still be there.
+class HeadlessInterface final : public UserInterface
+{
+public:
+    explicit HeadlessInterface(HostServices &services);
+    ~HeadlessInterface();
+    HeadlessInterface(const HeadlessInterface &) = delete;
+    HeadlessInterface &operator=(const HeadlessInterface &) = delete;
+
+    QWidget *mainWindow() override;
+    QWidget *documentWindow() override;
+    void showHtml(const QString &text) override;
+    std::optional<QString> chooseFile(const FileRequest &request) override;
+    void callEnded() override;
+
+private:
+    void start();
+
+    HostServices &m_services;
+    std::unique_ptr<QApplication> m_application; // null until the first window is asked for
+    std::unique_ptr<DialogDriver> m_driver;
+    std::unique_ptr<QWidget> m_mainWindow;
+};
