@@ -72,7 +72,7 @@ TEST_F(ModuleLibrary, DefinesAndRemovesItsFunctions)
 TEST_F(ModuleLibrary, HoldsTheImagesOfTheDialogs)
 {
     for (const QString &image : images)
-        EXPECT_EQ(sizeOfImage(image), QByteArray("\0\0\0\x20\0\0\0\x20", 8)) << image.toStdString();
+        EXPECT_EQ(sizeOfImage(image), QByteArray("\0\0\0\x10\0\0\0\x10", 8)) << image.toStdString();
 }
 
 TEST(ModuleUnload, TakesTheImagesAway)

@@ -49,11 +49,13 @@ public:
     ~RecordingHost();
 
     CFxDocument *document() { return this; }
+    void setWindow(QWidget *window) { m_window = window; } // the document's; not owned
 
     // Begins a call: what getArgs will give. Forgets what was recorded.
     void setArguments(const Arguments &arguments);
     void setAnswer(const std::string &operationName, int answer);
-    void setProfileText(const std::u16string &text) { m_profileText = text; } // what getProfileString finds
+    void setProfileText(const std::u16string &text) { m_profileText = text; }         // what getProfileString finds
+    void setChosenFile(const QString &path) { m_chosenFile = path.toStdU16String(); } // what getFileDialog gives
     const Operations &operations() const { return m_operations; }
     const std::vector<LispHandler> &definedHandlers() const { return m_definedHandlers; } // of every defun, in order
     NodeStore &nodes() { return m_nodes; }
@@ -128,6 +130,7 @@ private:
     LispHost *lispHost() override;
     OdDbDatabase *database() override;
     CFxUserInput *userInput() override;
+    QWidget *window() override { return m_window; }
     CFxDocument *activeDocument() override;
     OdDbObjectId objectId(const LispName &name) override;
 
@@ -145,5 +148,7 @@ private:
     std::u16string m_profileText;
     NodeStore m_nodes;
     RecordingUserInput m_userInput{*this};
+    QWidget *m_window = nullptr;
+    std::u16string m_chosenFile;
     resbuf *m_arguments = nullptr;
 };

@@ -85,9 +85,14 @@ int RecordingHost::findFile(const char16_t *name, char16_t *)
     return recordText("findFile", name);
 }
 
-int RecordingHost::getFileDialog(const char16_t *title, const char16_t *, const char16_t *, int, resbuf *)
+int RecordingHost::getFileDialog(const char16_t *title, const char16_t *defaultName, const char16_t *extension,
+                                 int flags, resbuf *result)
 {
-    return recordText("getFileDialog", title);
+    result->restype = TypeString;
+    result->resval.string = m_chosenFile.data();
+    std::string line = operation("getFileDialog", QString::fromUtf16(title));
+    line += operation("", QString::fromUtf16(defaultName)) + operation("", QString::fromUtf16(extension));
+    return recordAnswered("getFileDialog", line + ' ' + std::to_string(flags));
 }
 
 void RecordingHost::setTabletMode(int mode)
