@@ -15,6 +15,8 @@ inline constexpr DWORD ERROR_DISK_FULL = 112;
 inline constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
 inline constexpr DWORD ERROR_MOD_NOT_FOUND = 126;
 inline constexpr DWORD ERROR_FILENAME_EXCED_RANGE = 206;
+inline constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
+inline constexpr DWORD ERROR_INVALID_MSGBOX_STYLE = 1438;
 inline constexpr DWORD ERROR_CANT_RESOLVE_FILENAME = 1921;
 
 // Each thread has its own. Calls that succeed leave it alone unless they say otherwise.

@@ -26,6 +26,8 @@ using WCHAR = char16_t;
 using LPCWSTR = const WCHAR *;
 using LPWSTR = WCHAR *;
 using HMODULE = void *;
+using HWND = void *; // a QWidget here
+using UINT = std::uint32_t;
 
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
