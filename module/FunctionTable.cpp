@@ -5,6 +5,7 @@
 #include "functions/config.h"
 #include "functions/dragrotate.h"
 #include "functions/drawing.h"
+#include "functions/filedialogs.h"
 #include "functions/files.h"
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
@@ -12,6 +13,8 @@
 #include "functions/strings.h"
 #include "functions/sysvars.h"
 #include "functions/textsearch.h"
+#include "functions/ui.h"
+#include "functions/uimessages.h"
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
@@ -39,9 +42,9 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"acet-file-remove", guarded<acetFileRemove>},
     {"acet-ent-geomextents", guarded<acetEntGeomextents>},
     {"acet-file-move", guarded<acetFileMove>},
-    pending("acet-file-readdialog"),
+    {"acet-file-readdialog", guarded<acetFileReaddialog>},
     {"acet-file-rmdir", guarded<acetFileRmdir>},
-    pending("acet-file-writedialog"),
+    {"acet-file-writedialog", guarded<acetFileWritedialog>},
     {"acet-ini-set", guarded<acetIniSet>},
     {"acet-ini-get", guarded<acetIniGet>},
     {"acet-ss-clear-prev", guarded<acetSsClearPrev>},
@@ -68,30 +71,30 @@ constexpr std::array<FunctionRow, 75> table = {{
     pending("acet-sys-spawn"),
     pending("acet-sys-term"),
     pending("acet-sys-wait"),
-    pending("acet-ui-pickdir"),
+    {"acet-ui-pickdir", guarded<acetUiPickdir>},
     {"acet-util-ver", guarded<acetUtilVer>},
-    pending("acet-ui-progress"),
-    pending("acet-ui-message"),
-    pending("acet-ui-message-html"),
+    {"acet-ui-progress", guarded<acetUiProgress>},
+    {"acet-ui-message", guarded<acetUiMessage>},
+    {"acet-ui-message-html", guarded<acetUiMessageHtml>},
     pending("acet-sys-keystate"),
     pending("acet-sys-lasterr"),
     pending("acet-sys-lmouse-down"),
     pending("acet-sys-mmouse-down"),
     pending("acet-sys-rmouse-down"),
     pending("acet_filename_associated_app"),
-    pending("showhtmlmodalwindow"),
+    {"showhtmlmodalwindow", guarded<showhtmlmodalwindow>},
     {"layoutlist", guarded<layoutlist>},
     {"acet_set_config", guarded<acetSetConfig>},
     {"acet_get_config", guarded<acetGetConfig>},
     pending("acet-help"),
     pending("seturl"),
-    pending("acet-ui-txted"),
-    pending("_editRtext_"),
+    {"acet-ui-txted", guarded<acetUiTxted>},
+    {"_editRtext_", guarded<editRtext>},
     {"acet-str-find", guarded<acetStrFind>},
     {"acet-str-replace", guarded<acetStrReplace>},
     {"acet-ss-drag-rotate", guarded<acetSsDragRotate>},
     {"ismnugrploaded", guarded<ismnugrploaded>},
-    pending("acet-ui-status"),
+    {"acet-ui-status", guarded<acetUiStatus>},
     {"tablet", guarded<tablet>},
     {"_vorns_util", guarded<vornsUtil>},
     {"acad_truecolorcli", guarded<acadTruecolorcli>},
@@ -100,7 +103,7 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"acet-var-getvar", guarded<acetVarGetvar>},
     {"wexo_getpointEsc", guarded<wexoGetpointEsc>},
     {"wexo_compileshp", guarded<wexoCompileshp>},
-    pending("wexo_htmlprompt"),
+    {"wexo_htmlprompt", guarded<wexoHtmlprompt>},
     pending("acet-filename-acad-root"),
     pending("wexo_opendefaultapp"),
     pending("startAddTableTransaction"),

@@ -3,7 +3,7 @@
 
 Under a heading the first indented block says how the function is called. Every further block that begins with a
 parenthesis holds examples: an expression, and behind the semicolon the value that it prints; words may follow the value
-after a comma or colon. The examples of one heading run in one program, those of a page in one directory.
+after a comma or colon. Blocks that begin with @ hold what the user answers, line by line. The examples of one heading run in one program, those of a page in one directory.
 """
 
 import os
@@ -27,6 +27,8 @@ READ_ONLY = ["locked.dxf"]
 # Values that differ from day to day and place to place.
 VARYING = {
     "(acet-file-cwd)": r'"/.*"',
+    '(acet-file-readdialog "Open" "" "dxf" "" 0)': r'"/.*/plan\.dxf"',
+    '(acet-ui-pickdir "" "." "Where to?")': r'"/.*/drawings/old"',
     "(acet-util-ver)": r'"LispExtension Version: [A-Z][a-z]{2} [ 1-3]\d 20\d\d"',
 }
 
@@ -58,12 +60,13 @@ def examples(block):
 
 
 def sections(page):
-    """The examples of each heading that has any."""
+    """The examples of each heading that has any, and the user's answers to them."""
     for section in re.split(r"^## ", page, flags=re.MULTILINE)[1:]:
         further = list(blocks(section))[1:]
         found = [example for block in further if block[0].startswith("(") for example in examples(block)]
+        answers = [line for block in further if block[0].startswith("@") for line in block]
         if found:
-            yield found
+            yield found, answers
 
 
 def furnish(directory):
@@ -81,13 +84,15 @@ def agrees(expression, expected, printed):
     return printed == expected
 
 
-def failures(lisphost, directory, found):
+def failures(lisphost, directory, found, answers):
     """What the examples of one heading print, where it is not what the page says."""
-    command = [lisphost, "eval", *(expression for expression, _ in found)]
+    answers_file = directory / "answers.txt"
+    answers_file.write_text("".join(f"{line}\n" for line in answers), encoding="utf-8")
+    command = [lisphost, "eval", *(expression for expression, _ in found), "--answers", str(answers_file)]
     environment = os.environ | {"XDG_DATA_HOME": str(directory)}  # where the profile goes
     result = subprocess.run(command, cwd=directory, env=environment, capture_output=True, text=True, timeout=60, check=False)
     printed = result.stdout.splitlines()
-    if result.returncode != 0 or len(printed) != len(found):
+    if result.returncode != 0 or len(printed) != len(found) or "no answer left" in result.stderr:
         yield f"status {result.returncode}: {[expression for expression, _ in found]}\n{result.stdout}{result.stderr}"
         return
     for (expression, expected), value in zip(found, printed):
@@ -101,8 +106,8 @@ def main():
     with tempfile.TemporaryDirectory() as name:
         directory = pathlib.Path(name)
         furnish(directory)
-        wrong = [failure for found in all_examples for failure in failures(lisphost, directory, found)]
-    print("\n".join(wrong) or f"{sum(map(len, all_examples))} examples print what the page says")
+        wrong = [failure for found, answers in all_examples for failure in failures(lisphost, directory, found, answers)]
+    print("\n".join(wrong) or f"{sum(len(found) for found, _ in all_examples)} examples print what the page says")
     # A page without a single example was not understood.
     return 1 if wrong or not all_examples else 0
 

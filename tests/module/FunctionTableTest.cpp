@@ -5,6 +5,7 @@
 #include "functions/config.h"
 #include "functions/dragrotate.h"
 #include "functions/drawing.h"
+#include "functions/filedialogs.h"
 #include "functions/files.h"
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
@@ -12,6 +13,8 @@
 #include "functions/strings.h"
 #include "functions/sysvars.h"
 #include "functions/textsearch.h"
+#include "functions/ui.h"
+#include "functions/uimessages.h"
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
@@ -165,6 +168,17 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"ismnugrploaded", guarded<ismnugrploaded>},
         {"layoutlist", guarded<layoutlist>},
         {"tablet", guarded<tablet>},
+        {"_editRtext_", guarded<editRtext>},
+        {"acet-file-readdialog", guarded<acetFileReaddialog>},
+        {"acet-file-writedialog", guarded<acetFileWritedialog>},
+        {"acet-ui-message", guarded<acetUiMessage>},
+        {"acet-ui-message-html", guarded<acetUiMessageHtml>},
+        {"acet-ui-pickdir", guarded<acetUiPickdir>},
+        {"acet-ui-progress", guarded<acetUiProgress>},
+        {"acet-ui-status", guarded<acetUiStatus>},
+        {"acet-ui-txted", guarded<acetUiTxted>},
+        {"showhtmlmodalwindow", guarded<showhtmlmodalwindow>},
+        {"wexo_htmlprompt", guarded<wexoHtmlprompt>},
         {"wexo_compileshp", guarded<wexoCompileshp>},
         {"wexo_getpointEsc", guarded<wexoGetpointEsc>},
     };
