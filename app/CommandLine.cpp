@@ -1,37 +1,31 @@
 #include "app/CommandLine.h"
 
+#include "app/system/Process.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <string>
 
-#include <unistd.h>
-
 namespace {
-
-QString toQString(const std::string &text)
-{
-    return QString::fromLocal8Bit(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 std::vector<QString> toQStrings(const std::vector<std::string> &texts)
 {
     std::vector<QString> result;
     result.reserve(texts.size());
     for (const std::string &text : texts)
-        result.push_back(toQString(text));
+        result.push_back(QString::fromStdString(text));
     return result;
 }
 
 } // namespace
 
-ParsedCommandLine parseCommandLine(int argumentCount, const char *const *arguments)
+ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
 {
     // What follows -- is the LISP program's own and never seen by the parser.
-    const char *const *end = arguments + argumentCount;
-    const char *const *separator =
-        std::find_if(arguments, end, [](const char *argument) { return std::string_view(argument) == "--"; });
+    const auto separator = std::find(arguments.begin(), arguments.end(), "--");
 
     CLI::App app("Runs, tests and debugs AutoLISP programs.", "lisphost");
     app.set_version_flag("--version", "lisphost " LISPHOST_VERSION);
@@ -90,7 +84,8 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
 
     ParsedCommandLine parsed;
     try {
-        app.parse(static_cast<int>(separator - arguments), arguments);
+        std::vector<std::string> reversed(std::make_reverse_iterator(separator), arguments.rend() - 1);
+        app.parse(std::move(reversed));
     } catch (const CLI::ParseError &error) {
         parsed.exitStatus = app.exit(error) == 0 ? ExitFine : ExitUsage;
         return parsed;
@@ -107,7 +102,7 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
         options.command = Options::Command::Doc;
         if (!name.empty())
             options.operands = toQStrings({name});
-    } else if (!repl->parsed() && !isatty(STDIN_FILENO)) {
+    } else if (!repl->parsed() && !isTerminal(stdin)) {
         std::cerr << "lisphost: a command is needed when standard input is no terminal\n" << app.help();
         parsed.exitStatus = ExitUsage;
     }
@@ -120,13 +115,12 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char *const *argumen
         sandbox.runnablePrograms = toQStrings(runnable);
         options.sandbox = sandbox;
     }
-    if (separator != end)
-        for (const char *const *argument = separator + 1; argument != end; ++argument)
-            options.programArguments.push_back(QString::fromLocal8Bit(*argument));
+    if (separator != arguments.end())
+        options.programArguments = toQStrings({separator + 1, arguments.end()});
     if (noModule || !modules.empty())
         options.modules = toQStrings(modules);
-    options.profileFolder = toQString(profile);
-    options.answersFile = toQString(answers);
-    options.transcriptFile = toQString(transcript);
+    options.profileFolder = QString::fromStdString(profile);
+    options.answersFile = QString::fromStdString(answers);
+    options.transcriptFile = QString::fromStdString(transcript);
     return parsed;
 }

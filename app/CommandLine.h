@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <optional>
+#include <string>
 #include <vector>
 
 // What the user asked for on the command line.
@@ -30,4 +31,5 @@ struct ParsedCommandLine
     Options options;
     std::optional<int> exitStatus;
 };
-ParsedCommandLine parseCommandLine(int argumentCount, const char *const *arguments);
+// The arguments are in UTF-8, the program's name first.
+ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments);

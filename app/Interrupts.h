@@ -4,8 +4,9 @@ namespace lisp {
 class Machine;
 }
 
-// Interrupts the program that runs in so many seconds, and every second from then on.
-void interruptAfter(int seconds);
+// The handler of signals that interrupt the program that runs: see InterruptScope. Without one, or after too many, the
+// signal does what it does to any process.
+extern "C" void onInterrupt(int signal);
 
 // While it lives, Ctrl-C makes the machine's program fail with "Function cancelled", a second one does so even if the
 // program catches the error and goes on, and a third ends the process.

@@ -3,13 +3,12 @@
 #include "app/Interrupts.h"
 #include "app/LineEditor.h"
 #include "app/Session.h"
+#include "app/system/Process.h"
 #include "host/interpreter/Reader.h"
 #include "storage/ProfileFolder.h"
 
 #include <QDir>
 #include <QFile>
-
-#include <unistd.h>
 
 using lisp::LispError;
 using lisp::Reader;
@@ -17,7 +16,7 @@ using lisp::Value;
 
 int Repl::run()
 {
-    return isatty(STDIN_FILENO) ? runOnTerminal() : runOnStream();
+    return isTerminal(stdin) ? runOnTerminal() : runOnStream();
 }
 
 int Repl::runOnStream()

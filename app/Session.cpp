@@ -1,7 +1,8 @@
 #include "app/Session.h"
 
 #include "app/Interrupts.h"
-#include "app/ProgramPaths.h"
+#include "app/sandbox/TimeLimit.h"
+#include "app/system/Process.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
 

@@ -1,10 +1,10 @@
 #include "app/TerminalConsole.h"
 
+#include "app/system/Process.h"
+
 #include <QString>
 
 #include <cstdio>
-
-#include <unistd.h>
 
 namespace {
 
@@ -17,7 +17,7 @@ QStringView viewOf(std::u16string_view text)
 
 } // namespace
 
-TerminalConsole::TerminalConsole() : m_encoder(QStringEncoder::Utf8), m_isTerminal(isatty(STDOUT_FILENO) != 0) {}
+TerminalConsole::TerminalConsole() : m_encoder(QStringEncoder::Utf8), m_isTerminal(isTerminal(stdout)) {}
 
 TerminalConsole::~TerminalConsole()
 {

@@ -6,31 +6,14 @@
 #include "app/Session.h"
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
+#include "app/system/Process.h"
 #include "storage/ProfileFolder.h"
 
 #include <QFileInfo>
 
 #include <cstdio>
 
-#ifndef _WIN32
-#include <sys/resource.h>
-#endif
-
 namespace {
-
-// Programs recurse through mapcar and apply, which use the native stack; the usual 8 MB hold too few levels of it. The
-// limit of the running process is enough: the stack grows when it is touched.
-void raiseStackLimit()
-{
-#ifndef _WIN32
-    constexpr rlim_t Wanted = rlim_t{100} * 1024 * 1024;
-    rlimit limit{};
-    if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= Wanted)
-        return;
-    limit.rlim_cur = limit.rlim_max == RLIM_INFINITY ? Wanted : std::min(Wanted, limit.rlim_max);
-    setrlimit(RLIMIT_STACK, &limit);
-#endif
-}
 
 // Qt warns of what the library's callers find out by results, a file that cannot be opened for example. Programs have
 // to be free to try that, and standard error is for what this program and its LISP programs say themselves.
@@ -108,10 +91,10 @@ int executeInSandbox(Options options)
 
 int main(int argumentCount, char **arguments)
 {
-    const ParsedCommandLine commandLine = parseCommandLine(argumentCount, arguments);
+    prepareProcess();
+    const ParsedCommandLine commandLine = parseCommandLine(programArguments(argumentCount, arguments));
     if (commandLine.exitStatus)
         return *commandLine.exitStatus;
-    raiseStackLimit();
     qInstallMessageHandler(dropQtWarnings);
     return commandLine.options.sandbox ? executeInSandbox(commandLine.options) : executeAndReport(commandLine.options);
 }

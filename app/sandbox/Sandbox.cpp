@@ -1,9 +1,9 @@
 #include "app/sandbox/Sandbox.h"
 
-#include "app/ProgramPaths.h"
 #include "app/sandbox/CallFilter.h"
 #include "app/sandbox/FileRules.h"
 #include "app/sandbox/Supervisor.h"
+#include "app/system/Process.h"
 
 #include <QFileInfo>
 #include <QStandardPaths>

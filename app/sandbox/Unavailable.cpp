@@ -2,6 +2,7 @@
 
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
+#include "app/sandbox/TimeLimit.h"
 
 int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &)
 {
@@ -9,6 +10,11 @@ int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &
 }
 
 void enterSandbox(const SandboxOptions &, const QStringList &, const QString &)
+{
+    throw SandboxError(QStringLiteral("there is no sandbox on this system"));
+}
+
+void interruptAfter(int)
 {
     throw SandboxError(QStringLiteral("there is no sandbox on this system"));
 }

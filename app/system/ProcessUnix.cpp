@@ -1,0 +1,36 @@
+#include "app/system/Process.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+// Programs recurse through mapcar and apply, which use the native stack; the usual 8 MB hold too few levels of it. The
+// limit of the running process is enough: the stack grows when it is touched.
+void prepareProcess()
+{
+    constexpr rlim_t Wanted = rlim_t{100} * 1024 * 1024;
+    rlimit limit{};
+    if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= Wanted)
+        return;
+    limit.rlim_cur = limit.rlim_max == RLIM_INFINITY ? Wanted : std::min(Wanted, limit.rlim_max);
+    setrlimit(RLIMIT_STACK, &limit);
+}
+
+std::vector<std::string> programArguments(int argumentCount, char **arguments)
+{
+    return {arguments, arguments + argumentCount};
+}
+
+QString programFolder()
+{
+    return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
+}
+
+bool isTerminal(std::FILE *stream)
+{
+    return isatty(fileno(stream)) != 0;
+}

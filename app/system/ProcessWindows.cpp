@@ -1,0 +1,47 @@
+#include "app/system/Process.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <iterator>
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+// after it
+#include <shellapi.h>
+
+void prepareProcess()
+{
+    // Lines end as programs write them, and a transcript is the same on every system.
+    for (std::FILE *stream : {stdin, stdout, stderr})
+        _setmode(_fileno(stream), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+    SetConsoleCP(CP_UTF8);
+}
+
+// main's own arguments are in the system's 8-bit code page, which has no place for most names.
+std::vector<std::string> programArguments(int, char **)
+{
+    int count = 0;
+    LPWSTR *arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> result;
+    std::transform(arguments, arguments + count, std::back_inserter(result),
+                   [](LPCWSTR argument) { return QString::fromWCharArray(argument).toStdString(); });
+    LocalFree(arguments);
+    return result;
+}
+
+QString programFolder()
+{
+    wchar_t path[32768];
+    const DWORD length = GetModuleFileNameW(nullptr, path, std::size(path));
+    return QFileInfo(QString::fromWCharArray(path, static_cast<int>(length))).absolutePath();
+}
+
+// _isatty() would not do: to it the null device is a terminal.
+bool isTerminal(std::FILE *stream)
+{
+    DWORD mode = 0;
+    return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))), &mode) != 0;
+}
