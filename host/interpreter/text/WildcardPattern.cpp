@@ -25,6 +25,7 @@ struct WildcardPattern::Parser
 {
     std::u16string_view pattern;
     std::size_t at = 0;
+    bool bracketCloses = true; // false: none does from here on
 
     Alternative alternative()
     {
@@ -75,14 +76,16 @@ struct WildcardPattern::Parser
         return pattern[at++];
     }
 
-    std::size_t closingBracket() const
+    // Having found none once it does not search again, or a pattern of open brackets would take its length squared.
+    std::size_t closingBracket()
     {
-        for (std::size_t i = at + 1; i < pattern.size(); ++i) {
+        for (std::size_t i = at + 1; bracketCloses && i < pattern.size(); ++i) {
             if (pattern[i] == u']')
                 return i;
             if (pattern[i] == u'`')
                 ++i;
         }
+        bracketCloses = false;
         return std::u16string_view::npos;
     }
 

@@ -71,4 +71,11 @@ TEST(WildcardPatternTime, growsWithTextTimesPatternAtMost)
     EXPECT_TRUE(pattern.matches(text + u"b"));
 }
 
+TEST(WildcardPatternTime, ofAPatternOfOpenBracketsGrowsWithItsLength)
+{
+    const std::u16string open(1'000'000, u'[');
+    EXPECT_TRUE(lisp::WildcardPattern(open).matches(open));
+    EXPECT_FALSE(lisp::WildcardPattern(open).matches(u"["));
+}
+
 } // namespace
