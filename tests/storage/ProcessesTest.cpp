@@ -83,3 +83,32 @@ TEST_F(Processes, NoneOfTheChangesMadeUnderTheLockIsLost)
         EXPECT_TRUE(endsWell(child));
     EXPECT_EQ(contentOf(u"sum"_qs), QByteArray::number(Writers * Changes));
 }
+
+TEST_F(Processes, OneThatWantsTheLockAgainAtOnceLetsTheOthersIn)
+{
+    const pid_t greedy = start([this] {
+        for (;;) {
+            const FileLock lock(path(u"a"_qs));
+            usleep(20'000);
+        }
+    });
+    while (!names().contains(u"a.lock"_qs))
+        usleep(1000);
+    for (int round = 0; round < 10; ++round)
+        EXPECT_TRUE(FileLock(path(u"a"_qs), std::chrono::seconds(2)).isHeld()) << round;
+    killAfter(greedy, 0);
+}
+
+TEST_F(Processes, OneThatGaveUpWaitingStandsInNobodysWay)
+{
+    const pid_t owner = start([this] {
+        const FileLock lock(path(u"a"_qs));
+        pause();
+    });
+    while (FileLock(path(u"a"_qs), std::chrono::milliseconds(0)).isHeld())
+        usleep(1000);
+    const FileLock failed(path(u"a"_qs), std::chrono::milliseconds(20));
+    EXPECT_FALSE(failed.isHeld());
+    killAfter(owner, 0);
+    EXPECT_TRUE(FileLock(path(u"a"_qs), std::chrono::milliseconds(0)).isHeld());
+}
