@@ -1,5 +1,6 @@
 #include "module/FunctionTable.h"
 
+#include "functions/associations.h"
 #include "functions/catch.h"
 #include "functions/colors.h"
 #include "functions/config.h"
@@ -10,7 +11,9 @@
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
 #include "functions/pending.h"
+#include "functions/processes.h"
 #include "functions/strings.h"
+#include "functions/system.h"
 #include "functions/sysvars.h"
 #include "functions/textsearch.h"
 #include "functions/ui.h"
@@ -57,31 +60,31 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"acet-str-collate", guarded<acetStrCollate>},
     {"acet-str-wcmatch", guarded<acetStrWcmatch>},
     {"acet-str-format", guarded<acetStrFormat>},
-    pending("acet-sys-beep"),
+    {"acet-sys-beep", guarded<acetSysBeep>},
     {"_xstrcase", guarded<xstrcase>},
-    pending("startapp"),
+    {"startapp", guarded<startapp>},
     pending("geturl"),
     {"acet-reg-prodkey", guarded<acetRegProdkey>},
     {"acet-reg-machine-prodkey", guarded<acetRegMachineProdkey>},
     {"acet-reg-user-prodkey", guarded<acetRegUserProdkey>},
-    pending("acet-sys-command"),
-    pending("acet-sys-foreground"),
-    pending("acet-sys-procid"),
-    pending("acet-sys-sleep"),
-    pending("acet-sys-spawn"),
-    pending("acet-sys-term"),
-    pending("acet-sys-wait"),
+    {"acet-sys-command", guarded<acetSysCommand>},
+    {"acet-sys-foreground", guarded<acetSysForeground>},
+    {"acet-sys-procid", guarded<acetSysProcid>},
+    {"acet-sys-sleep", guarded<acetSysSleep>},
+    {"acet-sys-spawn", guarded<acetSysSpawn>},
+    {"acet-sys-term", guarded<acetSysTerm>},
+    {"acet-sys-wait", guarded<acetSysWait>},
     {"acet-ui-pickdir", guarded<acetUiPickdir>},
     {"acet-util-ver", guarded<acetUtilVer>},
     {"acet-ui-progress", guarded<acetUiProgress>},
     {"acet-ui-message", guarded<acetUiMessage>},
     {"acet-ui-message-html", guarded<acetUiMessageHtml>},
-    pending("acet-sys-keystate"),
-    pending("acet-sys-lasterr"),
-    pending("acet-sys-lmouse-down"),
-    pending("acet-sys-mmouse-down"),
-    pending("acet-sys-rmouse-down"),
-    pending("acet_filename_associated_app"),
+    {"acet-sys-keystate", guarded<acetSysKeystate>},
+    {"acet-sys-lasterr", guarded<acetSysLasterr>},
+    {"acet-sys-lmouse-down", guarded<acetSysLmouseDown>},
+    {"acet-sys-mmouse-down", guarded<acetSysMmouseDown>},
+    {"acet-sys-rmouse-down", guarded<acetSysRmouseDown>},
+    {"acet_filename_associated_app", guarded<acetFilenameAssociatedApp>},
     {"showhtmlmodalwindow", guarded<showhtmlmodalwindow>},
     {"layoutlist", guarded<layoutlist>},
     {"acet_set_config", guarded<acetSetConfig>},
@@ -104,8 +107,8 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"wexo_getpointEsc", guarded<wexoGetpointEsc>},
     {"wexo_compileshp", guarded<wexoCompileshp>},
     {"wexo_htmlprompt", guarded<wexoHtmlprompt>},
-    pending("acet-filename-acad-root"),
-    pending("wexo_opendefaultapp"),
+    {"acet-filename-acad-root", guarded<acetFilenameAcadRoot>},
+    {"wexo_opendefaultapp", guarded<wexoOpendefaultapp>},
     pending("startAddTableTransaction"),
     pending("endAddTableTransaction"),
     pending("acet-begin-undogroup"),

@@ -26,6 +26,8 @@ using WCHAR = char16_t;
 using LPCWSTR = const WCHAR *;
 using LPWSTR = WCHAR *;
 using HMODULE = void *;
+using HANDLE = void *;
+using HINSTANCE = void *;
 using HWND = void *; // a QWidget here
 using UINT = std::uint32_t;
 

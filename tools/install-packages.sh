@@ -8,9 +8,9 @@ build_packages=(
     # compilers, build and debugging aids
     g++ clang-14 libclang-rt-14-dev cmake ninja-build ccache pkg-config binutils git
     # what the programs are made of
-    qt6-base-dev qt6-base-dev-tools fonts-dejavu-core libedit-dev libcli11-dev libseccomp-dev
+    qt6-base-dev qt6-base-dev-tools fonts-dejavu-core libedit-dev libcli11-dev libseccomp-dev libx11-dev
     # tests and benchmarks
-    libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev python3 attr libattr1-dev
+    libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev python3 attr libattr1-dev xvfb xdotool
     # formatting and lint
     clang-format-14 clang-tidy-14
 )

@@ -5,8 +5,20 @@
 
 #include <QFileInfo>
 
+namespace {
+
+// Programs run commands where this variable names a command interpreter, as it always does on Windows.
+void defineCommandInterpreter()
+{
+    if (!qEnvironmentVariableIsSet("COMSPEC"))
+        qputenv("COMSPEC", "/bin/sh");
+}
+
+} // namespace
+
 Host::Host()
 {
+    defineCommandInterpreter();
     HostSdk::installSystemServices(this);
     HostSdk::installActiveDocumentProvider(this);
 }

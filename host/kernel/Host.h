@@ -3,6 +3,7 @@
 #include "host/kernel/DocumentManager.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/ModuleLoader.h"
+#include "host/kernel/PlatformEvents.h"
 #include "host/sdk/HostSdk.h"
 #include "sdk/fx/CFxSystemServices.h"
 
@@ -20,6 +21,7 @@ public:
     void htmlPrompt(const CFxString &text, bool option) override;
     std::vector<std::u16string> loadedModules() const override;
     bool loadModule(std::u16string_view path) override;
+    QWidget *mainWindow() override { return nullptr; }
     void message(const CFxString &text) override;
     DocumentManager &documents() { return m_documents; }
     ModuleLoader &modules() { return m_modules; }
@@ -30,6 +32,7 @@ private:
     OdDbObjectId objectId(const LispName &name) override;
 
     HostServices m_services;
+    PlatformEvents m_platformEvents{m_services};
     DocumentManager m_documents{*this, m_services};
     ModuleLoader m_modules;
 };

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "lisp/resbuf.h"
 #include "sdk/fx/FxExport.h"
 #include "sdk/oda/OdDbObjectId.h"
+
+struct LispName;
 
 class FX_EXPORT CFxAPI
 {

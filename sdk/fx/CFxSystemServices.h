@@ -12,6 +12,8 @@ class CFxSystemServices
 {
 public:
     virtual CFxDocumentManager *documentManager() = 0; // null while there is none
+    virtual QWidget *mainWindow() = 0;                 // null in a host without windows
+
     // Shows a text to the user.
     virtual void message(const CFxString &text) = 0;
     virtual QWidget *mainWindow() = 0; // null in a host without windows

@@ -43,6 +43,7 @@ public:
 
 private:
     CFxDocumentManager *documentManager() override { return m_present ? this : nullptr; }
+    QWidget *mainWindow() override { return nullptr; }
     void message(const CFxString &) override {}
     QWidget *mainWindow() override { return nullptr; }
     void htmlPrompt(const CFxString &, bool) override {}

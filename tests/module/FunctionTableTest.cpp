@@ -1,5 +1,6 @@
 #include "module/FunctionTable.h"
 
+#include "functions/associations.h"
 #include "functions/catch.h"
 #include "functions/colors.h"
 #include "functions/config.h"
@@ -10,7 +11,9 @@
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
 #include "functions/pending.h"
+#include "functions/processes.h"
 #include "functions/strings.h"
+#include "functions/system.h"
 #include "functions/sysvars.h"
 #include "functions/textsearch.h"
 #include "functions/ui.h"
@@ -160,6 +163,23 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"vl_catch_all_apply", guarded<vlCatchAllApply>},
         {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
         {"_xstrcase", guarded<xstrcase>},
+        {"wexo_opendefaultapp", guarded<wexoOpendefaultapp>},
+        {"acet_filename_associated_app", guarded<acetFilenameAssociatedApp>},
+        {"acet-filename-acad-root", guarded<acetFilenameAcadRoot>},
+        {"acet-sys-sleep", guarded<acetSysSleep>},
+        {"acet-sys-rmouse-down", guarded<acetSysRmouseDown>},
+        {"acet-sys-mmouse-down", guarded<acetSysMmouseDown>},
+        {"acet-sys-lmouse-down", guarded<acetSysLmouseDown>},
+        {"acet-sys-lasterr", guarded<acetSysLasterr>},
+        {"acet-sys-keystate", guarded<acetSysKeystate>},
+        {"acet-sys-foreground", guarded<acetSysForeground>},
+        {"acet-sys-beep", guarded<acetSysBeep>},
+        {"startapp", guarded<startapp>},
+        {"acet-sys-wait", guarded<acetSysWait>},
+        {"acet-sys-term", guarded<acetSysTerm>},
+        {"acet-sys-spawn", guarded<acetSysSpawn>},
+        {"acet-sys-procid", guarded<acetSysProcid>},
+        {"acet-sys-command", guarded<acetSysCommand>},
         {"_vorns_util", guarded<vornsUtil>},
         {"acad_truecolorcli", guarded<acadTruecolorcli>},
         {"acet-ent-geomextents", guarded<acetEntGeomextents>},

@@ -113,7 +113,7 @@ int RecordingHost::undefun(const char16_t *name)
 resbuf *RecordingHost::getArgsNarrow()
 {
     record("getArgsNarrow");
-    return m_arguments;
+    return m_narrowArguments;
 }
 
 resbuf *RecordingHost::getArgs()

@@ -53,6 +53,8 @@ public:
 
     // Begins a call: what getArgs will give. Forgets what was recorded.
     void setArguments(const Arguments &arguments);
+    // What getArgsNarrow will give: one 8-bit string.
+    void setNarrowArgument(const std::string &text) { m_narrowArguments = m_nodes.addNarrowText(text); }
     void setAnswer(const std::string &operationName, int answer);
     void setProfileText(const std::u16string &text) { m_profileText = text; }         // what getProfileString finds
     void setChosenFile(const QString &path) { m_chosenFile = path.toStdU16String(); } // what getFileDialog gives
@@ -151,4 +153,5 @@ private:
     QWidget *m_window = nullptr;
     std::u16string m_chosenFile;
     resbuf *m_arguments = nullptr;
+    resbuf *m_narrowArguments = nullptr;
 };

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/WindowsTypes.h"
+
+#ifndef _WIN32
+
+#include <QString>
+
+#include <functional>
+
+// The shell's calls: https://learn.microsoft.com/windows/win32/api/shellapi
+//
+// Both answer with a number: above 32 it is success, else one of these.
+inline constexpr int SE_ERR_FNF = 2; // no such file
+inline constexpr int SE_ERR_PNF = 3; // no such folder on the way to it
+inline constexpr int SE_ERR_ACCESSDENIED = 5;
+inline constexpr int SE_ERR_NOASSOC = 31; // no program for this kind of file, or not for this verb
+
+inline constexpr int SW_SHOWNORMAL = 1;
+
+// The program that opens a file: its full path goes to `result`, which has room for MAX_PATH units with the terminator.
+// A file that can be executed is its own program. A relative file is looked for in `folder`, null: the current one.
+HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result);
+
+// Opens a file or URL in its program, or starts a program, which PATH leads to. Parameters are split as a Windows
+// program splits its command line. Verbs: null or "open". `owner` and `show` are not used here. Does not wait for the
+// program.
+HINSTANCE ShellExecuteW(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int show);
+
+// One call of ShellExecuteW; texts that were null are empty.
+struct ShellLaunch
+{
+    QString verb, file, parameters;
+    int result;
+};
+
+// Is told of each call of ShellExecuteW when its result is known; an empty function ends that.
+using ShellObserver = std::function<void(const ShellLaunch &launch)>;
+void setShellObserver(ShellObserver observer);
+
+#endif

@@ -1,0 +1,133 @@
+#include "platform/XKeyboard.h"
+
+#include "platform/KeySymbols.h"
+
+#include <QLibrary>
+
+#include <array>
+
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+
+namespace {
+
+constexpr auto Down = static_cast<std::int16_t>(0x8000);
+constexpr std::int16_t Toggled = 1;
+
+// The functions of libX11 that are needed, found when the library is loaded.
+struct XLibrary
+{
+    QLibrary file{QStringLiteral("X11"), 6};
+    decltype(&::XOpenDisplay) openDisplay = nullptr;
+    decltype(&::XCloseDisplay) closeDisplay = nullptr;
+    decltype(&::XQueryKeymap) queryKeymap = nullptr;
+    decltype(&::XQueryPointer) queryPointer = nullptr;
+    decltype(&::XKeysymToKeycode) keysymToKeycode = nullptr;
+    decltype(&::XkbGetIndicatorState) indicatorState = nullptr;
+    decltype(&::XDefaultRootWindow) rootWindow = nullptr;
+    decltype(&::XSetIOErrorExitHandler) setExitHandler = nullptr;
+    decltype(&::XSetIOErrorHandler) setErrorHandler = nullptr;
+
+    bool load()
+    {
+        return resolve(openDisplay, "XOpenDisplay") && resolve(closeDisplay, "XCloseDisplay") &&
+               resolve(queryKeymap, "XQueryKeymap") && resolve(queryPointer, "XQueryPointer") &&
+               resolve(keysymToKeycode, "XKeysymToKeycode") && resolve(indicatorState, "XkbGetIndicatorState") &&
+               resolve(rootWindow, "XDefaultRootWindow") && resolve(setExitHandler, "XSetIOErrorExitHandler") &&
+               resolve(setErrorHandler, "XSetIOErrorHandler");
+    }
+
+private:
+    template <class Function> bool resolve(Function &function, const char *name)
+    {
+        function = reinterpret_cast<Function>(file.resolve(name));
+        return function != nullptr;
+    }
+};
+
+} // namespace
+
+class XKeyboard::Connection
+{
+public:
+    static std::unique_ptr<Connection> open()
+    {
+        auto connection = std::make_unique<Connection>();
+        if (!connection->m_library.load())
+            return nullptr;
+        connection->m_display = connection->m_library.openDisplay(nullptr);
+        if (!connection->m_display)
+            return nullptr;
+        // The server may go away. That must not end the program, as it would by default, nor be a message.
+        connection->m_library.setErrorHandler([](Display *) { return 0; });
+        connection->m_library.setExitHandler(
+            connection->m_display, [](Display *, void *lost) { *static_cast<bool *>(lost) = true; },
+            &connection->m_isLost);
+        return connection;
+    }
+    Connection() = default;
+    ~Connection()
+    {
+        if (m_display && !m_isLost)
+            m_library.closeDisplay(m_display);
+    }
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    std::int16_t state(int virtualKey)
+    {
+        if (m_isLost)
+            return 0;
+        const unsigned button = pointerButtonOf(virtualKey);
+        const bool isDown = button != 0 ? isButtonDown(button) : isKeyDown(virtualKey);
+        const std::int16_t toggled = isLampOn(virtualKey) ? Toggled : std::int16_t{0};
+        return m_isLost ? std::int16_t{0} : static_cast<std::int16_t>((isDown ? Down : 0) | toggled);
+    }
+
+private:
+    bool isButtonDown(unsigned button)
+    {
+        Window root = 0, child = 0;
+        int rootX = 0, rootY = 0, x = 0, y = 0;
+        unsigned mask = 0;
+        m_library.queryPointer(m_display, m_library.rootWindow(m_display), &root, &child, &rootX, &rootY, &x, &y,
+                               &mask);
+        return (mask & (Button1Mask << (button - 1))) != 0;
+    }
+    bool isKeyDown(int virtualKey)
+    {
+        std::array<char, 32> keys{}; // a bit for each key code
+        m_library.queryKeymap(m_display, keys.data());
+        for (const unsigned long symbol : keySymbolsOf(virtualKey)) {
+            const unsigned code = m_library.keysymToKeycode(m_display, symbol);
+            if (code != 0 && (keys[code / 8] >> code % 8 & 1) != 0)
+                return true;
+        }
+        return false;
+    }
+    bool isLampOn(int virtualKey)
+    {
+        const unsigned lamp = lampOf(virtualKey);
+        unsigned lamps = 0;
+        return lamp != 0 && m_library.indicatorState(m_display, XkbUseCoreKbd, &lamps) == 0 && (lamps & lamp) != 0;
+    }
+
+    XLibrary m_library;
+    Display *m_display = nullptr;
+    bool m_isLost = false;
+};
+
+XKeyboard::XKeyboard() : m_connection(Connection::open()) {}
+
+XKeyboard::~XKeyboard() = default;
+
+XKeyboard &XKeyboard::instance()
+{
+    static XKeyboard keyboard;
+    return keyboard;
+}
+
+std::int16_t XKeyboard::state(int virtualKey)
+{
+    return m_connection ? m_connection->state(virtualKey) : std::int16_t{0};
+}

@@ -1,0 +1,50 @@
+#include "functions/associations.h"
+
+#include "tests/support/Associations.h"
+#include "tests/support/HandlerTest.h"
+
+namespace {
+
+class AssociatedApp : public HandlerTest
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        static const DesktopSettings settings(u"text/x-lisphost-test"_qs, u"lhtest"_qs, u"/bin/true"_qs);
+    }
+
+    QString write(const QString &name)
+    {
+        QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return file.fileName();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+TEST_F(AssociatedApp, IsTheFullPathOfTheAssociatedProgram)
+{
+    EXPECT_EQ(call(acetFilenameAssociatedApp, {text(write(u"a.lhtest"_qs))}),
+              (Operations{"getArgs", operation("retWStr", "/bin/true"), "releaseRb 1"}));
+}
+
+TEST_F(AssociatedApp, OnAMissingFileYields2)
+{
+    EXPECT_EQ(call(acetFilenameAssociatedApp, {text(m_folder.filePath(u"none.txt"_qs))}),
+              (Operations{"getArgs", "retInt 2", "releaseRb 1"}));
+}
+
+TEST_F(AssociatedApp, OnAFileTypeWithoutAnAssociatedProgramYields31)
+{
+    EXPECT_EQ(call(acetFilenameAssociatedApp, {text(write(u"a.unheardof"_qs))}),
+              (Operations{"getArgs", "retInt 31", "releaseRb 1"}));
+}
+
+TEST_F(AssociatedApp, AMissingOrWrongPathEndsWithNoResultOfItsOwn)
+{
+    EXPECT_EQ(call(acetFilenameAssociatedApp, {}), (Operations{"getArgs", tooFewArguments, "retNil"}));
+    EXPECT_EQ(call(acetFilenameAssociatedApp, {nil()}), (Operations{"getArgs", wrongType, "retNil", "releaseRb 1"}));
+}

@@ -1,0 +1,81 @@
+#include "functions/processes.h"
+
+#include "tests/functions/processes/ProcessTest.h"
+
+namespace {
+
+class SysSpawn : public ProcessTest
+{
+protected:
+    Argument arguments(const QString &rest) { return text(report + rest); }
+};
+
+} // namespace
+
+TEST_F(SysSpawn, Mode2StartsTheProgramWithTheThreeArgumentsAndReturns32AtOnce)
+{
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(call(acetSysSpawn, {shortInteger(2), text(child), arguments(u",a,,b,wait:1500"_qs)}),
+              (Operations{"getArgs", "retInt 32", "releaseRb 3"}));
+    EXPECT_LT(timer.elapsed(), 1400);
+    EXPECT_EQ(reportedArguments(), (QStringList{u"a"_qs, QString(), u"b"_qs, u"wait:1500"_qs}));
+}
+
+TEST_F(SysSpawn, Mode1WaitsForTheEnd)
+{
+    for (const std::int16_t mode : {1, 3}) {
+        QFile::remove(report);
+        EXPECT_EQ(call(acetSysSpawn, {shortInteger(mode), text(child), arguments(u",wait:200,exit:3"_qs)}),
+                  (Operations{"getArgs", "retInt 32", "releaseRb 3"}));
+        EXPECT_TRUE(QFile::exists(report));
+    }
+}
+
+// The child takes its first argument for the report's file: it is named like the program itself.
+TEST_F(SysSpawn, WithoutArgumentsTheProgramReceivesItsOwnNameAsItsOnlyArgument)
+{
+    const QString copy = report + u"-child"_qs;
+    ASSERT_TRUE(QFile::copy(child, copy));
+    for (const Arguments &more : {Arguments{}, Arguments{shortInteger(5)}, Arguments{nil()}}) {
+        Arguments all = {shortInteger(1), text(copy)};
+        all.insert(all.end(), more.begin(), more.end());
+        EXPECT_EQ(call(acetSysSpawn, all),
+                  (Operations{"getArgs", "retInt 32", more.empty() ? "releaseRb null" : "releaseRb 3"}));
+        QFile replaced(copy); // by the report, which lists what came behind the first argument: nothing
+        ASSERT_TRUE(replaced.open(QIODevice::ReadOnly));
+        EXPECT_EQ(replaced.readAll(), QByteArray());
+        replaced.close();
+        ASSERT_TRUE(replaced.remove() && QFile::copy(child, copy));
+    }
+}
+
+TEST_F(SysSpawn, AnyOtherModeStartsTheProgramPrintsTheMessageAndGivesNoResult)
+{
+    for (const std::int16_t mode : {4, 0, -1}) {
+        QFile::remove(report);
+        EXPECT_EQ(call(acetSysSpawn, {shortInteger(mode), text(child), arguments(u",x"_qs)}),
+                  (Operations{"getArgs", wrongType, "releaseRb 3"}));
+        EXPECT_EQ(reportedArguments(), QStringList{u"x"_qs});
+    }
+}
+
+TEST_F(SysSpawn, WhatIsNoProgramStartsNothingAndGivesNoResult)
+{
+    EXPECT_EQ(call(acetSysSpawn, {shortInteger(1), shortInteger(5)}), (Operations{"getArgs", "releaseRb null"}));
+    EXPECT_EQ(call(acetSysSpawn, {shortInteger(1), nil(), text(u"a")}), (Operations{"getArgs", "releaseRb 3"}));
+    EXPECT_EQ(call(acetSysSpawn, {shortInteger(1)}), (Operations{"getArgs", "releaseRb null"}));
+}
+
+TEST_F(SysSpawn, AModeThatIsNoIntegerPrintsTheCheckersMessageAndGivesNil)
+{
+    EXPECT_EQ(call(acetSysSpawn, {text(u"x"), text(child)}),
+              (Operations{"getArgs", wrongType, "retNil", "releaseRb 1", "retNil"}));
+    EXPECT_EQ(call(acetSysSpawn, {}), (Operations{"getArgs", tooFewArguments, "retNil", "retNil"}));
+}
+
+TEST_F(SysSpawn, AProgramThatDoesNotStartGives32AllTheSame)
+{
+    EXPECT_EQ(call(acetSysSpawn, {shortInteger(1), text(u"no-such-program")}),
+              (Operations{"getArgs", "retInt 32", "releaseRb null"}));
+}

@@ -1,0 +1,143 @@
+#include "platform/Shell.h"
+#include "platform/CommandLineText.h"
+#include "tests/support/Associations.h"
+#include "tests/support/FileReport.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString suffix = QStringLiteral("lhtest");
+
+class Shell : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        static const DesktopSettings settings(QStringLiteral("text/x-lisphost-test"), suffix,
+                                              QStringLiteral(TEST_CHILD));
+    }
+
+    int execute(const QString &file, const QString &parameters = QString(), const char16_t *verb = u"open",
+                const QString &folder = QString())
+    {
+        const HINSTANCE instance = ShellExecuteW(nullptr, verb, text(file), text(parameters),
+                                                 folder.isEmpty() ? nullptr : text(folder), SW_SHOWNORMAL);
+        return static_cast<int>(reinterpret_cast<std::intptr_t>(instance));
+    }
+    int find(const QString &file, const QString &folder = QString())
+    {
+        char16_t program[MAX_PATH] = u"left over";
+        const HINSTANCE instance = FindExecutableW(text(file), folder.isEmpty() ? nullptr : text(folder), program);
+        m_program = QString::fromUtf16(program);
+        return static_cast<int>(reinterpret_cast<std::intptr_t>(instance));
+    }
+    QString write(const QString &name)
+    {
+        QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return file.fileName();
+    }
+    static LPCWSTR text(const QString &characters) { return reinterpret_cast<LPCWSTR>(characters.utf16()); }
+
+    QTemporaryDir m_folder;
+    const QString m_child = QStringLiteral(TEST_CHILD);
+    QString m_program;
+};
+
+} // namespace
+
+TEST_F(Shell, StartsAProgramWithItsParameters)
+{
+    const FileReport report;
+    EXPECT_EQ(execute(m_child, report.path() + QStringLiteral(" \"a b\" \"\" c\\d")), 42);
+    EXPECT_EQ(report.lines(), QStringList({QStringLiteral("a b"), QString(), QStringLiteral("c\\d")}));
+}
+
+TEST_F(Shell, OpensADocumentWithItsProgram)
+{
+    const QString document = write(QStringLiteral("a b.") + suffix);
+    const FileReport report(document);
+    EXPECT_EQ(execute(document), 42); // the child takes the document for the file of its report
+    EXPECT_TRUE(report.isReplaced());
+}
+
+TEST_F(Shell, FindsAProgramOnThePath)
+{
+    EXPECT_EQ(execute(QStringLiteral("true")), 42);
+    EXPECT_EQ(execute(QStringLiteral("true"), QString(), nullptr), 42);
+    EXPECT_EQ(execute(QStringLiteral("true"), QString(), u"OPEN"), 42);
+}
+
+TEST_F(Shell, AnErrorIsANumberBelow32)
+{
+    EXPECT_EQ(execute(m_folder.filePath(QStringLiteral("none"))), SE_ERR_FNF);
+    EXPECT_EQ(execute(m_folder.filePath(QStringLiteral("none/none"))), SE_ERR_PNF);
+    EXPECT_EQ(execute(QStringLiteral("no-such-program")), SE_ERR_FNF);
+    EXPECT_EQ(execute(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
+    EXPECT_EQ(execute(QStringLiteral("true"), QString(), u"no such verb"), SE_ERR_NOASSOC);
+    EXPECT_EQ(execute(QStringLiteral("no-such-scheme:x")), SE_ERR_NOASSOC);
+}
+
+TEST_F(Shell, ARelativeDocumentIsLookedForInTheFolder)
+{
+    write(QStringLiteral("rel.unheardof"));
+    EXPECT_EQ(execute(QStringLiteral("rel.unheardof"), QString(), u"open", m_folder.path()), SE_ERR_NOASSOC);
+    EXPECT_EQ(execute(QStringLiteral("rel.unheardof")), SE_ERR_FNF);
+}
+
+TEST_F(Shell, TheObserverIsToldOfEachCall)
+{
+    std::vector<ShellLaunch> launches;
+    setShellObserver([&](const ShellLaunch &launch) { launches.push_back(launch); });
+    execute(QStringLiteral("no-such-program"), QStringLiteral("x"), nullptr);
+    setShellObserver({});
+    execute(QStringLiteral("no-such-program"));
+    ASSERT_EQ(launches.size(), 1U);
+    EXPECT_EQ(launches[0].verb, QString());
+    EXPECT_EQ(launches[0].file, QStringLiteral("no-such-program"));
+    EXPECT_EQ(launches[0].parameters, QStringLiteral("x"));
+    EXPECT_EQ(launches[0].result, SE_ERR_FNF);
+}
+
+TEST_F(Shell, FindExecutableGivesTheAssociatedProgram)
+{
+    EXPECT_EQ(find(write(QStringLiteral("a.") + suffix)), 42);
+    EXPECT_EQ(m_program, m_child);
+    EXPECT_EQ(find(QStringLiteral("a.") + suffix, m_folder.path()), 42);
+}
+
+TEST_F(Shell, FindExecutableOfAProgramIsTheProgram)
+{
+    EXPECT_EQ(find(m_child), 42);
+    EXPECT_EQ(m_program, m_child);
+}
+
+TEST_F(Shell, FindExecutableWithoutAnAnswerEmptiesTheBuffer)
+{
+    EXPECT_EQ(find(m_folder.filePath(QStringLiteral("none.txt"))), SE_ERR_FNF);
+    EXPECT_EQ(m_program, QString());
+    EXPECT_EQ(find(QString()), SE_ERR_FNF);
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
+    EXPECT_EQ(m_program, QString());
+}
+
+TEST(CommandLineText, IsSplitAsWindowsProgramsSplitIt)
+{
+    const std::pair<QString, QStringList> cases[] = {
+        {QStringLiteral("a b\tc"), {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}},
+        {QStringLiteral("  a  "), {QStringLiteral("a")}},
+        {QString(), {}},
+        {QStringLiteral("\"a b\" c"), {QStringLiteral("a b"), QStringLiteral("c")}},
+        {QStringLiteral("\"\""), {QString()}},
+        {QStringLiteral("a\"b c\"d"), {QStringLiteral("ab cd")}},
+        {QStringLiteral("a\\b \\\\c\\"), {QStringLiteral("a\\b"), QStringLiteral("\\\\c\\")}},
+        {QStringLiteral("\\\"a"), {QStringLiteral("\"a")}},
+        {QStringLiteral("\"a\\\\\" b"), {QStringLiteral("a\\"), QStringLiteral("b")}},
+        {QStringLiteral("\"a\\\"b\""), {QStringLiteral("a\"b")}},
+        {QStringLiteral("\"a\"\"b\""), {QStringLiteral("a\"b")}},
+        {QStringLiteral("\"a b"), {QStringLiteral("a b")}},
+    };
+    for (const auto &[line, arguments] : cases)
+        EXPECT_EQ(argumentsOf(line), arguments) << line.toStdString();
+}

@@ -1,0 +1,104 @@
+// The keyboard and mouse of a real X server without a screen, pressed by xdotool.
+
+#include "platform/KeyState.h"
+#include "platform/KeySymbols.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class XKeyboardTest : public testing::Test
+{
+protected:
+    // One server for all tests: the library keeps its connection as long as the process runs.
+    static void SetUpTestSuite()
+    {
+        server.setReadChannel(QProcess::StandardOutput);
+        server.start(QStringLiteral("Xvfb"),
+                     {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+                      QStringLiteral("320x240x24")});
+        ASSERT_TRUE(server.waitForReadyRead(20000)) << "Xvfb does not start";
+        qputenv("DISPLAY", ":" + server.readLine().trimmed());
+    }
+    static void TearDownTestSuite()
+    {
+        server.kill();
+        server.waitForFinished();
+    }
+    static void xdotool(const QStringList &arguments)
+    {
+        EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
+    }
+    static bool isDown(int virtualKey) { return GetKeyState(virtualKey) < 0; }
+
+    static QProcess server;
+};
+
+QProcess XKeyboardTest::server;
+
+} // namespace
+
+TEST_F(XKeyboardTest, KeysAreDownWhileTheyArePressed)
+{
+    const std::pair<const char *, int> keys[] = {
+        {"Shift_L", 0x10}, {"Shift_L", 0xA0}, {"Control_R", 0x11}, {"a", 'A'},       {"7", '7'},      {"F5", 0x74},
+        {"Escape", 0x1B},  {"Left", 0x25},    {"space", 0x20},     {"KP_Add", 0x6B}, {"period", 0xBE}};
+    for (const auto &[name, virtualKey] : keys) {
+        EXPECT_FALSE(isDown(virtualKey)) << name;
+        xdotool({QStringLiteral("keydown"), QString::fromLatin1(name)});
+        EXPECT_TRUE(isDown(virtualKey)) << name;
+        xdotool({QStringLiteral("keyup"), QString::fromLatin1(name)});
+        EXPECT_FALSE(isDown(virtualKey)) << name;
+    }
+}
+
+TEST_F(XKeyboardTest, TheOtherControlKeyIsNotDown)
+{
+    xdotool({QStringLiteral("keydown"), QStringLiteral("Control_R")});
+    EXPECT_TRUE(isDown(0xA3));
+    EXPECT_FALSE(isDown(0xA2));
+    xdotool({QStringLiteral("keyup"), QStringLiteral("Control_R")});
+}
+
+TEST_F(XKeyboardTest, MouseButtonsAreDownWhileTheyArePressed)
+{
+    const std::pair<const char *, int> buttons[] = {{"1", VK_LBUTTON}, {"2", VK_MBUTTON}, {"3", VK_RBUTTON}};
+    for (const auto &[button, pressed] : buttons) {
+        xdotool({QStringLiteral("mousedown"), QString::fromLatin1(button)});
+        for (const auto &[unused, virtualKey] : buttons)
+            EXPECT_EQ(isDown(virtualKey), virtualKey == pressed) << button;
+        xdotool({QStringLiteral("mouseup"), QString::fromLatin1(button)});
+        EXPECT_FALSE(isDown(pressed));
+    }
+}
+
+TEST_F(XKeyboardTest, AKeyWithALampIsToggledByEveryPress)
+{
+    constexpr int CapsLock = 0x14;
+    EXPECT_EQ(GetKeyState(CapsLock), 0);
+    xdotool({QStringLiteral("key"), QStringLiteral("Caps_Lock")});
+    EXPECT_EQ(GetKeyState(CapsLock), 1);
+    xdotool({QStringLiteral("keydown"), QStringLiteral("Caps_Lock")});
+    EXPECT_TRUE(isDown(CapsLock));
+    xdotool({QStringLiteral("keyup"), QStringLiteral("Caps_Lock")});
+    EXPECT_EQ(GetKeyState(CapsLock), 0);
+}
+
+TEST_F(XKeyboardTest, CodesThatAreNoKeyAreUp)
+{
+    for (const int virtualKey : {-1, 0, 0x07, 0x3A, 0x88, 0xFF, 256, 30000})
+        EXPECT_EQ(GetKeyState(virtualKey), 0) << virtualKey;
+}
+
+// Comes last: the server does not come back.
+TEST_F(XKeyboardTest, WhenTheServerHasGoneEveryKeyIsUp)
+{
+    xdotool({QStringLiteral("keydown"), QStringLiteral("a")});
+    EXPECT_TRUE(isDown('A'));
+    server.kill();
+    server.waitForFinished();
+    EXPECT_EQ(GetKeyState('A'), 0);
+    EXPECT_EQ(GetKeyState(VK_LBUTTON), 0);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+// Desktop settings of a test's own in which a suffix has a type and the type a program. They take the place of the
+// user's. The library that reads them looks once in a process: make one, and keep it.
+class DesktopSettings
+{
+public:
+    DesktopSettings(const QString &type, const QString &suffix, const QString &program)
+    {
+        write(u"mime/packages/test.xml"_qs,
+              u"<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\"><mime-type type=\"%1\">"
+              u"<glob pattern=\"*.%2\"/></mime-type></mime-info>"_qs.arg(type, suffix));
+        write(u"mime/globs2"_qs, u"50:%1:*.%2\n"_qs.arg(type, suffix));
+        write(u"applications/test.desktop"_qs,
+              u"[Desktop Entry]\nType=Application\nName=Test\nExec=%1 %f\nMimeType=%2;\n"_qs.arg(program, type));
+        write(u"applications/mimeapps.list"_qs, u"[Default Applications]\n%1=test.desktop\n"_qs.arg(type));
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
+            qputenv(variable, QFile::encodeName(m_folder.path()));
+    }
+
+private:
+    void write(const QString &name, const QString &text)
+    {
+        const QString path = m_folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text.toUtf8());
+    }
+
+    QTemporaryDir m_folder;
+};

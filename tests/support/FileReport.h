@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QThread>
+
+// What testchild writes into the file that is its first argument: the other ones, a line each.
+class FileReport
+{
+public:
+    FileReport() : m_path(m_folder.filePath(QStringLiteral("report"))) {}
+    // A file that is there already, and will be replaced by an empty report.
+    explicit FileReport(const QString &path) : m_path(path), m_first(QFileInfo(path).lastModified()) {}
+
+    QString path() const { return m_path; }
+
+    // Waits until the child has written it.
+    QStringList lines() const
+    {
+        wait([this] { return QFile::exists(m_path); });
+        QFile file(m_path);
+        if (!file.open(QIODevice::ReadOnly))
+            return {QStringLiteral("no report")};
+        QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+        lines.removeLast();
+        return lines;
+    }
+
+    // Whether the child has written its report over the file; waits for that.
+    bool isReplaced() const
+    {
+        return wait([this] { return QFileInfo(m_path).lastModified() != m_first; });
+    }
+
+private:
+    template <class Condition> static bool wait(Condition condition)
+    {
+        constexpr int Patience = 10000; // milliseconds
+        QElapsedTimer timer;
+        timer.start();
+        while (!condition()) {
+            if (timer.elapsed() > Patience)
+                return false;
+            QThread::msleep(5);
+        }
+        return true;
+    }
+
+    QTemporaryDir m_folder;
+    QString m_path;
+    QDateTime m_first;
+};

@@ -1,0 +1,31 @@
+// A program for tests to start. testchild FILE ARGUMENT... writes its arguments behind the first to the file, one a
+// line, and ends with 0; "exit:N" ends it with N, "wait:N" lets it run N milliseconds longer.
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+
+int main(int count, char **arguments)
+{
+    int status = 0;
+    std::string text;
+    for (int i = 2; i < count; ++i) {
+        text += std::string(arguments[i]) + '\n';
+        if (std::strncmp(arguments[i], "exit:", 5) == 0)
+            status = std::atoi(arguments[i] + 5);
+        if (std::strncmp(arguments[i], "wait:", 5) == 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(arguments[i] + 5)));
+    }
+    if (count < 2)
+        return status;
+    const std::string partial = std::string(arguments[1]) + ".part";
+    if (std::FILE *file = std::fopen(partial.c_str(), "w")) {
+        std::fputs(text.c_str(), file);
+        std::fclose(file);
+    }
+    std::rename(partial.c_str(), arguments[1]); // complete as soon as it is there
+    return status;
+}
