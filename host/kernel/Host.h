@@ -21,7 +21,6 @@ public:
     void htmlPrompt(const CFxString &text, bool option) override;
     std::vector<std::u16string> loadedModules() const override;
     bool loadModule(std::u16string_view path) override;
-    QWidget *mainWindow() override { return nullptr; }
     void message(const CFxString &text) override;
     DocumentManager &documents() { return m_documents; }
     ModuleLoader &modules() { return m_modules; }

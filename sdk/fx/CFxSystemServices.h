@@ -16,7 +16,6 @@ public:
 
     // Shows a text to the user.
     virtual void message(const CFxString &text) = 0;
-    virtual QWidget *mainWindow() = 0; // null in a host without windows
 
     // Shows a text with HTML tags. What the option selects is the host's affair; modules pass false.
     virtual void htmlPrompt(const CFxString &text, bool option) = 0;

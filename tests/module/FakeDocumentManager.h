@@ -45,7 +45,6 @@ private:
     CFxDocumentManager *documentManager() override { return m_present ? this : nullptr; }
     QWidget *mainWindow() override { return nullptr; }
     void message(const CFxString &) override {}
-    QWidget *mainWindow() override { return nullptr; }
     void htmlPrompt(const CFxString &, bool) override {}
 
     std::vector<std::unique_ptr<RecordingHost>> m_documents;
