@@ -7,7 +7,7 @@ namespace {
 
 QString asHtml(const QString &text)
 {
-    return Qt::mightBeRichText(text) ? text : Qt::convertFromPlainText(text);
+    return Qt::mightBeRichText(text) ? text : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 } // namespace
