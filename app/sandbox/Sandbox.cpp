@@ -12,9 +12,12 @@ namespace {
 
 // What a program needs that loads libraries, shows texts and knows the time zone. Everybody may read it anyway.
 const QStringList systemFiles = {
-    QStringLiteral("/usr/lib"),         QStringLiteral("/lib"),           QStringLiteral("/lib64"),
-    QStringLiteral("/usr/share"),       QStringLiteral("/usr/local/lib"), QStringLiteral("/etc/fonts"),
-    QStringLiteral("/etc/ld.so.cache"), QStringLiteral("/etc/localtime"), QStringLiteral("/dev/urandom"),
+    QStringLiteral("/usr/lib"),         QStringLiteral("/lib"),
+    QStringLiteral("/lib64"),           QStringLiteral("/usr/share"),
+    QStringLiteral("/usr/local/lib"),   QStringLiteral("/usr/local/share"),
+    QStringLiteral("/etc/fonts"),       QStringLiteral("/var/cache/fontconfig"),
+    QStringLiteral("/etc/ld.so.cache"), QStringLiteral("/etc/localtime"),
+    QStringLiteral("/dev/urandom"),
 };
 
 QString programFile(const QString &program)
@@ -45,7 +48,9 @@ FileRules rulesOf(const SandboxOptions &options, const QStringList &readable, co
 
 void enterSandbox(const SandboxOptions &options, const QStringList &readable, const QString &temporaryFolder)
 {
-    qputenv("TMPDIR", temporaryFolder.toLocal8Bit());
+    // Libraries keep their own files there, too, instead of trying where they may not.
+    for (const char *variable : {"TMPDIR", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME"})
+        qputenv(variable, temporaryFolder.toLocal8Bit());
     bindToFiles(rulesOf(options, readable, temporaryFolder));
     filterCalls(options.runnablePrograms.empty() ? ProcessStarts::Refused : ProcessStarts::Allowed);
 }

@@ -10,21 +10,35 @@
 #include <QApplication>
 
 #include <array>
+#include <clocale>
 
 namespace {
 
-// Qt keeps the addresses. The style is named so that no setting of the environment changes what runs look like.
-int argumentCount = 5;
+// Qt keeps the addresses.
 char program[] = "lisphost";
+int plainArgumentCount = 1;
+std::array<char *, 2> plainArguments = {program, nullptr};
+
+// The style is named so that no setting of the environment changes what runs look like.
+int argumentCount = 5;
 char platformOption[] = "-platform";
 char platform[] = "offscreen";
 char styleOption[] = "-style";
 char style[] = "fusion";
 std::array<char *, 6> arguments = {program, platformOption, platform, styleOption, style, nullptr};
 
+// An application takes the user's locale for the whole process. Numbers in files and in LISP have a point all the same.
+template <class Application> std::unique_ptr<Application> makeApplication(int &count, char **texts)
+{
+    auto application = std::make_unique<Application>(count, texts);
+    std::setlocale(LC_NUMERIC, "C");
+    return application;
+}
+
 } // namespace
 
-HeadlessInterface::HeadlessInterface(HostServices &services) : m_services(services)
+HeadlessInterface::HeadlessInterface(HostServices &services)
+    : m_services(services), m_application(makeApplication<QCoreApplication>(plainArgumentCount, plainArguments.data()))
 {
     services.userInterface = this;
     HostSdk::installWebViewMaker(makeTextBrowserView);
@@ -38,12 +52,13 @@ HeadlessInterface::~HeadlessInterface()
 
 void HeadlessInterface::start()
 {
-    if (m_application)
+    if (m_driver)
         return;
+    m_application.reset(); // there is one at a time
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setDesktopSettingsAware(false);
-    m_application = std::make_unique<QApplication>(argumentCount, arguments.data());
-    m_application->setQuitOnLastWindowClosed(false);
+    QApplication::setQuitOnLastWindowClosed(false);
+    m_application = makeApplication<QApplication>(argumentCount, arguments.data());
     m_driver = std::make_unique<DialogDriver>(m_services);
     m_mainWindow = std::make_unique<QWidget>();
     m_mainWindow->setObjectName(QStringLiteral("mainWindow"));

@@ -4,12 +4,13 @@
 
 #include <memory>
 
-class QApplication;
+class QCoreApplication;
 class DialogDriver;
 struct HostServices;
 
-// Windows for runs without a person: real ones, on a screen that only exists in memory, driven by the answers file. The
-// application and its windows are made when somebody first asks for one, because that takes longer than most programs.
+// Windows for runs without a person: real ones, on a screen that only exists in memory, driven by the answers file.
+// They are made when somebody first asks for one, because that takes longer than most programs; until then there is an
+// application without them, which knows where the program stands.
 //
 // It is the host's user interface as long as it lives, and ends before the host: the code of the modules' dialogs must
 // still be there.
@@ -31,7 +32,7 @@ private:
     void start();
 
     HostServices &m_services;
-    std::unique_ptr<QApplication> m_application; // null until the first window is asked for
+    std::unique_ptr<QCoreApplication> m_application; // a QApplication as soon as a window is asked for
     std::unique_ptr<DialogDriver> m_driver;
     std::unique_ptr<QWidget> m_mainWindow;
 };

@@ -1,6 +1,8 @@
 import unittest
 
-from lisphost import LispHostTest
+from pathlib import Path
+
+from lisphost import LISPHOST, LispHostTest
 
 
 class Eval(LispHostTest):
@@ -29,6 +31,10 @@ class Eval(LispHostTest):
 
     def test_a_failure_that_is_a_result_is_no_message(self):
         self.assert_gives(self.evaluate('(acet-file-remove "")'), "0\n")
+
+    def test_modules_know_the_folder_of_the_program(self):
+        folder = str(Path(LISPHOST).parent).replace("\\", "\\\\")
+        self.assert_gives(self.evaluate("(acet-filename-acad-root)"), f'"{folder}\\\\"\n')
 
     def test_no_expression_is_a_usage_error(self):
         self.assert_fails(self.lisphost("eval"), 2, "(?i)expression|required")

@@ -108,6 +108,56 @@ class Files(SandboxTest):
         self.assert_refused(outcome, "nil\n", f"opening {path}")
 
 
+START = "the start of a process"
+SIGNAL = "a signal to another process"
+
+
+class Processes(SandboxTest):
+    def test_none_can_be_started(self):
+        program = self.write("outside/program.sh", "#!/bin/sh\ntouch started\n")
+        program.chmod(0o755)
+        outcome = self.run_sandboxed(f"""
+            (princ (startapp "{program}"))
+            (acet-sys-spawn 1 "{program}")
+            (acet-sys-command "{program}")""")
+        self.assertEqual((outcome.status, outcome.output), (0, "5"))
+        self.assertEqual(set(outcome.errors.splitlines()), {f"lisphost: sandbox: refused {START}"})
+        self.assertFalse((self.folder / "started").exists())
+
+    def test_one_can_be_allowed_and_is_bound_by_the_same_rules(self):
+        outcome = self.run_sandboxed(f"""
+            (princ (acet-sys-command "cat {self.secret}"))
+            (princ (acet-sys-command "echo x > {self.outside}/new.txt"))
+            (princ (acet-sys-command "cat inside/program.lsp > /dev/null"))""",
+                                     "--allow-run", "sh", "--allow-run", "cat")
+        # What the C library's system gives: cat fails with 1, the shell with 2, and the last command succeeds.
+        self.assertEqual((outcome.status, outcome.output), (0, "256" "512" "0"), outcome)
+        self.assertEqual([path.name for path in self.outside.iterdir()], ["secret.txt"])
+
+    def test_what_is_not_allowed_cannot_be_started_all_the_same(self):
+        outcome = self.run_sandboxed('(princ (acet-sys-command "cat /dev/null"))', "--allow-run", "sh")
+        self.assertNotEqual(outcome.output, "0")
+
+    def test_no_process_outlives_the_run(self):
+        marker = self.folder / "inside/late.txt"
+        outcome = self.run_sandboxed(f'(acet-sys-command "(sleep 2; echo late > {marker}) &")', "--allow-run", "sh",
+                                     "--allow-run", "sleep", "--allow-write", str(self.folder / "inside"))
+        self.assertEqual(outcome.status, 0)
+        time.sleep(2.5)
+        self.assertFalse(marker.exists())
+
+    def test_the_supervising_process_cannot_be_ended(self):
+        outcome = self.run_sandboxed("""
+            (princ (acet-sys-command "kill -9 $PPID; exit 0"))
+            (princ "here")""", "--allow-run", "sh")
+        # The shell's parent is the program, which may end itself; the supervisor lives to tell.
+        self.assertIn(outcome.status, (0, 1))
+        outcome = self.run_sandboxed("""
+            (acet-sys-command "read a b c p rest < /proc/$PPID/stat; kill -9 $p")
+            (princ "here")""", "--allow-run", "sh")
+        self.assertEqual((outcome.status, outcome.output), (0, "here"))
+
+
 class Limits(SandboxTest):
     def test_time(self):
         start = time.monotonic()
