@@ -89,6 +89,19 @@ HandleTable &handles()
     return table;
 }
 
+// The rights in a mask that names them, or sets of them.
+DWORD rightsOf(DWORD mask)
+{
+    DWORD rights = mask;
+    if ((mask & (GENERIC_ALL | MAXIMUM_ALLOWED)) != 0)
+        rights |= PROCESS_ALL_ACCESS;
+    if ((mask & GENERIC_READ) != 0)
+        rights |= PROCESS_QUERY_INFORMATION;
+    if ((mask & GENERIC_EXECUTE) != 0)
+        rights |= PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_TERMINATE | SYNCHRONIZE;
+    return rights;
+}
+
 BOOL failWith(DWORD error)
 {
     SetLastError(error);
@@ -142,7 +155,7 @@ HANDLE OpenProcess(DWORD access, BOOL, DWORD processId)
     const auto id = static_cast<pid_t>(processId);
     const int descriptor = id > 0 ? static_cast<int>(::syscall(SYS_pidfd_open, id, 0)) : -1;
     if (descriptor >= 0)
-        return handles().add({descriptor, id, access});
+        return handles().add({descriptor, id, rightsOf(access)});
     SetLastError(id > 0 && (errno == EACCES || errno == EPERM) ? ERROR_ACCESS_DENIED : ERROR_INVALID_PARAMETER);
     return nullptr;
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr auto Down = static_cast<std::int16_t>(0x8000);
+constexpr std::int16_t Down = -128; // the high bits, as Windows sets them
 constexpr std::int16_t Toggled = 1;
 
 // The functions of libX11 that are needed, found when the library is loaded.

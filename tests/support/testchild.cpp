@@ -1,10 +1,11 @@
 // A program for tests to start. testchild FILE ARGUMENT... writes its arguments behind the first to the file, one a
-// line, and ends with 0; "exit:N" ends it with N, "wait:N" lets it run N milliseconds longer.
+// line, and ends with 0; "exit:N" ends it with N, "wait:N" lets it run N milliseconds longer. "-" for FILE: no file.
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <thread>
 
@@ -19,13 +20,14 @@ int main(int count, char **arguments)
         if (std::strncmp(arguments[i], "wait:", 5) == 0)
             std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(arguments[i] + 5)));
     }
-    if (count < 2)
+    if (count < 2 || std::strcmp(arguments[1], "-") == 0)
         return status;
     const std::string partial = std::string(arguments[1]) + ".part";
     if (std::FILE *file = std::fopen(partial.c_str(), "w")) {
         std::fputs(text.c_str(), file);
         std::fclose(file);
     }
-    std::rename(partial.c_str(), arguments[1]); // complete as soon as it is there
+    std::error_code ignored;
+    std::filesystem::rename(partial, arguments[1], ignored); // complete as soon as it is there
     return status;
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr auto Down = static_cast<std::int16_t>(0x8000);
+constexpr std::int16_t Down = -128;
 
 class KeyState : public HandlerTest
 {
@@ -26,7 +26,7 @@ protected:
 TEST_F(KeyState, WhileShiftIsHeldGivesTheNegativeState)
 {
     m_states[16] = Down;
-    EXPECT_EQ(call(acetSysKeystate, {shortInteger(16)}), (Operations{"getArgs", "retInt -32768", "releaseRb 1"}));
+    EXPECT_EQ(call(acetSysKeystate, {shortInteger(16)}), (Operations{"getArgs", "retInt -128", "releaseRb 1"}));
     m_states[16] = static_cast<std::int16_t>(-127);
     EXPECT_EQ(call(acetSysKeystate, {shortInteger(16)}), (Operations{"getArgs", "retInt -127", "releaseRb 1"}));
 }
