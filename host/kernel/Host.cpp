@@ -1,5 +1,6 @@
 #include "host/kernel/Host.h"
 
+#include "host/kernel/Memory.h"
 #include "sdk/fx/CFxString.h"
 #include "sdk/oda/OdDbObjectId.h"
 
@@ -18,6 +19,7 @@ void defineCommandInterpreter()
 
 Host::Host()
 {
+    keepFreedMemory();
     defineCommandInterpreter();
     HostSdk::installSystemServices(this);
     HostSdk::installActiveDocumentProvider(this);

@@ -116,7 +116,8 @@ int SubstituteLispHost::retStr(const char *text)
 
 int SubstituteLispHost::retWStr(const char16_t *text)
 {
-    return setResult(m_machine.string(text));
+    const QStringView units(text); // measures the text faster than std::u16string_view does
+    return setResult(m_machine.string({units.utf16(), static_cast<std::size_t>(units.size())}));
 }
 
 int SubstituteLispHost::retList(const resbuf *list)
