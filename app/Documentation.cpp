@@ -1,5 +1,6 @@
 #include "app/Documentation.h"
 
+#include "app/ReferencePages.h"
 #include "app/Session.h"
 #include "host/interpreter/Builtins.h"
 
@@ -32,7 +33,10 @@ std::u16string description(const Object &function)
         const auto &builtin = static_cast<const Builtin &>(function);
         return widened(builtin.signature) + u"\n    " + widened(builtin.description) + u"\n";
     }
-    return u"(" + static_cast<const External &>(function).name->name + u" ...)\n    Function of a loaded module.\n";
+    const std::u16string &name = static_cast<const External &>(function).name->name;
+    if (const std::optional<QString> entry = referenceEntry(QString::fromStdU16String(name)))
+        return entry->toStdU16String();
+    return u"(" + name + u" ...)\n    Function of a loaded module.\n";
 }
 
 } // namespace

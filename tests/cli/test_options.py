@@ -1,6 +1,10 @@
+import pathlib
+import re
 import unittest
 
 from lisphost import LispHostTest
+
+PAGES = pathlib.Path(__file__).parents[2] / "docs" / "functions"
 
 
 class Options(LispHostTest):
@@ -60,6 +64,20 @@ class Doc(LispHostTest):
     def test_knows_special_forms_and_functions_of_the_module(self):
         for name in ("setq", "acet-ini-get"):
             self.assertIn(name, self.lisphost("doc", name).output.lower())
+
+    def test_of_a_function_of_the_module_shows_its_page(self):
+        outcome = self.lisphost("doc", "acet-STR-find")
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        self.assertRegex(outcome.output, r"^(\(acet-str-find pattern string.*\)\n){3}    The position of .*\n.*nil\.\n$")
+
+    def test_every_page_says_first_how_its_functions_are_called_and_what_they_do(self):
+        names = set(self.lisphost("doc").output.splitlines())
+        headings = re.findall(r"^## (\S+)$", "".join(page.read_text("utf-8") for page in PAGES.glob("*.md")), re.M)
+        documented = [name for name in headings if name.lower() in names]
+        self.assertLess(20, len(documented))
+        for name in documented:
+            with self.subTest(name):
+                self.assertRegex(self.lisphost("doc", name).output, rf"^(\({name}[ )].*\n)+(    [^ (].*\n)+$")
 
     def test_without_a_name_lists_all(self):
         names = self.lisphost("doc").output.splitlines()
