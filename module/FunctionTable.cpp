@@ -12,6 +12,7 @@
 #include "functions/ini.h"
 #include "functions/pending.h"
 #include "functions/processes.h"
+#include "functions/registry.h"
 #include "functions/strings.h"
 #include "functions/system.h"
 #include "functions/sysvars.h"
@@ -53,9 +54,9 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"acet-ss-clear-prev", guarded<acetSsClearPrev>},
     {"vl_catch_all_apply", guarded<vlCatchAllApply>},
     {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
-    pending("acet-reg-get"),
-    pending("acet-reg-put"),
-    pending("acet-reg-del"),
+    {"acet-reg-get", guarded<acetRegGet>},
+    {"acet-reg-put", guarded<acetRegPut>},
+    {"acet-reg-del", guarded<acetRegDel>},
     {"acet-str-equal", guarded<acetStrEqual>},
     {"acet-str-collate", guarded<acetStrCollate>},
     {"acet-str-wcmatch", guarded<acetStrWcmatch>},

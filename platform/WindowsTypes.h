@@ -21,6 +21,8 @@ inline LPWSTR windowsText(char16_t *text)
 #include <cstdint>
 
 using BOOL = int;
+using BYTE = unsigned char;
+using LONG = std::int32_t;
 using DWORD = std::uint32_t;
 using WCHAR = char16_t;
 using LPCWSTR = const WCHAR *;

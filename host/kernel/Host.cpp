@@ -1,8 +1,11 @@
 #include "host/kernel/Host.h"
 
 #include "host/kernel/Memory.h"
+#include "host/kernel/ProductKeys.h"
+#include "platform/RegistrySetup.h"
 #include "sdk/fx/CFxString.h"
 #include "sdk/oda/OdDbObjectId.h"
+#include "storage/ProfileFolder.h"
 
 #include <QFileInfo>
 
@@ -23,6 +26,7 @@ Host::Host()
     defineCommandInterpreter();
     HostSdk::installSystemServices(this);
     HostSdk::installActiveDocumentProvider(this);
+    setUpRegistry(profileFolder(), productKeys());
 }
 
 Host::~Host()

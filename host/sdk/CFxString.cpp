@@ -81,6 +81,11 @@ QString CFxString::toQString() const
     return m_text;
 }
 
+int CFxString::getAllocLength() const
+{
+    return static_cast<int>(m_text.size());
+}
+
 int CFxString::compare(const CFxString &other) const
 {
     return ordinalCompare(m_text, other.m_text);

@@ -26,6 +26,8 @@ public:
     const char16_t *wide_strU() const;
     QString toQString() const;
 
+    int getAllocLength() const; // in UTF-16 units, without the terminator
+
     // Negative, zero or positive as this text comes before, with or after the other.
     int compare(const CFxString &other) const;
     int compareNoCase(const CFxString &other) const;

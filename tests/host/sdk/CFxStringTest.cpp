@@ -28,6 +28,12 @@ TEST(CFxString, DecodesAnsiTextAsWindows1252)
     EXPECT_EQ(CFxString::from_ansi_str(nullptr).toQString(), QString());
 }
 
+TEST(CFxString, TheAllocatedLengthCountsUnitsWithoutTheTerminator)
+{
+    EXPECT_EQ(CFxString(u"a\U0001F4D0").getAllocLength(), 3);
+    EXPECT_EQ(CFxString().getAllocLength(), 0);
+}
+
 TEST(CFxString, GivesNulTerminatedUnits)
 {
     EXPECT_EQ(std::u16string(CFxString(u"a\U0001F4D0").wide_strU()), u"a\U0001F4D0");

@@ -1,0 +1,167 @@
+// Keys: opening, adding, closing, removing.
+
+#include "platform/Registry.h"
+
+#include "platform/RegistryStore.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr REGSAM GenericRead = 0x80000000, GenericWrite = 0x40000000, GenericExecute = 0x20000000,
+                 GenericAll = 0x10000000;
+constexpr int DeepestKey = 512;
+
+REGSAM rightsOf(REGSAM access)
+{
+    REGSAM rights = access;
+    if ((access & (MAXIMUM_ALLOWED | GenericAll)) != 0)
+        rights |= KEY_ALL_ACCESS;
+    if ((access & (GenericRead | GenericExecute)) != 0)
+        rights |= KEY_READ;
+    if ((access & GenericWrite) != 0)
+        rights |= KEY_WRITE;
+    return rights;
+}
+
+std::u16string_view pathArgument(LPCWSTR path)
+{
+    return path != nullptr ? std::u16string_view(path) : std::u16string_view();
+}
+
+// A backslash at the end, or one too many, is passed over wherever a path leads.
+bool canBeAdded(std::u16string_view path, int level)
+{
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find(u'\\'), path.size());
+        if (end > 0 && (!isRegistryKeyName(path.substr(0, end)) || ++level > DeepestKey))
+            return false;
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return true;
+}
+
+// Does what a change does to a key that was just found, and writes it.
+template <class Action> LSTATUS changeBelow(HKEY handle, LPCWSTR path, Action action)
+{
+    if (pathArgument(path).starts_with(u'\\'))
+        return ERROR_BAD_PATHNAME;
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    RegistryStore::Place place;
+    LSTATUS status = store.locateBelow(handle, pathArgument(path), place);
+    if (status == ERROR_SUCCESS)
+        status = store.begin(*place.hive);
+    if (status != ERROR_SUCCESS)
+        return status;
+    status = store.locateBelow(handle, pathArgument(path), place); // others may have removed it until now
+    if (status == ERROR_SUCCESS)
+        status = action(*place.hive, *place.key);
+    const LSTATUS written = store.end(*place.hive);
+    return status != ERROR_SUCCESS ? status : written;
+}
+
+LSTATUS addKey(RegistryStore &store, RegistryStore::Place &place, HKEY handle, std::u16string_view path)
+{
+    if (!canBeAdded(path, levelOf(*place.key)))
+        return ERROR_INVALID_PARAMETER;
+    RegistryHive &hive = *place.hive;
+    LSTATUS status = store.begin(hive);
+    if (status != ERROR_SUCCESS)
+        return status;
+    status = store.locate(handle, 0, place);
+    RegistryKey *added = status == ERROR_SUCCESS ? &hive.addKey(*place.key, path) : nullptr;
+    const LSTATUS written = store.end(hive);
+    if (status == ERROR_SUCCESS && written == ERROR_SUCCESS)
+        place.key = added;
+    return status != ERROR_SUCCESS ? status : written;
+}
+
+} // namespace
+
+LSTATUS RegOpenKeyW(HKEY key, LPCWSTR path, HKEY *result)
+{
+    if (result == nullptr)
+        return ERROR_INVALID_PARAMETER;
+    if (path == nullptr || *path == u'\0') {
+        *result = key;
+        return ERROR_SUCCESS;
+    }
+    return RegOpenKeyExW(key, path, 0, MAXIMUM_ALLOWED, result);
+}
+
+LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, REGSAM access, HKEY *result)
+{
+    const std::u16string_view below = pathArgument(path);
+    if (result == nullptr)
+        return ERROR_INVALID_PARAMETER;
+    *result = nullptr;
+    if (below.starts_with(u'\\'))
+        return ERROR_BAD_PATHNAME;
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    RegistryStore::Place place;
+    const LSTATUS status = store.locateBelow(key, below, place);
+    if (status == ERROR_SUCCESS)
+        *result = store.open(place, below, *place.key, rightsOf(access));
+    return status;
+}
+
+LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR, DWORD, REGSAM access, const void *,
+                        HKEY *result, DWORD *disposition)
+{
+    const std::u16string_view below = pathArgument(path);
+    if (reserved != 0 || result == nullptr)
+        return ERROR_INVALID_PARAMETER;
+    *result = nullptr;
+    if (below.starts_with(u'\\'))
+        return ERROR_BAD_PATHNAME;
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    RegistryStore::Place place;
+    LSTATUS status = store.locateBelow(key, below, place);
+    const bool isNew = status == ERROR_FILE_NOT_FOUND;
+    if (isNew)
+        status = addKey(store, place, key, below);
+    if (status != ERROR_SUCCESS)
+        return status;
+    *result = store.open(place, below, *place.key, rightsOf(access));
+    if (disposition != nullptr)
+        *disposition = isNew ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
+    return ERROR_SUCCESS;
+}
+
+LSTATUS RegCloseKey(HKEY key)
+{
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    return store.close(key);
+}
+
+LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR path)
+{
+    if (path == nullptr)
+        return ERROR_INVALID_PARAMETER;
+    return changeBelow(key, path, [](RegistryHive &hive, RegistryKey &found) -> LSTATUS {
+        if (found.keys.size() > 0 || found.parent == nullptr)
+            return ERROR_ACCESS_DENIED;
+        hive.removeKey(found);
+        return ERROR_SUCCESS;
+    });
+}
+
+LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR path)
+{
+    const bool removesKey = path != nullptr && *path != u'\0';
+    return changeBelow(key, path, [removesKey](RegistryHive &hive, RegistryKey &found) -> LSTATUS {
+        if (removesKey) {
+            hive.removeKey(found);
+            return ERROR_SUCCESS;
+        }
+        while (found.keys.size() > 0)
+            hive.removeKey(found.keys.at(0));
+        while (found.values.size() > 0)
+            hive.removeValue(found, std::u16string(found.values.at(0).name));
+        return ERROR_SUCCESS;
+    });
+}

@@ -1,0 +1,127 @@
+#include "platform/RegistryFile.h"
+
+#include "storage/AtomicFile.h"
+
+#include <QFile>
+
+#include <algorithm>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 RememberedBytes = 64;
+constexpr qint64 LeastGrowth = 256 * 1024; // bytes of changes that are never worth a new file
+
+// Behind the last line "; end"; 0 without one.
+qint64 endOfBlocks(const QByteArray &content)
+{
+    for (qint64 place = content.size(); (place = content.lastIndexOf("; end", place - 1)) >= 0;) {
+        const qint64 end = place + 5;
+        const bool beginsLine = place == 0 || content[place - 1] == '\n';
+        if (beginsLine && end == content.size())
+            return end; // somebody's editor left the last line without its end
+        if (beginsLine && content[end] == '\n')
+            return end + 1;
+        if (beginsLine && content.mid(end, 2) == "\r\n")
+            return end + 2;
+        if (place == 0)
+            break;
+    }
+    return 0;
+}
+
+QString describe(const QFile &file)
+{
+    return QStringLiteral("%1: %2").arg(file.fileName(), file.errorString());
+}
+
+} // namespace
+
+// Whether the file still holds what was read before, as far as can be told without reading it again.
+bool RegistryFile::continuesAt(QFile &file) const
+{
+    return file.seek(m_end - m_lastBytes.size()) && file.read(m_lastBytes.size()) == m_lastBytes;
+}
+
+RegistryFile::News RegistryFile::read()
+{
+    News news;
+    const FileStamp stamp = FileStamp::of(m_path);
+    if (m_isRead && stamp == m_stamp)
+        return news;
+    QFile file(m_path);
+    if (stamp.exists() && !file.open(QIODevice::ReadOnly)) {
+        news.failure = describe(file);
+        return news;
+    }
+    const bool goesOn = m_isRead && m_end > 0 && stamp.number == m_stamp.number && stamp.size != m_stamp.size &&
+                        stamp.size >= m_end && continuesAt(file);
+    if (!goesOn)
+        forget();
+    news.kind = goesOn ? News::Kind::Added : News::Kind::Everything;
+    news.firstLine = m_lines + 1;
+    if (file.isOpen() && file.seek(m_end))
+        take(news, file.readAll());
+    m_stamp = stamp;
+    m_isRead = true;
+    return news;
+}
+
+void RegistryFile::take(News &news, QByteArray content)
+{
+    const qint64 end = endOfBlocks(content);
+    news.unfinished = content.mid(end);
+    content.truncate(end);
+    news.blocks = content;
+    m_lines += static_cast<int>(content.count('\n'));
+    if (m_end == 0)
+        m_firstBlock = content.indexOf("\n; end\n") + 7;
+    m_end += end;
+    m_lastBytes = (m_lastBytes + content).right(RememberedBytes);
+}
+
+QString RegistryFile::append(const QByteArray &block)
+{
+    QFile file(m_path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return describe(file);
+    const bool isWritten = file.write(block) == block.size() && fdatasync(file.handle()) == 0;
+    if (!isWritten) {
+        const QString reason = describe(file);
+        file.resize(m_end);
+        return reason;
+    }
+    News own;
+    take(own, block);
+    m_stamp = FileStamp::of(m_path);
+    return {};
+}
+
+QString RegistryFile::replace(const QByteArray &block)
+{
+    QString failure;
+    if (!replaceFile(m_path, block, failure))
+        return failure;
+    forget();
+    News own;
+    take(own, block);
+    m_stamp = FileStamp::of(m_path);
+    m_isRead = true;
+    return {};
+}
+
+QString RegistryFile::keepCopy(QString &name) const
+{
+    int number = 1;
+    do
+        name = QStringLiteral("%1.damaged-%2").arg(m_path).arg(number++);
+    while (QFile::exists(name));
+    QFile file(m_path);
+    return file.copy(name) ? QString() : describe(file);
+}
+
+bool RegistryFile::isGrown() const
+{
+    return m_end - m_firstBlock > std::max(m_firstBlock, LeastGrowth);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "storage/FileStamp.h"
+
+#include <QByteArray>
+#include <QString>
+
+// The file of a hive: blocks of lines, each finished by the line "; end". The first block is the hive as it was when
+// the file was written anew, every other one a change made since, added at the end. So a change costs its own size and
+// not the hive's, and a block that a killed process left unfinished is known by the missing line.
+//
+// Who changes the file holds its FileLock and has read all of it. Reasons are null when nothing failed.
+class RegistryFile
+{
+public:
+    struct News
+    {
+        enum class Kind { None, Added, Everything };
+
+        Kind kind = Kind::None;
+        QByteArray blocks;     // complete ones
+        QByteArray unfinished; // what stands behind the last complete block
+        int firstLine = 1;     // of the blocks, in the file
+        QString failure;       // why the file cannot be read; it is not there to be replaced then
+    };
+
+    explicit RegistryFile(const QString &path) : m_path(path) {}
+
+    const QString &path() const { return m_path; }
+    bool exists() const { return m_stamp.exists(); } // when it was read last
+
+    News read(); // since the last reading: a missing file reads as an empty one
+    void forget() { *this = RegistryFile(m_path); }
+
+    QString append(const QByteArray &block); // on the disk to stay when it did not fail, else not in the file
+    QString replace(const QByteArray &block);
+    // Keeps a copy beside under the first free name FILE.damaged-1, -2, ...
+    QString keepCopy(QString &name) const;
+    // Whether the changes take more room than the hive itself, so that the file is worth writing anew.
+    bool isGrown() const;
+
+    static QByteArray finished(QByteArray lines) { return lines += "; end\n"; }
+
+private:
+    bool continuesAt(class QFile &file) const;
+    void take(News &news, QByteArray content);
+
+    QString m_path;
+    FileStamp m_stamp;
+    qint64 m_end = 0; // of the last complete block
+    int m_lines = 0;  // up to there
+    qint64 m_firstBlock = 0;
+    QByteArray m_lastBytes; // before the end
+    bool m_isRead = false;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+#include <atomic>
+#include <cstdint>
+#include <optional>
+
+// A number that all processes which use a registry folder share and change after each change of a hive. Looking at it
+// costs no system call, unlike looking at a file: it stands in a small file of the folder that is mapped into memory,
+// and says nothing that outlives the processes.
+class RegistryNotice
+{
+public:
+    // What was noticed. When a later one differs there may be something new. The time makes it differ once a second,
+    // for files that people change with an editor.
+    struct Moment
+    {
+        std::uint64_t changes;
+        std::int64_t second;
+
+        bool operator==(const Moment &) const = default;
+    };
+
+    explicit RegistryNotice(const QString &folder) : m_path(folder + QStringLiteral("/.changes")) {}
+    ~RegistryNotice() { unmap(); }
+    RegistryNotice(const RegistryNotice &) = delete;
+    RegistryNotice &operator=(const RegistryNotice &) = delete;
+
+    std::optional<Moment> now(); // nothing: it cannot be told, look at the files
+    void announce();
+
+private:
+    bool isMapped(std::int64_t second);
+    void map();
+    void unmap();
+
+    const QString m_path;
+    std::atomic<std::uint64_t> *m_changes = nullptr;
+    std::uint64_t m_fileNumber = 0;
+    std::int64_t m_checkedAt = -1; // when the file was last known to be the one in memory
+};

@@ -1,0 +1,221 @@
+#include "platform/RegistryStore.h"
+
+#include "platform/RegistrySetup.h"
+#include "storage/ProfileFolder.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr char16_t ClassesPath[] = u"Software\\Classes";
+constexpr std::array<const char16_t *, 4> RootNames = {u"HKEY_CURRENT_USER", u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
+                                                       u"HKEY_CURRENT_CONFIG"};
+constexpr std::size_t HandleStep = 4; // handles are multiples of it
+
+std::size_t placeOf(HKEY handle)
+{
+    return reinterpret_cast<std::uintptr_t>(handle) / HandleStep - 1;
+}
+
+void join(std::u16string &path, std::u16string_view base, std::u16string_view below)
+{
+    path.assign(base);
+    if (!base.empty() && !below.empty())
+        path += u'\\';
+    path.append(below);
+}
+
+} // namespace
+
+RegistryStore &RegistryStore::instance()
+{
+    static RegistryStore store;
+    return store;
+}
+
+RegistryStore::RegistryStore()
+{
+    setUp(profileFolder(), {});
+}
+
+void RegistryStore::setUp(const QString &folder, const QStringList &keys)
+{
+    const QString registryFolder = folder + QStringLiteral("/registry");
+    m_openKeys.clear();
+    m_closed.clear();
+    m_keys = keys;
+    m_notice = std::make_unique<RegistryNotice>(registryFolder);
+    for (std::size_t root = 0; root < m_hives.size(); ++root)
+        m_hives[root] = std::make_unique<RegistryHive>(RootNames[root], registryFolder, *m_notice,
+                                                       [this](RegistryKey &key) { complete(key); });
+}
+
+void RegistryStore::complete(RegistryKey &root) const
+{
+    if (root.name == RootNames[LocalMachine])
+        findOrAddKey(root, ClassesPath);
+    if (root.name == RootNames[CurrentUser])
+        findOrAddKey(root, u"Software");
+    for (const QString &key : m_keys) {
+        const std::u16string path = key.toStdU16String();
+        const std::size_t end = std::min(path.find(u'\\'), path.size());
+        if (path.compare(0, end, root.name) == 0)
+            findOrAddKey(root, std::u16string_view(path).substr(end));
+    }
+}
+
+RegistryStore::OpenKey *RegistryStore::find(HKEY handle)
+{
+    const auto number = reinterpret_cast<std::uintptr_t>(handle);
+    if (number == 0 || number % HandleStep != 0 || placeOf(handle) >= m_openKeys.size())
+        return nullptr;
+    OpenKey &key = m_openKeys[placeOf(handle)];
+    return key.hive != nullptr ? &key : nullptr;
+}
+
+bool RegistryStore::locateRoot(HKEY handle, Place &place)
+{
+    if (handle == HKEY_CURRENT_USER)
+        place.hive = m_hives[CurrentUser].get();
+    else if (handle == HKEY_LOCAL_MACHINE || handle == HKEY_CLASSES_ROOT)
+        place.hive = m_hives[LocalMachine].get();
+    else if (handle == HKEY_USERS)
+        place.hive = m_hives[Users].get();
+    else if (handle == HKEY_CURRENT_CONFIG)
+        place.hive = m_hives[CurrentConfiguration].get();
+    else
+        return false;
+    place.path = handle == HKEY_CLASSES_ROOT ? ClassesPath : std::u16string_view();
+    place.key = findKey(place.hive->root(), place.path);
+    return true;
+}
+
+LSTATUS RegistryStore::locate(HKEY handle, REGSAM rights, Place &place)
+{
+    if (locateRoot(handle, place))
+        return place.key != nullptr ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
+    OpenKey *open = find(handle);
+    if (open == nullptr)
+        return ERROR_INVALID_HANDLE;
+    if ((open->access & rights) != rights)
+        return ERROR_ACCESS_DENIED;
+    RegistryKey &root = open->hive->root();
+    if (open->revision != open->hive->revision()) {
+        open->key = findKey(root, open->path);
+        open->revision = open->hive->revision();
+    }
+    place = {open->hive, open->key, open->path};
+    return open->key != nullptr ? ERROR_SUCCESS : ERROR_KEY_DELETED;
+}
+
+LSTATUS RegistryStore::locateBelow(HKEY handle, std::u16string_view path, Place &place)
+{
+    if (handle == HKEY_CLASSES_ROOT && !path.empty()) {
+        place.hive = m_hives[CurrentUser].get();
+        place.path = ClassesPath;
+        RegistryKey *users = findKey(place.hive->root(), ClassesPath);
+        place.key = users != nullptr ? findKey(*users, path) : nullptr;
+        if (place.key != nullptr)
+            return ERROR_SUCCESS;
+    }
+    const LSTATUS status = locate(handle, 0, place);
+    if (status != ERROR_SUCCESS)
+        return status;
+    RegistryKey *below = findKey(*place.key, path);
+    if (below == nullptr)
+        return ERROR_FILE_NOT_FOUND;
+    place.key = below;
+    return ERROR_SUCCESS;
+}
+
+HKEY RegistryStore::open(const Place &place, std::u16string_view path, RegistryKey &key, REGSAM access)
+{
+    const std::u16string base(place.path); // may be an open key's own, which can move
+    std::size_t index = m_openKeys.size();
+    if (m_closed.empty()) {
+        m_openKeys.emplace_back();
+    } else {
+        index = m_closed.back();
+        m_closed.pop_back();
+    }
+    OpenKey &open = m_openKeys[index];
+    open.hive = place.hive;
+    open.key = &key;
+    open.revision = place.hive->revision();
+    open.access = access;
+    join(open.path, base, path);
+    return reinterpret_cast<HKEY>((index + 1) * HandleStep);
+}
+
+LSTATUS RegistryStore::close(HKEY handle)
+{
+    Place root;
+    if (locateRoot(handle, root))
+        return ERROR_SUCCESS;
+    OpenKey *open = find(handle);
+    if (open == nullptr)
+        return ERROR_INVALID_HANDLE;
+    open->hive = nullptr;
+    m_closed.push_back(placeOf(handle));
+    return ERROR_SUCCESS;
+}
+
+LSTATUS RegistryStore::begin(RegistryHive &hive)
+{
+    if (!hive.beginChange().isNull())
+        return ERROR_REGISTRY_IO_FAILED;
+    if (m_isBatch && std::ranges::find(m_batch, &hive) == m_batch.end()) {
+        m_batch.push_back(&hive);
+        hive.beginChange(); // stays open until the batch ends
+    }
+    return ERROR_SUCCESS;
+}
+
+LSTATUS RegistryStore::end(RegistryHive &hive)
+{
+    return hive.endChange().isNull() ? ERROR_SUCCESS : ERROR_REGISTRY_IO_FAILED;
+}
+
+bool RegistryStore::endBatch()
+{
+    bool isWritten = true;
+    for (RegistryHive *hive : std::exchange(m_batch, {}))
+        isWritten &= hive->endChange().isNull();
+    m_isBatch = false;
+    return isWritten;
+}
+
+void RegistryStore::dropBatch()
+{
+    for (RegistryHive *hive : std::exchange(m_batch, {}))
+        hive->dropChanges();
+    m_isBatch = false;
+}
+
+void setUpRegistry(const QString &folder, const QStringList &keys)
+{
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    store.setUp(folder, keys);
+}
+
+RegistryBatch::RegistryBatch()
+{
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    store.beginBatch();
+}
+
+RegistryBatch::~RegistryBatch()
+{
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    store.dropBatch();
+}
+
+bool RegistryBatch::commit()
+{
+    RegistryStore &store = RegistryStore::instance();
+    const std::lock_guard guard(store.mutex());
+    return store.endBatch();
+}

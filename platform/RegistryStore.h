@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Registry.h"
+#include "platform/RegistryHive.h"
+
+#include <QStringList>
+
+#include <array>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+// The roots of this process's registry and the handles that are open. Who uses it holds the mutex.
+class RegistryStore
+{
+public:
+    // A key as a call finds it by a handle.
+    struct Place
+    {
+        RegistryHive *hive = nullptr;
+        RegistryKey *key = nullptr; // until the hive changes
+        std::u16string_view path;   // of the key, below the root of its hive
+    };
+
+    static RegistryStore &instance();
+
+    std::mutex &mutex() { return m_mutex; }
+    void setUp(const QString &folder, const QStringList &keys);
+
+    // The key of a handle with at least these rights, as it is now. Gives a status.
+    LSTATUS locate(HKEY handle, REGSAM rights, Place &place);
+    // The key at a path below it, ERROR_FILE_NOT_FOUND when there is none: then the place is where to add it.
+    LSTATUS locateBelow(HKEY handle, std::u16string_view path, Place &place);
+    // A handle to the key at a path below a place. The key is there.
+    HKEY open(const Place &place, std::u16string_view path, RegistryKey &key, REGSAM access);
+    LSTATUS close(HKEY handle);
+
+    // Around a change of a hive. Give a status.
+    LSTATUS begin(RegistryHive &hive);
+    LSTATUS end(RegistryHive &hive);
+
+    void beginBatch() { m_isBatch = true; }
+    bool endBatch();
+    void dropBatch();
+
+private:
+    struct OpenKey
+    {
+        RegistryHive *hive; // null: closed
+        RegistryKey *key;
+        std::uint64_t revision; // of the hive, when the key was found
+        std::u16string path;
+        REGSAM access;
+    };
+    enum Root { CurrentUser, LocalMachine, Users, CurrentConfiguration };
+
+    RegistryStore();
+    void complete(RegistryKey &root) const;
+    OpenKey *find(HKEY handle);
+    bool locateRoot(HKEY handle, Place &place);
+
+    std::mutex m_mutex;
+    QStringList m_keys; // that exist, whatever the files say
+    std::unique_ptr<RegistryNotice> m_notice;
+    std::array<std::unique_ptr<RegistryHive>, 4> m_hives;
+    std::vector<OpenKey> m_openKeys;
+    std::vector<std::size_t> m_closed; // places of m_openKeys
+    bool m_isBatch = false;
+    std::vector<RegistryHive *> m_batch; // hives that it has changed
+};

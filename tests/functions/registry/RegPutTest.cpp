@@ -1,0 +1,97 @@
+#include "tests/functions/registry/RegistryTest.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+class RegPut : public RegistryTest
+{
+protected:
+    Operations put(const Arguments &arguments)
+    {
+        Arguments all = {text(Path)};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        return call(acetRegPut, all);
+    }
+};
+
+Operations result(const char *operationName, const char *released)
+{
+    return {"getArgs", operationName, std::string("releaseRb ") + released};
+}
+
+} // namespace
+
+// As many bytes as the text has characters.
+TEST_F(RegPut, StoresAsManyBytesAsTheTextHasCharacters)
+{
+    EXPECT_EQ(put({text(u"x"), text(u"abcdef")}), result("retT", "3"));
+    EXPECT_EQ(data(u"x"), bytesOf(u"abc"));
+}
+
+TEST_F(RegPut, OfAnOddNumberOfCharactersCutsACharacter)
+{
+    EXPECT_EQ(put({text(u"x"), text(u"abc")}), result("retT", "3"));
+    EXPECT_EQ(data(u"x"), QByteArray("a\0b", 3));
+}
+
+TEST_F(RegPut, IsReadBackAsTheFirstHalf)
+{
+    put({text(u"x"), text(u"Zürich 図面!")});
+    EXPECT_EQ(call(acetRegGet, {text(Path), text(u"x")}),
+              (Operations{"getArgs", operation("retWStr", "Züric"), "releaseRb 2"}));
+}
+
+TEST_F(RegPut, WithoutDataStoresTheEmptyString)
+{
+    EXPECT_EQ(put({text(u"x")}), result("retT", "null"));
+    EXPECT_EQ(data(u"x"), "");
+    EXPECT_EQ(put({text(u"y"), text(u"")}), result("retT", "3"));
+    EXPECT_EQ(data(u"y"), "");
+    EXPECT_EQ(put({text(u"z"), shortInteger(7)}), result("retT", "3"));
+    EXPECT_EQ(data(u"z"), "");
+}
+
+TEST_F(RegPut, WithoutANameWritesTheUnnamedValueAndTakesNoData)
+{
+    EXPECT_EQ(put({}), result("retT", "null"));
+    EXPECT_EQ(data(u""), "");
+    EXPECT_EQ(put({nil(), text(u"abcd")}), result("retT", "2"));
+    EXPECT_EQ(data(u""), "");
+}
+
+TEST_F(RegPut, OfAnEmptyNameWritesTheUnnamedValue)
+{
+    EXPECT_EQ(put({text(u""), text(u"abcd")}), result("retT", "3"));
+    EXPECT_EQ(data(u""), bytesOf(u"ab"));
+}
+
+TEST_F(RegPut, ReplacesAValueOfAnotherType)
+{
+    set(u"x", REG_DWORD, QByteArray(4, '\1'));
+    EXPECT_EQ(put({text(u"X"), text(u"abcd")}), result("retT", "3"));
+    EXPECT_EQ(data(u"x"), bytesOf(u"ab"));
+}
+
+TEST_F(RegPut, WritingToAKeyThatDoesNotExistYieldsNilAndCreatesNothing)
+{
+    EXPECT_EQ(call(acetRegPut, {text(std::u16string(Path) + u"\\missing"), text(u"x"), text(u"abcd")}),
+              result("retNil", "3"));
+    EXPECT_EQ(data(u"x", HKEY_CURRENT_USER, u"Software\\LispExtension tests\\missing"), "no key");
+}
+
+TEST_F(RegPut, OfANameThatIsTooLongYieldsNil)
+{
+    EXPECT_EQ(put({text(std::u16string(16384, u'n')), text(u"abcd")}), result("retNil", "3"));
+}
+
+TEST_F(RegPut, ReleasesTheThirdNodeAndLeavesTheRestAlone)
+{
+    EXPECT_EQ(put({text(u"x"), text(u"abcd"), text(u"surplus")}), result("retT", "3"));
+}
+
+TEST_F(RegPut, WithoutAPathIsRefused)
+{
+    EXPECT_EQ(call(acetRegPut, {}), (Operations{"getArgs", tooFewArguments, "retNil"}));
+    EXPECT_EQ(call(acetRegPut, {nil(), text(u"x")}), (Operations{"getArgs", wrongType, "retNil", "releaseRb 1"}));
+}
