@@ -12,6 +12,7 @@
 #include "functions/ini.h"
 #include "functions/pending.h"
 #include "functions/processes.h"
+#include "functions/registry.h"
 #include "functions/strings.h"
 #include "functions/system.h"
 #include "functions/sysvars.h"
@@ -146,6 +147,9 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"acet-file-rmdir", guarded<acetFileRmdir>},
         {"acet-ini-get", guarded<acetIniGet>},
         {"acet-ini-set", guarded<acetIniSet>},
+        {"acet-reg-del", guarded<acetRegDel>},
+        {"acet-reg-get", guarded<acetRegGet>},
+        {"acet-reg-put", guarded<acetRegPut>},
         {"acet-reg-machine-prodkey", guarded<acetRegProdkey>}, // one handler under two names
         {"acet-reg-prodkey", guarded<acetRegProdkey>},
         {"acet-reg-user-prodkey", guarded<acetRegUserProdkey>},

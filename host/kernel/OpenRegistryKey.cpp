@@ -1,0 +1,67 @@
+#include "host/kernel/OpenRegistryKey.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+HKEY rootNamed(QStringView name)
+{
+    static const std::array<std::pair<QStringView, HKEY>, 5> roots = {{{u"HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT},
+                                                                       {u"HKEY_CURRENT_USER", HKEY_CURRENT_USER},
+                                                                       {u"HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE},
+                                                                       {u"HKEY_USERS", HKEY_USERS},
+                                                                       {u"HKEY_CURRENT_CONFIG", HKEY_CURRENT_CONFIG}}};
+    const auto found = std::ranges::find_if(
+        roots, [name](const auto &root) { return root.first.compare(name, Qt::CaseInsensitive) == 0; });
+    return found == roots.end() ? nullptr : found->second;
+}
+
+// The names that a call lists one by one, none of them longer than a registry allows.
+template <class ListNext> QStringList listNames(ListNext listNext)
+{
+    QStringList names;
+    std::u16string buffer(16384, u'\0');
+    for (DWORD index = 0;; ++index) {
+        auto length = static_cast<DWORD>(buffer.size());
+        if (listNext(index, windowsText(buffer.data()), &length) != ERROR_SUCCESS)
+            return names;
+        names.append(QString::fromUtf16(buffer.data(), static_cast<qsizetype>(length)));
+    }
+}
+
+} // namespace
+
+RegistryPath::RegistryPath(std::u16string_view path)
+{
+    const std::size_t end = std::min(path.find(u'\\'), path.size());
+    root = rootNamed({path.data(), static_cast<qsizetype>(end)});
+    below = path.substr(std::min(end + 1, path.size()));
+}
+
+OpenRegistryKey::OpenRegistryKey(std::u16string_view path, REGSAM access, IfMissing ifMissing)
+{
+    const RegistryPath place(path);
+    if (place.root == nullptr)
+        return;
+    if (ifMissing == IfMissing::Add)
+        RegCreateKeyExW(place.root, windowsText(place.below.c_str()), 0, nullptr, 0, access, nullptr, &m_key, nullptr);
+    else
+        RegOpenKeyExW(place.root, windowsText(place.below.c_str()), 0, access, &m_key);
+}
+
+QStringList OpenRegistryKey::keyNames() const
+{
+    return listNames([this](DWORD index, LPWSTR name, DWORD *length) {
+        return RegEnumKeyExW(m_key, index, name, length, nullptr, nullptr, nullptr, nullptr);
+    });
+}
+
+QStringList OpenRegistryKey::valueNames() const
+{
+    return listNames([this](DWORD index, LPWSTR name, DWORD *length) {
+        return RegEnumValueW(m_key, index, name, length, nullptr, nullptr, nullptr, nullptr);
+    });
+}
