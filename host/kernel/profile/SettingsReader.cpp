@@ -69,6 +69,8 @@ QString Reader::readLine(QByteArrayView bytes)
     const QString text = decoder.decode(bytes);
     if (decoder.hasError())
         return QStringLiteral("it is not UTF-8");
+    if (bytes.contains('\0')) // what a text of the host ends at
+        return QStringLiteral("it holds a NUL");
     const QStringView line = withoutBlanks(text);
     if (line.isEmpty() || line.front() == u';' || line.front() == u'#') {
         m_remarks.append(line.toString());

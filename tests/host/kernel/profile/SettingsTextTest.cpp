@@ -113,5 +113,11 @@ TEST(SettingsReader, OfNothingGivesNothing)
 {
     EXPECT_EQ(rewritten(""), "");
     EXPECT_EQ(damages(readSettings("")), "");
-    EXPECT_EQ(damages(readSettings(QByteArray("\0\0\0", 3))), "1: it stands above the first section\n");
+}
+
+TEST(SettingsReader, TakesNoNulIntoAText)
+{
+    const ReadSettings read = readSettings(QByteArray("[s]\na=1\0002\n; \0\nb=3\n", 18));
+    EXPECT_EQ(damages(read), "2: it holds a NUL\n3: it holds a NUL\n");
+    EXPECT_EQ(read.text.toBytes().toStdString(), "[s]\nb=3\n");
 }
