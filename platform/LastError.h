@@ -25,6 +25,7 @@ inline constexpr DWORD ERROR_KEY_DELETED = 1018;
 inline constexpr DWORD ERROR_NO_ASSOCIATION = 1155;
 inline constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
 inline constexpr DWORD ERROR_INVALID_MSGBOX_STYLE = 1438;
+inline constexpr DWORD ERROR_NO_SYSTEM_RESOURCES = 1450;
 inline constexpr DWORD ERROR_CANT_RESOLVE_FILENAME = 1921;
 
 // Each thread has its own. Calls that succeed leave it alone unless they say otherwise.

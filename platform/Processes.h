@@ -38,8 +38,8 @@ DWORD GetCurrentProcessId();
 DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds);
 
 // STILL_ACTIVE, or the exit code of a process that has ended. Needs one of the rights to query. A process that a signal
-// ended has 128 and the signal's number, one that TerminateProcess ended the code that was given there. Linux tells the
-// exit codes of its own children alone; of other processes it is 0.
+// ended has 128 and the signal's number, one that TerminateProcess ended the code that was given there. Linux tells a
+// process the exit codes of its own children alone, and once; for other processes it is 0.
 BOOL GetExitCodeProcess(HANDLE process, DWORD *exitCode);
 
 // Ends a process at once. Needs PROCESS_TERMINATE. A process that has ended already cannot be: ERROR_ACCESS_DENIED.

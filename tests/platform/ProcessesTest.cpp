@@ -1,6 +1,7 @@
 #include "platform/Processes.h"
 #include "platform/LastError.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QProcess>
 
@@ -29,7 +30,7 @@ protected:
         m_process.start(QStringLiteral(TEST_CHILD), arguments);
         ASSERT_TRUE(m_process.waitForStarted());
     }
-    void startLongOne() { start({QStringLiteral("/dev/null/none"), QStringLiteral("wait:20000")}); }
+    void startLongOne() { start({QStringLiteral("-"), QStringLiteral("wait:20000")}); }
     HANDLE open(DWORD access)
     {
         const HANDLE handle = OpenProcess(access, FALSE, static_cast<DWORD>(m_process.processId()));
@@ -81,7 +82,7 @@ TEST_F(Processes, AWaitTakesItsTime)
 
 TEST_F(Processes, AWaitWithoutLimitEndsWithTheProcess)
 {
-    start({QStringLiteral("/dev/null/none"), QStringLiteral("wait:100")});
+    start({QStringLiteral("-"), QStringLiteral("wait:100")});
     EXPECT_EQ(WaitForSingleObject(open(SYNCHRONIZE), INFINITE), WAIT_OBJECT_0);
 }
 
@@ -94,7 +95,7 @@ TEST_F(Processes, TheExitCodeIs259WhileTheProcessRuns)
 
 TEST_F(Processes, TheExitCodeOfAChildIsItsOwn)
 {
-    start({QStringLiteral("/dev/null/none"), QStringLiteral("exit:7")});
+    start({QStringLiteral("-"), QStringLiteral("exit:7")});
     const HANDLE handle = open(SYNCHRONIZE | PROCESS_QUERY_INFORMATION);
     ASSERT_EQ(WaitForSingleObject(handle, 10000), WAIT_OBJECT_0);
     EXPECT_EQ(exitCodeOf(handle), 7U);
@@ -157,6 +158,40 @@ TEST_F(Processes, AClosedHandleIsNoneAnyMoreAndItsNumberIsGivenAgain)
     EXPECT_EQ(CloseHandle(handle), TRUE);
     EXPECT_EQ(CloseHandle(handle), FALSE);
     EXPECT_EQ(open(SYNCHRONIZE), handle);
+}
+
+TEST_F(Processes, TheCodeOfATerminationIsKnownToTheOtherHandles)
+{
+    startLongOne();
+    const HANDLE first = open(PROCESS_TERMINATE), second = open(SYNCHRONIZE | PROCESS_QUERY_INFORMATION);
+    EXPECT_EQ(TerminateProcess(first, 99), TRUE);
+    ASSERT_EQ(WaitForSingleObject(second, 10000), WAIT_OBJECT_0);
+    EXPECT_EQ(exitCodeOf(second), 99U);
+}
+
+TEST_F(Processes, TheExitCodeStaysKnownWhenTheChildHasBeenTakenNoteOf)
+{
+    start({QStringLiteral("-"), QStringLiteral("exit:7")});
+    const HANDLE handle = open(SYNCHRONIZE | PROCESS_QUERY_INFORMATION);
+    ASSERT_EQ(WaitForSingleObject(handle, 10000), WAIT_OBJECT_0);
+    m_process.waitForFinished();
+    EXPECT_EQ(exitCodeOf(handle), 7U);
+    EXPECT_EQ(WaitForSingleObject(handle, INFINITE), WAIT_OBJECT_0);
+}
+
+TEST_F(Processes, HandlesOfProcessesThatHaveEndedKeepNoFilesOpen)
+{
+    const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList().size(); };
+    start({QStringLiteral("-")});
+    WaitForSingleObject(open(SYNCHRONIZE), INFINITE); // what the first one opens for good
+    m_process.waitForFinished();
+    const auto before = openFiles();
+    for (int i = 0; i < 5; ++i) {
+        start({QStringLiteral("-")});
+        WaitForSingleObject(open(SYNCHRONIZE), INFINITE);
+        m_process.waitForFinished();
+    }
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(Processes, TheCurrentProcessHasAHandleThatIsAlwaysThere)
