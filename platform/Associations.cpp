@@ -7,7 +7,7 @@
 
 namespace {
 
-// Desktop entries have the file's place as a field code; one that is not of a file or URL is left out.
+// Desktop entries have the file's place as a field code; one that is not of a file or URL is left out, and %% is a %.
 QStringList withFile(QStringList arguments, const QString &fileOrUrl)
 {
     bool isNamed = false;
@@ -16,8 +16,8 @@ QStringList withFile(QStringList arguments, const QString &fileOrUrl)
         if (argument == u"%f" || argument == u"%F" || argument == u"%u" || argument == u"%U") {
             result.append(fileOrUrl);
             isNamed = true;
-        } else if (argument.size() != 2 || argument[0] != u'%') {
-            result.append(argument);
+        } else if (argument.size() != 2 || argument[0] != u'%' || argument[1] == u'%') {
+            result.append(QString(argument).replace(QStringLiteral("%%"), QStringLiteral("%")));
         }
     }
     if (!isNamed)

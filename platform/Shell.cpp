@@ -54,6 +54,8 @@ int missingFileError(const QFileInfo &file)
 // What to start for a file, URL or program; an error number when there is nothing.
 std::pair<int, ProgramCall> callFor(const QString &file, const QString &folder)
 {
+    if (file.isEmpty())
+        return {SE_ERR_FNF, {}};
     const QFileInfo place(placeOf(file, folder));
     if (isProgram(place))
         return {Launched, {place.filePath(), {}}};
@@ -63,7 +65,7 @@ std::pair<int, ProgramCall> callFor(const QString &file, const QString &folder)
         const std::optional<ProgramCall> program = associatedProgram(place.exists() ? place.filePath() : file);
         return program ? std::pair(Launched, *program) : std::pair(SE_ERR_NOASSOC, ProgramCall());
     }
-    const bool isBareName = !file.isEmpty() && !file.contains(u'/');
+    const bool isBareName = !file.contains(u'/');
     const QString found = isBareName ? QStandardPaths::findExecutable(file) : QString();
     if (!found.isEmpty())
         return {Launched, {found, {}}};

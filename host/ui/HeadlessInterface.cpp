@@ -5,6 +5,7 @@
 #include "host/ui/DialogDriver.h"
 #include "host/ui/FileChooser.h"
 #include "host/ui/HtmlDialog.h"
+#include "host/ui/SpawnedProcesses.h"
 #include "host/ui/TextBrowserView.h"
 
 #include <QApplication>
@@ -88,6 +89,8 @@ std::optional<QString> HeadlessInterface::chooseFile(const FileRequest &request)
 
 void HeadlessInterface::callEnded()
 {
-    if (m_driver)
-        m_driver->noteWindows();
+    if (!m_driver)
+        return;
+    m_driver->noteWindows();
+    freeEndedProcesses(*m_mainWindow);
 }

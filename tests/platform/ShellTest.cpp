@@ -74,6 +74,8 @@ TEST_F(Shell, AnErrorIsANumberBelow32)
     EXPECT_EQ(execute(m_folder.filePath(QStringLiteral("none"))), SE_ERR_FNF);
     EXPECT_EQ(execute(m_folder.filePath(QStringLiteral("none/none"))), SE_ERR_PNF);
     EXPECT_EQ(execute(QStringLiteral("no-such-program")), SE_ERR_FNF);
+    EXPECT_EQ(execute(QString()), SE_ERR_FNF);
+    EXPECT_EQ(execute(QString(32767, u'a')), SE_ERR_FNF);
     EXPECT_EQ(execute(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
     EXPECT_EQ(execute(QStringLiteral("true"), QString(), u"no such verb"), SE_ERR_NOASSOC);
     EXPECT_EQ(execute(QStringLiteral("no-such-scheme:x")), SE_ERR_NOASSOC);
