@@ -1,20 +1,15 @@
 #include "module/CLispExtensionModule.h"
+#include "platform/LibraryExport.h"
 #include "sdk/oda/OdRxWin32Module.h"
 
-#ifdef _WIN32
-#define MODULE_EXPORT extern "C" __declspec(dllexport)
-#else
-#define MODULE_EXPORT extern "C" __attribute__((visibility("default")))
-#endif
-
 // The one object of the process, which takes the library handle over from *sysData when it is made.
-MODULE_EXPORT OdRxModule *odrxCreateModuleObject(void **sysData)
+LIBRARY_EXPORT OdRxModule *odrxCreateModuleObject(void **sysData)
 {
     return OdRxWin32Module<CLispExtensionModule>::createModule(sysData);
 }
 
 // The version of the drawings SDK that the module is built for: 26.8, build 54758.
-MODULE_EXPORT void odrxGetAPIVersion(int *major, int *minor, int *majorBuild, int *minorBuild)
+LIBRARY_EXPORT void odrxGetAPIVersion(int *major, int *minor, int *majorBuild, int *minorBuild)
 {
     *major = 26;
     *minor = 8;

@@ -10,10 +10,17 @@ shift
 folder=build/$preset
 log=build/$preset.log
 
+configure() {
+    local options=()
+    [ "$preset" != windows ] || options=(-DCMAKE_PREFIX_PATH="$(tools/windows/build-qt.sh)")
+    cmake --preset "$preset" "${options[@]}"
+}
+
 build() {
     tools/install-packages.sh
+    [ "$preset" != windows ] || tools/install-packages.sh --windows
     # Once there is a build.ninja, ninja itself configures again whenever a CMake file has changed.
-    [ -f "$folder/build.ninja" ] || cmake --preset "$preset"
+    [ -f "$folder/build.ninja" ] || configure
     ninja -C "$folder" "$@"
 }
 

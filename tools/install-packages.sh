@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Installs Debian packages that are missing, as root or through sudo. Quick and silent when nothing is missing.
 # Usage: tools/install-packages.sh [PACKAGE ...]     without arguments: what building and testing needs
+#        tools/install-packages.sh --windows         what building and testing for Windows needs besides
 set -euo pipefail
 
-# The project's one list of packages.
+# The project's lists of packages.
 build_packages=(
     # compilers, build and debugging aids
     g++ clang-14 libclang-rt-14-dev cmake ninja-build ccache pkg-config binutils git
@@ -14,8 +15,15 @@ build_packages=(
     # formatting and lint
     clang-format-14 clang-tidy-14
 )
-wanted=("$@")
-[ $# -gt 0 ] || wanted=("${build_packages[@]}")
+windows_packages=(
+    # the cross compiler, what unpacks Qt's sources, googletest's sources, and what runs the programs
+    g++-mingw-w64-x86-64-posix dpkg-dev googletest wine wine64
+)
+case ${1-} in
+'') wanted=("${build_packages[@]}") ;;
+--windows) wanted=("${windows_packages[@]}") ;;
+*) wanted=("$@") ;;
+esac
 
 is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

@@ -53,7 +53,9 @@ public:
     template <class FunctionPointer> FunctionPointer function(const char *name) const
     {
 #ifdef _WIN32
-        return reinterpret_cast<FunctionPointer>(GetProcAddress(static_cast<HMODULE>(m_handle), name));
+        // By way of an object pointer: to the compiler the two kinds of function have nothing in common.
+        return reinterpret_cast<FunctionPointer>(
+            reinterpret_cast<void *>(GetProcAddress(static_cast<HMODULE>(m_handle), name)));
 #else
         return reinterpret_cast<FunctionPointer>(dlsym(m_handle, name));
 #endif

@@ -1,11 +1,12 @@
 #include "sdk/oda/OdRxModule.h"
 #include "tests/module/FakeDocumentManager.h"
+#include "tests/module/OpenLibrary.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
-
-#include <dlfcn.h>
 
 // The library as it is built, loaded as a host loads it.
 
@@ -16,11 +17,11 @@ const QString images[] = {u":/images/ok.png"_qs, u":/images/cancel.png"_qs};
 class ModuleLibrary : public testing::Test
 {
 protected:
-    ~ModuleLibrary() override { EXPECT_EQ(dlclose(m_library), 0); }
+    ~ModuleLibrary() override { EXPECT_TRUE(closeLibrary(m_library)); }
 
     template <typename Function> Function entryPoint(const char *name)
     {
-        return reinterpret_cast<Function>(dlsym(m_library, name));
+        return reinterpret_cast<Function>(functionOf(m_library, name));
     }
 
     OdRxModule *createModule()
@@ -29,7 +30,7 @@ protected:
         return entryPoint<OdRxModuleFactory>("odrxCreateModuleObject")(&sysData);
     }
 
-    void *m_library = dlopen(MODULE_FILE, RTLD_NOW);
+    void *m_library = openLibrary(MODULE_FILE);
 };
 
 // An image's header says its size: two big-endian words behind signature and chunk head.
@@ -52,7 +53,8 @@ TEST_F(ModuleLibrary, KnowsTheFullPathOfItsFile)
 {
     OdRxModule *module = createModule();
     EXPECT_EQ(module->sysData(), m_library);
-    EXPECT_EQ(QString::fromUtf16(module->moduleName().c_str()).toStdString(), MODULE_FILE);
+    EXPECT_EQ(QDir::fromNativeSeparators(QString::fromUtf16(module->moduleName().c_str())).toStdString(),
+              QFileInfo(QStringLiteral(MODULE_FILE)).absoluteFilePath().toStdString());
     module->deleteModule();
 }
 
@@ -78,10 +80,10 @@ TEST_F(ModuleLibrary, HoldsTheImagesOfTheDialogs)
 TEST(ModuleUnload, TakesTheImagesAway)
 {
     ASSERT_FALSE(QFile::exists(images[0]));
-    void *library = dlopen(MODULE_FILE, RTLD_NOW);
-    ASSERT_NE(library, nullptr) << dlerror();
+    void *library = openLibrary(MODULE_FILE);
+    ASSERT_NE(library, nullptr);
     EXPECT_TRUE(QFile::exists(images[0]) && QFile::exists(images[1]));
-    ASSERT_EQ(dlclose(library), 0);
-    EXPECT_EQ(dlopen(MODULE_FILE, RTLD_NOW | RTLD_NOLOAD), nullptr) << "the library stayed";
+    ASSERT_TRUE(closeLibrary(library));
+    EXPECT_FALSE(isOpen(MODULE_FILE)) << "the library stayed";
     EXPECT_FALSE(QFile::exists(images[0]) || QFile::exists(images[1]));
 }

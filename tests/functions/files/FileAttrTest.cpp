@@ -6,7 +6,10 @@ namespace {
 class FileAttr : public FilesTest
 {
 protected:
-    static int attributes(const QString &file) { return int(GetFileAttributesW(file.toStdU16String().c_str())); }
+    static int attributes(const QString &file)
+    {
+        return int(GetFileAttributesW(windowsText(file.toStdU16String().c_str())));
+    }
 };
 
 } // namespace

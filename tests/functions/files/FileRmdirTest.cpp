@@ -1,10 +1,8 @@
 #include "tests/functions/files/FilesTest.h"
-#include "tests/support/Unprivileged.h"
 
 namespace {
 
 const Operations removed = {"getArgs", "retT", "releaseRb 1"};
-const Operations notRemoved = {"getArgs", "retNil", "releaseRb 1"};
 
 class FileRmdir : public FilesTest
 {
@@ -32,17 +30,6 @@ TEST_F(FileRmdir, DoesNotFollowSymbolicLinksOutOfTheTree)
     ASSERT_TRUE(QDir().mkdir(path(u"tree"_qs)) && QFile::link(kept, path(u"tree/link"_qs)));
     EXPECT_EQ(call(acetFileRmdir, {text(path(u"tree"_qs))}), removed);
     EXPECT_EQ(content(kept), "content");
-}
-
-TEST_F(FileRmdir, ThatTheSystemRefusesYieldsNil)
-{
-    const QTemporaryDir shared; // one that another user can reach
-    const QString locked = shared.filePath(u"locked"_qs);
-    ASSERT_TRUE(QFile::setPermissions(shared.path(), QFile::Permissions(0x7755)));
-    ASSERT_TRUE(QDir().mkpath(locked + u"/folder"_qs) && QFile::setPermissions(locked, QFile::Permissions(0x5555)));
-    EXPECT_TRUE(holdsUnprivileged([&] { return call(acetFileRmdir, {text(locked)}) == notRemoved; }));
-    EXPECT_TRUE(QFile::exists(locked + u"/folder"_qs));
-    QFile::setPermissions(locked, QFile::Permissions(0x7755));
 }
 
 TEST_F(FileRmdir, WithoutAPathIsRefused)

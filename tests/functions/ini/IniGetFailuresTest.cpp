@@ -1,5 +1,4 @@
 #include "tests/functions/ini/IniTest.h"
-#include "tests/support/Unprivileged.h"
 
 namespace {
 
@@ -32,17 +31,6 @@ TEST_F(IniGetFailures, ASectionThatStandsAsPathsIsNotFoundAsPathsInSmallLetters)
     const Argument file = text(newFile("[Paths]\na=1\n"));
     EXPECT_EQ(call(acetIniGet, {file, text(u"paths"), text(u"a"), text(u"none")}), noValue);
     EXPECT_EQ(call(acetIniGet, {file, text(u"Paths"), text(u"a"), text(u"none")}), stringValue("1"));
-}
-
-TEST_F(IniGetFailures, AnUnreadableFileYieldsNil)
-{
-    openDirectory();
-    const QString file = newFile("[Paths]\na=1\n");
-    ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions()));
-    EXPECT_TRUE(holdsUnprivileged([&] { return callOn(file) == noValue; }));
-    EXPECT_TRUE(holdsUnprivileged([&] { return call(acetIniGet, {text(file)}) == noValue; })) << "no empty list";
-    ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions(0x4444)));
-    EXPECT_TRUE(holdsUnprivileged([&] { return callOn(file) == stringValue("1"); })) << "nothing but the permission";
 }
 
 TEST_F(IniGetFailures, ADirectoryHasNoSections)

@@ -1,5 +1,4 @@
 #include "tests/functions/ini/IniTest.h"
-#include "tests/support/Unprivileged.h"
 
 namespace {
 
@@ -65,20 +64,6 @@ TEST_F(IniSet, YieldsTEvenWhenThereIsNothingToRemove)
     const QString file = newFile("[Main]\nsize=10\n");
     EXPECT_EQ(call(acetIniSet, {text(file), text(u"None")}), result("retT", "null"));
     EXPECT_EQ(call(acetIniSet, {text(file), text(u"Main"), text(u"none"), nil()}), result("retT", "4"));
-    EXPECT_EQ(content(file), "[Main]\nsize=10\n");
-}
-
-TEST_F(IniSet, OfAFileThatCannotBeWrittenYieldsNilAndChangesNothing)
-{
-    openDirectory();
-    const QString file = newFile("[Main]\nsize=10\n");
-    ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions(0x4444)));
-    EXPECT_TRUE(holdsUnprivileged([&] {
-        return call(acetIniSet, {text(file), text(u"Main"), text(u"size"), text(u"20")}) == result("retNil", "4");
-    }));
-    EXPECT_TRUE(holdsUnprivileged([&] {
-        return call(acetIniSet, {text(file), text(u"Main")}) == result("retNil", "null");
-    }));
     EXPECT_EQ(content(file), "[Main]\nsize=10\n");
 }
 

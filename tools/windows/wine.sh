@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Runs a Windows program under Wine, without windows on any screen and without Wine's own messages.
+# Usage: tools/windows/wine.sh PROGRAM.exe [ARGUMENT ...]
+# The Windows that it finds (drive C, the registry) is in $LISPEXTENSION_CACHE (else ~/.cache/lispextension), or where
+# WINEPREFIX says; it is made at the first use and takes 700 MB. Drive Z is this machine's root folder. With a DISPLAY and
+# QT_QPA_PLATFORM=windows there are windows.
+set -euo pipefail
+wine=/usr/lib/wine/wine64
+
+export WINEPREFIX=${WINEPREFIX:-${LISPEXTENSION_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/lispextension}/wine}
+export WINEDEBUG=${WINEDEBUG:--all}
+# Neither .NET nor an HTML engine, which Wine would offer to install, nor entries in this machine's menus.
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=}
+export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
+export LC_ALL=C.UTF-8 # file names and arguments reach Windows through this
+
+make_prefix() {
+    mkdir -p "$WINEPREFIX"
+    exec 9>"$WINEPREFIX/.lock"
+    flock 9
+    [ -f "$WINEPREFIX/.complete" ] && return
+    # As long as nobody is asked for a display, nothing waits for a window to be closed.
+    env -u DISPLAY "$wine" wineboot --init >"$WINEPREFIX.log" 2>&1 9>&-
+    env -u DISPLAY /usr/lib/wine/wineserver -w 9>&-
+    touch "$WINEPREFIX/.complete"
+}
+
+[ -f "$WINEPREFIX/.complete" ] || (make_prefix)
+exec "$wine" "$@"
