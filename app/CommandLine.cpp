@@ -79,6 +79,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     CLI::App *eval = app.add_subcommand("eval", "Evaluate expressions and print each value.");
     eval->add_option("expressions", expressions)->type_name("EXPR")->required();
     CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
+    CLI::App *gui = app.add_subcommand("gui", "Show the window and load programs.");
+    gui->add_option("files", files)->type_name("FILE.lsp");
     CLI::App *doc = app.add_subcommand("doc", "Tell what is known about a function, or list all functions.");
     doc->add_option("name", name)->type_name("NAME");
 
@@ -98,6 +100,9 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     } else if (eval->parsed()) {
         options.command = Options::Command::Eval;
         options.operands = toQStrings(expressions);
+    } else if (gui->parsed()) {
+        options.command = Options::Command::Gui;
+        options.operands = toQStrings(files);
     } else if (doc->parsed()) {
         options.command = Options::Command::Doc;
         if (!name.empty())

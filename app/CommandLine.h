@@ -11,7 +11,7 @@
 // What the user asked for on the command line.
 struct Options
 {
-    enum class Command { Run, Eval, Repl, Doc };
+    enum class Command { Run, Eval, Repl, Gui, Doc };
 
     Command command = Command::Repl;
     std::vector<QString> operands;               // files, expressions, or the name to explain

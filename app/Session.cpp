@@ -1,8 +1,8 @@
 #include "app/Session.h"
 
 #include "app/Interrupts.h"
+#include "app/Modules.h"
 #include "app/sandbox/TimeLimit.h"
-#include "app/system/Process.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
 
@@ -19,9 +19,7 @@ Session::Session(const Options &options)
         m_host.services().machineLimits.frames = static_cast<std::size_t>(options.sandbox->depth);
     m_document = &m_host.documents().open();
     machine().setConsole(&m_console);
-    const QString besideProgram = programFolder() + QStringLiteral("/LispExtension.tx");
-    for (const QString &module : options.modules.value_or(std::vector<QString>{besideProgram}))
-        m_host.modules().load(module);
+    loadModules(m_host, options);
 }
 
 void Session::connectServices(const Options &options)

@@ -2,6 +2,7 @@
 
 #include "app/CommandLine.h"
 #include "app/Documentation.h"
+#include "app/Gui.h"
 #include "app/Repl.h"
 #include "app/Session.h"
 #include "app/sandbox/Sandbox.h"
@@ -34,6 +35,8 @@ QStringList foldersOf(const std::vector<QString> &files)
 int execute(const Options &options, const QString &sandboxFolder = QString())
 {
     setProfileFolder(options.profileFolder);
+    if (options.command == Options::Command::Gui)
+        return runGui(options);
     Session session(options);
     if (options.sandbox) {
         const bool hasFiles = options.command == Options::Command::Run;
@@ -47,6 +50,7 @@ int execute(const Options &options, const QString &sandboxFolder = QString())
         return session.evaluate(options.operands);
     case Options::Command::Doc:
         return showDocumentation(session, options.operands.empty() ? QString() : options.operands.front());
+    case Options::Command::Gui: // has been dealt with
     case Options::Command::Repl:
         break;
     }

@@ -105,6 +105,10 @@ public:
     void setModuleService(ModuleService *service) { m_moduleService = service; }
     ModuleService *moduleService() const { return m_moduleService; }
 
+    // Is called every few thousand calls and loop turns of a running program: a window can be painted there. It may not
+    // run LISP in this machine. An empty function ends that.
+    void setPulse(std::function<void()> pulse) { m_pulse = std::move(pulse); }
+
     // Null in a machine that stands alone.
     void setOwner(MachineOwner *owner) { m_owner = owner; }
     MachineOwner *owner() const { return m_owner; }
@@ -223,6 +227,7 @@ private:
     ExternalCaller *m_externalCaller = nullptr;
     ModuleService *m_moduleService = nullptr;
     MachineOwner *m_owner = nullptr;
+    std::function<void()> m_pulse;
     Console *m_console = nullptr;
     UnitVariables m_unitVariables;
     std::vector<std::u16string> m_searchFolders;

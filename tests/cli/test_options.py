@@ -11,7 +11,7 @@ class Options(LispHostTest):
     def test_help_tells_the_commands(self):
         outcome = self.lisphost("--help")
         self.assertEqual((outcome.status, outcome.errors), (0, ""))
-        for command in ("run", "eval", "repl", "doc", "--module", "--no-module", "--profile", "--version"):
+        for command in ("run", "eval", "repl", "gui", "doc", "--module", "--no-module", "--profile", "--version"):
             self.assertIn(command, outcome.output)
 
     def test_version(self):

@@ -1,0 +1,36 @@
+#include "app/Gui.h"
+
+#include "app/Modules.h"
+#include "host/kernel/Host.h"
+#include "host/ui/gui/CommandRunner.h"
+#include "host/ui/gui/WindowInterface.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <clocale>
+
+int runGui(const Options &options)
+{
+    static int argumentCount = 1; // Qt keeps the addresses
+    static char program[] = "lisphost";
+    static char *arguments[] = {program, nullptr};
+    const QApplication application(argumentCount, arguments);
+    std::setlocale(LC_NUMERIC, "C"); // the application takes the user's, but numbers in files and in LISP have a point
+
+    Host host;
+    WindowInterface interface(host.services());
+    host.services().print = [&](std::u16string_view text) { interface.write(text); };
+    host.services().warn = [&](const QString &text) { interface.writeError(text + u'\n'); };
+    Document &document = host.documents().open();
+    loadModules(host, options);
+
+    CommandRunner runner(interface, document);
+    interface.window().show();
+    // When the event loop runs: programs may ask for input.
+    QTimer::singleShot(0, &runner, [&] {
+        for (const QString &file : options.operands)
+            runner.loadProgram(file);
+    });
+    return QApplication::exec();
+}

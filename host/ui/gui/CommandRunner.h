@@ -1,0 +1,35 @@
+#pragma once
+
+#include "host/interpreter/Machine.h"
+#include "host/ui/gui/WindowInterface.h"
+
+class Document;
+
+// Runs what is typed in the window or chosen from its menus, in one document: LISP in parentheses, "!name" for a value,
+// else the name of a c: function. An expression may go over several lines.
+class CommandRunner final : public QObject
+{
+public:
+    CommandRunner(WindowInterface &interface, Document &document);
+    ~CommandRunner() override;
+
+    void loadProgram(const QString &path);
+    void runCommand(const QString &name);
+
+private:
+    void runTyped(const QString &text);
+    void evaluate(const std::u16string &source);
+    bool isIncomplete(const std::u16string &source);
+    // Runs with errors shown and the window told; anything LISP happens in here.
+    void run(const std::function<void()> &action);
+    void showPrompt();
+    QStringList names() const;
+    QStringList commands() const;
+    void close(bool &allowed);
+
+    WindowInterface &m_interface;
+    Document &m_document;
+    std::u16string m_typed; // lines of an expression that is not complete yet
+    QString m_lastCommand;  // that Enter alone repeats
+    bool m_isClosing = false;
+};

@@ -1,0 +1,102 @@
+#include "host/ui/gui/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QStatusBar>
+
+MainWindow::MainWindow()
+    : m_documentArea(new QWidget), m_commandPanel(new CommandPanel), m_progressPanel(new ProgressPanel)
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setWindowTitle(QStringLiteral("lisphost"));
+    m_documentArea->setObjectName(QStringLiteral("documentArea"));
+    m_documentArea->setAutoFillBackground(true);
+    m_documentArea->setBackgroundRole(QPalette::Dark);
+    setCentralWidget(m_documentArea);
+
+    auto *dock = new QDockWidget(tr("Command line"), this);
+    dock->setObjectName(QStringLiteral("commandDock"));
+    dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
+    dock->setWidget(m_commandPanel);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    statusBar()->addPermanentWidget(m_progressPanel);
+    makeMenus();
+    m_state.restore(*this);
+    showRecentPrograms();
+    m_commandPanel->focusInput();
+    qApp->installEventFilter(this);
+}
+
+void MainWindow::makeMenus()
+{
+    m_fileMenu = menuBar()->addMenu(tr("&File"));
+    m_fileMenu->addAction(tr("&Load Program…"), QKeySequence::Open, this, &MainWindow::chooseProgram);
+    m_recentMenu = m_fileMenu->addMenu(tr("&Recent Programs"));
+    m_fileMenu->addSeparator();
+    m_fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    m_programMenu = menuBar()->addMenu(tr("&Program"));
+    m_commandMenu = m_programMenu->addMenu(tr("&Run Command"));
+    m_commandMenu->setEnabled(false);
+    m_programMenu->addAction(tr("&Stop"), this, &MainWindow::escapePressed)
+        ->setObjectName(QStringLiteral("stopAction"));
+}
+
+void MainWindow::setRunning(bool running)
+{
+    m_fileMenu->setEnabled(!running);
+    m_commandMenu->setEnabled(!running && !m_commandMenu->isEmpty());
+}
+
+void MainWindow::setCommands(const QStringList &commands)
+{
+    m_commandMenu->clear();
+    for (const QString &command : commands)
+        m_commandMenu->addAction(command, this, [this, command] { Q_EMIT commandChosen(command); });
+    m_commandMenu->setEnabled(!commands.isEmpty());
+}
+
+void MainWindow::addRecentProgram(const QString &path)
+{
+    m_state.addRecentFile(path);
+    showRecentPrograms();
+}
+
+void MainWindow::showRecentPrograms()
+{
+    m_recentMenu->clear();
+    for (const QString &path : m_state.recentFiles())
+        m_recentMenu->addAction(path, this, [this, path] { Q_EMIT programChosen(path); });
+    m_recentMenu->setEnabled(!m_recentMenu->isEmpty());
+}
+
+void MainWindow::chooseProgram()
+{
+    const QString path = QFileDialog::getOpenFileName(this, tr("Load Program"), QString(),
+                                                      tr("AutoLISP programs (*.lsp);;All files (*)"));
+    if (!path.isEmpty())
+        Q_EMIT programChosen(path);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    bool allowed = true;
+    Q_EMIT closing(allowed);
+    event->setAccepted(allowed);
+    if (allowed)
+        m_state.save(*this);
+}
+
+// Esc stops a program wherever the focus is, but in a dialog or a menu it is theirs.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isOurs = QApplication::activeModalWidget() == nullptr && QApplication::activePopupWidget() == nullptr;
+    if (event->type() == QEvent::KeyPress && isOurs && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape &&
+        qobject_cast<QWidget *>(watched)) {
+        Q_EMIT escapePressed();
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "host/ui/gui/CommandPanel.h"
+#include "host/ui/gui/ProgressPanel.h"
+#include "host/ui/gui/WindowState.h"
+
+#include <QMainWindow>
+
+// The window of the host: the drawing's place, the command line below, menus, the progress meter. It shows and tells
+// what the person wants; what happens then is somebody else's business.
+class MainWindow final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+
+    CommandPanel &commandPanel() { return *m_commandPanel; }
+    ProgressPanel &progressPanel() { return *m_progressPanel; }
+    QWidget *documentArea() { return m_documentArea; }
+
+    // While a program runs the menus can be seen but not used.
+    void setRunning(bool running);
+    void setCommands(const QStringList &commands); // c: functions without the prefix
+    void addRecentProgram(const QString &path);
+
+Q_SIGNALS:
+    void programChosen(const QString &path);
+    void commandChosen(const QString &name);
+    void escapePressed();
+    void closing(bool &allowed); // allowed: the window may close
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void makeMenus();
+    void chooseProgram();
+    void showRecentPrograms();
+
+    QWidget *m_documentArea;
+    CommandPanel *m_commandPanel;
+    ProgressPanel *m_progressPanel;
+    QMenu *m_fileMenu = nullptr;
+    QMenu *m_programMenu = nullptr;
+    QMenu *m_recentMenu = nullptr;
+    QMenu *m_commandMenu = nullptr;
+    WindowState m_state;
+};

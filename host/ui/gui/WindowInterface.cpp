@@ -1,0 +1,150 @@
+#include "host/ui/gui/WindowInterface.h"
+
+#include "host/kernel/HostServices.h"
+#include "host/sdk/ui/HostSdkUi.h"
+#include "host/ui/FileChooser.h"
+#include "host/ui/HtmlDialog.h"
+#include "host/ui/TextBrowserView.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+constexpr qint64 PulseInterval = 30;        // milliseconds; a screen shows no more
+constexpr qsizetype PendingLimit = 1 << 16; // characters, before a program that prints much is shown
+
+} // namespace
+
+WindowInterface::WindowInterface(HostServices &services) : m_services(services)
+{
+    services.userInterface = this;
+    services.input = this;
+    HostSdk::installWebViewMaker(makeTextBrowserView);
+    connect(&m_window, &MainWindow::escapePressed, this, &WindowInterface::escape);
+    connect(&m_window.progressPanel(), &ProgressPanel::cancelled, this, &WindowInterface::escape);
+    m_sincePulse.start();
+}
+
+WindowInterface::~WindowInterface()
+{
+    HostSdk::installWebViewMaker(nullptr);
+    m_services.input = &m_services.scriptedInput;
+    m_services.userInterface = &m_services.noWindows;
+}
+
+void WindowInterface::programStarted(lisp::Machine &machine)
+{
+    machine.clearInterrupts();
+    m_machine = &machine;
+    m_window.setRunning(true);
+    m_window.commandPanel().setTyping(false);
+}
+
+void WindowInterface::programEnded()
+{
+    flush();
+    m_machine = nullptr;
+    m_window.setRunning(false);
+    m_window.commandPanel().setTyping(true);
+    m_window.commandPanel().focusInput();
+}
+
+void WindowInterface::pulse()
+{
+    if (m_sincePulse.elapsed() < PulseInterval)
+        return;
+    flush();
+    QCoreApplication::processEvents();
+    m_sincePulse.restart();
+}
+
+void WindowInterface::escape()
+{
+    if (m_waiting) {
+        m_reply = InputReply{};
+        m_waiting->quit();
+    } else if (m_machine) {
+        m_machine->interrupt();
+    }
+}
+
+void WindowInterface::write(std::u16string_view text)
+{
+    m_pending.append(QStringView(text.data(), static_cast<qsizetype>(text.size())));
+    if (!m_machine || m_pending.size() > PendingLimit)
+        flush();
+}
+
+void WindowInterface::writeError(const QString &text)
+{
+    flush();
+    m_window.commandPanel().print(text, CommandPanel::Voice::Error);
+}
+
+void WindowInterface::startFreshLine()
+{
+    flush();
+    m_window.commandPanel().startFreshLine();
+}
+
+void WindowInterface::flush()
+{
+    if (!m_pending.isEmpty())
+        m_window.commandPanel().print(std::exchange(m_pending, QString()));
+}
+
+// The prompt's last line stands in front of the input; what was typed joins it above when it is entered.
+InputReply WindowInterface::request(const InputRequest &request)
+{
+    CommandPanel &panel = m_window.commandPanel();
+    const QString prompt = QString::fromStdU16String(request.prompt);
+    const qsizetype lastLine = prompt.lastIndexOf(u'\n') + 1;
+    write(QStringView(prompt).first(lastLine).toString().toStdU16String());
+    flush();
+    panel.setPrompt(prompt.mid(lastLine));
+    panel.setTyping(true);
+    panel.focusInput();
+
+    QEventLoop loop;
+    m_waiting = &loop;
+    const QMetaObject::Connection entered = connect(&panel, &CommandPanel::entered, this, &WindowInterface::accept);
+    loop.exec();
+    disconnect(entered);
+    m_waiting = nullptr;
+
+    panel.setTyping(false);
+    panel.print(prompt.mid(lastLine));
+    const InputReply reply = std::exchange(m_reply, std::nullopt).value_or(InputReply{});
+    const QString echo = reply.kind == InputReply::Kind::Text ? QString::fromStdU16String(reply.text) : tr("*Cancel*");
+    panel.print(echo + u'\n', CommandPanel::Voice::Person);
+    return reply;
+}
+
+void WindowInterface::accept(const QString &text)
+{
+    if (!m_waiting)
+        return;
+    m_reply = InputReply{InputReply::Kind::Text, text.toStdU16String()};
+    m_waiting->quit();
+}
+
+void WindowInterface::showHtml(const QString &text)
+{
+    showHtmlDialog(&m_window, text);
+}
+
+std::optional<QString> WindowInterface::chooseFile(const FileRequest &request)
+{
+    return chooseFileInDialog(&m_window, request);
+}
+
+void WindowInterface::showProgress(const Progress &progress)
+{
+    m_window.progressPanel().showProgress(progress);
+    pulse();
+}
+
+void WindowInterface::endProgress()
+{
+    m_window.progressPanel().hide();
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "host/interpreter/Machine.h"
+#include "host/kernel/input/UserInput.h"
+#include "host/kernel/windows/UserInterface.h"
+#include "host/ui/gui/MainWindow.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+
+#include <optional>
+
+struct HostServices;
+
+// The host's face in a window: its console, the person at its command line, its windows. LISP runs on the interface's
+// thread; a running program lets the window live on at its safe points (see pulse).
+class WindowInterface final : public QObject, public UserInterface, public UserInput, public lisp::Console
+{
+public:
+    // It is the host's interface as long as it lives. There must be an application.
+    explicit WindowInterface(HostServices &services);
+    ~WindowInterface() override;
+
+    MainWindow &window() { return m_window; }
+
+    // Programs run between these two.
+    void programStarted(lisp::Machine &machine);
+    void programEnded();
+    bool isRunning() const { return m_machine != nullptr; }
+    // A safe point of the running program: paints, and hears of Esc, every now and then.
+    void pulse();
+
+    void write(std::u16string_view text) override; // shown soon; flush() shows it now
+    void writeError(const QString &text);
+    void startFreshLine();
+    void flush();
+
+    InputReply request(const InputRequest &request) override;
+
+    QWidget *mainWindow() override { return &m_window; }
+    QWidget *documentWindow() override { return m_window.documentArea(); }
+    void showHtml(const QString &text) override;
+    std::optional<QString> chooseFile(const FileRequest &request) override;
+    void showProgress(const Progress &progress) override;
+    void endProgress() override;
+
+private:
+    void escape();
+    void accept(const QString &text);
+
+    HostServices &m_services;
+    MainWindow m_window;
+    lisp::Machine *m_machine = nullptr; // that runs
+    QString m_pending;                  // printed, but not shown yet
+    QElapsedTimer m_sincePulse;
+    QEventLoop *m_waiting = nullptr; // of the request that waits for an answer
+    std::optional<InputReply> m_reply;
+};

@@ -1,0 +1,76 @@
+// A program that runs in the window: it asks, is stopped, shows how far it is.
+
+#include "tests/host/ui/gui/GuiTest.h"
+
+#include <QProgressBar>
+#include <QToolButton>
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+class RunningProgram : public GuiTest
+{
+};
+
+TEST_F(RunningProgram, AsksInFrontOfTheInputAndTakesWhatIsTyped)
+{
+    later([this] {
+        EXPECT_EQ(prompt(), "Name: ");
+        type(QStringLiteral("a b"));
+    });
+    type(QStringLiteral("(strcat \"<\" (getstring T \"\\nName: \") \">\")"));
+    EXPECT_THAT(output(), EndsWith("\nName: a b\n\"<a b>\"\n"));
+    EXPECT_EQ(prompt(), "Command: ");
+}
+
+TEST_F(RunningProgram, EscCancelsARequest)
+{
+    later([this] { QTest::keyClick(input, Qt::Key_Escape); });
+    type(QStringLiteral("(getpoint \"\\nPoint: \")"));
+    EXPECT_THAT(output(), HasSubstr("Point: *Cancel*\nerror: Function cancelled\n"));
+}
+
+TEST_F(RunningProgram, EscStopsALoopAndTheWindowLivesOn)
+{
+    later([this] {
+        EXPECT_TRUE(interface.isRunning());
+        EXPECT_TRUE(input->isReadOnly());
+        QTest::keyClick(&interface.window(), Qt::Key_Escape);
+    });
+    type(QStringLiteral("(while T)"));
+    EXPECT_THAT(output(), HasSubstr("error: Function cancelled\n"));
+    EXPECT_FALSE(interface.isRunning());
+    EXPECT_FALSE(input->isReadOnly());
+}
+
+TEST_F(RunningProgram, WhatItPrintsIsShownWhileItRuns)
+{
+    later([this] {
+        EXPECT_THAT(output(), EndsWith("working"));
+        QTest::keyClick(&interface.window(), Qt::Key_Escape);
+    });
+    type(QStringLiteral("(progn (princ \"working\") (while T))"));
+}
+
+TEST_F(RunningProgram, TheProgressMeterHasAButtonToStop)
+{
+    auto *bar = interface.window().findChild<QProgressBar *>(QStringLiteral("progressBar"));
+    auto *cancel = interface.window().findChild<QToolButton *>(QStringLiteral("progressCancel"));
+    LispHost *lispHost = document.lispHost();
+    lispHost->progressStart(u"Counting");
+    lispHost->progressSet(30);
+    EXPECT_TRUE(bar->isVisible());
+    later([&] { QTest::mouseClick(cancel, Qt::LeftButton); });
+    type(QStringLiteral("(while T)"));
+    EXPECT_THAT(output(), HasSubstr("error: Function cancelled\n"));
+    lispHost->progressEnd();
+    EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(RunningProgram, ClosingTheWindowStopsItFirst)
+{
+    later([this] { EXPECT_FALSE(interface.window().close()); });
+    type(QStringLiteral("(while T)"));
+    EXPECT_FALSE(interface.isRunning());
+    EXPECT_FALSE(interface.window().isVisible());
+}
