@@ -1,12 +1,11 @@
 #include "platform/RegistryFile.h"
 
 #include "storage/AtomicFile.h"
+#include "storage/SyncedWrite.h"
 
 #include <QFile>
 
 #include <algorithm>
-
-#include <unistd.h>
 
 namespace {
 
@@ -86,11 +85,10 @@ QString RegistryFile::append(const QByteArray &block)
     QFile file(m_path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         return describe(file);
-    const bool isWritten = file.write(block) == block.size() && fdatasync(file.handle()) == 0;
-    if (!isWritten) {
-        const QString reason = describe(file);
+    const QString reason = writeAndSync(file, block);
+    if (!reason.isNull()) {
         file.resize(m_end);
-        return reason;
+        return QStringLiteral("%1: %2").arg(m_path, reason);
     }
     News own;
     take(own, block);

@@ -27,7 +27,7 @@ public:
     explicit RegistryFile(const QString &path) : m_path(path) {}
 
     const QString &path() const { return m_path; }
-    bool exists() const { return m_stamp.exists(); } // when it was read last
+    bool isEmpty() const { return m_end == 0; } // or not there, when it was read last
 
     News read(); // since the last reading: a missing file reads as an empty one
     void forget() { *this = RegistryFile(m_path); }

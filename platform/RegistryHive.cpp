@@ -148,10 +148,7 @@ void RegistryHive::repair()
         apply(news.unfinished, 1); // cut short in its first block: every line counts that is there
     if (m_errors.empty() && news.unfinished.isEmpty())
         return;
-    QString words = m_errors.empty() ? QStringLiteral("the last change is not finished and does not count")
-                                     : QStringLiteral("line %1: %2").arg(m_errors[0].line).arg(m_errors[0].reason);
-    if (m_errors.size() > 1)
-        words += QStringLiteral(" (and %1 more)").arg(m_errors.size() - 1);
+    const QString words = damage(news);
     QString copy;
     m_failure = m_file.keepCopy(copy);
     if (m_failure.isNull())
@@ -160,6 +157,20 @@ void RegistryHive::repair()
     warn(QStringLiteral("%1: %2; ").arg(m_file.path(), words) +
          (m_failure.isNull() ? QStringLiteral("the file as it was is kept as %1").arg(QFileInfo(copy).fileName())
                              : m_failure));
+}
+
+// What is wrong with the file that was just read.
+QString RegistryHive::damage(const RegistryFile::News &news) const
+{
+    if (m_errors.size() > 1)
+        return QStringLiteral("line %1: %2 (and %3 more)")
+            .arg(m_errors[0].line)
+            .arg(m_errors[0].reason)
+            .arg(m_errors.size() - 1);
+    if (!m_errors.empty())
+        return QStringLiteral("line %1: %2").arg(m_errors[0].line).arg(m_errors[0].reason);
+    return news.blocks.isEmpty() ? QStringLiteral("the file is cut short")
+                                 : QStringLiteral("the last change is not finished and does not count");
 }
 
 QString RegistryHive::beginChange()
@@ -230,7 +241,7 @@ QByteArray RegistryHive::snapshot() const
 QString RegistryHive::write()
 {
     const QString failure =
-        m_file.exists() ? m_file.append(RegistryFile::finished(inUtf8(m_change.text()))) : m_file.replace(snapshot());
+        m_file.isEmpty() ? m_file.replace(snapshot()) : m_file.append(RegistryFile::finished(inUtf8(m_change.text())));
     if (!failure.isNull())
         return failure;
     m_notice.announce();

@@ -41,6 +41,7 @@ private:
     void apply(const QByteArray &lines, int firstLine);
     void startAnew();
     void repair();
+    QString damage(const RegistryFile::News &news) const;
     QByteArray snapshot() const;
     QString write();
     void describe(RegistryKey &key);

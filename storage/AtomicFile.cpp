@@ -1,5 +1,7 @@
 #include "storage/AtomicFile.h"
 
+#include "storage/SyncedWrite.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -8,7 +10,6 @@
 
 #ifdef _WIN32
 #include <chrono>
-#include <io.h>
 #include <thread>
 #else
 #include <cerrno>
@@ -25,32 +26,12 @@ QString reasonOf(const std::error_code &error)
     return error ? QString::fromLocal8Bit(error.message().c_str()) : QString();
 }
 
+#ifndef _WIN32
 QString lastReason()
 {
     return reasonOf(std::error_code(errno, std::generic_category()));
 }
-
-QString syncFile(const QFile &file)
-{
-#ifdef _WIN32
-    return _commit(file.handle()) == 0 ? QString() : lastReason();
-#else
-    return fsync(file.handle()) == 0 ? QString() : lastReason();
 #endif
-}
-
-QString writeAndSync(QFile &file, const QByteArray &content)
-{
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        return file.errorString();
-    // What stops a write in the middle is told only when the rest is written.
-    for (qint64 written = 0, more = 0; written < content.size(); written += more) {
-        more = file.write(content.constData() + written, content.size() - written);
-        if (more <= 0)
-            return file.errorString();
-    }
-    return syncFile(file);
-}
 
 QString renameOver(const QString &from, const QString &to)
 {
@@ -87,7 +68,9 @@ QString syncFolder([[maybe_unused]] const QString &folder)
 QString replaceTarget(const QFileInfo &target, const QByteArray &content)
 {
     QFile beside(target.filePath() + QStringLiteral(".new"));
-    QString reason = writeAndSync(beside, content);
+    QString reason = beside.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
+                         ? writeAndSync(beside, content)
+                         : beside.errorString();
     if (reason.isNull() && target.exists() && beside.permissions() != target.permissions() &&
         !beside.setPermissions(target.permissions()))
         reason = beside.errorString();

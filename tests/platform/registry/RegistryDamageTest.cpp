@@ -1,0 +1,158 @@
+// Files that are cut short or make no sense: what can be read counts, the file is kept under another name, and a line
+// on standard error says so.
+
+#include "tests/platform/registry/RegistryStoreTest.h"
+
+namespace {
+
+class RegistryDamage : public RegistryStoreTest
+{
+protected:
+    static QByteArray header() { return "Windows Registry Editor Version 5.00\n"; }
+    static QByteArray block(const QByteArray &values)
+    {
+        return "\n[HKEY_CURRENT_USER\\Software\\Test]\n" + values + "; end\n";
+    }
+
+    void begin(const QByteArray &content)
+    {
+        write(hive(), content);
+        restart();
+    }
+    void expectKept(const QByteArray &content, const QString &reason)
+    {
+        ASSERT_EQ(copies().size(), 1) << copies().join(u' ').toStdString();
+        EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), content);
+        EXPECT_EQ(warnings(), QStringList(hive() + u": "_qs + reason +
+                                          u"; the file as it was is kept as HKEY_CURRENT_USER.reg.damaged-1"_qs));
+    }
+};
+
+} // namespace
+
+TEST_F(RegistryDamage, ALineThatMakesNoSenseIsNamedAndTheOthersCount)
+{
+    const QByteArray content = header() + block("\"x\"=hex:31\n\"y\"=nonsense\n\"z\"=hex:33\n");
+    begin(content);
+    EXPECT_EQ(get(u"x") + get(u"y") + get(u"z"), "1missing3");
+    expectKept(content, u"line 5: no data of a known form"_qs);
+}
+
+TEST_F(RegistryDamage, TheFileIsRepairedSoThatItIsReportedOnce)
+{
+    begin(header() + block("\"x\"=hex:31\n\"y\"=nonsense\n"));
+    get(u"x");
+    restart();
+    warnings().clear();
+    EXPECT_EQ(get(u"x"), "1");
+    EXPECT_EQ(set(u"x", "2"), 0);
+    restart();
+    EXPECT_EQ(get(u"x"), "2");
+    EXPECT_EQ(warnings(), QStringList());
+    EXPECT_EQ(copies().size(), 1);
+}
+
+TEST_F(RegistryDamage, EveryDamagedFileIsKept)
+{
+    for (int round = 1; round <= 3; ++round) {
+        begin(header() + block("nonsense " + QByteArray::number(round) + "\n"));
+        get(u"x");
+        EXPECT_EQ(copies().size(), round);
+    }
+}
+
+TEST_F(RegistryDamage, AnUnfinishedChangeDoesNotCountAtAll)
+{
+    const QByteArray whole = header() + block("\"x\"=hex:31\n");
+    const QByteArray content = whole + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:32\n\"y\"=hex:3";
+    begin(content);
+    EXPECT_EQ(get(u"x") + get(u"y"), "1missing");
+    expectKept(content, u"the last change is not finished and does not count"_qs);
+    EXPECT_EQ(set(u"y", "2"), 0);
+    restart();
+    EXPECT_EQ(get(u"x") + get(u"y"), "12");
+}
+
+TEST_F(RegistryDamage, OfAFileCutShortAnywhereNothingIsLostWithoutAWord)
+{
+    set(u"first", "1");
+    set(u"second", "2");
+    const QByteArray whole = contentOf(hive());
+    const qsizetype firstBlock = whole.indexOf("; end\n") + 6;
+    for (qsizetype length = 1; length < whole.size(); length += 3) {
+        if (length == firstBlock || length == firstBlock - 1)
+            continue; // a whole block: nobody can tell that there was more
+        for (const QString &copy : copies())
+            QFile::remove(QFileInfo(hive()).path() + u'/' + copy);
+        warnings().clear();
+        begin(whole.left(length));
+        const bool hasLine = length >= whole.indexOf("\"first\"=hex:31") + 14;
+        EXPECT_EQ(get(u"first"), hasLine ? "1" : "missing") << length;
+        EXPECT_EQ(get(u"second"), length == whole.size() - 1 ? "2" : "missing") << length;
+        if (length != whole.size() - 1) {
+            ASSERT_EQ(copies().size(), 1) << length;
+            EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), whole.left(length));
+            EXPECT_EQ(warnings().size(), 1) << length;
+        }
+    }
+}
+
+TEST_F(RegistryDamage, OfAFileCutShortInItsFirstBlockTheLinesCountThatAreThere)
+{
+    const QByteArray content = header() + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:31\n";
+    begin(content);
+    EXPECT_EQ(get(u"x"), "1");
+    expectKept(content, u"the file is cut short"_qs);
+}
+
+TEST_F(RegistryDamage, AMissingFirstLineIsReported)
+{
+    const QByteArray content = block("\"x\"=hex:31\n");
+    begin(content);
+    EXPECT_EQ(get(u"x"), "1");
+    expectKept(content, u"line 1: the first line does not say that this is a registry text"_qs);
+}
+
+TEST_F(RegistryDamage, BytesThatAreNoUtf8AreReported)
+{
+    const QByteArray content = header() + block("\"x\xff\"=hex:31\n\"y\"=hex:32\n");
+    begin(content);
+    EXPECT_EQ(get(u"y"), "2");
+    expectKept(content, u"line 1: not in UTF-8"_qs);
+}
+
+TEST_F(RegistryDamage, KeysOfAnotherRootAreReported)
+{
+    const QByteArray content = header() + "\n[HKEY_USERS\\x]\n\"x\"=hex:31\n" + block("\"y\"=hex:32\n");
+    begin(content);
+    EXPECT_EQ(get(u"y"), "2");
+    expectKept(content, u"line 1: keys of another root"_qs);
+}
+
+TEST_F(RegistryDamage, ManyErrorsAreCounted)
+{
+    begin(header() + block("a\nb\nc\n"));
+    get(u"x");
+    ASSERT_EQ(warnings().size(), 1);
+    EXPECT_TRUE(warnings()[0].contains(u"line 4: neither a key, a value nor a comment (and 2 more);"_qs))
+        << warnings()[0].toStdString();
+}
+
+TEST_F(RegistryDamage, AnEmptyFileIsAnEmptyRoot)
+{
+    begin("");
+    EXPECT_EQ(get(u"x"), "missing");
+    EXPECT_EQ(set(u"x", "1"), 0);
+    restart();
+    EXPECT_EQ(get(u"x"), "1");
+    EXPECT_EQ(warnings(), QStringList());
+}
+
+TEST_F(RegistryDamage, AFileThatVanishesWhileItIsUsedIsAnEmptyRoot)
+{
+    set(u"x", "1");
+    QFile::remove(hive());
+    EXPECT_EQ(set(u"y", "2"), 0);
+    restart();
+    EXPECT_EQ(get(u"x") + get(u"y"), "missing2");
+}
