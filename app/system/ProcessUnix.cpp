@@ -9,10 +9,11 @@
 #include <unistd.h>
 
 // Programs recurse through mapcar and apply, which use the native stack; the usual 8 MB hold too few levels of it. The
-// limit of the running process is enough: the stack grows when it is touched.
+// limit of the running process is enough: the stack grows when it is touched. AddressSanitizer cannot follow exceptions
+// on stacks beyond 64 MB.
 void prepareProcess()
 {
-    constexpr rlim_t Wanted = rlim_t{100} * 1024 * 1024;
+    constexpr rlim_t Wanted = rlim_t{60} * 1024 * 1024;
     rlimit limit{};
     if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= Wanted)
         return;

@@ -65,26 +65,22 @@ Function *Compiler::finish()
 Function *Compiler::compileFunction(const Symbol *name, Value parameters, Value body)
 {
     m_function->name = name;
-    if (checkParameters(parameters)) {
-        bool locals = false;
-        for (Value rest = parameters; rest.isCons(); rest = rest.asCons()->cdr) {
-            Symbol *symbol = rest.asCons()->car.asSymbol();
-            if (symbol->name == u"/") {
-                locals = true;
-                continue;
-            }
-            m_function->variables.push_back(symbol);
-            m_function->parameterCount += locals ? 0 : 1;
+    bool locals = false;
+    for (Value rest = parameters; rest.isCons(); rest = rest.asCons()->cdr) {
+        Symbol *symbol = rest.asCons()->car.asSymbol();
+        if (symbol->name == u"/") {
+            locals = true;
+            continue;
         }
-        compileBody(body, Want::Value);
-    } else {
-        compileFailure(u"bad formal argument list", Want::Value);
+        m_function->variables.push_back(symbol);
+        m_function->parameterCount += locals ? 0 : 1;
     }
+    compileBody(body, Want::Value);
     m_function->stackNeed += static_cast<std::uint32_t>(m_function->variables.size());
     return finish();
 }
 
-bool Compiler::checkParameters(Value parameters)
+bool Compiler::isParameterList(Value parameters)
 {
     for (; parameters.isCons(); parameters = parameters.asCons()->cdr)
         if (!parameters.asCons()->car.isSymbol())
@@ -128,13 +124,13 @@ void Compiler::compileList(Value form, Want want)
 
 void Compiler::compileCall(Value head, Value arguments)
 {
+    const std::int64_t count = listLength(arguments);
+    if (count > std::numeric_limits<std::uint16_t>::max())
+        return compileFailure(u"too many arguments", Want::Value);
     if (!head.isSymbol())
         compile(head, Want::Value);
-    std::int64_t count = 0;
-    for (Value rest = arguments; rest.isCons(); rest = rest.asCons()->cdr, ++count)
+    for (Value rest = arguments; rest.isCons(); rest = rest.asCons()->cdr)
         compile(rest.asCons()->car, Want::Value);
-    if (count > std::numeric_limits<std::uint16_t>::max())
-        fail(u"too many arguments");
     const int effect = 1 - static_cast<int>(count);
     if (head.isSymbol())
         emitSymbol(Operation::Call, head.asSymbol(), effect);

@@ -29,12 +29,15 @@ class Compiler
 {
 public:
     using Want = SpecialForm::Want;
+    static constexpr std::u16string_view BadParameterList = u"bad formal argument list";
 
     Compiler(Machine &machine, const SourcePositions *positions);
 
     // Code of a top-level form. Nothing of the result is reachable for the collector yet; as compiling never collects,
     // the caller has until its next call into the machine to keep it.
     Function *compileForm(Value form);
+    // A list of symbols.
+    static bool isParameterList(Value parameters);
     // Code of a function with this parameter list (parameters / locals) and body.
     Function *compileFunction(const Symbol *name, Value parameters, Value body);
 
@@ -81,7 +84,6 @@ private:
     void compileBody(Value forms, Want want);
     void compileFailure(std::u16string_view message, Want want);
     void compileConstant(Value value, Want want);
-    bool checkParameters(Value parameters);
 
     Operands prepareOperands(Value left, Value right);
     void emitPrimitive(Operation first, const Operands &operands, Label *label);

@@ -24,7 +24,7 @@ void Compiler::compileQuote(Value arguments, Want want)
         return compileFailure(arguments.isNil() ? u"too few arguments" : u"too many arguments", want);
     const Value quoted = first(arguments);
     // Compiled here, where the source lines are known; it may never be applied, which costs little.
-    if (m_positions && m_machine.isLambda(quoted))
+    if (m_positions && m_machine.isLambda(quoted) && isParameterList(first(rest(quoted))))
         m_machine.compileLambda(quoted, m_positions);
     compileConstant(quoted, want);
 }
@@ -40,6 +40,8 @@ void Compiler::compileLambda(Value arguments, Want want)
 {
     if (arguments.isNil())
         return compileFailure(u"too few arguments", want);
+    if (!isParameterList(first(arguments)))
+        return compileFailure(BadParameterList, want);
     Compiler inner(m_machine, m_positions);
     inner.m_line = m_line;
     compileConstant(Value::object(inner.compileFunction(nullptr, first(arguments), rest(arguments))), want);
@@ -195,6 +197,8 @@ void Compiler::compileDefun(Value arguments, Want want)
     const Value name = first(arguments);
     if (!name.isSymbol())
         return compileFailure(u"bad argument type: symbolp in defun", want);
+    if (!isParameterList(first(rest(arguments))))
+        return compileFailure(BadParameterList, want);
     Compiler inner(m_machine, m_positions);
     inner.m_line = m_line;
     emitConstant(Value::object(inner.compileFunction(name.asSymbol(), first(rest(arguments)), rest(rest(arguments)))));

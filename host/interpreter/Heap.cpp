@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t BlockSize = std::size_t{256} * 1024;
 constexpr std::size_t CellsPerBlock = std::size_t{254} * 64;
 constexpr std::size_t SmallestThreshold = std::size_t{16} * 1024 * 1024;
+constexpr std::size_t SmallestRoom = std::size_t{1024} * 1024; // near the limit: collecting more often gains nothing
 // Below this many characters a copy is cheaper than a shared buffer.
 constexpr std::size_t SmallestBuffer = 256;
 
@@ -89,10 +90,21 @@ bool Heap::nextRunInBlock()
     return true;
 }
 
-void Heap::checkLimit(std::size_t bytes) const
+// A program that catches the error goes on with what the next safe point frees.
+void Heap::checkLimit(std::size_t bytes)
 {
-    if (m_live + m_allocated + bytes > m_limit)
-        fail(u"out of memory");
+    if (m_live + m_allocated + bytes <= m_limit)
+        return;
+    m_threshold = 0;
+    m_countdown = 1;
+    fail(u"out of memory");
+}
+
+// As much again as is in use, but not so much that garbage alone would reach the limit.
+std::size_t Heap::nextThreshold() const
+{
+    const std::size_t room = m_limit > m_live ? m_limit - m_live : 0;
+    return std::min(std::max(SmallestThreshold, m_live), std::max(SmallestRoom, room / 2));
 }
 
 Value Heap::string(std::u16string_view text)
@@ -170,7 +182,7 @@ void Heap::collect(const RootVisitor &roots)
     m_freeCell = m_freeEnd = nullptr;
     m_block = m_cell = 0;
     m_allocated = 0;
-    m_threshold = std::max(SmallestThreshold, m_live);
+    m_threshold = nextThreshold();
     ++m_collections;
 }
 

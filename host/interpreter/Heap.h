@@ -60,7 +60,13 @@ public:
     bool isMarked(const Cons *cell) const;
 
     // Allocation beyond about this many bytes raises the LISP error "out of memory".
-    void setLimit(std::size_t bytes) { m_limit = bytes; }
+    static constexpr std::size_t Unlimited = std::numeric_limits<std::size_t>::max();
+    std::size_t limit() const { return m_limit; }
+    void setLimit(std::size_t bytes)
+    {
+        m_limit = bytes;
+        m_threshold = std::min(m_threshold, nextThreshold());
+    }
     std::size_t liveBytes() const { return m_live; }
     std::size_t collections() const { return m_collections; }
 
@@ -85,7 +91,8 @@ private:
         if (m_allocated >= m_threshold)
             m_countdown = 1;
     }
-    void checkLimit(std::size_t bytes) const;
+    void checkLimit(std::size_t bytes);
+    std::size_t nextThreshold() const;
     bool markCell(const Cons *cell); // false when it was marked already
     StringBuffer *newBuffer(std::size_t capacity);
     void nextRun();
@@ -103,7 +110,7 @@ private:
     Object *m_objects = nullptr;
     std::size_t m_allocated = 0; // bytes since the last collection
     std::size_t m_threshold;
-    std::size_t m_limit = std::numeric_limits<std::size_t>::max();
+    std::size_t m_limit = Unlimited;
     std::size_t m_live = 0;
     std::size_t m_collections = 0;
 };

@@ -16,7 +16,15 @@ namespace lisp {
 namespace {
 
 constexpr std::size_t StackReserve = 1024; // values above the limit, for built-ins that need room to report an error
+
+// What *error* may use beyond the limits, so that it runs also after the error that they were reached.
+constexpr std::size_t HandlerValues = std::size_t{64} * 1024;
+constexpr std::size_t HandlerFrames = 1024;
+constexpr std::size_t HandlerNativeStack = std::size_t{512} * 1024;
+constexpr std::size_t HandlerMemory = std::size_t{4} * 1024 * 1024;
+
 constexpr std::u16string_view StackLimitMessage = u"internal stack limit reached";
+constexpr std::u16string_view OutOfMemoryMessage = u"out of memory";
 
 template <class T> T *uninitialisedArray(std::size_t count)
 {
@@ -30,9 +38,10 @@ template <class T> T *uninitialisedArray(std::size_t count)
 
 Machine::Machine(Limits limits)
     : m_heap(m_countdown), m_errorSymbol(m_symbols.intern(u"*ERROR*")), m_lambdaSymbol(m_symbols.intern(u"LAMBDA")),
-      m_limits(limits), m_stack(uninitialisedArray<Value>(limits.stackValues + StackReserve)), m_top(m_stack.get()),
-      m_stackEnd(m_stack.get() + limits.stackValues), m_frames(uninitialisedArray<Frame>(limits.frames)),
-      m_nativeStackLimit(nativeStackLimit())
+      m_stack(uninitialisedArray<Value>(limits.stackValues + HandlerValues + StackReserve)), m_top(m_stack.get()),
+      m_stackEnd(m_stack.get() + limits.stackValues),
+      m_frames(uninitialisedArray<Frame>(limits.frames + HandlerFrames)), m_frameLimit(limits.frames),
+      m_nativeStackLimit(nativeStackLimit() + HandlerNativeStack)
 {
     Symbol *t = m_symbols.intern(u"T");
     m_true = t->value = Value::symbol(t);
@@ -90,6 +99,28 @@ Value Machine::call(Value function, std::span<const Value> arguments)
     return applyToStack(function, static_cast<std::uint32_t>(arguments.size()));
 }
 
+// Reading and compiling fail at places that no frame stands for: `place` tells them.
+template <class Work, class Place> auto Machine::withPlace(Work work, Place place)
+{
+    const auto note = [&](LispError &error) {
+        if (error.traced)
+            return;
+        error.trace = backTrace();
+        error.trace.insert(error.trace.begin(), place());
+        noteError(error);
+    };
+    try {
+        return work();
+    } catch (LispError &error) {
+        note(error);
+        throw;
+    } catch (const std::bad_alloc &) {
+        LispError error{std::u16string(OutOfMemoryMessage)};
+        note(error);
+        throw error;
+    }
+}
+
 Value Machine::load(std::u16string_view source, std::u16string_view file, const std::function<void(Value)> &each)
 {
     SourcePositions positions;
@@ -98,19 +129,18 @@ Value Machine::load(std::u16string_view source, std::u16string_view file, const 
     Reader reader(m_heap, m_symbols, source, &positions);
     Rooted last(*this, Value::nil());
     for (;;) {
-        std::optional<Value> form;
-        try {
-            form = reader.read();
-        } catch (LispError &error) {
-            error.trace = backTrace();
-            error.trace.insert(error.trace.begin(),
-                               {u"", std::u16string(file), reader.lineNumber(), reader.columnNumber()});
-            noteError(error);
-            throw;
-        }
+        const std::optional<Value> form =
+            withPlace([&] { return reader.read(); },
+                      [&] {
+                          return TraceEntry{u"", std::u16string(file), reader.lineNumber(), reader.columnNumber()};
+                      });
         if (!form)
             return last.get();
-        last.set(evaluate(*form, &positions));
+        last.set(withPlace([&] { return evaluate(*form, &positions); },
+                           [&] {
+                               const std::uint32_t line = form->isCons() ? positions.lineOf(form->asCons()) : 0;
+                               return TraceEntry{u"", std::u16string(file), line, 0};
+                           }));
         if (each)
             each(last.get());
     }
@@ -168,6 +198,8 @@ Function *Machine::compileLambda(Value lambda, const SourcePositions *positions)
         return found->second;
     // (lambda PARAMETERS BODY ...), or (PARAMETERS BODY ...) as defun-q keeps it
     const Cons *definition = isLambda(lambda) ? key->cdr.asCons() : key;
+    if (!Compiler::isParameterList(definition->car))
+        fail(Compiler::BadParameterList);
     Function *function = Compiler(*this, positions).compileFunction(nullptr, definition->car, definition->cdr);
     m_lambdas.emplace(key, function);
     return function;
@@ -239,7 +271,7 @@ void Machine::enter(Function *function, std::uint32_t argumentCount)
     if (argumentCount != function->parameterCount)
         fail(argumentCount < function->parameterCount ? u"too few arguments" : u"too many arguments");
     Value *base = m_top - argumentCount;
-    if (m_depth == m_limits.frames || base + function->stackNeed > m_stackEnd)
+    if (m_depth >= m_frameLimit || base + function->stackNeed > m_stackEnd)
         fail(StackLimitMessage);
     Value *slot = base;
     for (Symbol *variable : function->variables) {
@@ -285,8 +317,10 @@ Value Machine::run(std::size_t entryDepth)
         unwind(entryDepth);
         throw;
     } catch (const std::bad_alloc &) {
+        LispError error{std::u16string(OutOfMemoryMessage)};
+        noteError(error);
         unwind(entryDepth);
-        fail(u"out of memory");
+        throw error;
     } catch (...) {
         unwind(entryDepth);
         throw;
@@ -302,20 +336,49 @@ void Machine::noteError(LispError &error)
         callErrorHandler(error);
 }
 
+// While *error* runs: it has room of its own, and its errors do not call it again.
+class Machine::ErrorHandlerScope
+{
+public:
+    explicit ErrorHandlerScope(Machine &machine) : m_machine(machine), m_memoryLimit(machine.m_heap.limit())
+    {
+        m_machine.m_inErrorHandler = true;
+        m_machine.m_stackEnd += HandlerValues;
+        m_machine.m_frameLimit += HandlerFrames;
+        m_machine.m_nativeStackLimit -= HandlerNativeStack;
+        m_machine.m_heap.setLimit(m_memoryLimit + std::min(HandlerMemory, Heap::Unlimited - m_memoryLimit));
+    }
+    ~ErrorHandlerScope()
+    {
+        m_machine.m_inErrorHandler = false;
+        m_machine.m_stackEnd -= HandlerValues;
+        m_machine.m_frameLimit -= HandlerFrames;
+        m_machine.m_nativeStackLimit += HandlerNativeStack;
+        m_machine.m_heap.setLimit(m_memoryLimit);
+    }
+    ErrorHandlerScope(const ErrorHandlerScope &) = delete;
+    ErrorHandlerScope &operator=(const ErrorHandlerScope &) = delete;
+
+private:
+    Machine &m_machine;
+    const std::size_t m_memoryLimit;
+};
+
 void Machine::callErrorHandler(LispError &error)
 {
     const Value handler = m_errorSymbol->value;
     if (handler.isNil())
         return;
-    m_inErrorHandler = true;
+    const ErrorHandlerScope scope(*this);
     try {
         const Value message = m_heap.string(error.message);
         call(handler, {&message, 1});
     } catch (const LispError &failure) {
         if (failure.kind == LispError::Kind::Failure)
             error.handlerFailure = failure.message;
+    } catch (const std::bad_alloc &) {
+        error.handlerFailure = OutOfMemoryMessage;
     }
-    m_inErrorHandler = false;
 }
 
 std::vector<TraceEntry> Machine::backTrace() const

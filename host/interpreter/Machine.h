@@ -194,11 +194,13 @@ private:
     // Applies a function to the topmost argumentCount values of the stack and pops them.
     Value applyToStack(Value function, std::uint32_t argumentCount);
     void restoreBindings(std::size_t count);
+    class ErrorHandlerScope;
     void markLambdas(Marker &marker);
     void definePrimitives();
     void safePoint();
     void raiseInterrupt();
     void noteError(LispError &error);
+    template <class Work, class Place> auto withPlace(Work work, Place place);
     void callErrorHandler(LispError &error);
     void markRoots(Marker &marker);
     void pushValue(Value value);
@@ -214,11 +216,11 @@ private:
     Symbol *m_lambdaSymbol;
     std::array<PrimitiveEntry, static_cast<std::size_t>(Primitive::Count)> m_primitives;
 
-    const Limits m_limits;
     std::unique_ptr<Value[], FreeMemory> m_stack;
     Value *m_top;      // first free slot
     Value *m_stackEnd; // the calls stop short of it
     std::unique_ptr<Frame[], FreeMemory> m_frames;
+    std::size_t m_frameLimit;
     std::size_t m_depth = 0; // frames in use
     std::vector<Binding> m_bindings;
 

@@ -106,3 +106,59 @@ TEST(Errors, leavingIsAnErrorOfItsOwnKind)
     EXPECT_EQ(errorOf(machine, "(quit)", "").kind, lisp::LispError::Kind::Exit);
     EXPECT_EQ(errorOf(machine, "(car 1)", "").kind, lisp::LispError::Kind::Failure);
 }
+
+TEST(Errors, theHandlerStillRunsWhenTheStacksAreFull)
+{
+    for (const char *endless : {"(defun f () (1+ (f)))", "(defun f () (apply 'f nil))", "(defun f () (eval '(f)))"}) {
+        lisp::Machine machine;
+        CollectingConsole console;
+        machine.setConsole(&console);
+        evaluateText(machine, "(defun *error* (m) (mapcar 'princ (list \"<\" m \">\")))");
+        evaluateText(machine, endless);
+        EXPECT_EQ(evaluateText(machine, "(f)"), "error: internal stack limit reached") << endless;
+        EXPECT_EQ(evaluateText(machine, "(f)"), "error: internal stack limit reached") << endless;
+        EXPECT_EQ(console.text(), "<internal stack limit reached><internal stack limit reached>") << endless;
+    }
+}
+
+TEST(Errors, aHandlerThatRecursesWithoutEndFailsToo)
+{
+    lisp::Machine machine;
+    const lisp::LispError error = errorOf(machine, "(defun *error* (m) (*error* m)) (defun f () (f)) (f)", "");
+    EXPECT_EQ(narrow(error.message), "internal stack limit reached");
+    EXPECT_EQ(narrow(error.handlerFailure), "internal stack limit reached");
+}
+
+TEST(Errors, theHandlerStillRunsWhenMemoryIsUsedUp)
+{
+    lisp::Machine machine;
+    CollectingConsole console;
+    machine.setConsole(&console);
+    machine.heap().setLimit(32 * 1024 * 1024);
+    const lisp::LispError error =
+        errorOf(machine,
+                "(defun *error* (m) (princ (strcat \"<\" m (itoa (length (list m))) \">\")))\n"
+                "(defun fill (/ l)\n"
+                "  (while T (setq l (cons 1 l))))\n"
+                "(fill)",
+                "fill.lsp");
+    EXPECT_EQ(narrow(error.message), "out of memory");
+    EXPECT_EQ(narrow(lisp::traceText(error.trace)), "  in FILL at fill.lsp:3\n  at fill.lsp:4\n");
+    EXPECT_EQ(narrow(error.handlerFailure), "");
+    EXPECT_EQ(console.text(), "<out of memory1>");
+}
+
+TEST(Errors, aFormThatCannotBeCompiledNamesFileAndLineAndCallsTheHandler)
+{
+    lisp::Machine machine;
+    CollectingConsole console;
+    machine.setConsole(&console);
+    std::string deep;
+    for (int i = 0; i < 2'000'000; ++i)
+        deep += "(list ";
+    const lisp::LispError error =
+        errorOf(machine, "(defun *error* (m) (princ m))\n\n" + deep + std::string(2'000'000, ')'), "deep.lsp");
+    EXPECT_EQ(narrow(error.message), "internal stack limit reached");
+    EXPECT_EQ(narrow(lisp::traceText(error.trace)), "  at deep.lsp:3\n");
+    EXPECT_EQ(console.text(), "internal stack limit reached");
+}

@@ -81,3 +81,24 @@ TEST(Heap, appendingSharesButNeverChangesAString)
     EXPECT_EQ(base.asString()->buffer, one.asString()->buffer);
     EXPECT_NE(base.asString()->buffer, two.asString()->buffer);
 }
+
+TEST(Heap, garbageAloneNeverUsesUpTheMemory)
+{
+    lisp::Machine machine;
+    machine.heap().setLimit(64 * 1024 * 1024);
+    // 40 MB in use, and many times the rest in garbage
+    EXPECT_EQ(evaluateText(machine, "(setq l nil) (repeat 2600000 (setq l (cons 1 l)))"
+                                    "(repeat 10000000 (list 1)) (length l)"),
+              "2600000");
+}
+
+TEST(Heap, aProgramThatCatchesOutOfMemoryGoesOn)
+{
+    lisp::Machine machine;
+    machine.heap().setLimit(32 * 1024 * 1024);
+    EXPECT_EQ(evaluateText(machine, "(defun fill (/ l) (while T (setq l (cons 1 l))))"
+                                    "(repeat 5 (setq r (vl-catch-all-apply 'fill)))"
+                                    "(setq l nil) (repeat 100000 (setq l (cons 1 l)))"
+                                    "(list (length l) (vl-catch-all-error-message r))"),
+              "(100000 \"out of memory\")");
+}

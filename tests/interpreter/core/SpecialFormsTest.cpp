@@ -96,3 +96,18 @@ TEST(SpecialForms, compiledOperandsAreReadInOrder)
         {"(if (< 1 'a) 1)", "error: bad argument type: numberp: A"},
     });
 }
+
+TEST(SpecialForms, argumentListsAreListsOfSymbols)
+{
+    expectAll({
+        {"(defun f (1) 1)", "error: bad formal argument list"},
+        {"(defun f x 1)", "error: bad formal argument list"},
+        {"(defun f (a . b) 1)", "error: bad formal argument list"},
+        {"(defun f (a nil) 1)", "error: bad formal argument list"},
+        {"((lambda (\"a\") 1) 2)", "error: bad formal argument list"},
+        {"(mapcar '(lambda 5 1) '(2))", "error: bad formal argument list"},
+        {"(defun-q f (1) 1) (f 2)", "error: bad formal argument list"},
+        {"(if nil (defun f (1) 1) 'fine)", "FINE"},
+        {"'(lambda 5 6)", "(LAMBDA 5 6)"},
+    });
+}
