@@ -5,6 +5,8 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
+#include "host/kernel/LibraryFile.h"
+
 #include <dlfcn.h>
 #endif
 
@@ -30,6 +32,8 @@ public:
         if (!m_handle)
             throw ModuleError("cannot load the module " + path.toStdString());
 #else
+        if (QFileInfo(path).isFile() && QFileInfo(path).isReadable() && !isWholeLibrary(path))
+            throw ModuleError(path.toStdString() + ": not a library of this system, or not all of it");
         m_handle = dlopen(path.toLocal8Bit().constData(), RTLD_NOW | RTLD_LOCAL);
         if (!m_handle)
             throw ModuleError(dlerror()); // names the file
