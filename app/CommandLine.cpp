@@ -2,6 +2,8 @@
 
 #include "app/system/Process.h"
 
+#include <QStringDecoder>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -20,10 +22,22 @@ std::vector<QString> toQStrings(const std::vector<std::string> &texts)
     return result;
 }
 
+// Paths and texts are Unicode here; bytes that are none would name another file.
+bool isUtf8(const std::string &argument)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(QByteArrayView(argument));
+    return !decoder.hasError();
+}
+
 } // namespace
 
 ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
 {
+    if (!std::all_of(arguments.begin(), arguments.end(), isUtf8)) {
+        std::cerr << "lisphost: the arguments have to be UTF-8\n";
+        return {{}, ExitUsage};
+    }
     // What follows -- is the LISP program's own and never seen by the parser.
     const auto separator = std::find(arguments.begin(), arguments.end(), "--");
 

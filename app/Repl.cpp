@@ -5,6 +5,7 @@
 #include "app/Session.h"
 #include "app/system/Process.h"
 #include "host/interpreter/Reader.h"
+#include "host/interpreter/files/SourceFile.h"
 #include "storage/ProfileFolder.h"
 
 #include <QDir>
@@ -24,7 +25,7 @@ int Repl::runOnStream()
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly))
         return ExitFile;
-    return m_session.evaluate({QString::fromUtf8(input.readAll())});
+    return m_session.evaluate({QString::fromStdU16String(lisp::decodeSource(input.readAll()))});
 }
 
 int Repl::runOnTerminal()

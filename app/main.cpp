@@ -57,6 +57,16 @@ int execute(const Options &options, const QString &sandboxFolder = QString())
     return Repl(session).run();
 }
 
+// A program whose output was lost has not ended well.
+int checkOutput(int status)
+{
+    std::fflush(stdout);
+    if (!std::ferror(stdout))
+        return status;
+    std::fputs("lisphost: cannot write to standard output\n", stderr);
+    return status == ExitFine ? ExitFile : status;
+}
+
 int reportError(const std::exception &error, int status)
 {
     std::fprintf(stderr, "lisphost: %s\n", error.what());
@@ -67,7 +77,7 @@ int reportError(const std::exception &error, int status)
 int executeAndReport(const Options &options, const QString &sandboxFolder = QString())
 {
     try {
-        return execute(options, sandboxFolder);
+        return checkOutput(execute(options, sandboxFolder));
     } catch (const ModuleError &error) {
         return reportError(error, ExitFile);
     } catch (const AnswersError &error) {

@@ -8,7 +8,8 @@
 
 // What the program needs to know of its own process and to have arranged in it, for each system in a source of its own.
 
-// To be called first of all. Makes the stack as deep as recursive programs need it; on Windows, where the linker has
+// To be called first of all. Makes the stack as deep as recursive programs need it and keeps the numbers of closed
+// standard streams from being used for files; on Windows, where the linker has
 // seen to that, has the streams hand on every byte as it is and the console take UTF-8.
 void prepareProcess();
 

@@ -5,13 +5,18 @@
 
 #include <algorithm>
 
+#include <cerrno>
+
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
+
+namespace {
 
 // Programs recurse through mapcar and apply, which use the native stack; the usual 8 MB hold too few levels of it. The
 // limit of the running process is enough: the stack grows when it is touched. AddressSanitizer cannot follow exceptions
 // on stacks beyond 64 MB.
-void prepareProcess()
+void deepenStack()
 {
     constexpr rlim_t Wanted = rlim_t{60} * 1024 * 1024;
     rlimit limit{};
@@ -19,6 +24,23 @@ void prepareProcess()
         return;
     limit.rlim_cur = limit.rlim_max == RLIM_INFINITY ? Wanted : std::min(Wanted, limit.rlim_max);
     setrlimit(RLIMIT_STACK, &limit);
+}
+
+// A file that the program opens must not take the number of a standard stream that the caller has closed. Opened the
+// wrong way round, the streams still fail as closed ones do.
+void occupyClosedStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) == -1 && errno == EBADF)
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY); // gives the lowest free number
+}
+
+} // namespace
+
+void prepareProcess()
+{
+    occupyClosedStreams();
+    deepenStack();
 }
 
 std::vector<std::string> programArguments(int argumentCount, char **arguments)

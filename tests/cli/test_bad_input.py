@@ -1,6 +1,8 @@
+import subprocess
 import unittest
+from pathlib import Path
 
-from lisphost import LispHostTest
+from lisphost import LISPHOST, TIMEOUT, LispHostTest
 
 # Names that tempt a program to split, quote or decode them wrongly.
 NAMES = ["two words.lsp", " blank first.lsp", "quo\"te's.lsp", "new\nline.lsp", "Größe €.lsp", "back\\slash.lsp",
@@ -72,6 +74,29 @@ class HugePrograms(LispHostTest):
 
     def test_a_tangle_of_bytes_is_an_error(self):
         self.assert_fails(self.run_program(b'(princ "\xff\xfe\xc3" ))) \\ . . #'), 1, "^error: ")
+
+
+class Arguments(LispHostTest):
+    def test_arguments_that_are_not_utf_8_are_refused(self):
+        for arguments in ((b"eval", b'(princ "\xe9")'), (b"run", b"caf\xe9.lsp"), (b"run", b"a.lsp", b"--", b"\xff")):
+            with self.subTest(arguments):
+                outcome = self.lisphost(*arguments)
+                self.assertEqual((outcome.status, outcome.output), (2, ""))
+                self.assertEqual(outcome.errors, "lisphost: the arguments have to be UTF-8\n")
+
+    def test_expressions_from_a_stream_may_be_windows_1252(self):
+        process = subprocess.run([LISPHOST, "repl"], input='(princ "é")(princ)'.encode("cp1252"), capture_output=True,
+                                 cwd=self.folder, env=self.environment, timeout=TIMEOUT)
+        self.assertEqual(process.stdout.decode(), 'é\n"é"\n')
+
+    def test_a_module_that_was_cut_short_cannot_be_read(self):
+        whole = Path(LISPHOST).with_name("LispExtension.tx").read_bytes()
+        for size in (0, 3, 40, 100, 3000, len(whole) // 2):
+            with self.subTest(size):
+                self.write("cut.tx", whole[:size])
+                self.assert_fails(self.lisphost("--module", "cut.tx", "eval", "1"), 3,
+                                  r"^lisphost: .*cut\.tx: not a library of this system, or not all of it\n$")
+                self.assert_gives(self.evaluate('(arxload "cut.tx" "no")'), '"no"\n')
 
 
 unittest.main()
