@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -30,20 +31,22 @@ int ordinalCompare(const QString &left, const QString &right)
     return units(left).compare(units(right));
 }
 
-// One code point for one code point, so that no text changes its number of characters; unpaired surrogates stay.
-QString mapped(const QString &text, char32_t (*map)(char32_t))
+// One code point for one code point, which Unicode keeps on its side of U+10000: no text changes its length. Unpaired
+// surrogates stay.
+QString mapped(QString text, char32_t (*map)(char32_t))
 {
-    QString result;
-    result.reserve(text.size());
-    for (qsizetype index = 0; index < text.size(); ++index) {
-        const bool pair = text[index].isHighSurrogate() && index + 1 < text.size() && text[index + 1].isLowSurrogate();
-        if (pair)
-            result += QChar::fromUcs4(map(QChar::surrogateToUcs4(text[index], text[index + 1])));
-        else
-            result += QChar::fromUcs4(map(text[index].unicode()));
-        index += pair ? 1 : 0;
+    auto *units = reinterpret_cast<char16_t *>(text.data());
+    const qsizetype size = text.size();
+    for (qsizetype index = 0; index < size; ++index) {
+        if (QChar::isHighSurrogate(units[index]) && index + 1 < size && QChar::isLowSurrogate(units[index + 1])) {
+            const char32_t codePoint = map(QChar::surrogateToUcs4(units[index], units[index + 1]));
+            units[index] = QChar::highSurrogate(codePoint);
+            units[++index] = QChar::lowSurrogate(codePoint);
+        } else {
+            units[index] = static_cast<char16_t>(map(units[index]));
+        }
     }
-    return result;
+    return text;
 }
 
 QString folded(const QString &text)
@@ -98,7 +101,7 @@ int CFxString::compareNoCase(const CFxString &other) const
 
 CFxString &CFxString::makeUpper()
 {
-    m_text = mapped(m_text, [](char32_t codePoint) { return QChar::toUpper(codePoint); });
+    m_text = mapped(std::move(m_text), [](char32_t codePoint) { return QChar::toUpper(codePoint); });
     return *this;
 }
 
@@ -110,7 +113,7 @@ std::vector<CFxString> CFxString::SplitW(char16_t separator) const
 
 CFxString &CFxString::makeLower()
 {
-    m_text = mapped(m_text, [](char32_t codePoint) { return QChar::toLower(codePoint); });
+    m_text = mapped(std::move(m_text), [](char32_t codePoint) { return QChar::toLower(codePoint); });
     return *this;
 }
 

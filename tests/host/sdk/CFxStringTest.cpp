@@ -101,6 +101,7 @@ TEST(CFxString, NoLetterChangesItsLengthWithItsCase)
     for (char32_t codePoint = 0; codePoint <= QChar::LastValidCodePoint; ++codePoint) {
         EXPECT_EQ(QChar::requiresSurrogates(QChar::toLower(codePoint)), QChar::requiresSurrogates(codePoint));
         EXPECT_EQ(QChar::requiresSurrogates(QChar::toUpper(codePoint)), QChar::requiresSurrogates(codePoint));
+        EXPECT_EQ(QChar::requiresSurrogates(QChar::toCaseFolded(codePoint)), QChar::requiresSurrogates(codePoint));
     }
 }
 
