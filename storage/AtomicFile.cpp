@@ -65,11 +65,11 @@ QString syncFolder([[maybe_unused]] const QString &folder)
 #endif
 }
 
-QString replaceTarget(const QFileInfo &target, const QByteArray &content)
+QString replaceTarget(const QFileInfo &target, const ContentWriter &write)
 {
     QFile beside(target.filePath() + QStringLiteral(".new"));
     QString reason = beside.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
-                         ? writeAndSync(beside, content)
+                         ? writeAndSync(beside, write)
                          : beside.errorString();
     if (reason.isNull() && target.exists() && beside.permissions() != target.permissions() &&
         !beside.setPermissions(target.permissions()))
@@ -88,10 +88,16 @@ QString replaceTarget(const QFileInfo &target, const QByteArray &content)
 
 bool replaceFile(const QString &path, const QByteArray &content, QString &failure)
 {
+    return replaceFile(
+        path, [&content](QIODevice &file) { return writeAll(file, content); }, failure);
+}
+
+bool replaceFile(const QString &path, const ContentWriter &write, QString &failure)
+{
     const QString linked = QFileInfo(path).canonicalFilePath(); // empty when there is no file
     const QFileInfo target(linked.isEmpty() ? path : linked);
     const QString reason = target.exists() && !target.isWritable() ? QStringLiteral("it may not be written")
-                                                                   : replaceTarget(target, content);
+                                                                   : replaceTarget(target, write);
     if (!reason.isNull())
         failure = QStringLiteral("%1: %2").arg(path, reason);
     return reason.isNull();

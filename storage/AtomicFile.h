@@ -1,5 +1,7 @@
 #pragma once
 
+#include "storage/SyncedWrite.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -13,3 +15,6 @@
 // failed sync for a success. A symbolic link stays one; what it leads to is replaced, and keeps its permissions. A file
 // that may not be written is not replaced, though its folder would allow it.
 bool replaceFile(const QString &path, const QByteArray &content, QString &failure);
+
+// The same for content that is written piece by piece.
+bool replaceFile(const QString &path, const ContentWriter &write, QString &failure);

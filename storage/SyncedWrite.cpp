@@ -24,11 +24,24 @@ bool syncFile(const QFile &file)
 
 QString writeAndSync(QFile &file, const QByteArray &content)
 {
-    // What stops a write in the middle is told only when the rest is written.
-    for (qint64 written = 0, more = 0; written < content.size(); written += more) {
-        more = file.write(content.constData() + written, content.size() - written);
-        if (more <= 0)
-            return file.errorString();
-    }
+    return writeAndSync(file, [&content](QIODevice &device) { return writeAll(device, content); });
+}
+
+QString writeAndSync(QFile &file, const ContentWriter &write)
+{
+    if (!write(file))
+        return file.errorString();
     return syncFile(file) ? QString() : QString::fromLocal8Bit(std::generic_category().message(errno).c_str());
+}
+
+bool writeAll(QIODevice &file, QByteArrayView bytes)
+{
+    // What stops a write in the middle is told only when the rest is written.
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            return false;
+        bytes = bytes.sliced(written);
+    }
+    return true;
 }

@@ -24,7 +24,7 @@ MAY_USE = {
     "host/sdk": ["sdk"],
     "host/sdk/ui": ["sdk"],
     "host/interpreter": [],
-    "host/drawing": [],
+    "host/drawing": ["storage"],
     "host/commands": ["host/interpreter", "host/drawing"],
     "host/kernel": ["host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform",
                     "storage"],

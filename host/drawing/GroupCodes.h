@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+// What the group codes of a DXF file say about their values ("Group Code Value Types" of the DXF reference).
+namespace drawing {
+
+enum class ValueKind : std::uint8_t {
+    Text,
+    Handle,    // a handle as text: of the record itself, or in extended data
+    Reference, // the handle of another record
+    Real,
+    Integer16,
+    Integer32,
+    Integer64,
+    Boolean,
+    Binary,
+    Point, // two or three reals in groups of their own; never the kind of a code
+};
+
+namespace groupcode {
+inline constexpr int Type = 0, PrimaryText = 1, Name = 2, EntryName = 3, Handle = 5, Layer = 8, VariableName = 9;
+inline constexpr int FirstX = 10, Space = 67, Subclass = 100, EmbeddedObject = 101, Braces = 102, DimStyleHandle = 105;
+inline constexpr int Owner = 330, SoftEntry = 350, HardEntry = 360;
+inline constexpr int Comment = 999, ExtendedString = 1000, Application = 1001, ExtendedBinary = 1004;
+inline constexpr int YOffset = 10, ZOffset = 20; // from the code of a point's x to those of its y and z
+} // namespace groupcode
+
+// Codes that the reference does not name have texts.
+ValueKind valueKind(int code);
+
+// Whether a group may be the x of a point. It is one when the group after it has the code of its y.
+bool mayBeginPoint(int code);
+
+inline bool isInteger(ValueKind kind)
+{
+    return kind >= ValueKind::Integer16 && kind <= ValueKind::Boolean;
+}
+
+} // namespace drawing

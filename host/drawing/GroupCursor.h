@@ -1,0 +1,137 @@
+#pragma once
+
+#include "host/drawing/FileFormat.h"
+#include "host/drawing/GroupCodes.h"
+
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace drawing {
+
+// One group as it stands in the file. Both views point into the file's bytes.
+struct RawGroup
+{
+    int code = 0;
+    std::string_view value; // the line without its end; in binary files the value's bytes, without terminator or length
+    std::string_view bytes; // the whole group
+};
+
+// Walks over the groups of the text form. A line that should hold a code and does not is passed over alone, so that the
+// reader is in step again with the next code; badLines() counts them.
+class TextGroups
+{
+public:
+    TextGroups(std::string_view bytes, const FileFormat &format)
+        : m_position(bytes.data()), m_end(bytes.data() + bytes.size()), m_mark(format.lineEndMark())
+    {
+    }
+
+    bool next(RawGroup &group)
+    {
+        while (m_position != m_end) {
+            const char *begin = m_position;
+            if (!readCode(group.code)) {
+                m_badPlace = m_badLines++ == 0 ? begin : m_badPlace;
+                passLine();
+                continue;
+            }
+            const char *value = m_position;
+            const char *end = passLine();
+            if (end != value && end[-1] == '\r')
+                --end;
+            group.value = {value, static_cast<std::size_t>(end - value)};
+            group.bytes = {begin, static_cast<std::size_t>(m_position - begin)};
+            return true;
+        }
+        return false;
+    }
+    std::size_t badLines() const { return m_badLines; }
+    const char *firstBadPlace() const { return m_badPlace; } // null: there was none
+
+private:
+    // Leaves the position behind the line when it holds an integer, else where it was.
+    bool readCode(int &code)
+    {
+        constexpr unsigned TooLarge = 100000; // no code; more digits would overflow
+        const char *at = m_position;
+        while (at != m_end && (*at == ' ' || *at == '\t'))
+            ++at;
+        const bool negative = at != m_end && *at == '-';
+        at += negative;
+        const char *digits = at;
+        unsigned number = 0;
+        for (; at != m_end && number < TooLarge; ++at) {
+            const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+            if (digit > 9)
+                break;
+            number = number * 10 + digit;
+        }
+        if (at == digits)
+            return false;
+        while (at != m_end && *at != m_mark) {
+            if (*at != ' ' && *at != '\t' && *at != '\r')
+                return false;
+            ++at;
+        }
+        m_position = at == m_end ? at : at + 1;
+        code = negative ? -static_cast<int>(number) : static_cast<int>(number);
+        return true;
+    }
+    // Gives the place of the line's end mark.
+    const char *passLine()
+    {
+        const void *mark = std::memchr(m_position, m_mark, static_cast<std::size_t>(m_end - m_position));
+        if (!mark) {
+            m_position = m_end;
+            return m_end;
+        }
+        const char *end = static_cast<const char *>(mark);
+        m_position = end + 1;
+        return end;
+    }
+
+    const char *m_position;
+    const char *m_end;
+    char m_mark;
+    std::size_t m_badLines = 0;
+    const char *m_badPlace = nullptr;
+};
+
+// Walks over the groups of the binary form. A value that would reach beyond the end ends the walk.
+class BinaryGroups
+{
+public:
+    BinaryGroups(std::string_view bytes, const FileFormat &format)
+        : m_rest(bytes), m_shortCodes(format.kind == FileFormat::Kind::BinaryShortCodes)
+    {
+    }
+    bool next(RawGroup &group);
+    std::size_t badLines() const { return m_cut ? 1 : 0; }
+    const char *firstBadPlace() const { return m_cut; }
+
+private:
+    bool readCode(std::string_view &rest, int &code) const;
+
+    std::string_view m_rest;
+    bool m_shortCodes;
+    const char *m_cut = nullptr;
+};
+
+// Walks over the groups of either form.
+class GroupCursor
+{
+public:
+    GroupCursor(std::string_view bytes, const FileFormat &format)
+        : m_text(bytes, format), m_binary(bytes, format), m_isText(format.kind == FileFormat::Kind::Text)
+    {
+    }
+    bool next(RawGroup &group) { return m_isText ? m_text.next(group) : m_binary.next(group); }
+
+private:
+    TextGroups m_text;
+    BinaryGroups m_binary;
+    bool m_isText;
+};
+
+} // namespace drawing

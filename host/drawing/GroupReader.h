@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/drawing/Group.h"
+#include "host/drawing/GroupCursor.h"
+#include "host/drawing/TextCodec.h"
+
+namespace drawing {
+
+// One value of a record as it is read. Numbers are converted already; a text is decoded when it is asked for.
+struct Item
+{
+    int code = 0;
+    ValueKind kind = ValueKind::Text;
+    std::int64_t integer = 0; // of an integer kind
+    double real = 0;          // of ValueKind::Real
+    Point point;              // of ValueKind::Point
+    std::uint64_t handle = 0; // of ValueKind::Handle and Reference
+    RawGroup raw;             // of a point its first group
+    std::string_view bytes;   // of all its groups
+};
+
+// Goes over the values of a record without memory of its own. The bytes must live as long. Comments (999) are not
+// given.
+class GroupReader
+{
+public:
+    GroupReader(std::string_view bytes, const FileFormat &format, const TextCodec &codec)
+        : m_cursor(bytes, format), m_format(format), m_codec(&codec)
+    {
+    }
+
+    bool next(Item &item);
+    std::u16string text(const Item &item) const { return m_codec->decode(item.raw.value); }
+    Group group(const Item &item) const; // decoded, with memory of its own
+
+private:
+    bool nextRaw(RawGroup &group);
+    void readPoint(Item &item);
+
+    GroupCursor m_cursor;
+    FileFormat m_format;
+    const TextCodec *m_codec;
+    RawGroup m_ahead;
+    bool m_hasAhead = false;
+};
+
+} // namespace drawing

@@ -1,0 +1,175 @@
+#include "host/drawing/Journal.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace drawing {
+
+void Journal::remember(RecordId id)
+{
+    if (m_done < m_images.size()) {
+        dropFrom(m_done);
+        m_steps.resize(m_step + 1);
+    }
+    if (m_recording == Recording::Off && m_transactions.empty())
+        return;
+    m_images.push_back({id, m_store.records[id]});
+    m_store.texts.hold(m_store.records[id].text);
+    m_done = m_images.size();
+}
+
+void Journal::startStep()
+{
+    if (m_steps[m_step].begin == m_done)
+        return; // nothing has changed since the step began, or it was undone and a change cuts what follows
+    m_steps.push_back({m_done, false});
+    m_step = m_steps.size() - 1;
+}
+
+void Journal::beginGroup()
+{
+    endGroup();
+    startStep();
+    m_groupIsOpen = true;
+}
+
+void Journal::endGroup()
+{
+    if (std::exchange(m_groupIsOpen, false))
+        startStep();
+}
+
+void Journal::setMark()
+{
+    startStep();
+    m_steps[m_step].marked = true;
+}
+
+bool Journal::hasMark() const
+{
+    return std::any_of(m_steps.begin(), m_steps.begin() + static_cast<std::ptrdiff_t>(m_step) + 1,
+                       [](const Step &step) { return step.marked; });
+}
+
+std::size_t Journal::stepEnd(std::size_t step) const
+{
+    return step + 1 < m_steps.size() ? m_steps[step + 1].begin : m_images.size();
+}
+
+void Journal::exchange(Image &image)
+{
+    std::swap(image.record, m_store.records[image.id]);
+}
+
+void Journal::takeBack(std::size_t begin)
+{
+    while (m_done > begin)
+        exchange(m_images[--m_done]);
+}
+
+bool Journal::undoStep()
+{
+    if (m_steps[m_step].begin == m_done && m_step > 0)
+        --m_step;
+    if (m_done <= floor() || m_steps[m_step].begin < floor())
+        return false;
+    takeBack(m_steps[m_step].begin);
+    return true;
+}
+
+std::size_t Journal::undo(std::size_t steps)
+{
+    endGroup();
+    std::size_t count = 0;
+    while (count < steps && undoStep())
+        ++count;
+    return count;
+}
+
+std::size_t Journal::undoToMark()
+{
+    endGroup();
+    for (std::size_t count = 0;; ++count) {
+        Step &step = m_steps[m_step];
+        if ((step.begin == m_done && std::exchange(step.marked, false)) || !undoStep())
+            return count;
+    }
+}
+
+std::size_t Journal::redo(std::size_t steps)
+{
+    endGroup();
+    std::size_t count = 0;
+    for (; count < steps && m_done < m_images.size(); ++count) {
+        for (const std::size_t end = stepEnd(m_step); m_done < end; ++m_done)
+            exchange(m_images[m_done]);
+        if (m_step + 1 < m_steps.size())
+            ++m_step;
+    }
+    return count;
+}
+
+bool Journal::commitTransaction()
+{
+    if (m_transactions.empty())
+        return false;
+    m_transactions.pop_back();
+    if (m_recording == Recording::Off && m_transactions.empty())
+        clear();
+    return true;
+}
+
+bool Journal::abortTransaction()
+{
+    if (m_transactions.empty())
+        return false;
+    const std::size_t begin = m_transactions.back();
+    m_transactions.pop_back();
+    if (m_done == begin)
+        return true;
+    takeBack(begin);
+    dropFrom(begin);
+    while (m_step > 0 && m_steps[m_step].begin > begin)
+        --m_step;
+    m_steps.resize(m_step + 1);
+    return true;
+}
+
+void Journal::dropFrom(std::size_t begin)
+{
+    for (std::size_t i = begin; i < m_images.size(); ++i)
+        m_store.texts.release(m_images[i].record.text);
+    m_images.resize(begin);
+}
+
+void Journal::setRecording(Recording recording)
+{
+    if (recording == Recording::Off && m_transactions.empty())
+        clear();
+    m_recording = recording;
+}
+
+void Journal::clear()
+{
+    dropFrom(0);
+    m_done = 0;
+    m_steps.assign(1, {0, false});
+    m_step = 0;
+    m_groupIsOpen = false;
+    std::fill(m_transactions.begin(), m_transactions.end(), 0);
+}
+
+std::size_t Journal::undoableSteps() const
+{
+    return m_step + (m_steps[m_step].begin < m_done ? 1 : 0);
+}
+
+std::size_t Journal::redoableSteps() const
+{
+    std::size_t count = 0;
+    for (std::size_t step = m_step; m_done < m_images.size() && step < m_steps.size(); ++step)
+        count += m_steps[step].begin < stepEnd(step) ? 1 : 0;
+    return count;
+}
+
+} // namespace drawing

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "host/drawing/Record.h"
+#include "host/drawing/TextStore.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace drawing {
+
+// The records, and the bytes of those that are not as in the file.
+struct RecordStore
+{
+    std::vector<Record> records;
+    TextStore texts;
+};
+
+// Undo, redo and transactions by before-images: who changes a record calls remember() first. Everything undone, the
+// records are what they were.
+//
+// Steps: undo(1) takes one step back. Commands begin one each with nextStep(), which does nothing while a group is
+// open, so that a group is one step. Steps in which nothing changed do not count. Transactions nest; an undo never
+// reaches behind the start of one that is open.
+class Journal
+{
+public:
+    enum class Recording { On, Off };
+
+    explicit Journal(RecordStore &store) : m_store(store) {}
+
+    void remember(RecordId id);
+
+    void startStep(); // begins a step also inside a group
+    void nextStep()
+    {
+        if (!m_groupIsOpen)
+            startStep();
+    }
+    void beginGroup(); // a group that is open ends before it
+    void endGroup();   // nothing without a group
+    bool isGroupOpen() const { return m_groupIsOpen; }
+
+    void setMark(); // here: before the next step
+    bool hasMark() const;
+    std::size_t undo(std::size_t steps = 1); // gives how many were undone; ends an open group
+    std::size_t undoToMark();                // also removes the mark; without a mark everything
+    std::size_t redo(std::size_t steps = 1); // possible until the next change
+
+    void startTransaction() { m_transactions.push_back(m_done); }
+    bool commitTransaction(); // keeps the changes; false when none is open
+    bool abortTransaction();  // takes the changes back, which cannot be redone
+    std::size_t openTransactions() const { return m_transactions.size(); }
+
+    // Off forgets what could be undone; transactions work all the same.
+    void setRecording(Recording recording);
+    Recording recording() const { return m_recording; }
+    void clear();
+
+    std::size_t undoableSteps() const;
+    std::size_t redoableSteps() const;
+
+private:
+    struct Image
+    {
+        RecordId id;
+        Record record;
+    };
+    struct Step
+    {
+        std::size_t begin; // of its images
+        bool marked;
+    };
+
+    void exchange(Image &image);
+    void takeBack(std::size_t begin); // the images from there on
+    void dropFrom(std::size_t begin);
+    std::size_t stepEnd(std::size_t step) const;
+    std::size_t floor() const { return m_transactions.empty() ? 0 : m_transactions.back(); }
+    bool undoStep();
+
+    RecordStore &m_store;
+    std::vector<Image> m_images; // up to m_done to be undone, from there on to be redone
+    std::size_t m_done = 0;
+    std::vector<Step> m_steps{{0, false}};
+    std::size_t m_step = 0; // the one that changes go to
+    std::vector<std::size_t> m_transactions;
+    bool m_groupIsOpen = false;
+    Recording m_recording = Recording::On;
+};
+
+} // namespace drawing

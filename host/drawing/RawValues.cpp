@@ -1,0 +1,104 @@
+#include "host/drawing/RawValues.h"
+
+#include <bit>
+#include <charconv>
+#include <limits>
+
+namespace drawing {
+
+namespace {
+
+static_assert(std::endian::native == std::endian::little); // as the numbers of binary files
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
+        text.remove_prefix(1);
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
+        text.remove_suffix(1);
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    return text;
+}
+
+template <class Number> Number fromBytes(std::string_view bytes)
+{
+    Number number{};
+    if (bytes.size() == sizeof number)
+        std::memcpy(&number, bytes.data(), sizeof number);
+    return number;
+}
+
+std::int64_t integerOfText(std::string_view text)
+{
+    text = trimmed(text);
+    std::int64_t number = 0;
+    if (std::from_chars(text.data(), text.data() + text.size(), number).ec == std::errc::result_out_of_range)
+        return text.starts_with('-') ? std::numeric_limits<std::int64_t>::min()
+                                     : std::numeric_limits<std::int64_t>::max();
+    return number;
+}
+
+double realOfText(std::string_view text)
+{
+    text = trimmed(text);
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+int digitValue(char digit)
+{
+    if (digit >= '0' && digit <= '9')
+        return digit - '0';
+    const char upper = static_cast<char>(digit & ~0x20);
+    return upper >= 'A' && upper <= 'F' ? upper - 'A' + 10 : -1;
+}
+
+} // namespace
+
+std::int64_t integerOf(const RawGroup &group, FileFormat::Kind kind)
+{
+    if (kind == FileFormat::Kind::Text)
+        return integerOfText(group.value);
+    switch (group.value.size()) {
+    case 1:
+        return fromBytes<std::uint8_t>(group.value);
+    case 2:
+        return fromBytes<std::int16_t>(group.value);
+    case 4:
+        return fromBytes<std::int32_t>(group.value);
+    default:
+        return fromBytes<std::int64_t>(group.value);
+    }
+}
+
+double realOf(const RawGroup &group, FileFormat::Kind kind)
+{
+    return kind == FileFormat::Kind::Text ? realOfText(group.value) : fromBytes<double>(group.value);
+}
+
+std::uint64_t handleOf(std::string_view text)
+{
+    text = trimmed(text);
+    std::uint64_t handle = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), handle, 16);
+    return error == std::errc() && end == text.data() + text.size() ? handle : 0;
+}
+
+std::string bytesOf(const RawGroup &group, FileFormat::Kind kind)
+{
+    if (kind != FileFormat::Kind::Text)
+        return std::string(group.value);
+    const std::string_view digits = trimmed(group.value);
+    std::string bytes;
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
+        const int high = digitValue(digits[i]), low = digitValue(digits[i + 1]);
+        if (high < 0 || low < 0)
+            break;
+        bytes.push_back(static_cast<char>(high << 4 | low));
+    }
+    return bytes;
+}
+
+} // namespace drawing

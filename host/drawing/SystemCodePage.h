@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+namespace drawing {
+
+// What the system knows of a code page; one source for each system. Slow: TextCodec makes tables from it.
+class SystemCodePage
+{
+public:
+    explicit SystemCodePage(unsigned number); // Microsoft's number of the code page
+    ~SystemCodePage();
+    SystemCodePage(const SystemCodePage &) = delete;
+    SystemCodePage &operator=(const SystemCodePage &) = delete;
+
+    // The character that these bytes, one or two, are; 0 when they are none.
+    char16_t character(std::string_view bytes) const;
+
+private:
+    unsigned m_number;
+    void *m_converter; // of the system's library, where it has one
+};
+
+} // namespace drawing
