@@ -30,7 +30,7 @@ Value setEnvironment(Machine &, Args arguments)
 {
     const QByteArray name = qString(arguments.text(0)).toLocal8Bit();
     const QByteArray value = qString(arguments.text(1)).toLocal8Bit();
-    if (!qputenv(name.constData(), value))
+    if (name.contains('=') || !qputenv(name.constData(), value)) // Windows would set the variable a for "a=b"
         fail(u"cannot set the environment variable " + printed(arguments[0]));
     return arguments[1];
 }

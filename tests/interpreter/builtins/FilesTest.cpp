@@ -119,7 +119,8 @@ TEST_F(FileBuiltins, whatIsNotClosedIsWrittenAtTheEnd)
 
 TEST_F(FileBuiltins, findfileSearchesTheFolders)
 {
-    const std::string path = "\"" + m_folder.make(m_name, "").toStdString() + "\"";
+    QString native = QDir::toNativeSeparators(m_folder.make(m_name, ""));
+    const std::string path = u"\"%1\""_qs.arg(native.replace(u'\\', u"\\\\"_qs)).toStdString();
     EXPECT_EQ(run("(findfile \"f.txt\")"), path);
     EXPECT_EQ(run("(findfile file)"), path);
     EXPECT_EQ(run("(findfile \"none.txt\")"), "nil");

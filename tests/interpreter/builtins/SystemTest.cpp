@@ -17,10 +17,14 @@ TEST(EnvironmentBuiltins, getenvAndSetenv)
     });
 }
 
-TEST(EnvironmentBuiltins, namesDifferByCase)
+TEST(EnvironmentBuiltins, namesDifferByCaseWhereTheSystemSaysSo)
 {
     qputenv("LispTestName", "value");
+#ifdef _WIN32
+    EXPECT_EQ(evaluateText("(getenv \"LISPTESTNAME\")"), "\"value\"");
+#else
     EXPECT_EQ(evaluateText("(getenv \"LISPTESTNAME\")"), "nil");
+#endif
 }
 
 class LoadBuiltin : public testing::Test

@@ -68,19 +68,22 @@ TEST_F(TemporaryFileNames, needAnExistingFolder)
     EXPECT_EQ(lisp::temporaryFileName(u"a", folder() + u"/missing", {}), std::nullopt);
 }
 
-// The files of a process are deleted at its end: the child makes one, the parent looks.
+// The files of a process are deleted at its end: the child makes one, the parent looks. On Windows the child is a
+// process that runs this test from its beginning, so both know the folder by its name.
 TEST_F(TemporaryFileNames, standForFilesThatAreDeletedAtTheEnd)
 {
+    QDir shared(QDir::tempPath() + QStringLiteral("/lisp-temporary-file-names"));
+    ASSERT_TRUE(shared.mkpath(QStringLiteral(".")));
+    const auto make = [](const QString &path) { return QFile(path).open(QFile::WriteOnly); };
     EXPECT_EXIT(
         {
-            const QString name =
-                QFileInfo(QString::fromStdU16String(*lisp::temporaryFileName(u"a", folder(), {}))).fileName();
-            m_folder.make(name, "x");
-            m_folder.make(QStringLiteral("other"), "x");
-            std::exit(QFileInfo::exists(m_folder.path(name)) ? 0 : 1);
+            const auto name = lisp::temporaryFileName(u"a", shared.path().toStdU16String(), {});
+            const bool made = make(QString::fromStdU16String(*name)) && make(shared.filePath(QStringLiteral("other")));
+            std::exit(made ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("other")});
+    EXPECT_EQ(shared.entryList(QDir::Files), QStringList{QStringLiteral("other")});
+    shared.removeRecursively();
 }
 
 } // namespace
