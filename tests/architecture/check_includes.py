@@ -2,7 +2,7 @@
 """Checks that every folder includes only what it may use: check_includes.py REPOSITORY QT-HEADERS.
 
 The table says which folder may use which; a folder may always use itself. Widgets and pictures are kept out of the
-folders that must build without them.
+folders that must build without them, and differences of operating systems out of all but a few sources.
 """
 
 import pathlib
@@ -36,6 +36,11 @@ WITHOUT_GUI = ["lisp", "platform", "storage", "sdk", "host/interpreter", "host/d
 GUI = ["QtWidgets", "QtGui"]
 GUI_ROOMS = ["sdk/fx/ui", "platform/ui", "host/sdk/ui", "host/ui"]
 
+# The folders and sources that may compile to something else on another system.
+MAY_BRANCH = ["platform/", "storage/", "sdk/fx/FxExport.h", "sdk/fx/ui/FxUiExport.h", "sdk/oda/OdRxExport.h",
+              "host/interpreter/NativeStack.cpp", "host/kernel/ModuleLoader.cpp", "host/kernel/PlatformEvents.cpp"]
+
+BRANCH = re.compile(r"^\s*#\s*(?:el)?if.*\b(?:_WIN|WIN32|Q_OS_|__linux|__unix|__MINGW|_MSC_VER)", re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
@@ -53,10 +58,13 @@ def is_gui_header(qt_headers, header):
 
 
 def faults(repository, qt_headers, source):
-    """What is wrong with the includes of one source."""
+    """What is wrong with one source."""
     name = source.relative_to(repository).as_posix()
     room = room_of(name)
-    for quote, header in INCLUDE.findall(source.read_text(encoding="utf-8")):
+    text = source.read_text(encoding="utf-8")
+    if BRANCH.search(text) and not name.startswith(tuple(MAY_BRANCH)):
+        yield f"{name}: differs from system to system, which only platform/ and a few others may"
+    for quote, header in INCLUDE.findall(text):
         if quote == "<":
             if room in WITHOUT_GUI and is_gui_header(qt_headers, header):
                 yield f"{name}: <{header}> is a header of the user interface"

@@ -38,6 +38,12 @@ class CheckIncludes(unittest.TestCase):
         self.assertEqual(len(self.faults("functions/files.cpp", '#include "host/interpreter/Value.h"\n')), 1)
         self.assertEqual(len(self.faults("lisp/Values.cpp", '  #  include "host/drawing/Line.h"\n')), 1)
 
+    def test_differences_of_systems_are_kept_in_their_places(self):
+        for condition in ("#ifdef _WIN32", "#ifndef Q_OS_WIN", "#  if defined(__linux__)", "#if A\n#elif defined _WIN64"):
+            self.assertEqual(len(self.faults("functions/files.cpp", condition + "\n#endif\n")), 1, condition)
+            self.assertEqual(self.faults("platform/Shell.h", condition + "\n#endif\n"), [])
+        self.assertEqual(self.faults("functions/files.cpp", "#ifdef NDEBUG\n#endif\n// _WIN32\n"), [])
+
     def test_relative_path_is_refused(self):
         self.assertEqual(len(self.faults("lisp/Values.cpp", '#include "resbuf.h"\n')), 1)
 
