@@ -46,7 +46,7 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     app.fallthrough();
     app.require_subcommand(0, 1);
     std::vector<std::string> files, expressions, modules;
-    std::string name, profile, answers, transcript;
+    std::string name, registryFile, profile, answers, transcript;
     bool noModule = false;
     app.add_option("--module", modules, "load this module (repeatable) instead of the one beside the program")
         ->type_name("FILE.tx")
@@ -97,6 +97,13 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     gui->add_option("files", files)->type_name("FILE.lsp");
     CLI::App *doc = app.add_subcommand("doc", "Tell what is known about a function, or list all functions.");
     doc->add_option("name", name)->type_name("NAME");
+    CLI::App *registry = app.add_subcommand("registry", "Exchange registry keys as text with Windows' own tools.");
+    registry->require_subcommand(1);
+    CLI::App *registryExport = registry->add_subcommand("export", "Write keys, or the whole registry, to a file.");
+    registryExport->add_option("file", registryFile)->type_name("FILE.reg")->required();
+    registryExport->add_option("keys", expressions)->type_name("KEY");
+    CLI::App *registryImport = registry->add_subcommand("import", "Take over what a file says, all or nothing.");
+    registryImport->add_option("file", registryFile)->type_name("FILE.reg")->required();
 
     ParsedCommandLine parsed;
     try {
@@ -121,6 +128,11 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
         options.command = Options::Command::Doc;
         if (!name.empty())
             options.operands = toQStrings({name});
+    } else if (registry->parsed()) {
+        options.command =
+            registryExport->parsed() ? Options::Command::RegistryExport : Options::Command::RegistryImport;
+        options.operands = toQStrings(expressions);
+        options.operands.insert(options.operands.begin(), QString::fromStdString(registryFile));
     } else if (!repl->parsed() && !isTerminal(stdin)) {
         std::cerr << "lisphost: a command is needed when standard input is no terminal\n" << app.help();
         parsed.exitStatus = ExitUsage;

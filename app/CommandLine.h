@@ -11,10 +11,10 @@
 // What the user asked for on the command line.
 struct Options
 {
-    enum class Command { Run, Eval, Repl, Gui, Doc };
+    enum class Command { Run, Eval, Repl, Gui, Doc, RegistryExport, RegistryImport };
 
     Command command = Command::Repl;
-    std::vector<QString> operands;               // files, expressions, or the name to explain
+    std::vector<QString> operands;               // files, expressions, the name to explain, registry keys
     std::vector<QString> programArguments;       // after --
     std::optional<std::vector<QString>> modules; // nothing: the module beside the program
     QString profileFolder;                       // empty: the user's own

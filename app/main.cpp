@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/Documentation.h"
 #include "app/Gui.h"
+#include "app/RegistryCommands.h"
 #include "app/Repl.h"
 #include "app/Session.h"
 #include "app/sandbox/Sandbox.h"
@@ -32,11 +33,8 @@ QStringList foldersOf(const std::vector<QString> &files)
     return folders;
 }
 
-int execute(const Options &options, const QString &sandboxFolder = QString())
+int executeInSession(const Options &options, const QString &sandboxFolder)
 {
-    setProfileFolder(options.profileFolder);
-    if (options.command == Options::Command::Gui)
-        return runGui(options);
     Session session(options);
     if (options.sandbox) {
         const bool hasFiles = options.command == Options::Command::Run;
@@ -50,11 +48,24 @@ int execute(const Options &options, const QString &sandboxFolder = QString())
         return session.evaluate(options.operands);
     case Options::Command::Doc:
         return showDocumentation(session, options.operands.empty() ? QString() : options.operands.front());
-    case Options::Command::Gui: // has been dealt with
-    case Options::Command::Repl:
-        break;
+    default:
+        return Repl(session).run();
     }
-    return Repl(session).run();
+}
+
+int execute(const Options &options, const QString &sandboxFolder = QString())
+{
+    setProfileFolder(options.profileFolder);
+    switch (options.command) {
+    case Options::Command::Gui:
+        return runGui(options);
+    case Options::Command::RegistryExport:
+        return exportRegistryKeys(options.operands[0], {options.operands.begin() + 1, options.operands.end()});
+    case Options::Command::RegistryImport:
+        return importRegistryKeys(options.operands[0]);
+    default:
+        return executeInSession(options, sandboxFolder);
+    }
 }
 
 // A program whose output was lost has not ended well.

@@ -30,19 +30,6 @@ bool isRootName(std::u16string_view name)
     return std::ranges::any_of(RootNames, [name](std::u16string_view root) { return isSame(name, root); });
 }
 
-bool isPath(std::u16string_view path)
-{
-    std::size_t levels = 0;
-    for (std::size_t start = 0; start <= path.size(); ++levels) {
-        const std::size_t end = std::min(path.find(u'\\', start), path.size());
-        const std::u16string_view name = path.substr(start, end - start);
-        if (levels == 0 ? !isRootName(name) : !isRegistryKeyName(name))
-            return false;
-        start = end + 1;
-    }
-    return levels <= DeepestKey;
-}
-
 std::optional<unsigned> hexadecimalDigit(char16_t unit)
 {
     if (unit >= u'0' && unit <= u'9')
@@ -140,7 +127,7 @@ private:
         if (!line.ends_with(u']'))
             throw Fault{"the bracket behind the key is missing"};
         const std::u16string_view path = line.substr(start, line.size() - 1 - start);
-        if (!isPath(path) || (removes && isRootName(path)))
+        if (!isRegistryPath(path) || (removes && isRootName(path)))
             throw Fault{"no such key can be"};
         m_key = removes ? Key::Removed : Key::Open;
         if (removes)
@@ -309,6 +296,19 @@ bool isRegistryKeyName(std::u16string_view name)
 bool isRegistryValueName(std::u16string_view name)
 {
     return name.size() <= RegistryValueUnits && isWellFormed(name);
+}
+
+bool isRegistryPath(std::u16string_view path)
+{
+    std::size_t levels = 0;
+    for (std::size_t start = 0; start <= path.size(); ++levels) {
+        const std::size_t end = std::min(path.find(u'\\', start), path.size());
+        const std::u16string_view name = path.substr(start, end - start);
+        if (levels == 0 ? !isRootName(name) : !isRegistryKeyName(name))
+            return false;
+        start = end + 1;
+    }
+    return levels <= DeepestKey;
 }
 
 std::vector<RegistryTextError> readRegistryText(std::u16string_view text, RegistryTextReceiver &receiver,

@@ -43,6 +43,7 @@ inline constexpr std::size_t RegistryValueUnits = 16383;
 // surrogate pair: both would not survive in a text.
 bool isRegistryKeyName(std::u16string_view name);
 bool isRegistryValueName(std::u16string_view name);
+bool isRegistryPath(std::u16string_view path); // beginning with the name of a root, in any case
 
 // Is told what a text says, in its order. Paths begin with the name of a root.
 class RegistryTextReceiver

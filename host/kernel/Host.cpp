@@ -2,7 +2,6 @@
 
 #include "host/kernel/Memory.h"
 #include "host/kernel/ProductKeys.h"
-#include "platform/RegistrySetup.h"
 #include "sdk/fx/CFxString.h"
 #include "sdk/oda/OdDbObjectId.h"
 #include "storage/ProfileFolder.h"
@@ -26,7 +25,7 @@ Host::Host()
     defineCommandInterpreter();
     HostSdk::installSystemServices(this);
     HostSdk::installActiveDocumentProvider(this);
-    setUpRegistry(profileFolder(), productKeys());
+    openProductRegistry();
 }
 
 Host::~Host()

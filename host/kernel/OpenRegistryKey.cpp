@@ -65,3 +65,31 @@ QStringList OpenRegistryKey::valueNames() const
         return RegEnumValueW(m_key, index, name, length, nullptr, nullptr, nullptr, nullptr);
     });
 }
+
+std::optional<RegistryData> OpenRegistryKey::value(const std::u16string &name) const
+{
+    RegistryData data;
+    LSTATUS status = ERROR_MORE_DATA;
+    // Another process may make it longer between two queries.
+    for (DWORD size = 0; status == ERROR_MORE_DATA;) {
+        data.bytes.resize(static_cast<qsizetype>(size));
+        status = RegQueryValueExW(m_key, windowsText(name.c_str()), nullptr, &data.type,
+                                  reinterpret_cast<BYTE *>(data.bytes.data()), &size);
+        if (status == ERROR_SUCCESS)
+            data.bytes.resize(static_cast<qsizetype>(size));
+    }
+    return status == ERROR_SUCCESS ? std::optional(data) : std::nullopt;
+}
+
+bool OpenRegistryKey::setValue(const std::u16string &name, const RegistryData &data)
+{
+    const QByteArray padded = data.bytes + "\xff\xff"; // a zero unit behind a text would be stored with it
+    return RegSetValueExW(m_key, windowsText(name.c_str()), 0, data.type,
+                          reinterpret_cast<const BYTE *>(padded.constData()),
+                          static_cast<DWORD>(data.bytes.size())) == ERROR_SUCCESS;
+}
+
+bool OpenRegistryKey::removeValue(const std::u16string &name)
+{
+    return RegDeleteValueW(m_key, windowsText(name.c_str())) == ERROR_SUCCESS;
+}

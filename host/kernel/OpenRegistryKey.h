@@ -2,8 +2,10 @@
 
 #include "platform/Registry.h"
 
+#include <QByteArray>
 #include <QStringList>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +16,12 @@ struct RegistryPath
     std::u16string below;
 
     explicit RegistryPath(std::u16string_view path);
+};
+
+struct RegistryData
+{
+    DWORD type = REG_NONE;
+    QByteArray bytes;
 };
 
 // A key of the registry, open while this lives.
@@ -29,9 +37,13 @@ public:
     OpenRegistryKey &operator=(const OpenRegistryKey &) = delete;
 
     bool isOpen() const { return m_key != nullptr; }
-    HKEY handle() const { return m_key; }
     QStringList keyNames() const;
     QStringList valueNames() const; // the unnamed value's is empty
+    std::optional<RegistryData> value(const std::u16string &name) const;
+
+    // False when it fails.
+    bool setValue(const std::u16string &name, const RegistryData &data);
+    bool removeValue(const std::u16string &name);
 
 private:
     HKEY m_key = nullptr;

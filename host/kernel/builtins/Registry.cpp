@@ -8,7 +8,6 @@
 #include <QByteArray>
 
 #include <cstring>
-#include <optional>
 
 using lisp::Args;
 using lisp::ListBuilder;
@@ -17,22 +16,11 @@ using lisp::Value;
 
 namespace {
 
-struct RegistryData
+// Empty: the unnamed value.
+std::u16string nameArgument(Args arguments)
 {
-    DWORD type = REG_NONE;
-    QByteArray bytes;
-};
-
-// Null: the unnamed value.
-class ValueName
-{
-public:
-    explicit ValueName(Args arguments) : m_name(arguments[1].isNil() ? u"" : arguments.text(1)) {}
-    LPCWSTR windowsName() const { return windowsText(m_name.c_str()); }
-
-private:
-    const std::u16string m_name;
-};
+    return std::u16string(arguments[1].isNil() ? u"" : arguments.text(1));
+}
 
 std::u16string textOf(const QByteArray &bytes)
 {
@@ -46,20 +34,6 @@ QByteArray bytesOf(std::u16string_view text)
     const std::u16string terminated(text);
     return {reinterpret_cast<const char *>(terminated.c_str()),
             static_cast<qsizetype>((terminated.size() + 1) * sizeof(char16_t))};
-}
-
-std::optional<RegistryData> read(HKEY key, LPCWSTR name)
-{
-    RegistryData data;
-    DWORD size = 0;
-    LSTATUS status = RegQueryValueExW(key, name, nullptr, &data.type, nullptr, &size);
-    // Another process may make it longer between the two.
-    for (status = status == ERROR_SUCCESS ? ERROR_MORE_DATA : status; status == ERROR_MORE_DATA;) {
-        data.bytes.resize(static_cast<qsizetype>(size));
-        status = RegQueryValueExW(key, name, nullptr, &data.type, reinterpret_cast<BYTE *>(data.bytes.data()), &size);
-    }
-    data.bytes.resize(static_cast<qsizetype>(size));
-    return status == ERROR_SUCCESS ? std::optional(data) : std::nullopt;
 }
 
 // A list that begins with the number of the type: (7 "first" "second"), (3 0 16 35).
@@ -128,32 +102,25 @@ RegistryData fromLisp(Args arguments, std::uint32_t index)
 Value readValue(Machine &machine, Args arguments)
 {
     const OpenRegistryKey key(arguments.text(0), KEY_READ);
-    const std::optional<RegistryData> data =
-        key.isOpen() ? read(key.handle(), ValueName(arguments).windowsName()) : std::nullopt;
+    const std::optional<RegistryData> data = key.value(nameArgument(arguments));
     return data ? toLisp(machine, *data) : Value::nil();
 }
 
 Value writeValue(Machine &machine, Args arguments)
 {
     const RegistryData data = fromLisp(arguments, 2);
-    const OpenRegistryKey key(arguments.text(0), KEY_WRITE, OpenRegistryKey::IfMissing::Add);
-    if (!key.isOpen())
+    const std::u16string name = nameArgument(arguments);
+    OpenRegistryKey key(arguments.text(0), KEY_WRITE, OpenRegistryKey::IfMissing::Add);
+    if (!key.setValue(name, data))
         return Value::nil();
-    const QByteArray padded = data.bytes + "\xff\xff"; // a zero unit behind the data would be stored with it
-    const LSTATUS status =
-        RegSetValueExW(key.handle(), ValueName(arguments).windowsName(), 0, data.type,
-                       reinterpret_cast<const BYTE *>(padded.constData()), static_cast<DWORD>(data.bytes.size()));
-    if (status != ERROR_SUCCESS)
-        return Value::nil();
-    return arguments.has(2) ? arguments[2] : machine.string(u"");
+    return arguments[2].isNil() ? machine.string(u"") : arguments[2];
 }
 
 Value removeKeyOrValue(Machine &machine, Args arguments)
 {
     if (arguments[1].isTrue()) {
-        const OpenRegistryKey key(arguments.text(0), KEY_WRITE);
-        return machine.boolean(key.isOpen() &&
-                               RegDeleteValueW(key.handle(), ValueName(arguments).windowsName()) == ERROR_SUCCESS);
+        OpenRegistryKey key(arguments.text(0), KEY_WRITE);
+        return machine.boolean(key.removeValue(nameArgument(arguments)));
     }
     const RegistryPath path(arguments.text(0));
     return machine.boolean(path.root != nullptr && !path.below.empty() &&

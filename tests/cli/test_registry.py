@@ -1,0 +1,138 @@
+import unittest
+
+from lisphost import LispHostTest, Outcome
+
+HEADER = "Windows Registry Editor Version 5.00\r\n\r\n"
+KEY = r"HKEY_CURRENT_USER\Software\Test"
+LISP_KEY = KEY.replace("\\", "\\\\")
+
+
+def registry_text(*lines):
+    return (HEADER + "\r\n".join(lines) + "\r\n").encode("utf-16")  # with a mark
+
+
+class Registry(LispHostTest):
+    def import_text(self, content):
+        self.write("in.reg", content)
+        return self.lisphost("registry", "import", "in.reg")
+
+    def exported(self, *keys):
+        self.assert_gives(self.lisphost("registry", "export", "out.reg", *keys), "")
+        content = (self.folder / "out.reg").read_bytes()
+        self.assertEqual(content[:2], b"\xff\xfe")
+        return content.decode("utf-16")
+
+    def read(self, name):
+        return self.evaluate(f'(vl-registry-read "{LISP_KEY}" "{name}")').output.strip()
+
+
+class Import(Registry):
+    def test_takes_over_values_of_every_type(self):
+        self.assert_gives(self.import_text(registry_text(
+            f"[{KEY}]", '@="unnamed"', r'"t"="C:\\a \"b\""', '"d"=dword:0000002a', '"b"=hex:01,02,\\', "  03",
+            '"e"=hex(2):25,00,41,00,25,00,00,00', '"m"=hex(7):61,00,00,00,62,00,00,00,00,00', "",
+            f"[{KEY}\\Zürich 図面]")), "")
+        self.assertEqual([self.read(name) for name in ("", "t", "d", "b", "e", "m")],
+                         ['"unnamed"', r'"C:\\a \"b\""', "42", "(3 1 2 3)", '"%A%"', '(7 "a" "b")'])
+        self.assertEqual(self.evaluate(f'(vl-registry-descendents "{LISP_KEY}")').output.strip(), '("Zürich 図面")')
+
+    def test_removes_keys_and_values(self):
+        self.import_text(registry_text(f"[{KEY}]", '"a"="1"', '"b"="2"', f"[{KEY}\\Below\\Deep]"))
+        self.assert_gives(self.import_text(registry_text(f"[-{KEY}\\Below]", f"[{KEY}]", '"a"=-', '"missing"=-',
+                                                         f"[-{KEY}\\Missing]")), "")
+        self.assertEqual([self.read("a"), self.read("b")], ["nil", '"2"'])
+        self.assertEqual(self.evaluate(f'(vl-registry-descendents "{LISP_KEY}")').output.strip(), "nil")
+
+    def test_reads_the_older_form_in_eight_bits(self):
+        self.assert_gives(self.import_text(f'REGEDIT4\r\n\r\n[{KEY}]\r\n"t"="h\xe4"\r\n"e"=hex(2):e4,00\r\n'
+                                           .encode("cp1252")), "")
+        self.assertEqual([self.read("t"), self.read("e")], ['"hä"', '"ä"'])
+
+    def test_reads_utf_8(self):
+        self.assert_gives(self.import_text((HEADER + f'[{KEY}]\n"t"="図面"\n').encode()), "")
+        self.assertEqual(self.read("t"), '"図面"')
+
+    def test_errors_name_their_lines_and_nothing_is_taken_over(self):
+        outcome = self.import_text(registry_text(f"[{KEY}]", '"a"="1"', '"b"=bad', '"c', '"d"="4"'))
+        self.assertEqual(outcome, Outcome(1, "", "lisphost: in.reg: line 5: no data of a known form\n"
+                                                 "lisphost: in.reg: line 6: '=' is missing\n"))
+        self.assertEqual(self.read("a"), "nil")
+
+    def test_a_file_that_is_no_registry_text_is_refused(self):
+        self.assert_fails(self.import_text("[HKEY_CURRENT_USER\\x]\n"), 1, "line 1: the first line does not say")
+        self.assert_fails(self.import_text(b"\0\1\2"), 3, "in.reg: is not a text file")
+        self.assert_fails(self.lisphost("registry", "import", "missing.reg"), 3, "missing.reg: no such file")
+
+    def test_a_registry_that_cannot_be_written_is_left_as_it_was(self):
+        folder = self.profile / "lisphost" / "registry"
+        self.import_text(registry_text(f"[{KEY}]", '"a"="1"'))
+        folder.chmod(0o555)
+        self.addCleanup(folder.chmod, 0o755)
+        (folder / "HKEY_CURRENT_USER.reg").chmod(0o444)
+        outcome = self.import_text(registry_text(f"[{KEY}]", '"a"="2"'))
+        self.assertEqual(outcome.status, 1)
+        self.assertIn("cannot be", outcome.errors)
+        self.assertEqual(self.read("a"), '"1"')
+
+    def test_many_values_are_one_change(self):
+        lines = [f'"{number}"=dword:{number:08x}' for number in range(20000)]
+        self.assert_gives(self.import_text(registry_text(f"[{KEY}]", *lines)), "")
+        self.assertEqual(self.read("19999"), "19999")
+
+
+class Export(Registry):
+    def test_writes_the_keys_as_windows_does(self):
+        self.evaluate(f'(vl-registry-write "{LISP_KEY}\\\\Below" "n" "C:\\\\a")', f'(vl-registry-write "{LISP_KEY}" nil 42)')
+        self.assertEqual(self.exported(KEY), HEADER + f"[{KEY}]\r\n@=dword:0000002a\r\n\r\n"
+                         f'[{KEY}\\Below]\r\n"n"="C:\\\\a"\r\n\r\n')
+
+    def test_without_keys_the_whole_registry_is_written(self):
+        self.evaluate(f'(vl-registry-write "{LISP_KEY}" "n" "user")',
+                      '(vl-registry-write "HKEY_LOCAL_MACHINE\\\\Software\\\\X" "n" "machine")')
+        text = self.exported()
+        self.assertIn(f'[{KEY}]\r\n"n"="user"\r\n', text)
+        self.assertIn('[HKEY_LOCAL_MACHINE\\Software\\X]\r\n"n"="machine"\r\n', text)
+
+    def test_what_is_exported_can_be_imported_elsewhere(self):
+        self.import_text(registry_text(f"[{KEY}]", '"a"="1"', '"b"=hex(0):', f"[{KEY}\\x\\y]", '@="\r\n"'))
+        text = self.exported(KEY)
+        self.profile = self.folder / "other"
+        self.environment |= {"HOME": str(self.profile), "XDG_DATA_HOME": str(self.profile)}
+        self.assert_fails(self.lisphost("registry", "export", "out.reg", KEY), 1, "no such key")
+        self.assert_gives(self.import_text(text.encode("utf-16")), "")
+        self.assertEqual(self.exported(KEY), text)
+
+    def test_a_key_that_is_not_there_is_an_error(self):
+        for key in (r"HKEY_CURRENT_USER\Missing", "HKCU", "x"):
+            self.assert_fails(self.lisphost("registry", "export", "out.reg", key), 1, "no such key")
+        self.assertFalse((self.folder / "out.reg").exists())
+
+    def test_a_file_that_cannot_be_written_is_an_error(self):
+        self.assert_fails(self.lisphost("registry", "export", "missing/out.reg"), 3, "missing/out.reg: ")
+
+    def test_usage(self):
+        for arguments in (["registry"], ["registry", "export"], ["registry", "import"], ["registry", "list", "x.reg"]):
+            self.assert_fails(self.lisphost(*arguments), 2, ".")
+
+
+class Store(Registry):
+    def test_lives_in_the_folder_of_the_profile(self):
+        self.assert_gives(self.lisphost("--profile", "p", "eval", f'(vl-registry-write "{LISP_KEY}" "n" "1")'), '"1"\n')
+        self.assertIn(b'"n"="1"\n; end\n', (self.folder / "p/registry/HKEY_CURRENT_USER.reg").read_bytes())
+        self.assertEqual(self.read("n"), "nil")
+
+    def test_nothing_is_written_by_a_program_that_reads(self):
+        self.assert_gives(self.lisphost("--profile", "p", "eval", "1", f'(vl-registry-read "{LISP_KEY}")'), "1\nnil\n")
+        self.assertFalse((self.folder / "p/registry").exists())
+
+    def test_a_damaged_file_is_kept_and_said(self):
+        path = self.write("p/registry/HKEY_CURRENT_USER.reg", f'{HEADER}[{KEY}]\n"a"="1"\nnonsense\n; end\n')
+        damaged = path.read_bytes()
+        outcome = self.lisphost("--profile", "p", "eval", f'(vl-registry-read "{LISP_KEY}" "a")')
+        self.assertEqual((outcome.status, outcome.output), (0, '"1"\n'))
+        self.assertRegex(outcome.errors, r"^lisphost: .*HKEY_CURRENT_USER\.reg: line 5: neither a key.*"
+                                         r"; the file as it was is kept as HKEY_CURRENT_USER\.reg\.damaged-1\n$")
+        self.assertEqual((path.parent / "HKEY_CURRENT_USER.reg.damaged-1").read_bytes(), damaged)
+
+
+unittest.main()
