@@ -11,7 +11,9 @@ build_packages=(
     # what the programs are made of
     qt6-base-dev qt6-base-dev-tools fonts-dejavu-core libedit-dev libcli11-dev libseccomp-dev libx11-dev
     # tests and benchmarks
-    libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev libdxflib-dev python3 python3-ezdxf attr libattr1-dev xvfb xdotool
+    libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev libdxflib-dev python3 python3-ezdxf attr libattr1-dev
+    # a screen for the tests of windows
+    xvfb openbox xdotool
     # formatting and lint
     clang-format-14 clang-tidy-14
 )

@@ -11,38 +11,33 @@
 
 namespace {
 
-const std::array<std::vector<int>, 7> buttonSets = {{
-    {IDOK},
-    {IDOK, IDCANCEL},
-    {IDABORT, IDRETRY, IDIGNORE},
-    {IDYES, IDNO, IDCANCEL},
-    {IDYES, IDNO},
-    {IDRETRY, IDCANCEL},
-    {IDCANCEL, IDTRYAGAIN, IDCONTINUE},
+struct ButtonRow
+{
+    int id;
+    const char *text;
+};
+
+constexpr ButtonRow ok = {IDOK, "OK"};
+constexpr ButtonRow cancel = {IDCANCEL, "Cancel"};
+constexpr ButtonRow yes = {IDYES, "&Yes"};
+constexpr ButtonRow no = {IDNO, "&No"};
+constexpr ButtonRow retry = {IDRETRY, "&Retry"};
+
+// By the buttons value of the type.
+const std::array<std::vector<ButtonRow>, 7> buttonSets = {{
+    {ok},
+    {ok, cancel},
+    {{IDABORT, "&Abort"}, retry, {IDIGNORE, "&Ignore"}},
+    {yes, no, cancel},
+    {yes, no},
+    {retry, cancel},
+    {cancel, {IDTRYAGAIN, "&Try Again"}, {IDCONTINUE, "&Continue"}},
 }};
 
-QPushButton *addButton(QMessageBox &box, int id)
+// All have the same role: roles would let the desktop change the order, and Windows keeps it.
+QPushButton *addButton(QMessageBox &box, const char *text)
 {
-    switch (id) {
-    case IDOK:
-        return box.addButton(QMessageBox::Ok);
-    case IDCANCEL:
-        return box.addButton(QMessageBox::Cancel);
-    case IDABORT:
-        return box.addButton(QMessageBox::Abort);
-    case IDRETRY:
-        return box.addButton(QMessageBox::Retry);
-    case IDIGNORE:
-        return box.addButton(QMessageBox::Ignore);
-    case IDYES:
-        return box.addButton(QMessageBox::Yes);
-    case IDNO:
-        return box.addButton(QMessageBox::No);
-    case IDTRYAGAIN:
-        return box.addButton(QMessageBox::tr("&Try Again"), QMessageBox::AcceptRole);
-    default:
-        return box.addButton(QMessageBox::tr("&Continue"), QMessageBox::AcceptRole);
-    }
+    return box.addButton(QMessageBox::tr(text), QMessageBox::ActionRole);
 }
 
 } // namespace
@@ -73,8 +68,8 @@ NativeMessageBox::NativeMessageBox(QWidget *owner, UINT type) : QMessageBox(owne
 void NativeMessageBox::addButtons(UINT type)
 {
     QList<QPushButton *> buttons;
-    for (const int id : buttonSets[type & MB_TYPEMASK]) {
-        buttons += ::addButton(*this, id);
+    for (const auto &[id, text] : buttonSets[type & MB_TYPEMASK]) {
+        buttons += ::addButton(*this, text);
         m_ids.insert(buttons.last(), id);
         if (id == IDCANCEL || (type & MB_TYPEMASK) == MB_OK)
             setEscapeButton(buttons.last());
@@ -88,7 +83,7 @@ void NativeMessageBox::addButtons(UINT type)
 // The box stays open: its own reaction to the button is taken away.
 void NativeMessageBox::addHelpButton()
 {
-    QPushButton *button = addButton(QMessageBox::Help);
+    QPushButton *button = ::addButton(*this, "&Help");
     button->disconnect();
     connect(button, &QPushButton::clicked, this, [this] {
         if (parentWidget() != nullptr)

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -20,10 +21,10 @@ struct ButtonSet
 const ButtonSet buttonSets[] = {
     {MB_OK, {{u"OK"_qs, IDOK}}, IDOK},
     {MB_OKCANCEL, {{u"OK"_qs, IDOK}, {u"Cancel"_qs, IDCANCEL}}, IDCANCEL},
-    {MB_ABORTRETRYIGNORE, {{u"Abort"_qs, IDABORT}, {u"Retry"_qs, IDRETRY}, {u"Ignore"_qs, IDIGNORE}}, 0},
+    {MB_ABORTRETRYIGNORE, {{u"&Abort"_qs, IDABORT}, {u"&Retry"_qs, IDRETRY}, {u"&Ignore"_qs, IDIGNORE}}, 0},
     {MB_YESNOCANCEL, {{u"&Yes"_qs, IDYES}, {u"&No"_qs, IDNO}, {u"Cancel"_qs, IDCANCEL}}, IDCANCEL},
     {MB_YESNO, {{u"&Yes"_qs, IDYES}, {u"&No"_qs, IDNO}}, 0},
-    {MB_RETRYCANCEL, {{u"Retry"_qs, IDRETRY}, {u"Cancel"_qs, IDCANCEL}}, IDCANCEL},
+    {MB_RETRYCANCEL, {{u"&Retry"_qs, IDRETRY}, {u"Cancel"_qs, IDCANCEL}}, IDCANCEL},
     {MB_CANCELTRYCONTINUE,
      {{u"Cancel"_qs, IDCANCEL}, {u"&Try Again"_qs, IDTRYAGAIN}, {u"&Continue"_qs, IDCONTINUE}},
      IDCANCEL},
@@ -55,7 +56,18 @@ TEST_P(MessageBoxButtons, GiveTheirDocumentedIds)
 {
     for (const auto &[text, id] : GetParam().buttons)
         EXPECT_EQ(show(GetParam().type, press(text)), id) << text.toStdString();
-    show(GetParam().type, press(texts()[0]), [this](QMessageBox &box) { EXPECT_EQ(buttonTexts(box), texts()); });
+}
+
+TEST_P(MessageBoxButtons, StandInTheirDocumentedOrder)
+{
+    show(GetParam().type, press(texts()[0]), [this](QMessageBox &box) {
+        QList<QPushButton *> buttons = box.findChildren<QPushButton *>();
+        std::ranges::sort(buttons, {}, [](const QPushButton *button) { return button->x(); });
+        QStringList fromLeftToRight;
+        for (const QPushButton *button : buttons)
+            fromLeftToRight += button->text();
+        EXPECT_EQ(fromLeftToRight, texts());
+    });
 }
 
 TEST_P(MessageBoxButtons, OneIsTheDefaultAsTheTypeSaysAndTheFirstWhenThereIsNoSuchButton)
@@ -105,7 +117,7 @@ TEST_P(MessageBoxButtons, HelpAsksTheOwnerAndLeavesTheBoxOpen)
         }
     } owner;
     const auto helpThenFirst = [this](QDialog &dialog) {
-        press(u"Help"_qs)(dialog);
+        press(u"&Help"_qs)(dialog);
         EXPECT_TRUE(dialog.isVisible());
         QCoreApplication::sendPostedEvents(dialog.parentWidget());
         press(texts()[0])(dialog);

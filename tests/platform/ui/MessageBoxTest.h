@@ -28,14 +28,6 @@ protected:
 
     DialogWatcher &person() { return m_person; }
 
-    static QStringList buttonTexts(const QMessageBox &box)
-    {
-        QStringList texts;
-        for (const QPushButton *button : box.findChildren<QPushButton *>())
-            texts += button->text();
-        return texts;
-    }
-
 private:
     DialogWatcher m_person;
 };

@@ -1,0 +1,56 @@
+#include "tests/screens/Screen.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+
+// The window manager puts the frame round a window some time after the window is there. Now and then Qt does not hear
+// of it, and the picture is without the frame.
+constexpr int FramePatienceMilliseconds = 1000;
+constexpr int DrawingMilliseconds = 300;
+
+} // namespace
+
+ScreenTest::ScreenTest()
+{
+    mainWindow().resize(600, 400);
+    mainWindow().show();
+    documentWindow().resize(200, 100);
+}
+
+void waitUntilReady(QWidget &window)
+{
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto hasFrame = [&] { return window.frameGeometry() != window.geometry(); };
+    (void)QTest::qWaitFor(hasFrame, FramePatienceMilliseconds);
+    QTest::qWait(DrawingMilliseconds);
+}
+
+void takePicture(QWidget &window, const QString &name)
+{
+    const QRect frame = window.frameGeometry();
+    const QPixmap picture = window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
+    EXPECT_EQ(picture.deviceIndependentSize().toSize(), frame.size()) << frame.x() << ' ' << frame.y();
+    EXPECT_TRUE(picture.save(qEnvironmentVariable("SCREEN_PICTURES") + u'/' + name + u".png"_qs));
+}
+
+void typeKey(QWidget &window, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(window.windowHandle(), key, modifiers);
+}
+
+void typeText(QWidget &window, const QString &text)
+{
+    for (const QChar character : text)
+        QTest::keyClick(window.windowHandle(), character.toLatin1());
+}
+
+void click(QWidget &widget)
+{
+    QWidget *window = widget.window();
+    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      widget.mapTo(window, widget.rect().center()));
+}
