@@ -1,0 +1,101 @@
+import json
+import time
+import unittest
+
+from lisphost import LispHostTest
+
+
+class Dialogs(LispHostTest):
+    def run_with(self, answers, *expressions):
+        """What a run printed, and the events of its transcript."""
+        self.write("answers.txt", answers)
+        outcome = self.lisphost("eval", *expressions, "--answers", "answers.txt", "--transcript", "transcript")
+        events = [json.loads(line) for line in (self.folder / "transcript").read_text().splitlines()]
+        return outcome, events
+
+    def test_each_dialog_stands_in_the_transcript_with_its_answer(self):
+        outcome, events = self.run_with(
+            "@press Yes\n@text new\\nlines\n@press OK\n@file report.txt\n@press Close\n",
+            '(acet-ui-message-html "<b>Sure?</b>" "Erase" 36)',
+            '(acet-ui-txted "old" "Edit" "&Remark")',
+            '(acet-file-writedialog "Save" "." "Texts (*.txt)" "" 0)',
+            '(showhtmlmodalwindow "<h1>Done</h1>")')
+        self.assert_gives(outcome, '6\n"new\\nlines"\n"./report.txt"\nnil\n')
+        self.assertEqual([(event["class"], event["title"], event["text"], event["buttons"], event["answer"])
+                          for event in events],
+                         [("CFxMessageBox", "Erase", "<b>Sure?</b>", ["Yes", "No"], "@press Yes"),
+                          ("Dlg_MTextEditor", "Edit", "old", ["OK", "Cancel"], "@press OK"),
+                          ("QFileDialog", "Save", "", ["Save", "Cancel"], "@file report.txt"),
+                          ("Dlg_QT_ShowHtmlModalWindow", "Show HTML Modal Window", "<h1>Done</h1>", ["Close"],
+                           "@press Close")])
+        self.assertEqual(events[0]["icon"], "question")
+        self.assertEqual((events[1]["width"], events[1]["height"]), (400, 350))
+        self.assertEqual(events[1]["labels"], {"labelSubtitle": "&Remark"})
+        self.assertEqual((events[3]["width"], events[3]["height"]), (640, 480))
+
+    def test_a_native_box_is_a_message_box_of_qt(self):
+        outcome, events = self.run_with("@press Continue\n", '(acet-ui-message "Again?" "Copy" 54)')
+        self.assert_gives(outcome, "11\n")
+        self.assertEqual(events[0]["class"], "QMessageBox")
+        self.assertEqual(events[0]["buttons"], ["Cancel", "Try Again", "Continue"])
+        self.assertEqual(events[0]["icon"], "warning")
+
+    def test_the_status_window_is_noted_when_it_changes(self):
+        _, events = self.run_with("", '(acet-ui-status "Working" "Step 1")', "(+ 1 2)", "(acet-ui-status)",
+                                  '(acet-ui-status "Still working")', '(acet-ui-status "Still working")')
+        self.assertEqual(events, [
+            {"event": "window", "class": "Dlg_Status", "title": "Step 1", "text": "Working", "visible": True},
+            {"event": "window", "class": "Dlg_Status", "title": "", "text": "Still working", "visible": True}])
+
+    def test_each_step_of_the_progress_meter_is_noted(self):
+        _, events = self.run_with("", '(acet-ui-progress "Copying" 100)', "(acet-ui-progress 50)", "(acet-ui-progress)")
+        self.assertEqual([(event["event"], event["call"], event["label"], event["position"]) for event in events],
+                         [("progress", "start", "Copying", 0), ("progress", "set", "Copying", 50),
+                          ("progress", "end", "Copying", 50)])
+
+    def test_a_program_that_shows_more_dialogs_than_there_are_answers_ends_in_bounded_time(self):
+        begin = time.monotonic()
+        outcome, events = self.run_with(
+            "@press No\n", '(progn (repeat 100 (acet-ui-message "Erase?" "T" 4)) (acet-ui-txted "a" "b" "c"))',
+            '(acet-ui-message "Done" "T" 0)', '(acet-ui-message "Go on?" "T" 1)', "(acet-ui-pickdir)")
+        self.assertLess(time.monotonic() - begin, 60)
+        self.assertEqual(outcome.output, "nil\n1\n2\nnil\n")
+        self.assertEqual(outcome.errors.count("lisphost: no answer left for the dialog "), 103)
+        self.assertEqual([event["answer"] for event in events], ["@press No"] + [None] * 103)
+
+    def test_an_answer_that_does_not_suit_is_named(self):
+        outcome, _ = self.run_with("; first line\n10,20\n", '(acet-ui-message "Go on?" "T" 1)')
+        self.assertEqual(outcome.errors,
+                         'lisphost: the answer of line 2, 10,20, does not suit the dialog QMessageBox "T"\n')
+
+    def test_prompts_and_dialogs_take_their_answers_in_turn(self):
+        outcome, events = self.run_with("7\n@press Yes\nabc\n", '(getint "Number: ")', '(acet-ui-message "?" "T" 4)',
+                                        '(getstring "Text: ")')
+        self.assertEqual(outcome.output.splitlines()[-1], '"abc"')
+        self.assertEqual([event["event"] for event in events], ["request", "dialog", "request"])
+
+    def test_an_error_in_a_program_leaves_no_dialog_behind(self):
+        outcome, _ = self.run_with("", '(acet-ui-status "a")', "(car 5)")
+        self.assert_fails(outcome, 1, "error: bad argument type")
+
+    def test_no_screen_of_the_user_is_touched(self):
+        self.environment |= {"DISPLAY": ":987", "WAYLAND_DISPLAY": "nowhere", "QT_QPA_PLATFORM": "xcb",
+                             "QT_STYLE_OVERRIDE": "windows", "QT_QPA_PLATFORMTHEME": "gtk3"}
+        outcome, _ = self.run_with("@press OK\n", '(acet-ui-message "x" "T" 0)')
+        self.assert_gives(outcome, "1\n")
+
+    def test_a_step_of_the_progress_meter_costs_no_more_than_three_calls(self):
+        program = """
+            (defun milliseconds (expression / start)
+              (setq start (getvar "MILLISECS"))
+              (repeat 100000 (eval expression))
+              (- (getvar "MILLISECS") start))
+            (defun best (expression)
+              (apply 'min (list (milliseconds expression) (milliseconds expression) (milliseconds expression))))
+            (acet-ui-progress "Copying" 100)
+            (princ (<= (best '(acet-ui-progress 50)) (* 3 (max 1 (best '(acet-util-ver))))))"""
+        self.assert_gives(self.run_program(program), "T")
+
+
+if __name__ == "__main__":
+    unittest.main()
