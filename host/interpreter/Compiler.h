@@ -56,6 +56,8 @@ public:
     void compileForeach(Value arguments, Want want);
     void compileDefun(Value arguments, Want want);
     void compileDefunQ(Value arguments, Want want);
+    void compileTrace(Value arguments, Want want);
+    void compileUntrace(Value arguments, Want want);
 
 private:
     struct Label
@@ -75,6 +77,7 @@ private:
     void compile(Value form, Want want);
     void compileList(Value form, Want want);
     void compileCall(Value head, Value arguments);
+    void compileUnevaluatedCall(std::u16string_view name, Value arguments, Want want);
     bool compilePrimitive(const Symbol *symbol, Value arguments);
     // Jumps to the label if the form's truth is `sense`.
     void compileBranch(Value form, bool sense, Label &label);

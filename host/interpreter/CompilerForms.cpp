@@ -2,6 +2,8 @@
 
 #include "host/interpreter/Compiler.h"
 
+#include <limits>
+
 namespace lisp {
 
 namespace {
@@ -216,6 +218,30 @@ void Compiler::compileDefunQ(Value arguments, Want want)
     emitConstant(rest(arguments));
     emitSymbol(Operation::SetPop, name.asSymbol(), -1);
     compileConstant(name, want);
+}
+
+// The form's own function, called with the arguments as they stand.
+void Compiler::compileUnevaluatedCall(std::u16string_view name, Value arguments, Want want)
+{
+    const std::int64_t count = listLength(arguments);
+    if (count > std::numeric_limits<std::uint16_t>::max())
+        return compileFailure(u"too many arguments", want);
+    for (; arguments.isCons(); arguments = rest(arguments))
+        emitConstant(first(arguments));
+    emitSymbol(Operation::Call, m_machine.intern(name), 1 - static_cast<int>(count));
+    m_function->code.back().count = static_cast<std::uint16_t>(count);
+    if (want == Want::Effect)
+        emit(Operation::Pop, -1);
+}
+
+void Compiler::compileTrace(Value arguments, Want want)
+{
+    compileUnevaluatedCall(u"trace", arguments, want);
+}
+
+void Compiler::compileUntrace(Value arguments, Want want)
+{
+    compileUnevaluatedCall(u"untrace", arguments, want);
 }
 
 } // namespace lisp

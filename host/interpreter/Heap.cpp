@@ -238,6 +238,9 @@ void Heap::destroy(Object *object)
     case ObjectKind::External:
         delete static_cast<External *>(object);
         break;
+    case ObjectKind::Traced:
+        delete static_cast<Traced *>(object);
+        break;
     case ObjectKind::Native:
         delete static_cast<Native *>(object);
         break;
@@ -302,6 +305,8 @@ void Marker::drain()
 
 void Marker::markContents(Object *object)
 {
+    if (object->kind == ObjectKind::Traced)
+        m_pending.push_back(static_cast<Traced *>(object)->function);
     if (object->kind != ObjectKind::Function)
         return;
     for (const Value constant : static_cast<Function *>(object)->constants)

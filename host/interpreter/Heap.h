@@ -48,6 +48,7 @@ public:
     void noteCompleted(const Function &function) { noteAllocated(sizeOf(&function)); }
     Builtin *newBuiltin() { return adopt(new Builtin); }
     External *newExternal() { return adopt(new External); }
+    Traced *newTraced() { return adopt(new Traced); }
     template <class T, class... Arguments> Value newNative(Arguments &&...arguments)
     {
         return Value::object(adopt(new T(std::forward<Arguments>(arguments)...)));

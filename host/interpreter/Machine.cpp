@@ -173,6 +173,8 @@ void Machine::defineExternal(std::u16string_view name, int (*entry)())
 bool Machine::undefineExternal(std::u16string_view name)
 {
     Symbol *symbol = m_symbols.find(name);
+    if (symbol)
+        untrace(symbol);
     const Value value = symbol ? symbol->value : Value::nil();
     if (!value.isObject() || value.asObject()->kind != ObjectKind::External)
         return false;
@@ -228,6 +230,8 @@ Value Machine::applyToStack(Value function, std::uint32_t argumentCount)
         return callBuiltin(*static_cast<Builtin *>(object), argumentCount);
     case ObjectKind::External:
         return callExternal(*static_cast<External *>(object), argumentCount);
+    case ObjectKind::Traced:
+        return callTraced(*static_cast<Traced *>(object), argumentCount);
     default:
         enter(static_cast<Function *>(object), argumentCount);
         return run(m_depth - 1);

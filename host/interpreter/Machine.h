@@ -138,6 +138,10 @@ public:
     // The compiled form of a lambda list, kept as long as the list is reachable.
     Function *compileLambda(Value lambda, const SourcePositions *positions = nullptr);
 
+    // From now on each call through the symbol is shown on the command line; see Tracing.cpp.
+    void trace(Symbol *symbol);
+    void untrace(Symbol *symbol);
+
     void collectGarbage();
     std::vector<TraceEntry> backTrace() const;
     // Raises the stack-limit error when the native stack is nearly used up; for C++ code that recurses.
@@ -187,6 +191,7 @@ private:
     void leaveFrame();
     void unwind(std::size_t depth);
     Value callBuiltin(const Builtin &builtin, std::uint32_t argumentCount);
+    Value callTraced(const Traced &traced, std::uint32_t argumentCount);
     Value callExternal(const External &external, std::uint32_t argumentCount);
     // The function that a value stands for, compiled if it is a lambda list; raises "bad function".
     Object *resolveFunction(Value function);
@@ -234,6 +239,7 @@ private:
     UnitVariables m_unitVariables;
     std::vector<std::u16string> m_searchFolders;
 
+    unsigned m_traceDepth = 0; // traced calls under way
     int m_catchDepth = 0;
     bool m_inErrorHandler = false;
     std::atomic<int> m_interrupts = 0;

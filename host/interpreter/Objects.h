@@ -12,7 +12,7 @@ namespace lisp {
 class Machine;
 class Args;
 
-enum class ObjectKind : std::uint8_t { String, Function, Builtin, External, Native };
+enum class ObjectKind : std::uint8_t { String, Function, Builtin, External, Traced, Native };
 
 struct Object
 {
@@ -75,6 +75,15 @@ struct External : Object
     External() : Object(ObjectKind::External) {}
 
     int (*entry)() = nullptr;
+    const Symbol *name = nullptr;
+};
+
+// Stands in a symbol for the function whose calls `trace` shows; programs see the function itself.
+struct Traced : Object
+{
+    Traced() : Object(ObjectKind::Traced) {}
+
+    Value function;
     const Symbol *name = nullptr;
 };
 

@@ -68,6 +68,9 @@ void printObject(std::u16string &text, const Object *object)
     case ObjectKind::External:
         printNamed(text, u"EXRXSUBR", static_cast<const External *>(object)->name);
         break;
+    case ObjectKind::Traced:
+        print(text, static_cast<const Traced *>(object)->function, PrintStyle::Readable);
+        break;
     case ObjectKind::Native:
         text += static_cast<const Native *>(object)->printed();
         break;

@@ -24,6 +24,20 @@ Value applyProgn(Machine &, Args values)
     return values.count() == 0 ? Value::nil() : values[values.count() - 1];
 }
 
+Value applyTrace(Machine &machine, Args names)
+{
+    for (std::uint32_t i = 0; i < names.count(); ++i)
+        machine.trace(names.symbol(i));
+    return names.count() == 0 ? Value::nil() : names[names.count() - 1];
+}
+
+Value applyUntrace(Machine &machine, Args names)
+{
+    for (std::uint32_t i = 0; i < names.count(); ++i)
+        machine.untrace(names.symbol(i));
+    return names.count() == 0 ? Value::nil() : names[names.count() - 1];
+}
+
 constexpr SpecialForm forms[] = {
     {"quote", "(quote EXPRESSION)", "Gives the expression itself, unevaluated.", &Compiler::compileQuote, nullptr},
     {"function", "(function FUNCTION)", "Gives the symbol or the compiled lambda expression.",
@@ -53,6 +67,9 @@ constexpr SpecialForm forms[] = {
      &Compiler::compileDefun, nullptr},
     {"defun-q", "(defun-q NAME PARAMETERS [EXPRESSION ...])", "Defines a function that is kept as a list.",
      &Compiler::compileDefunQ, nullptr},
+    {"trace", "(trace [FUNCTION ...])", "Shows the calls of the functions and what they give, until untrace.",
+     &Compiler::compileTrace, applyTrace},
+    {"untrace", "(untrace [FUNCTION ...])", "Ends what trace began.", &Compiler::compileUntrace, applyUntrace},
 };
 
 } // namespace

@@ -71,6 +71,20 @@ Value read(Machine &machine, Args arguments)
     return reader.read().value_or(Value::nil());
 }
 
+// The list that defun-q has left in the symbol: (PARAMETERS EXPRESSION ...).
+Value definitionList(Machine &, Args arguments)
+{
+    const Value definition = arguments.symbol(0)->value;
+    return definition.isCons() ? definition : Value::nil();
+}
+
+Value setDefinitionList(Machine &, Args arguments)
+{
+    arguments.cons(1);
+    arguments.symbol(0)->value = arguments[1];
+    return arguments[0];
+}
+
 Value collectGarbage(Machine &machine, Args)
 {
     machine.collectGarbage();
@@ -94,6 +108,10 @@ constexpr BuiltinRow rows[] = {
     {"vl-catch-all-error-p", "(vl-catch-all-error-p VALUE)", "Gives T for an error object.", isCaughtError},
     {"vl-catch-all-error-message", "(vl-catch-all-error-message ERROR)", "Gives the text of an error object.",
      caughtErrorMessage},
+    {"defun-q-list-ref", "(defun-q-list-ref SYMBOL)", "Gives the list of a function that defun-q has defined.",
+     definitionList},
+    {"defun-q-list-set", "(defun-q-list-set SYMBOL LIST)", "Makes the list the symbol's function; gives the symbol.",
+     setDefinitionList},
     {"vl-bt", "(vl-bt)", "Prints the functions that are running.", printBackTrace},
     {"gc", "(gc)", "Frees memory that is no longer used.", collectGarbage},
     {"vl-load-com", "(vl-load-com)", "Accepted for programs that begin with it.", loadExtensions},

@@ -29,6 +29,8 @@ std::u16string_view typeName(Value value)
         return u"USUBR";
     case ObjectKind::External:
         return u"EXRXSUBR";
+    case ObjectKind::Traced:
+        return typeName(static_cast<const Traced *>(value.asObject())->function);
     case ObjectKind::Native:
         return static_cast<const Native *>(value.asObject())->typeName();
     default:

@@ -111,3 +111,15 @@ TEST(SpecialForms, argumentListsAreListsOfSymbols)
         {"'(lambda 5 6)", "(LAMBDA 5 6)"},
     });
 }
+
+TEST(SpecialForms, defunQKeepsAListThatProgramsCanChange)
+{
+    expectAll({
+        {"(defun-q f (x) (* x 2)) (defun-q-list-ref 'f)", "((X) (* X 2))"},
+        {"(defun-q f (x) (* x 2)) (defun-q-list-set 'f (append (defun-q-list-ref 'f) '((list x)))) (f 3)", "(3)"},
+        {"(defun-q-list-set 'g '((x) x))", "G"},
+        {"(defun f () 1) (defun-q-list-ref 'f)", "nil"},
+        {"(defun-q-list-ref \"f\")", "error: bad argument type: symbolp \"f\""},
+        {"(defun-q-list-set 'g 5)", "error: bad argument type: consp 5"},
+    });
+}
