@@ -11,7 +11,6 @@ inline constexpr DWORD PROCESS_QUERY_INFORMATION = 0x0400;
 inline constexpr DWORD PROCESS_QUERY_LIMITED_INFORMATION = 0x1000;
 inline constexpr DWORD SYNCHRONIZE = 0x00100000;
 inline constexpr DWORD PROCESS_ALL_ACCESS = 0x001FFFFF;
-inline constexpr DWORD MAXIMUM_ALLOWED = 0x02000000; // all of them
 // Of a process: reading queries, executing queries, terminates and waits, writing does none of these.
 inline constexpr DWORD GENERIC_READ = 0x80000000;
 inline constexpr DWORD GENERIC_WRITE = 0x40000000;

@@ -45,7 +45,6 @@ inline constexpr REGSAM KEY_ENUMERATE_SUB_KEYS = 0x8;
 inline constexpr REGSAM KEY_READ = 0x20019;
 inline constexpr REGSAM KEY_WRITE = 0x20006;
 inline constexpr REGSAM KEY_ALL_ACCESS = 0xF003F;
-inline constexpr REGSAM MAXIMUM_ALLOWED = 0x02000000;
 
 inline constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 inline constexpr DWORD REG_CREATED_NEW_KEY = 1;

@@ -51,37 +51,60 @@ int missingFileError(const QFileInfo &file)
     return QFileInfo(file.path()).isDir() ? SE_ERR_FNF : SE_ERR_PNF;
 }
 
-// What to start for a file, URL or program; an error number when there is nothing.
-std::pair<int, ProgramCall> callFor(const QString &file, const QString &folder)
+struct Request
 {
-    if (file.isEmpty())
-        return {SE_ERR_FNF, {}};
-    const QFileInfo place(placeOf(file, folder));
-    if (isProgram(place))
-        return {Launched, {place.filePath(), {}}};
-    if (place.exists() || isUrl(file)) {
-        if (place.exists() && !place.isReadable())
-            return {SE_ERR_ACCESSDENIED, {}};
-        const std::optional<ProgramCall> program = associatedProgram(place.exists() ? place.filePath() : file);
-        return program ? std::pair(Launched, *program) : std::pair(SE_ERR_NOASSOC, ProgramCall());
-    }
-    const bool isBareName = !file.contains(u'/');
-    const QString found = isBareName ? QStandardPaths::findExecutable(file) : QString();
-    if (!found.isEmpty())
-        return {Launched, {found, {}}};
-    return {missingFileError(place), {}};
+    QString verb, file, parameters, folder;
+};
+
+bool opens(const Request &request)
+{
+    return request.verb.isEmpty() || request.verb.compare(u"open", Qt::CaseInsensitive) == 0;
 }
 
-int execute(const QString &verb, const QString &file, const QString &parameters, const QString &folder)
+// What is to be started, or an error number.
+struct Answer
 {
-    if (!verb.isEmpty() && verb.compare(u"open", Qt::CaseInsensitive) != 0)
-        return SE_ERR_NOASSOC;
-    auto [result, call] = callFor(file, folder);
-    if (result != Launched)
-        return result;
-    if (call.arguments.isEmpty()) // a program; documents are opened without parameters
-        call.arguments = argumentsOf(parameters);
-    return QProcess::startDetached(call.program, call.arguments, folder) ? Launched : SE_ERR_ACCESSDENIED;
+    int number;
+    ProgramCall call;
+};
+
+// A program has no verb but "open".
+Answer answerForProgram(const QString &program, const Request &request)
+{
+    if (!opens(request))
+        return {SE_ERR_NOASSOC, {}};
+    return {Launched, {program, argumentsOf(request.parameters)}};
+}
+
+// Parameters are for programs: a document's program gets none.
+Answer answerForDocument(const QString &fileOrUrl, const Request &request)
+{
+    const std::optional<ProgramCall> call = associatedProgram(fileOrUrl, request.verb);
+    return call ? Answer{Launched, *call} : Answer{SE_ERR_NOASSOC, {}};
+}
+
+Answer answerFor(const Request &request)
+{
+    const QString &file = request.file;
+    if (file.isEmpty())
+        return {SE_ERR_FNF, {}};
+    const QFileInfo place(placeOf(file, request.folder));
+    if (isProgram(place))
+        return answerForProgram(place.filePath(), request);
+    if (place.exists())
+        return place.isReadable() ? answerForDocument(place.filePath(), request) : Answer{SE_ERR_ACCESSDENIED, {}};
+    if (isUrl(file))
+        return answerForDocument(file, request);
+    const QString found = file.contains(u'/') ? QString() : QStandardPaths::findExecutable(file);
+    return found.isEmpty() ? Answer{missingFileError(place), {}} : answerForProgram(found, request);
+}
+
+int execute(const Request &request)
+{
+    const auto [number, call] = answerFor(request);
+    if (number != Launched)
+        return number;
+    return QProcess::startDetached(call.program, call.arguments, request.folder) ? Launched : SE_ERR_ACCESSDENIED;
 }
 
 } // namespace
@@ -94,7 +117,7 @@ HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result)
         return instanceOf(SE_ERR_FNF);
     QString program = isProgram(place) ? place.filePath() : QString();
     if (program.isEmpty())
-        if (const std::optional<ProgramCall> associated = associatedProgram(place.filePath()))
+        if (const std::optional<ProgramCall> associated = associatedProgram(place.filePath(), QStringLiteral("open")))
             program = associated->program;
     if (program.isEmpty())
         return instanceOf(SE_ERR_NOASSOC);
@@ -105,8 +128,8 @@ HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result)
 
 HINSTANCE ShellExecuteW(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int)
 {
-    const ShellLaunch launch{textOf(verb), textOf(file), textOf(parameters),
-                             execute(textOf(verb), textOf(file), textOf(parameters), textOf(folder))};
+    const Request request{textOf(verb), textOf(file), textOf(parameters), textOf(folder)};
+    const ShellLaunch launch{request.verb, request.file, request.parameters, execute(request)};
     if (observer)
         observer(launch);
     return instanceOf(launch.result);

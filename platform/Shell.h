@@ -23,8 +23,8 @@ inline constexpr int SW_SHOWNORMAL = 1;
 HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result);
 
 // Opens a file or URL in its program, or starts a program, which PATH leads to. Parameters are split as a Windows
-// program splits its command line. Verbs: null or "open". `owner` and `show` are not used here. Does not wait for the
-// program.
+// program splits its command line. Verbs beside "open", which a program's only one is, are those of the registry; null
+// is the kind's own. `owner` and `show` are not used here. Does not wait for the program.
 HINSTANCE ShellExecuteW(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int show);
 
 // One call of ShellExecuteW; texts that were null are empty.

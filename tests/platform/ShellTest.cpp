@@ -1,5 +1,6 @@
 #include "platform/Shell.h"
 #include "platform/CommandLineText.h"
+#include "platform/Registry.h"
 #include "tests/support/Associations.h"
 #include "tests/support/FileReport.h"
 
@@ -122,6 +123,87 @@ TEST_F(Shell, FindExecutableWithoutAnAnswerEmptiesTheBuffer)
     EXPECT_EQ(find(QString()), SE_ERR_FNF);
     EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
     EXPECT_EQ(m_program, QString());
+}
+
+// A kind of file of the test's own in the user's part of the registry.
+class RegisteredKind : public Shell
+{
+protected:
+    ~RegisteredKind() override { RegDeleteTreeW(HKEY_CURRENT_USER, text(classes)); }
+
+    static void set(const QString &key, const QString &value, DWORD type = REG_SZ)
+    {
+        HKEY handle = nullptr;
+        ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, text(classes + u'\\' + key), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                  KEY_ALL_ACCESS, nullptr, &handle, nullptr),
+                  ERROR_SUCCESS);
+        RegSetValueExW(handle, nullptr, 0, type, reinterpret_cast<const BYTE *>(value.utf16()),
+                       static_cast<DWORD>(value.size()) * 2); // without a terminator, as some programs write them
+        RegCloseKey(handle);
+    }
+    static void setCommand(const QString &kind, const QString &command, DWORD type = REG_SZ)
+    {
+        set(kind + QStringLiteral("\\shell\\open\\command"), command, type);
+    }
+
+    static inline const QString classes = QStringLiteral("Software\\Classes");
+};
+
+TEST_F(RegisteredKind, ComesBeforeTheDesktopsSettings)
+{
+    set(u'.' + suffix, QStringLiteral("test.kind"));
+    setCommand(QStringLiteral("test.kind"), QStringLiteral("/bin/true \"%1\""));
+    EXPECT_EQ(find(write(QStringLiteral("a.") + suffix)), 42);
+    EXPECT_EQ(m_program, QStringLiteral("/bin/true"));
+}
+
+TEST_F(RegisteredKind, WhoseProgramIsGoneLeavesTheDesktopsSettings)
+{
+    setCommand(u'.' + suffix, QStringLiteral("/nonexistent/program \"%1\""));
+    EXPECT_EQ(find(write(QStringLiteral("a.") + suffix)), 42);
+    EXPECT_EQ(m_program, m_child);
+}
+
+TEST_F(RegisteredKind, MayHaveItsVerbsWithTheSuffixItself)
+{
+    setCommand(QStringLiteral(".unheardof"), QStringLiteral("true %1"));
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), 42);
+    EXPECT_TRUE(m_program.endsWith(QStringLiteral("/true"))) << m_program.toStdString();
+}
+
+TEST_F(RegisteredKind, MayNameEnvironmentVariables)
+{
+    qputenv("TEST_OF_SHELL", "/bin");
+    setCommand(QStringLiteral(".unheardof"), QStringLiteral("%TEST_OF_SHELL%/true %1"), REG_EXPAND_SZ);
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), 42);
+    setCommand(QStringLiteral(".unheardof"), QStringLiteral("%NO_SUCH_VARIABLE%/true %1"), REG_EXPAND_SZ);
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
+    setCommand(QStringLiteral(".unheardof"), QStringLiteral("%TEST_OF_SHELL%/true %1"), REG_SZ);
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
+}
+
+TEST_F(RegisteredKind, OfASchemeOpensUrls)
+{
+    const FileReport report;
+    setCommand(QStringLiteral("lhtest"), m_child + u' ' + report.path() + QStringLiteral(" \"%1\""));
+    EXPECT_EQ(execute(QStringLiteral("lhtest:some%20where?a=b")), 42);
+    EXPECT_EQ(report.lines(), QStringList(QStringLiteral("lhtest:some%20where?a=b")));
+}
+
+TEST_F(RegisteredKind, OfFoldersOpensThem)
+{
+    const FileReport report;
+    setCommand(QStringLiteral("Directory"), m_child + u' ' + report.path() + QStringLiteral(" \"%1\""));
+    EXPECT_EQ(execute(m_folder.path()), 42);
+    EXPECT_EQ(report.lines(), QStringList(m_folder.path()));
+}
+
+TEST_F(RegisteredKind, ThatIsNoTextIsNone)
+{
+    setCommand(QStringLiteral(".unheardof"), QStringLiteral("true %1"), REG_BINARY);
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
+    setCommand(QStringLiteral(".unheardof"), QString());
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), SE_ERR_NOASSOC);
 }
 
 TEST(CommandLineText, IsSplitAsWindowsProgramsSplitIt)

@@ -9,6 +9,18 @@
 #include <string>
 #include <thread>
 
+// Complete as soon as it is there. On Windows it cannot be put there while somebody reads what is there now.
+static void putInPlace(const std::string &partial, const std::string &report)
+{
+    std::error_code failed;
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        std::filesystem::rename(partial, report, failed);
+        if (!failed)
+            return;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
 int main(int count, char **arguments)
 {
     int status = 0;
@@ -26,8 +38,7 @@ int main(int count, char **arguments)
     if (std::FILE *file = std::fopen(partial.c_str(), "w")) {
         std::fputs(text.c_str(), file);
         std::fclose(file);
+        putInPlace(partial, arguments[1]);
     }
-    std::error_code ignored;
-    std::filesystem::rename(partial, arguments[1], ignored); // complete as soon as it is there
     return status;
 }

@@ -1,6 +1,7 @@
 // The shell's calls, held to what the shell of Windows does: on Windows this file tests the system itself.
 
 #include "platform/Processes.h"
+#include "platform/Registry.h"
 #include "platform/Shell.h"
 #include "tests/platform/conformance/Child.h"
 
@@ -69,10 +70,12 @@ int execute(const char16_t *verb, const std::u16string &file, const std::u16stri
 // What the child wrote into its report, once it has.
 std::string contentsOf(const fs::path &report)
 {
-    for (int attempt = 0; attempt < 1000 && !fs::exists(report); ++attempt)
+    for (int attempt = 0; attempt < 1000; ++attempt) {
+        if (std::ifstream file(report); file)
+            return {std::istreambuf_iterator<char>(file), {}};
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    std::ifstream file(report);
-    return {std::istreambuf_iterator<char>(file), {}};
+    }
+    return "no report";
 }
 
 } // namespace
@@ -233,4 +236,111 @@ TEST(FindConformanceOfPrograms, ADocumentIsLookedForInTheFolder)
     char16_t program[MAX_PATH] = {};
     EXPECT_EQ(find(u"plain.nosuchtype", folder.c_str(), program), SE_ERR_NOASSOC);
     EXPECT_EQ(find(u"inner.nosuchtype", folder.c_str(), program), SE_ERR_FNF);
+}
+
+// A kind of document of the test's own.
+class AssociationConformance : public testing::Test
+{
+protected:
+    AssociationConformance()
+    {
+        set(extension, program);
+        fs::remove(m_document);
+        std::ofstream(m_document) << "text";
+    }
+    ~AssociationConformance() override
+    {
+        for (const std::u16string &kind : {extension, program})
+            RegDeleteTreeW(HKEY_CLASSES_ROOT, windowsText(kind.c_str()));
+        fs::remove(m_document);
+    }
+
+    // The text of a key.
+    static void set(const std::u16string &key, const std::u16string &text, DWORD type = REG_SZ)
+    {
+        HKEY handle = nullptr;
+        ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, windowsText(key.c_str()), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                  KEY_ALL_ACCESS, nullptr, &handle, nullptr),
+                  ERROR_SUCCESS);
+        const auto bytes = reinterpret_cast<const BYTE *>(text.c_str());
+        RegSetValueExW(handle, nullptr, 0, type, bytes, static_cast<DWORD>((text.size() + 1) * sizeof(char16_t)));
+        RegCloseKey(handle);
+    }
+    static void setCommand(const std::u16string &verb, const std::u16string &arguments)
+    {
+        set(program + u"\\shell\\" + verb + u"\\command", u"\"" + testchildPath() + u"\" " + arguments);
+    }
+    int openDocument(const char16_t *verb) { return execute(verb, text(m_document), u""); }
+    // The child takes the document for the file of its report.
+    std::string report() const
+    {
+        for (int attempt = 0; attempt < 1000 && contentsOf(m_document) == "text"; ++attempt)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return contentsOf(m_document);
+    }
+
+    // Tests that run at the same time have different ones.
+    static inline const std::string id = std::to_string(GetCurrentProcessId());
+    static inline const std::u16string program = u"lisphost.conformance" + std::u16string(id.begin(), id.end());
+    static inline const std::u16string extension = u"." + program.substr(9);
+    const fs::path m_document = workFolder() / (u"my document" + extension);
+};
+
+TEST_F(AssociationConformance, TheRegistryNamesTheProgramOfADocument)
+{
+    setCommand(u"open", u"\"%1\"");
+    char16_t found[MAX_PATH] = {};
+    EXPECT_GT(find(text(m_document), nullptr, found), 32);
+    EXPECT_TRUE(fs::equivalent(fs::path(std::u16string(found)), fs::path(testchildPath())));
+}
+
+TEST_F(AssociationConformance, ADocumentIsOpenedWithTheCommandOfTheVerb)
+{
+    setCommand(u"open", u"\"%1\" opened");
+    setCommand(u"edit", u"\"%1\" edited twice");
+    EXPECT_GT(openDocument(u"open"), 32);
+    EXPECT_EQ(report(), "opened\n");
+    std::ofstream(m_document) << "text";
+    EXPECT_GT(openDocument(u"edit"), 32);
+    EXPECT_EQ(report(), "edited\ntwice\n");
+}
+
+TEST_F(AssociationConformance, ACommandThatDoesNotNameTheDocumentDoesNotGetIt)
+{
+    const fs::path unrelated = workFolder() / "unrelated";
+    setCommand(u"open", text(unrelated) + u" alone");
+    EXPECT_GT(openDocument(u"open"), 32);
+    EXPECT_EQ(contentsOf(unrelated), "alone\n");
+    EXPECT_EQ(contentsOf(m_document), "text");
+    fs::remove(unrelated);
+}
+
+TEST_F(AssociationConformance, TheDocumentsPlaceMayStandInsideAnArgument)
+{
+    setCommand(u"open", u"\"%1\" \"--file=%1\" 100%");
+    EXPECT_GT(openDocument(u"open"), 32);
+    EXPECT_EQ(report(), "--file=" + fs::path(m_document).make_preferred().string() + "\n100%\n");
+}
+
+TEST_F(AssociationConformance, WithoutAVerbItIsTheOneThatTheKindNames)
+{
+    setCommand(u"open", u"\"%1\" opened");
+    setCommand(u"edit", u"\"%1\" edited");
+    set(program + u"\\shell", u"edit");
+    EXPECT_GT(openDocument(nullptr), 32);
+    EXPECT_EQ(report(), "edited\n");
+}
+
+TEST_F(AssociationConformance, AVerbThatTheKindDoesNotHaveStartsNothing)
+{
+    setCommand(u"open", u"\"%1\" opened");
+    EXPECT_EQ(openDocument(u"print"), SE_ERR_NOASSOC);
+    EXPECT_EQ(contentsOf(m_document), "text");
+}
+
+TEST_F(AssociationConformance, AKindWithoutACommandHasNoProgram)
+{
+    char16_t found[MAX_PATH] = u"left over";
+    EXPECT_EQ(find(text(m_document), nullptr, found), SE_ERR_NOASSOC);
+    EXPECT_EQ(openDocument(u"open"), SE_ERR_NOASSOC);
 }

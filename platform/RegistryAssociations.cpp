@@ -1,0 +1,73 @@
+#include "platform/RegistryAssociations.h"
+
+#include "platform/Registry.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QUrl>
+
+#include <string>
+
+namespace {
+
+// Environment variables in a value that is meant to name them; what is none stays as it is.
+QString expanded(const QString &text)
+{
+    static const QRegularExpression reference(QStringLiteral("%([^%\\s\"]+)%"));
+    QString result;
+    qsizetype end = 0;
+    for (QRegularExpressionMatchIterator matches = reference.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        result += QStringView(text).mid(end, match.capturedStart() - end);
+        result += qEnvironmentVariable(match.captured(1).toLocal8Bit().constData(), match.captured());
+        end = match.capturedEnd();
+    }
+    return result += QStringView(text).mid(end);
+}
+
+// The text of a key's unnamed value; nothing when key or value are missing, or the value is no text.
+std::optional<QString> textOfKey(const QString &path)
+{
+    HKEY key = nullptr;
+    const auto units = reinterpret_cast<const char16_t *>(path.utf16());
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, units, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+        return std::nullopt;
+    DWORD type = REG_NONE, size = 0;
+    std::u16string text;
+    LSTATUS status = RegQueryValueExW(key, nullptr, nullptr, &type, nullptr, &size);
+    if (status == ERROR_SUCCESS) {
+        text.resize(size / sizeof(char16_t) + 1); // values need no terminator
+        status = RegQueryValueExW(key, nullptr, nullptr, &type, reinterpret_cast<BYTE *>(text.data()), &size);
+    }
+    RegCloseKey(key);
+    if (status != ERROR_SUCCESS || (type != REG_SZ && type != REG_EXPAND_SZ))
+        return std::nullopt;
+    const QString value = QStringView(text.c_str()).toString();
+    return type == REG_EXPAND_SZ ? expanded(value) : value;
+}
+
+// The key that has the verbs of a file or URL.
+QString kindOf(const QString &fileOrUrl)
+{
+    const QFileInfo file(fileOrUrl);
+    if (file.isDir())
+        return QStringLiteral("Directory");
+    if (!file.exists())
+        return QUrl(fileOrUrl).scheme();
+    const QString extension = u'.' + file.suffix();
+    return textOfKey(extension).value_or(extension);
+}
+
+} // namespace
+
+std::optional<QString> registryCommand(const QString &fileOrUrl, const QString &verb)
+{
+    const QString kind = kindOf(fileOrUrl);
+    if (kind.isEmpty())
+        return std::nullopt;
+    const QString shell = kind + QStringLiteral("\\shell");
+    QString chosen = verb.isEmpty() ? textOfKey(shell).value_or(QString()) : verb;
+    if (chosen.isEmpty())
+        chosen = QStringLiteral("open");
+    return textOfKey(shell + u'\\' + chosen + QStringLiteral("\\command"));
+}
