@@ -12,6 +12,7 @@ class Workplace
 public:
     Workplace() : m_document(m_host.documents().open()) { m_host.modules().load(QStringLiteral(MODULE_FILE)); }
 
+    HostServices &services() { return m_host.services(); }
     lisp::Machine &machine() { return m_document.machine(); }
     void load(const std::u16string &program) { m_document.machine().load(program, u""); }
 
