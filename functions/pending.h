@@ -6,10 +6,6 @@
 // The functions that are defined but not written yet. Nothing else says which they are: a row of the function table
 // compiles as a pending one only while its name stands here.
 inline constexpr auto pendingFunctions = std::to_array<std::string_view>({
-    "geturl",
-    "acet-help",
-    "seturl",
-    "acet-help-trap",
     "startAddTableTransaction",
     "endAddTableTransaction",
     "acet-begin-undogroup",

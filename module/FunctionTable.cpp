@@ -8,6 +8,7 @@
 #include "functions/drawing.h"
 #include "functions/filedialogs.h"
 #include "functions/files.h"
+#include "functions/help.h"
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
 #include "functions/pending.h"
@@ -64,7 +65,7 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"acet-sys-beep", guarded<acetSysBeep>},
     {"_xstrcase", guarded<xstrcase>},
     {"startapp", guarded<startapp>},
-    pending("geturl"),
+    {"geturl", guarded<geturl>},
     {"acet-reg-prodkey", guarded<acetRegProdkey>},
     {"acet-reg-machine-prodkey", guarded<acetRegMachineProdkey>},
     {"acet-reg-user-prodkey", guarded<acetRegUserProdkey>},
@@ -90,8 +91,8 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"layoutlist", guarded<layoutlist>},
     {"acet_set_config", guarded<acetSetConfig>},
     {"acet_get_config", guarded<acetGetConfig>},
-    pending("acet-help"),
-    pending("seturl"),
+    {"acet-help", guarded<acetHelp>},
+    {"seturl", guarded<seturl>},
     {"acet-ui-txted", guarded<acetUiTxted>},
     {"_editRtext_", guarded<editRtext>},
     {"acet-str-find", guarded<acetStrFind>},
@@ -102,7 +103,7 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"tablet", guarded<tablet>},
     {"_vorns_util", guarded<vornsUtil>},
     {"acad_truecolorcli", guarded<acadTruecolorcli>},
-    pending("acet-help-trap"),
+    {"acet-help-trap", guarded<acetHelpTrap>},
     {"acet-var-setvar", guarded<acetVarSetvar>},
     {"acet-var-getvar", guarded<acetVarGetvar>},
     {"wexo_getpointEsc", guarded<wexoGetpointEsc>},

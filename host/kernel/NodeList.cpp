@@ -1,6 +1,7 @@
 #include "host/kernel/NodeList.h"
 
 #include "host/kernel/TextFormat.h"
+#include "host/kernel/ValueKind.h"
 #include "lisp/TypeCode.h"
 
 #include <cstring>
@@ -15,30 +16,27 @@ bool endsList(int code)
 
 void takeArgument(resbuf &node, TextWidth width, std::va_list &arguments)
 {
-    switch (node.restype) {
-    case TypeReal:
+    switch (valueKind(node.restype)) {
+    case ValueKind::Real:
         node.resval.real = va_arg(arguments, double);
         break;
-    case TypeShort:
-    case TypeLong:
+    case ValueKind::Short:
+    case ValueKind::Long:
         node.resval.longInteger = va_arg(arguments, int);
         break;
-    case TypeString:
-        if (width == TextWidth::Wide) {
+    case ValueKind::Text:
+        if (width == TextWidth::Wide)
             node.resval.string = duplicateWide(va_arg(arguments, const char16_t *));
-        } else {
+        else
             node.resval.narrowString = duplicateNarrow(std::string_view(va_arg(arguments, const char *)));
-        }
         break;
-    case TypePoint2d:
-    case TypePoint3d:
+    case ValueKind::Point:
         node.resval.point = *va_arg(arguments, const LispPoint *);
         break;
-    case TypeEntity:
-    case TypeSelectionSet:
+    case ValueKind::Name:
         node.resval.name = *va_arg(arguments, const LispName *);
         break;
-    default:
+    case ValueKind::None:
         break; // list marks, nil and T stand for themselves
     }
 }
@@ -62,28 +60,26 @@ resbuf *nodesFromArguments(NodePool &pool, CallFrame &frame, TextWidth width, in
 
 void storeValue(resbuf &node, void *value)
 {
-    switch (node.restype) {
-    case TypeString:
+    switch (valueKind(node.restype)) {
+    case ValueKind::Text:
         node.resval.string = static_cast<char16_t *>(value);
         break;
-    case TypeReal:
+    case ValueKind::Real:
         node.resval.real = *static_cast<const double *>(value);
         break;
-    case TypeShort:
+    case ValueKind::Short:
         node.resval.longInteger = *static_cast<const std::int16_t *>(value);
         break;
-    case TypeLong:
+    case ValueKind::Long:
         node.resval.longInteger = *static_cast<const std::int32_t *>(value);
         break;
-    case TypePoint2d:
-    case TypePoint3d:
+    case ValueKind::Point:
         node.resval.point = *static_cast<const LispPoint *>(value);
         break;
-    case TypeEntity:
-    case TypeSelectionSet:
+    case ValueKind::Name:
         node.resval.name = *static_cast<const LispName *>(value);
         break;
-    default:
+    case ValueKind::None:
         break;
     }
 }

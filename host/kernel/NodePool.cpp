@@ -1,6 +1,7 @@
 #include "host/kernel/NodePool.h"
 
 #include "host/kernel/CallFrame.h"
+#include "host/kernel/ValueKind.h"
 #include "lisp/TypeCode.h"
 
 #include <algorithm>
@@ -108,7 +109,8 @@ void NodePool::reclaim(CallFrame &owner)
 
 void NodePool::retire(Slot *slot)
 {
-    if (slot->node.restype == TypeString)
+    if (slot->node.restype == TypeString ||
+        (slot->node.restype < TypeNone && valueKind(slot->node.restype) == ValueKind::Text))
         std::free(slot->node.resval.string);
     closeNode(slot->node);
     slot->owner = nullptr;

@@ -237,3 +237,10 @@ double SubstituteLispHost::angle(const LispPoint *from, const LispPoint *to)
     const double direction = std::atan2(to->y - from->y, to->x - from->x);
     return direction < 0 ? direction + 2 * std::numbers::pi : direction;
 }
+
+// Help is looked up by the name of a command: what was registered last holds.
+int SubstituteLispHost::helpTrap(const char16_t *first, const char16_t *helpFile, const char16_t *topic)
+{
+    m_helpTopics[first] = {helpFile, topic};
+    return StatusNormal;
+}

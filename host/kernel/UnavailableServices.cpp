@@ -56,11 +56,6 @@ int SubstituteLispHost::getEntityExtents(const LispName *, LispPoint *, LispPoin
     return StatusError;
 }
 
-int SubstituteLispHost::helpTrap(const char16_t *, const char16_t *, const char16_t *)
-{
-    return StatusError;
-}
-
 resbuf *SubstituteLispHost::dictSearch(const LispName *, const char16_t *, int)
 {
     return nullptr;

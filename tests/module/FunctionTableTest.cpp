@@ -8,6 +8,7 @@
 #include "functions/drawing.h"
 #include "functions/filedialogs.h"
 #include "functions/files.h"
+#include "functions/help.h"
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
 #include "functions/pending.h"
@@ -167,6 +168,10 @@ TEST(FunctionTable, EveryWrittenRowHasItsOwnHandler)
         {"vl_catch_all_apply", guarded<vlCatchAllApply>},
         {"vl_catch_all_error_p", guarded<vlCatchAllErrorP>},
         {"_xstrcase", guarded<xstrcase>},
+        {"acet-help-trap", guarded<acetHelpTrap>},
+        {"seturl", guarded<seturl>},
+        {"acet-help", guarded<acetHelp>},
+        {"geturl", guarded<geturl>},
         {"wexo_opendefaultapp", guarded<wexoOpendefaultapp>},
         {"acet_filename_associated_app", guarded<acetFilenameAssociatedApp>},
         {"acet-filename-acad-root", guarded<acetFilenameAcadRoot>},

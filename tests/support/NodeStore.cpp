@@ -64,12 +64,13 @@ resbuf *NodeStore::addBuilt(int firstCode, std::va_list values, bool narrow)
     resbuf **link = &head;
     for (int code = firstCode; code != 0 && code != TypeNone; code = va_arg(values, int)) {
         LispValue value = {};
-        if (code == TypeString) {
+        if (code == TypeString || (code >= 1000 && code <= 1002)) {
             *link = narrow ? addNarrowText(va_arg(values, const char *)) : addText(va_arg(values, const char16_t *));
+            (*link)->restype = static_cast<std::int16_t>(code);
         } else {
             if (code == TypeReal)
                 value.real = va_arg(values, double);
-            else if (code == TypeShort || code == TypeLong)
+            else if (code == TypeShort || code == TypeLong || code == 1071)
                 value.longInteger = va_arg(values, int);
             else if (code == TypePoint2d || code == TypePoint3d)
                 value.point = *va_arg(values, const LispPoint *);

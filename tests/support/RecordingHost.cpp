@@ -16,23 +16,27 @@ std::string describePoint(const LispPoint &point)
     return QStringLiteral(" (%1 %2 %3)").arg(point.x).arg(point.y).arg(point.z).toStdString();
 }
 
-// The codes of a list with its texts, integers and points.
+bool holdsText(const resbuf &node)
+{
+    return node.restype == TypeString || (node.restype >= 1000 && node.restype <= 1002);
+}
+
+} // namespace
+
 std::string describeList(const resbuf *list)
 {
     std::string result;
     for (const resbuf *node = list; node != nullptr; node = node->rbnext) {
         result += ' ' + std::to_string(node->restype);
-        if (node->restype == TypeString)
+        if (holdsText(*node))
             result += operation("", QStringView(node->resval.string).toString());
-        else if (node->restype == TypeShort || node->restype == TypeLong)
+        else if (node->restype == TypeShort || node->restype == TypeLong || node->restype == 1071)
             result += ' ' + std::to_string(node->resval.longInteger);
         else if (node->restype == TypePoint2d || node->restype == TypePoint3d)
             result += describePoint(node->resval.point);
     }
     return result;
 }
-
-} // namespace
 
 std::string operation(const char *name, const QString &text)
 {

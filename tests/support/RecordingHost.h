@@ -23,6 +23,9 @@ std::string operation(const char *name, const char *text); // UTF-8
 // An interpreter that does nothing but write down, in order, what is asked of it. It answers every operation with
 // StatusNormal unless told otherwise. A test fails when an operation is not preceded by a fetch of the document and of
 // its interpreter, or when a node is released twice.
+// The codes of a list with its texts, integers and points, each behind a blank.
+std::string describeList(const resbuf *list);
+
 // What a recording host answers with where a status is not all.
 struct HostReplies
 {
@@ -33,7 +36,8 @@ struct HostReplies
     LispPoint point{};                       // dragSelection; getEntityExtents, the minimum
     LispPoint otherPoint{};                  // getEntityExtents, the maximum
     LispName name{};                         // namedObjDict; what the object id was asked for
-    resbuf *list = nullptr;                  // dictSearch
+    resbuf *list = nullptr;                  // dictSearch, entGet, entGetX
+    resbuf *tableRecord = nullptr;           // tblSearch
     std::function<void(DragTransform)> drag; // what the host does with the transform
     OdDbDatabase *database = nullptr;
     OdDbObjectId objectId;

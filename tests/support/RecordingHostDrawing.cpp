@@ -115,6 +115,32 @@ int RecordingHost::namedObjDict(LispName *dictionary)
     return recordAnswered("namedObjDict", "namedObjDict");
 }
 
+resbuf *RecordingHost::entGet(const LispName *entity, bool wide)
+{
+    record("entGet " + describeName(*entity) + (wide ? " 1" : " 0"));
+    return replies.list;
+}
+
+resbuf *RecordingHost::entGetX(const LispName *entity, const resbuf *narrowApplicationNames, int zero)
+{
+    const bool isAlone = narrowApplicationNames->restype == TypeString && narrowApplicationNames->rbnext == nullptr;
+    record(operation(("entGetX " + describeName(*entity) + ' ' + std::to_string(zero)).c_str(),
+                     isAlone ? narrowApplicationNames->resval.narrowString : "not one name"));
+    return replies.list;
+}
+
+int RecordingHost::entMod(const resbuf *list)
+{
+    return recordAnswered("entMod", "entMod" + describeList(list));
+}
+
+resbuf *RecordingHost::tblSearch(const char16_t *table, const char16_t *name, int next)
+{
+    const std::string line = operation("tblSearch", QString::fromUtf16(table));
+    record(operation(line.c_str(), QString::fromUtf16(name)) + ' ' + std::to_string(next));
+    return replies.tableRecord;
+}
+
 OdDbDatabase *RecordingHost::database()
 {
     EXPECT_TRUE(m_documentFetched) << "without fetching the document afresh";

@@ -52,36 +52,14 @@ int RecordingHost::progressSet(int position)
     return recordAnswered("progressSet", "progressSet " + std::to_string(position));
 }
 
-resbuf *RecordingHost::entGet(const LispName *, bool)
-{
-    record("entGet");
-    return nullptr;
-}
-
-resbuf *RecordingHost::entGetX(const LispName *, const resbuf *, int)
-{
-    record("entGetX");
-    return nullptr;
-}
-
-int RecordingHost::entMod(const resbuf *)
-{
-    return recordAnswered("entMod", "entMod");
-}
-
-resbuf *RecordingHost::tblSearch(const char16_t *table, const char16_t *, int)
-{
-    recordText("tblSearch", table);
-    return nullptr;
-}
-
 int RecordingHost::menuCmd(const char16_t *command)
 {
     return recordText("menuCmd", command);
 }
 
-int RecordingHost::findFile(const char16_t *name, char16_t *)
+int RecordingHost::findFile(const char16_t *name, char16_t *resultPath)
 {
+    *std::copy(replies.text.begin(), replies.text.end(), resultPath) = u'\0';
     return recordText("findFile", name);
 }
 
@@ -100,9 +78,9 @@ void RecordingHost::setTabletMode(int mode)
     record("setTabletMode " + std::to_string(mode));
 }
 
-int RecordingHost::helpTrap(const char16_t *first, const char16_t *, const char16_t *)
+int RecordingHost::helpTrap(const char16_t *first, const char16_t *helpFile, const char16_t *topic)
 {
-    return recordText("helpTrap", first);
+    return recordAnswered("helpTrap", "helpTrap" + quoted({first, helpFile, topic}));
 }
 
 int RecordingHost::getProfileString(const char16_t *section, const char16_t *key, const char16_t *fallback,

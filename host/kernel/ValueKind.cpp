@@ -1,0 +1,57 @@
+#include "host/kernel/ValueKind.h"
+
+#include "lisp/TypeCode.h"
+
+namespace {
+
+struct CodeRange
+{
+    int first, last;
+    ValueKind kind;
+};
+
+constexpr CodeRange ranges[] = {
+    {0, 9, ValueKind::Text},
+    {10, 18, ValueKind::Point},
+    {38, 59, ValueKind::Real},
+    {60, 79, ValueKind::Short},
+    {90, 99, ValueKind::Long},
+    {100, 102, ValueKind::Text},
+    {105, 105, ValueKind::Text},
+    {110, 119, ValueKind::Point},
+    {140, 149, ValueKind::Real},
+    {170, 179, ValueKind::Short},
+    {210, 219, ValueKind::Point},
+    {270, 299, ValueKind::Short},
+    {300, 329, ValueKind::Text},
+    {370, 389, ValueKind::Short},
+    {400, 409, ValueKind::Short},
+    {410, 419, ValueKind::Text},
+    {420, 429, ValueKind::Long},
+    {430, 439, ValueKind::Text},
+    {440, 459, ValueKind::Long},
+    {460, 469, ValueKind::Real},
+    {470, 489, ValueKind::Text},
+    {999, 1009, ValueKind::Text},
+    {1010, 1013, ValueKind::Point},
+    {1040, 1042, ValueKind::Real},
+    {1060, 1070, ValueKind::Short},
+    {1071, 1071, ValueKind::Long},
+    {TypeReal, TypeReal, ValueKind::Real},
+    {TypePoint2d, TypePoint2d, ValueKind::Point},
+    {TypeShort, TypeShort, ValueKind::Short},
+    {TypeString, TypeString, ValueKind::Text},
+    {TypeEntity, TypeSelectionSet, ValueKind::Name},
+    {TypePoint3d, TypePoint3d, ValueKind::Point},
+    {TypeLong, TypeLong, ValueKind::Long},
+};
+
+} // namespace
+
+ValueKind valueKind(int code)
+{
+    for (const CodeRange &range : ranges)
+        if (code >= range.first && code <= range.last)
+            return range.kind;
+    return ValueKind::None;
+}
