@@ -1,5 +1,6 @@
 #include "host/drawing/Database.h"
 
+#include "host/drawing/HeaderVariables.h"
 #include "host/drawing/RawValues.h"
 
 #include <QFile>
@@ -42,24 +43,6 @@ QByteArray contentOf(const QString &path)
     return bytes;
 }
 
-// The value of a header variable that has one group; empty when there is none.
-std::string_view headerText(const Database &database, std::string_view variable)
-{
-    const NameId name = database.names().find(variable);
-    const RecordId header = database.section(known::Header);
-    if (name == known::None || header == NoRecord)
-        return {};
-    for (RecordId id = database.firstIn(header); id != NoRecord; id = database.nextIn(id)) {
-        if (database.record(id).name != name)
-            continue;
-        GroupReader reader = database.reader(id);
-        for (Item item; reader.next(item);)
-            if (item.code != groupcode::VariableName)
-                return item.raw.value;
-    }
-    return {};
-}
-
 } // namespace
 
 std::unique_ptr<Database> Database::read(const QString &path)
@@ -77,6 +60,8 @@ Database::Database(QByteArray bytes) : m_bytes(std::move(bytes)), m_format(detec
     m_ends = std::move(index.ends);
     m_oddities = std::move(index.oddities);
     m_fileRecords = m_store.records.size();
+    for (const RecordId id : m_named)
+        m_namings.push_back({id, record(id).name});
     readHeader();
     giveHandles();
 }
@@ -84,11 +69,16 @@ Database::Database(QByteArray bytes) : m_bytes(std::move(bytes)), m_format(detec
 void Database::readHeader()
 {
     constexpr std::string_view FirstWithUtf8 = "AC1021"; // R2007
-    if (const std::string_view version = headerText(*this, "$ACADVER"); !version.empty())
+    const auto textOf = [this](std::string_view name) {
+        const std::optional<Group> value = variable(*this, name);
+        const auto *text = value ? std::get_if<std::u16string>(&value->value) : nullptr;
+        return text ? std::string(text->begin(), text->end()) : std::string();
+    };
+    if (const std::string version = textOf("$ACADVER"); !version.empty())
         m_version = version;
     if (m_version < FirstWithUtf8)
-        m_codec = TextCodec(CodePage::named(headerText(*this, "$DWGCODEPAGE")));
-    m_seed = std::max<std::uint64_t>(handleOf(headerText(*this, "$HANDSEED")), 1);
+        m_codec = TextCodec(CodePage::named(textOf("$DWGCODEPAGE")));
+    m_seed = std::max<std::uint64_t>(handleOf(textOf("$HANDSEED")), 1);
 }
 
 // Handles of records that have none follow those of the file, so that these stay what they are.
@@ -156,6 +146,12 @@ RecordId Database::section(NameId name) const
         return record(id).name == name && !record(id).has(Record::Absent);
     });
     return found == m_sections.end() ? NoRecord : *found;
+}
+
+RecordId Database::knownEndOf(RecordId start) const
+{
+    const auto found = m_ends.find(start);
+    return found != m_ends.end() && !record(found->second).has(Record::Absent) ? found->second : NoRecord;
 }
 
 bool Database::isPart(RecordId id) const

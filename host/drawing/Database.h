@@ -65,12 +65,22 @@ public:
     // NoRecord behind the last.
     RecordId firstIn(RecordId start) const { return within(record(start).next); }
     RecordId nextIn(RecordId id) const { return within(record(id).next); }
-    RecordId endOf(RecordId start); // its end mark; makes one where a cut file has none
-    bool isPart(RecordId id) const; // a vertex, an attribute, the end of their sequence
+    RecordId knownEndOf(RecordId start) const; // its end mark; NoRecord in a file that was cut
+    RecordId endOf(RecordId start);            // makes one where there is none
+    bool isPart(RecordId id) const;            // a vertex, an attribute, the end of their sequence
     const std::vector<RecordId> &namedRecords() const
     {
         return m_named;
     } // table records and blocks' starts, also gone ones
+
+    // Every name that a table record or a block has had since the drawing was opened, in order: names of the file, of
+    // added records, and of renamed ones. Undone ones stay here.
+    struct Naming
+    {
+        RecordId id;
+        NameId name;
+    };
+    const std::vector<Naming> &namings() const { return m_namings; }
 
     // --- changing; every change is remembered by the journal ---
 
@@ -81,7 +91,8 @@ public:
     bool replace(RecordId id, const GroupList &groups);
 
     // A new record before `before`, which is a record of the same container or the end mark. The groups begin with the
-    // type (0); a handle is put after it for the kinds that have one, unless they bring a handle that is free.
+    // type (0); a handle is put after it for the kinds that have one. A handle that they bring stays in its place, and
+    // is kept when it is free.
     // NoRecord when a value cannot be written.
     RecordId add(RecordKind kind, const GroupList &groups, RecordId before);
 
@@ -92,7 +103,11 @@ public:
     std::uint64_t handleSeed() const { return m_seed; } // the next handle to be given
 
 private:
-    RecordId within(RecordId id) const { return id != NoRecord && !record(id).isEnd() ? id : NoRecord; }
+    RecordId within(RecordId id) const
+    {
+        const bool isOutside = record(id).isEnd() || record(id).kind == RecordKind::SectionStart;
+        return id != NoRecord && !isOutside ? id : NoRecord;
+    }
     void readHeader();
     void giveHandles();
     void takeFields(RecordId id);
@@ -110,6 +125,7 @@ private:
     RecordStore m_store;
     NameTable m_names;
     std::vector<RecordId> m_sections, m_named;
+    std::vector<Naming> m_namings;
     std::unordered_map<RecordId, RecordId> m_ends;
     Oddities m_oddities;
     HandleTable m_handles{m_store.records};

@@ -86,6 +86,8 @@ void Database::takeFields(RecordId id)
     GroupCursor cursor(bytes(id), m_format);
     for (RawGroup group; cursor.next(group);)
         fields.take(group, record);
+    if (record.kind == RecordKind::TableRecord || record.kind == RecordKind::BlockStart)
+        m_namings.push_back({id, record.name});
 }
 
 RecordId Database::add(RecordKind kind, const GroupList &groups, RecordId before)
@@ -192,8 +194,8 @@ bool Database::isInside(RecordId id, RecordId start) const
 
 RecordId Database::endOf(RecordId start)
 {
-    if (const auto found = m_ends.find(start); found != m_ends.end() && !record(found->second).has(Record::Absent))
-        return found->second;
+    if (const RecordId end = knownEndOf(start); end != NoRecord)
+        return end;
     // A file that was cut, or where the next section begins without an end.
     RecordId before = record(start).next;
     while (before != NoRecord && isInside(before, start))

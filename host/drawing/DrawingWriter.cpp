@@ -2,6 +2,7 @@
 
 #include "host/drawing/GroupCursor.h"
 #include "host/drawing/GroupMerge.h"
+#include "host/drawing/HeaderVariables.h"
 #include "storage/AtomicFile.h"
 #include "storage/FileLock.h"
 
@@ -29,7 +30,6 @@ private:
     bool flush();
     bool putComments(RecordId id);
     void makeSeed(RecordId variable, std::uint64_t lastHandle);
-    RecordId seedVariable() const;
     std::uint64_t lastAddedHandle() const;
 
     const Database &m_database;
@@ -37,16 +37,6 @@ private:
     std::string_view m_pending; // neighbours in memory are written together
     std::string m_seed;         // the changed variable of the next handle; empty when it stays
 };
-
-RecordId Writer::seedVariable() const
-{
-    const NameId name = m_database.names().find("$HANDSEED");
-    const RecordId header = m_database.section(known::Header);
-    RecordId id = header != NoRecord && name != known::None ? m_database.firstIn(header) : NoRecord;
-    while (id != NoRecord && m_database.record(id).name != name)
-        id = m_database.nextIn(id);
-    return id;
-}
 
 std::uint64_t Writer::lastAddedHandle() const
 {
@@ -61,7 +51,7 @@ std::uint64_t Writer::lastAddedHandle() const
 
 bool Writer::run()
 {
-    const RecordId seed = seedVariable();
+    const RecordId seed = findVariable(m_database, "$HANDSEED");
     const std::uint64_t lastHandle = m_database.writesHandles() ? lastAddedHandle() : 0;
     if (seed != NoRecord && lastHandle != 0)
         makeSeed(seed, lastHandle);

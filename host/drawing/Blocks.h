@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+#include "host/drawing/SymbolTables.h"
+
+namespace drawing {
+
+// Model space, paper space and blocks, which hold entities.
+
+inline constexpr std::u16string_view ModelSpace = u"*Model_Space", PaperSpace = u"*Paper_Space";
+
+// The table record that owns the entities of a container, which is the ENTITIES section or a block's start. Null handle
+// when there is none, as in drawings before R2000.
+Handle ownerOf(const Database &database, const SymbolTables &tables, RecordId container, bool isPaperSpace);
+
+// Adds a block definition without entities, with its table record from R2000 on. Entities are then added before
+// endOf() of what this gives. NoRecord when the name is taken or a value cannot be written.
+struct BlockDefinition
+{
+    std::u16string name;
+    Point basePoint = {};
+    std::int64_t flags = 0;
+    std::u16string layer = u"0";
+};
+RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
+
+// The ENTITIES section, which is made when it is missing.
+RecordId ensureEntities(Database &database);
+
+// The last entity of model and paper space that is not erased; of a polyline or insert with parts the entity itself.
+RecordId lastEntity(const Database &database);
+
+} // namespace drawing

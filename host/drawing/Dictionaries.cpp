@@ -1,0 +1,111 @@
+#include "host/drawing/Dictionaries.h"
+
+#include <algorithm>
+
+namespace drawing {
+
+namespace {
+
+// The place of an entry's name; the object's group follows it.
+std::size_t placeOf(const GroupList &groups, std::u16string_view name)
+{
+    const std::u16string key = folded(name);
+    const auto found = std::find_if(groups.begin(), groups.end(), [&key](const Group &group) {
+        const auto *text = std::get_if<std::u16string>(&group.value);
+        return group.code == groupcode::EntryName && text && folded(*text) == key;
+    });
+    return static_cast<std::size_t>(found - groups.begin());
+}
+
+bool isEntry(const GroupList &groups, std::size_t place)
+{
+    return place + 1 < groups.size() && std::holds_alternative<Handle>(groups[place + 1].value);
+}
+
+} // namespace
+
+RecordId namedObjects(const Database &database)
+{
+    const RecordId section = database.section(known::Objects);
+    if (section == NoRecord)
+        return NoRecord;
+    RecordId id = database.firstIn(section);
+    while (id != NoRecord && (database.record(id).type != known::Dictionary || database.record(id).isGone()))
+        id = database.nextIn(id);
+    return id;
+}
+
+RecordId ensureNamedObjects(Database &database)
+{
+    if (const RecordId id = namedObjects(database); id != NoRecord)
+        return id;
+    return addObject(
+        database,
+        {{groupcode::Type, u"DICTIONARY"}, {groupcode::Owner, Handle{0}}, {groupcode::Subclass, u"AcDbDictionary"}});
+}
+
+std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary)
+{
+    std::vector<DictionaryEntry> entries;
+    const GroupList groups = database.groups(dictionary);
+    for (std::size_t i = 0; i < groups.size(); ++i)
+        if (groups[i].code == groupcode::EntryName && isEntry(groups, i))
+            entries.push_back({std::get<std::u16string>(groups[i].value), std::get<Handle>(groups[i + 1].value)});
+    return entries;
+}
+
+RecordId findEntry(const Database &database, RecordId dictionary, std::u16string_view name)
+{
+    const GroupList groups = database.groups(dictionary);
+    const std::size_t place = placeOf(groups, name);
+    if (!isEntry(groups, place))
+        return NoRecord;
+    const RecordId id = database.find(std::get<Handle>(groups[place + 1].value));
+    return id != NoRecord && !database.record(id).isGone() ? id : NoRecord;
+}
+
+bool putEntry(Database &database, RecordId dictionary, std::u16string_view name, Handle object)
+{
+    GroupList groups = database.groups(dictionary);
+    const std::size_t place = placeOf(groups, name);
+    if (isEntry(groups, place)) {
+        groups[place + 1].value = object;
+    } else {
+        const auto extendedData = std::find_if(groups.begin(), groups.end(),
+                                               [](const Group &group) { return group.code == groupcode::Application; });
+        groups.insert(extendedData, {{groupcode::EntryName, std::u16string(name)}, {groupcode::SoftEntry, object}});
+    }
+    return database.replace(dictionary, groups);
+}
+
+bool removeEntry(Database &database, RecordId dictionary, std::u16string_view name)
+{
+    GroupList groups = database.groups(dictionary);
+    const std::size_t place = placeOf(groups, name);
+    if (!isEntry(groups, place))
+        return false;
+    const auto entry = groups.begin() + static_cast<std::ptrdiff_t>(place);
+    groups.erase(entry, entry + 2);
+    return database.replace(dictionary, groups);
+}
+
+RecordId addObject(Database &database, const GroupList &groups)
+{
+    const RecordId section = database.ensureSection(known::Objects);
+    return database.add(RecordKind::Object, groups, database.endOf(section));
+}
+
+RecordId extensionDictionary(const Database &database, RecordId id)
+{
+    GroupReader reader = database.reader(id);
+    bool isInside = false;
+    for (Item item; reader.next(item);) {
+        if (item.code == groupcode::Braces)
+            isInside = item.raw.value == "{ACAD_XDICTIONARY";
+        else if (isInside && item.code == groupcode::HardEntry)
+            return database.find({item.handle});
+    }
+    return NoRecord;
+}
+
+} // namespace drawing

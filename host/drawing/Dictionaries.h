@@ -1,0 +1,36 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+
+#include <string>
+#include <vector>
+
+namespace drawing {
+
+// Dictionaries: objects that give names to other objects, in the OBJECTS section. Names differ in more than case.
+
+struct DictionaryEntry
+{
+    std::u16string name;
+    Handle object;
+    bool operator==(const DictionaryEntry &) const = default;
+};
+
+// The dictionary that everything is reached from, the first object; NoRecord when there is none.
+RecordId namedObjects(const Database &database);
+RecordId ensureNamedObjects(Database &database);
+
+std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary); // in its order
+// The object with the name, NoRecord when there is none or it is erased.
+RecordId findEntry(const Database &database, RecordId dictionary, std::u16string_view name);
+// Another object for a name that is there; a new name stands last.
+bool putEntry(Database &database, RecordId dictionary, std::u16string_view name, Handle object);
+bool removeEntry(Database &database, RecordId dictionary, std::u16string_view name); // the object stays
+
+// Adds an object at the end; its groups begin with its type. Putting it into its owner is the caller's.
+RecordId addObject(Database &database, const GroupList &groups);
+
+// The dictionary that belongs to an entity or object (group 360 in its {ACAD_XDICTIONARY), NoRecord when it has none.
+RecordId extensionDictionary(const Database &database, RecordId id);
+
+} // namespace drawing

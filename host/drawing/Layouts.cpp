@@ -1,0 +1,45 @@
+#include "host/drawing/Layouts.h"
+
+#include "host/drawing/Dictionaries.h"
+
+namespace drawing {
+
+namespace {
+
+constexpr int TabCode = 71;
+
+// The plot settings in front have the same codes as the layout's own part.
+void readOwnPart(const Database &database, Layout &layout)
+{
+    GroupReader reader = database.reader(layout.object);
+    bool isOwn = false;
+    for (Item item; reader.next(item);) {
+        if (item.code == groupcode::Subclass)
+            isOwn = item.raw.value == "AcDbLayout";
+        else if (isOwn && item.code == TabCode)
+            layout.tab = item.integer;
+        else if (isOwn && item.code == groupcode::Owner)
+            layout.blockRecord = database.find({item.handle});
+    }
+}
+
+} // namespace
+
+std::vector<Layout> layouts(const Database &database)
+{
+    std::vector<Layout> found;
+    const RecordId root = namedObjects(database);
+    const RecordId dictionary = root != NoRecord ? findEntry(database, root, u"ACAD_LAYOUT") : NoRecord;
+    if (dictionary == NoRecord)
+        return found;
+    for (const DictionaryEntry &entry : dictionaryEntries(database, dictionary)) {
+        const RecordId object = database.find(entry.object);
+        if (object == NoRecord || database.record(object).isGone())
+            continue;
+        found.push_back({entry.name, object});
+        readOwnPart(database, found.back());
+    }
+    return found;
+}
+
+} // namespace drawing

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+
+#include <string>
+#include <vector>
+
+namespace drawing {
+
+// One page of the drawing: the model's or a sheet of paper.
+struct Layout
+{
+    std::u16string name; // as the dictionary of layouts has it
+    RecordId object = NoRecord;
+    RecordId blockRecord = NoRecord; // of the block that holds its entities; NoRecord when it is not there
+    std::int64_t tab = 0;            // its place among the tabs; 0 is the model's
+};
+
+// In the order of the dictionary; empty for drawings that have none, as before R2000.
+std::vector<Layout> layouts(const Database &database);
+
+} // namespace drawing
