@@ -20,6 +20,7 @@
 
 namespace lisp {
 
+class LineInput;
 class ModuleService;
 struct SourcePositions;
 
@@ -108,6 +109,10 @@ public:
     // Is called every few thousand calls and loop turns of a running program: a window can be painted there. It may not
     // run LISP in this machine. An empty function ends that.
     void setPulse(std::function<void()> pulse) { m_pulse = std::move(pulse); }
+
+    // Null where nobody types.
+    void setLineInput(LineInput *input) { m_lineInput = input; }
+    LineInput *lineInput() const { return m_lineInput; }
 
     // Null in a machine that stands alone.
     void setOwner(MachineOwner *owner) { m_owner = owner; }
@@ -233,6 +238,7 @@ private:
     std::vector<std::unique_ptr<std::u16string>> m_files;
     ExternalCaller *m_externalCaller = nullptr;
     ModuleService *m_moduleService = nullptr;
+    LineInput *m_lineInput = nullptr;
     MachineOwner *m_owner = nullptr;
     std::function<void()> m_pulse;
     Console *m_console = nullptr;

@@ -11,6 +11,7 @@ Document::Document(HostServices &services)
     bindInput(m_variables, prompter());
     computeEnvironment(m_variables);
     m_machine.setOwner(this);
+    m_machine.setLineInput(&m_typedLines);
     defineHostBuiltins(m_machine);
 }
 

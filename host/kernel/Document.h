@@ -3,6 +3,7 @@
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
 #include "host/kernel/input/DocumentInput.h"
+#include "host/kernel/input/TypedLines.h"
 #include "host/kernel/variables/SystemVariables.h"
 #include "sdk/fx/CFxDocument.h"
 
@@ -31,4 +32,5 @@ private:
     SystemVariables m_variables;
     SubstituteLispHost m_lispHost;
     DocumentInput m_userInput{m_lispHost.prompter()};
+    TypedLines m_typedLines{m_lispHost.prompter()};
 };

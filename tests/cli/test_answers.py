@@ -37,6 +37,20 @@ class Answers(LispHostTest):
                                 "--answers", "answers.txt")
         self.assert_gives(outcome, "T\n")
 
+    def test_programs_read_the_command_line_by_lines_and_characters(self):
+        self.write("answers.txt", "one line\n\nab\nc\n")
+        outcome = self.lisphost("eval", "(list (read-line) (read-line nil) (read-char) (read-line))",
+                                "(list (read-char) (read-char) (read-char))", "--answers", "answers.txt")
+        self.assertEqual((outcome.status, outcome.output),
+                         (0, 'one line\n\nab\n("one line" "" 97 "b")\nc\n(99 10 nil)\n'))
+        self.assertEqual(outcome.errors, 'lisphost: no answer left for the string request ""\n')
+
+    def test_esc_is_the_end_of_the_command_line(self):
+        self.write("answers.txt", "a\n@esc\nb\n")
+        outcome = self.lisphost("eval", "(while (setq line (read-line)) (setq last-line line))", "(list line last-line)",
+                                "--answers", "answers.txt")
+        self.assert_gives(outcome, 'a\n"a"\n(nil "a")\n')
+
     def test_the_transcript_tells_each_request(self):
         self.run_program("7\ny\na b\n10,20\n@esc\n", "--transcript", "transcript.json")
         events = [json.loads(line) for line in (self.folder / "transcript.json").read_text().splitlines()]

@@ -3,6 +3,7 @@
 #include "host/interpreter/Builtins.h"
 #include "host/interpreter/FileObject.h"
 #include "host/interpreter/FileSearch.h"
+#include "host/interpreter/LineInput.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/builtins/CharacterCodes.h"
 #include "host/interpreter/files/FileNames.h"
@@ -77,20 +78,27 @@ Value close(Machine &, Args arguments)
     return Value::nil();
 }
 
-// Without a file these two would read the keyboard, which nobody can wait for here: that is the end of the input.
+std::optional<std::u16string> typedLine(Machine &machine)
+{
+    return machine.lineInput() ? machine.lineInput()->readLine() : std::nullopt;
+}
+
+std::optional<char16_t> typedCharacter(Machine &machine)
+{
+    return machine.lineInput() ? machine.lineInput()->readCharacter() : std::nullopt;
+}
+
 Value readLine(Machine &machine, Args arguments)
 {
-    if (arguments[0].isNil())
-        return Value::nil();
-    const std::optional<std::u16string> line = fileArgument(arguments, 0)->readable().readLine();
+    const std::optional<std::u16string> line =
+        arguments[0].isNil() ? typedLine(machine) : fileArgument(arguments, 0)->readable().readLine();
     return line ? machine.string(*line) : Value::nil();
 }
 
-Value readCharacter(Machine &, Args arguments)
+Value readCharacter(Machine &machine, Args arguments)
 {
-    if (arguments[0].isNil())
-        return Value::nil();
-    const std::optional<char16_t> unit = fileArgument(arguments, 0)->readable().readCharacter();
+    const std::optional<char16_t> unit =
+        arguments[0].isNil() ? typedCharacter(machine) : fileArgument(arguments, 0)->readable().readCharacter();
     return unit ? Value::integer(*unit) : Value::nil();
 }
 
@@ -126,8 +134,9 @@ constexpr BuiltinRow rows[] = {
     {"open", "(open NAME MODE [ENCODING])",
      "Opens a file to read (\"r\"), write (\"w\") or append (\"a\"); nil if that fails.", open},
     {"close", "(close FILE)", "Closes a file; what was written is on the disk then.", close},
-    {"read-line", "(read-line [FILE])", "Gives the next line, nil at the end.", readLine},
-    {"read-char", "(read-char [FILE])", "Gives the code of the next character, nil at the end.", readCharacter},
+    {"read-line", "(read-line [FILE])", "Gives the next line of a file, or typed, nil at the end.", readLine},
+    {"read-char", "(read-char [FILE])", "Gives the code of the next character of a file, or typed, nil at the end.",
+     readCharacter},
     {"write-line", "(write-line STRING [FILE])", "Writes a line; gives the string.", writeLine},
     {"write-char", "(write-char CODE [FILE])", "Writes a character; gives its code.", writeCharacter},
     {"findfile", "(findfile NAME)", "Gives the full path of a file that exists, or nil.", findfile},

@@ -54,12 +54,11 @@ WildcardPattern filePattern(std::u16string_view pattern)
 
 QDir::Filters filtersOf(DirectoryListing listing)
 {
-    // Without System the broken links and special files are left out.
-    QDir::Filters filters = QDir::Hidden | QDir::System;
+    QDir::Filters filters = QDir::Hidden;
     if (listing != DirectoryListing::Files)
         filters |= QDir::Dirs;
     if (listing != DirectoryListing::Directories)
-        filters |= QDir::Files;
+        filters |= QDir::Files | QDir::System; // System: broken links and special files, too
     return filters;
 }
 

@@ -1,7 +1,32 @@
+#include "host/interpreter/LineInput.h"
 #include "tests/interpreter/core/EvaluateText.h"
 #include "tests/interpreter/files/TemporaryFolder.h"
 
 #include <QDir>
+
+#include <deque>
+
+namespace {
+
+class Typed final : public lisp::LineInput
+{
+public:
+    explicit Typed(std::deque<std::u16string> lines) : m_lines(std::move(lines)) {}
+
+private:
+    std::optional<std::u16string> fetchLine() override
+    {
+        if (m_lines.empty())
+            return std::nullopt;
+        std::u16string line = std::move(m_lines.front());
+        m_lines.pop_front();
+        return line;
+    }
+
+    std::deque<std::u16string> m_lines;
+};
+
+} // namespace
 
 // FILE names a file in the test's folder.
 class FileBuiltins : public testing::Test
@@ -86,6 +111,16 @@ TEST_F(FileBuiltins, withoutAFileTheCommandLineIsMeant)
     EXPECT_EQ(run("(list (write-line \"line\") (write-char 65))"), "(\"line\" 65)");
     EXPECT_EQ(m_console.text(), "line\nA");
     EXPECT_EQ(run("(list (read-line) (read-char))"), "(nil nil)");
+}
+
+TEST_F(FileBuiltins, linesAndCharactersAreReadFromWhatIsTyped)
+{
+    Typed typed({u"ab", u"c", u"", u"d"});
+    lisp::Machine machine;
+    machine.setLineInput(&typed);
+    EXPECT_EQ(evaluateText(machine, "(list (read-char) (read-line) (read-line nil) (read-char nil) (read-char))"),
+              "(97 \"b\" \"c\" 10 100)");
+    EXPECT_EQ(evaluateText(machine, "(list (read-line) (read-line) (read-char))"), "(\"\" nil nil)");
 }
 
 TEST_F(FileBuiltins, argumentsAreChecked)

@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 using lisp::CopyMode;
@@ -148,6 +152,16 @@ TEST_F(FileOperations, directoryFilesListsByKindAndPattern)
     EXPECT_EQ(list(u"x[1]*", DirectoryListing::Files), (Names{u"x[1].dxf"}));
     EXPECT_EQ(list(u"~*,#", DirectoryListing::All), Names{});
 }
+
+#ifndef _WIN32
+TEST_F(FileOperations, directoryFilesTakesSpecialFilesForFiles)
+{
+    ASSERT_EQ(mkfifo(qPrintable(at("pipe")), 0600), 0);
+    const auto list = [this](DirectoryListing listing) { return lisp::directoryFiles(m_folder.path(), u"*", listing); };
+    EXPECT_EQ(list(DirectoryListing::Directories), (Names{u".", u".."}));
+    EXPECT_EQ(list(DirectoryListing::Files), (Names{u"pipe"}));
+}
+#endif
 
 TEST_F(FileOperations, directoryFilesOfNoFolderIsNothing)
 {
