@@ -2,6 +2,7 @@
 
 #include "host/kernel/HostServices.h"
 #include "host/sdk/ui/HostSdkUi.h"
+#include "host/ui/AlertBox.h"
 #include "host/ui/DialogDriver.h"
 #include "host/ui/FileChooser.h"
 #include "host/ui/HtmlDialog.h"
@@ -75,6 +76,11 @@ QWidget *HeadlessInterface::mainWindow()
 QWidget *HeadlessInterface::documentWindow()
 {
     return mainWindow();
+}
+
+void HeadlessInterface::showAlert(const QString &text)
+{
+    showAlertBox(mainWindow(), text);
 }
 
 void HeadlessInterface::showHtml(const QString &text)

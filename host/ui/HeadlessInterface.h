@@ -24,6 +24,7 @@ public:
 
     QWidget *mainWindow() override;
     QWidget *documentWindow() override;
+    void showAlert(const QString &text) override;
     void showHtml(const QString &text) override;
     std::optional<QString> chooseFile(const FileRequest &request) override;
     void callEnded() override;

@@ -40,6 +40,25 @@ class Dialogs(LispHostTest):
         self.assertEqual(events[0]["buttons"], ["Cancel", "Try Again", "Continue"])
         self.assertEqual(events[0]["icon"], "warning")
 
+    def test_alert_shows_its_text_as_it_is(self):
+        outcome, events = self.run_with("@press OK\n", '(alert "<b>a</b>\\nb & c")')
+        self.assert_gives(outcome, "nil\n")
+        self.assertEqual((events[0]["class"], events[0]["text"], events[0]["buttons"]),
+                         ("QMessageBox", "<b>a</b>\nb & c", ["OK"]))
+
+    def test_getfiled_asks_for_a_file(self):
+        self.write("plan.dxf", "")
+        outcome, events = self.run_with("@file plan.dxf\n@esc\n@file new\n@file plan.dxf\n@press Yes\n",
+                                        '(getfiled "Open" "" "dxf" 0)', '(getfiled "Open" "" "dxf" 0)',
+                                        '(getfiled "New" "" "dxf" 1)', '(getfiled "New" "plan" "dxf" 1)')
+        there, new = self.folder / "plan.dxf", self.folder / "new.dxf"
+        self.assert_gives(outcome, f'"{there}"\nnil\n"{new}"\n"{there}"\n')
+        self.assertEqual([event["text"] for event in events[:4]], ["", "", "", "plan"])
+
+    def test_alert_and_getfiled_refuse_other_arguments(self):
+        for expression in ("(alert 5)", '(getfiled "T" "" "dxf")', '(getfiled "T" "" "dxf" 1.5)', "(alert)"):
+            self.assert_fails(self.evaluate(expression), 1, "error: ")
+
     def test_the_status_window_is_noted_when_it_changes(self):
         _, events = self.run_with("", '(acet-ui-status "Working" "Step 1")', "(+ 1 2)", "(acet-ui-status)",
                                   '(acet-ui-status "Still working")', '(acet-ui-status "Still working")')

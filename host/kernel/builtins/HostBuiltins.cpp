@@ -2,6 +2,6 @@
 
 void defineHostBuiltins(lisp::Machine &machine)
 {
-    for (const auto family : {inputBuiltins(), registryBuiltins(), variableBuiltins()})
+    for (const auto family : {inputBuiltins(), registryBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

@@ -7,6 +7,7 @@
 std::span<const lisp::BuiltinRow> inputBuiltins();    // Input.cpp
 std::span<const lisp::BuiltinRow> registryBuiltins(); // Registry.cpp
 std::span<const lisp::BuiltinRow> variableBuiltins(); // Variables.cpp
+std::span<const lisp::BuiltinRow> windowBuiltins();   // Windows.cpp
 
 // Defines all of them in the machine of a document.
 void defineHostBuiltins(lisp::Machine &machine);

@@ -24,7 +24,9 @@ public:
     virtual QWidget *mainWindow() { return nullptr; }
     virtual QWidget *documentWindow() { return nullptr; } // of the active document
 
-    virtual void showHtml(const QString &) {} // until the user closes it
+    // Until the user closes them.
+    virtual void showAlert(const QString &) {}
+    virtual void showHtml(const QString &) {}
     virtual std::optional<QString> chooseFile(const FileRequest &) { return std::nullopt; }
 
     // Not called more often than a screen can show.

@@ -2,6 +2,7 @@
 
 #include "host/kernel/HostServices.h"
 #include "host/sdk/ui/HostSdkUi.h"
+#include "host/ui/AlertBox.h"
 #include "host/ui/FileChooser.h"
 #include "host/ui/HtmlDialog.h"
 #include "host/ui/TextBrowserView.h"
@@ -126,6 +127,11 @@ void WindowInterface::accept(const QString &text)
         return;
     m_reply = InputReply{InputReply::Kind::Text, text.toStdU16String()};
     m_waiting->quit();
+}
+
+void WindowInterface::showAlert(const QString &text)
+{
+    showAlertBox(&m_window, text);
 }
 
 void WindowInterface::showHtml(const QString &text)

@@ -39,6 +39,7 @@ public:
 
     QWidget *mainWindow() override { return &m_window; }
     QWidget *documentWindow() override { return m_window.documentArea(); }
+    void showAlert(const QString &text) override;
     void showHtml(const QString &text) override;
     std::optional<QString> chooseFile(const FileRequest &request) override;
     void showProgress(const Progress &progress) override;

@@ -1,0 +1,48 @@
+// Requests that open a window.
+
+#include "host/kernel/Document.h"
+#include "host/kernel/HostServices.h"
+#include "host/kernel/builtins/HostBuiltins.h"
+
+using lisp::Args;
+using lisp::Machine;
+using lisp::Value;
+
+namespace {
+
+QString qText(std::u16string_view text)
+{
+    return QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
+}
+
+UserInterface &userInterface(Machine &machine)
+{
+    return *Document::of(machine).services().userInterface;
+}
+
+Value alert(Machine &machine, Args arguments)
+{
+    userInterface(machine).showAlert(qText(arguments.text(0)));
+    return Value::nil();
+}
+
+Value getFileD(Machine &machine, Args arguments)
+{
+    const FileRequest request = FileRequest::fromGetfiled(qText(arguments.text(0)), qText(arguments.text(1)),
+                                                          qText(arguments.text(2)), arguments.integer(3));
+    const std::optional<QString> path = userInterface(machine).chooseFile(request);
+    return path ? machine.string(path->toStdU16String()) : Value::nil();
+}
+
+constexpr lisp::BuiltinRow rows[] = {
+    {"alert", "(alert TEXT)", "Shows a text in a box until the user presses OK.", alert},
+    {"getfiled", "(getfiled TITLE DEFAULT EXTENSION FLAGS)",
+     "Asks for a file: flags 1 a new one, 4 any extension, 16 DEFAULT is a folder, 32 overwrites unasked.", getFileD},
+};
+
+} // namespace
+
+std::span<const lisp::BuiltinRow> windowBuiltins()
+{
+    return rows;
+}
