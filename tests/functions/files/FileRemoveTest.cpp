@@ -40,27 +40,6 @@ TEST_F(FileRemove, OnAReadOnlyFileWithASecondArgumentTYields1AndTheFileIsGone)
     EXPECT_FALSE(QFile::exists(file));
 }
 
-// A directory cannot be removed so, which leaves it there to show what happened to its permissions.
-TEST_F(FileRemove, WhenForcedAddsTheOwnersWritePermissionAndKeepsTheOthers)
-{
-    const QString folder = path(u"folder"_qs);
-    const QFile::Permissions before = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup;
-    for (const Argument &force : {truth(), shortInteger(0), text(u"")}) {
-        ASSERT_TRUE(QDir().mkpath(folder) && QFile::setPermissions(folder, before));
-        EXPECT_EQ(call(acetFileRemove, {text(folder), force}), (Operations{"getArgs", "retInt 0", "releaseRb 2"}));
-        EXPECT_EQ(QFile::permissions(folder) & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser),
-                  before | QFile::WriteOwner);
-    }
-}
-
-TEST_F(FileRemove, WithNilAsTheSecondArgumentIsNotForced)
-{
-    const QString folder = path(u"folder"_qs);
-    ASSERT_TRUE(QDir().mkpath(folder) && QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
-    EXPECT_EQ(call(acetFileRemove, {text(folder), nil()}), (Operations{"getArgs", "retInt 0", "releaseRb 2"}));
-    EXPECT_FALSE(QFile::permissions(folder) & QFile::WriteOwner);
-}
-
 TEST_F(FileRemove, OfAMissingFileYields0)
 {
     EXPECT_EQ(call(acetFileRemove, {text(path(u"missing"_qs))}), (Operations{"getArgs", "retInt 0", "releaseRb null"}));

@@ -18,7 +18,11 @@ TEST_F(IniSet, WritesTheValueAndLeavesTheOthersAlone)
     const QString file = newFile("[Main]\nsize=10\n\n[Other]\na=1\n");
     EXPECT_EQ(call(acetIniSet, {text(file), text(u"Main"), text(u"colour"), text(u"red")}), result("retT", "4"));
     EXPECT_EQ(call(acetIniSet, {text(file), text(u"Main"), text(u"size"), text(u"20")}), result("retT", "4"));
+#ifdef _WIN32
+    EXPECT_EQ(content(file), "[Main]\nsize=20\ncolour=red\n\n[Other]\na=1\n"); // QSettings keeps the order there
+#else
     EXPECT_EQ(content(file), "[Main]\ncolour=red\nsize=20\n\n[Other]\na=1\n");
+#endif
 }
 
 TEST_F(IniSet, CreatesAMissingFileWithItsDirectories)
@@ -74,9 +78,14 @@ TEST_F(IniSet, OfADirectoryOrAPathThroughAFileYieldsNil)
 }
 
 // Writable says QSettings of the directory, and a failure to write the file itself later is not reported.
-TEST_F(IniSet, OfAFileNameOfFourThousandCharactersYieldsTAndWritesNothing)
+TEST_F(IniSet, OfAFileNameOfFourThousandCharactersWritesNothing)
 {
     const QString file = path(QString(4000, u'x'));
-    EXPECT_EQ(call(acetIniSet, {text(file), text(u"Main"), text(u"size"), text(u"20")}), result("retT", "4"));
+#ifdef _WIN32
+    const char *yielded = "retNil";
+#else
+    const char *yielded = "retT";
+#endif
+    EXPECT_EQ(call(acetIniSet, {text(file), text(u"Main"), text(u"size"), text(u"20")}), result(yielded, "4"));
     EXPECT_TRUE(QDir(path(u"."_qs)).isEmpty());
 }

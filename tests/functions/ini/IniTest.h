@@ -21,14 +21,22 @@ protected:
         return file.fileName();
     }
 
+    // With newlines alone at the ends of lines, where QSettings ends them as the system does.
     static QByteArray content(const QString &name)
     {
         QFile file(name);
-        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("no such file");
+        QByteArray bytes = file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("no such file");
+#ifdef _WIN32
+        bytes.replace("\r\n", "\n");
+#endif
+        return bytes;
     }
 
     // Lets other users reach the directory, for what is done without the superuser's rights.
-    void openDirectory() { ASSERT_TRUE(QFile::setPermissions(m_directory.path(), QFile::Permissions(0x7755))); }
+    void openDirectory()
+    {
+        ASSERT_TRUE(QFile::setPermissions(m_directory.path(), QFile::Permissions(0x7755)));
+    }
 
 private:
     QTemporaryDir m_directory;
