@@ -7,9 +7,10 @@
 #include "platform/Registry.h"
 #include "sdk/fx/CFxString.h"
 
-#include <QString>
-
+#include <algorithm>
 #include <array>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -17,55 +18,69 @@ constexpr DWORD BufferBytes = 4096; // longer data cannot be read
 
 struct RootPrefix
 {
-    QStringView text;
+    std::u16string_view text;
     HKEY root;
-    qsizetype cutFrom;
+    std::size_t cutFrom;
 };
 
-// A key below a root, and the optional name of a value there.
-struct ValuePlace
+// Where a value stands: the key below a root, and the value's name there.
+class ValuePlace
 {
-    HKEY root = nullptr; // null: the path names no root
-    QString path;
-    const char16_t *name = nullptr; // null: the key's unnamed value
+public:
+    // By the nodes of the path and, behind it, of the name, which is optional.
+    explicit ValuePlace(const resbuf *pathNode);
+    ValuePlace(const ValuePlace &) = delete;
+    ValuePlace &operator=(const ValuePlace &) = delete;
 
-    LPCWSTR windowsPath() const { return reinterpret_cast<LPCWSTR>(path.utf16()); }
-    LPCWSTR windowsName() const { return windowsText(name); }
+    HKEY root() const { return m_root; } // null: the path names none
+    LPCWSTR path() const { return windowsText(m_path); }
+    LPCWSTR name() const { return windowsText(m_name); } // null: the key's unnamed value
+
+private:
+    void cut(const RootPrefix &prefix);
+
+    const char16_t *m_path;
+    const char16_t *m_name = nullptr;
+    HKEY m_root = nullptr;
+    std::u16string m_changedPath;
 };
-
-// Cuts the name of the root off a path. It counts wherever in the path it stands, in capitals alone; but as many
-// characters as it has are cut from the beginning of the path, or for all roots but the first from behind the first
-// character: "HKEY_LOCAL_MACHINE\Software" leads to "Hoftware". LISP programs that write and read so find their values
-// only where this stays so.
-HKEY cutRoot(QString &path)
-{
-    static const std::array<RootPrefix, 5> prefixes = {{{u"HKEY_CURRENT_USER\\", HKEY_CURRENT_USER, 0},
-                                                        {u"HKEY_LOCAL_MACHINE\\", HKEY_LOCAL_MACHINE, 1},
-                                                        {u"HKEY_CLASSES_ROOT\\", HKEY_CLASSES_ROOT, 1},
-                                                        {u"HKEY_USERS\\", HKEY_USERS, 1},
-                                                        {u"HKEY_CURRENT_CONFIG\\", HKEY_CURRENT_CONFIG, 1}}};
-    for (const RootPrefix &prefix : prefixes) {
-        if (path.contains(prefix.text)) {
-            path.remove(prefix.cutFrom, prefix.text.size());
-            return prefix.root;
-        }
-    }
-    return nullptr;
-}
 
 bool isText(const resbuf *node)
 {
     return node != nullptr && node->restype == TypeString;
 }
 
-ValuePlace placeOf(const resbuf *pathNode)
+// The name of the root counts wherever in the path it stands, in capitals alone.
+ValuePlace::ValuePlace(const resbuf *pathNode) : m_path(pathNode->resval.string)
 {
-    ValuePlace place;
-    place.path = textOf(pathNode);
-    place.root = cutRoot(place.path);
+    static const std::array<RootPrefix, 5> prefixes = {{{u"HKEY_CURRENT_USER\\", HKEY_CURRENT_USER, 0},
+                                                        {u"HKEY_LOCAL_MACHINE\\", HKEY_LOCAL_MACHINE, 1},
+                                                        {u"HKEY_CLASSES_ROOT\\", HKEY_CLASSES_ROOT, 1},
+                                                        {u"HKEY_USERS\\", HKEY_USERS, 1},
+                                                        {u"HKEY_CURRENT_CONFIG\\", HKEY_CURRENT_CONFIG, 1}}};
+    const std::u16string_view path = m_path;
+    const auto found = std::ranges::find_if(
+        prefixes, [path](const RootPrefix &prefix) { return path.find(prefix.text) != path.npos; });
+    if (found == prefixes.end())
+        return;
+    cut(*found);
     if (isText(pathNode->rbnext))
-        place.name = pathNode->rbnext->resval.string;
-    return place;
+        m_name = pathNode->rbnext->resval.string;
+}
+
+// As many characters as the name has are cut from the beginning of the path, or for all roots but the first from behind
+// the first character: "HKEY_LOCAL_MACHINE\Software" leads to "Hoftware". LISP programs that write and read so find
+// their values only where this stays so.
+void ValuePlace::cut(const RootPrefix &prefix)
+{
+    m_root = prefix.root;
+    if (prefix.cutFrom == 0) {
+        m_path += prefix.text.size();
+        return;
+    }
+    m_changedPath = m_path;
+    m_changedPath.erase(prefix.cutFrom, prefix.text.size());
+    m_path = m_changedPath.c_str();
 }
 
 // The buffer keeps what earlier calls have read: a value without a terminator, a number for example, ends where that
@@ -74,11 +89,11 @@ const char16_t *readValue(const ValuePlace &place)
 {
     static std::array<char16_t, BufferBytes / sizeof(char16_t) + 1> buffer = {};
     HKEY key = nullptr;
-    if (RegOpenKeyW(place.root, place.windowsPath(), &key) != ERROR_SUCCESS)
+    if (RegOpenKeyW(place.root(), place.path(), &key) != ERROR_SUCCESS)
         return nullptr;
     DWORD size = BufferBytes;
     const LSTATUS status =
-        RegQueryValueExW(key, place.windowsName(), nullptr, nullptr, reinterpret_cast<BYTE *>(buffer.data()), &size);
+        RegQueryValueExW(key, place.name(), nullptr, nullptr, reinterpret_cast<BYTE *>(buffer.data()), &size);
     RegCloseKey(key);
     return status == ERROR_SUCCESS ? buffer.data() : nullptr;
 }
@@ -88,10 +103,10 @@ const char16_t *readValue(const ValuePlace &place)
 bool writeValue(const ValuePlace &place, const CFxString &data)
 {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(place.root, place.windowsPath(), 0, KEY_WRITE, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(place.root(), place.path(), 0, KEY_WRITE, &key) != ERROR_SUCCESS)
         return false;
     const LSTATUS status =
-        RegSetValueExW(key, place.windowsName(), 0, REG_SZ, reinterpret_cast<const BYTE *>(data.wide_strU()),
+        RegSetValueExW(key, place.name(), 0, REG_SZ, reinterpret_cast<const BYTE *>(data.wide_strU()),
                        static_cast<DWORD>(data.getAllocLength()));
     RegCloseKey(key);
     return status == ERROR_SUCCESS;
@@ -100,9 +115,9 @@ bool writeValue(const ValuePlace &place, const CFxString &data)
 bool removeValue(const ValuePlace &place)
 {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(place.root, place.windowsPath(), 0, KEY_SET_VALUE, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(place.root(), place.path(), 0, KEY_SET_VALUE, &key) != ERROR_SUCCESS)
         return false;
-    const LSTATUS status = RegDeleteValueW(key, place.windowsName());
+    const LSTATUS status = RegDeleteValueW(key, place.name());
     RegCloseKey(key);
     return status == ERROR_SUCCESS;
 }
@@ -114,8 +129,8 @@ int acetRegGet()
     resbuf *pathNode = checkArgument(TypeString, activeLispHost()->getArgs());
     if (pathNode == nullptr)
         return StatusNormal;
-    const ValuePlace place = placeOf(pathNode);
-    if (place.root == nullptr) {
+    const ValuePlace place(pathNode);
+    if (place.root() == nullptr) {
         activeLispHost()->releaseRb(pathNode);
         return StatusNormal; // no result, as in all other failures
     }
@@ -130,8 +145,8 @@ int acetRegPut()
     resbuf *pathNode = checkArgument(TypeString, activeLispHost()->getArgs());
     if (pathNode == nullptr)
         return StatusNormal;
-    const ValuePlace place = placeOf(pathNode);
-    if (place.root == nullptr) {
+    const ValuePlace place(pathNode);
+    if (place.root() == nullptr) {
         activeLispHost()->releaseRb(pathNode);
         return StatusNormal;
     }
@@ -147,8 +162,8 @@ int acetRegDel()
     resbuf *pathNode = checkArgument(TypeString, activeLispHost()->getArgs());
     if (pathNode == nullptr)
         return StatusNormal;
-    const ValuePlace place = placeOf(pathNode);
-    if (place.root == nullptr) {
+    const ValuePlace place(pathNode);
+    if (place.root() == nullptr) {
         activeLispHost()->releaseRb(pathNode);
         return StatusNormal;
     }

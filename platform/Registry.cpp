@@ -24,11 +24,6 @@ REGSAM rightsOf(REGSAM access)
     return rights;
 }
 
-std::u16string_view pathArgument(LPCWSTR path)
-{
-    return path != nullptr ? std::u16string_view(path) : std::u16string_view();
-}
-
 // A backslash at the end, or one too many, is passed over wherever a path leads.
 bool canBeAdded(std::u16string_view path, int level)
 {
@@ -44,17 +39,17 @@ bool canBeAdded(std::u16string_view path, int level)
 // Does what a change does to a key that was just found, and writes it.
 template <class Action> LSTATUS changeBelow(HKEY handle, LPCWSTR path, Action action)
 {
-    if (pathArgument(path).starts_with(u'\\'))
+    if (textArgument(path).starts_with(u'\\'))
         return ERROR_BAD_PATHNAME;
     RegistryStore &store = RegistryStore::instance();
     const std::lock_guard guard(store.mutex());
     RegistryStore::Place place;
-    LSTATUS status = store.locateBelow(handle, pathArgument(path), place);
+    LSTATUS status = store.locateBelow(handle, textArgument(path), place);
     if (status == ERROR_SUCCESS)
         status = store.begin(*place.hive);
     if (status != ERROR_SUCCESS)
         return status;
-    status = store.locateBelow(handle, pathArgument(path), place); // others may have removed it until now
+    status = store.locateBelow(handle, textArgument(path), place); // others may have removed it until now
     if (status == ERROR_SUCCESS)
         status = action(*place.hive, *place.key);
     const LSTATUS written = store.end(*place.hive);
@@ -92,7 +87,7 @@ LSTATUS RegOpenKeyW(HKEY key, LPCWSTR path, HKEY *result)
 
 LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, REGSAM access, HKEY *result)
 {
-    const std::u16string_view below = pathArgument(path);
+    const std::u16string_view below = textArgument(path);
     if (result == nullptr)
         return ERROR_INVALID_PARAMETER;
     *result = nullptr;
@@ -110,7 +105,7 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, REGSAM access, HKEY *result
 LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR, DWORD, REGSAM access, const void *,
                         HKEY *result, DWORD *disposition)
 {
-    const std::u16string_view below = pathArgument(path);
+    const std::u16string_view below = textArgument(path);
     if (reserved != 0 || result == nullptr)
         return ERROR_INVALID_PARAMETER;
     *result = nullptr;

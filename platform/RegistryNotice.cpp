@@ -26,10 +26,10 @@ std::int64_t currentSecond()
 
 std::optional<RegistryNotice::Moment> RegistryNotice::now()
 {
-    const std::int64_t second = currentSecond();
-    if (!isMapped(second))
+    const std::int64_t current = currentSecond();
+    if (!isMapped(current))
         return std::nullopt;
-    return Moment{m_changes->load(std::memory_order_acquire), second};
+    return Moment{m_changes->load(std::memory_order_acquire), current};
 }
 
 void RegistryNotice::announce()
@@ -39,15 +39,15 @@ void RegistryNotice::announce()
 }
 
 // Another file in its place means that other processes count there.
-bool RegistryNotice::isMapped(std::int64_t second)
+bool RegistryNotice::isMapped(std::int64_t current)
 {
-    if (m_changes != nullptr && second == m_checkedAt)
+    if (m_changes != nullptr && current == m_checkedAt)
         return true;
     if (m_changes == nullptr || FileStamp::of(m_path).number != m_fileNumber) {
         unmap();
         map();
     }
-    m_checkedAt = second;
+    m_checkedAt = current;
     return m_changes != nullptr;
 }
 

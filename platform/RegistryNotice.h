@@ -31,7 +31,7 @@ public:
     void announce();
 
 private:
-    bool isMapped(std::int64_t second);
+    bool isMapped(std::int64_t current);
     void map();
     void unmap();
 

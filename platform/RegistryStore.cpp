@@ -4,6 +4,7 @@
 #include "storage/ProfileFolder.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -43,6 +44,7 @@ void RegistryStore::setUp(const QString &folder, const QStringList &keys)
     const QString registryFolder = folder + QStringLiteral("/registry");
     m_openKeys.clear();
     m_closed.clear();
+    m_found = {};
     m_keys = keys;
     m_notice = std::make_unique<RegistryNotice>(registryFolder);
     for (std::size_t root = 0; root < m_hives.size(); ++root)
@@ -108,8 +110,21 @@ LSTATUS RegistryStore::locate(HKEY handle, REGSAM rights, Place &place)
     return open->key != nullptr ? ERROR_SUCCESS : ERROR_KEY_DELETED;
 }
 
+bool RegistryStore::isFoundAgain(HKEY handle, std::u16string_view path)
+{
+    if (m_found.key == nullptr || handle != m_found.handle || path.size() != m_found.path.size() ||
+        std::memcmp(path.data(), m_found.path.data(), path.size() * sizeof(char16_t)) != 0)
+        return false;
+    m_found.hive->root(); // which may bring another revision
+    return m_found.revision == m_found.hive->revision();
+}
+
 LSTATUS RegistryStore::locateBelow(HKEY handle, std::u16string_view path, Place &place)
 {
+    if (isFoundAgain(handle, path)) {
+        place = {m_found.hive, m_found.key, {}};
+        return ERROR_SUCCESS;
+    }
     if (handle == HKEY_CLASSES_ROOT && !path.empty()) {
         place.hive = m_hives[CurrentUser].get();
         place.path = ClassesPath;
@@ -125,12 +140,13 @@ LSTATUS RegistryStore::locateBelow(HKEY handle, std::u16string_view path, Place 
     if (below == nullptr)
         return ERROR_FILE_NOT_FOUND;
     place.key = below;
+    if (place.path.empty() && find(handle) == nullptr)
+        m_found = {handle, std::u16string(path), place.hive, place.hive->revision(), below};
     return ERROR_SUCCESS;
 }
 
 HKEY RegistryStore::open(const Place &place, std::u16string_view path, RegistryKey &key, REGSAM access)
 {
-    const std::u16string base(place.path); // may be an open key's own, which can move
     std::size_t index = m_openKeys.size();
     if (m_closed.empty()) {
         m_openKeys.emplace_back();
@@ -143,18 +159,17 @@ HKEY RegistryStore::open(const Place &place, std::u16string_view path, RegistryK
     open.key = &key;
     open.revision = place.hive->revision();
     open.access = access;
-    join(open.path, base, path);
+    join(open.path, place.path, path);
     return reinterpret_cast<HKEY>((index + 1) * HandleStep);
 }
 
 LSTATUS RegistryStore::close(HKEY handle)
 {
-    Place root;
-    if (locateRoot(handle, root))
-        return ERROR_SUCCESS;
     OpenKey *open = find(handle);
-    if (open == nullptr)
-        return ERROR_INVALID_HANDLE;
+    if (open == nullptr) {
+        Place root;
+        return locateRoot(handle, root) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE;
+    }
     open->hive = nullptr;
     m_closed.push_back(placeOf(handle));
     return ERROR_SUCCESS;

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <array>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -52,19 +53,30 @@ private:
         std::u16string path;
         REGSAM access;
     };
+    // The key that was found last: programs read one value of it after the other.
+    struct FoundKey
+    {
+        HKEY handle = nullptr;
+        std::u16string path;
+        RegistryHive *hive = nullptr;
+        std::uint64_t revision = 0;
+        RegistryKey *key = nullptr;
+    };
     enum Root { CurrentUser, LocalMachine, Users, CurrentConfiguration };
 
     RegistryStore();
     void complete(RegistryKey &root) const;
     OpenKey *find(HKEY handle);
+    bool isFoundAgain(HKEY handle, std::u16string_view path);
     bool locateRoot(HKEY handle, Place &place);
 
     std::mutex m_mutex;
     QStringList m_keys; // that exist, whatever the files say
     std::unique_ptr<RegistryNotice> m_notice;
     std::array<std::unique_ptr<RegistryHive>, 4> m_hives;
-    std::vector<OpenKey> m_openKeys;
+    std::deque<OpenKey> m_openKeys;    // which stay where they are: a place names the path of one
     std::vector<std::size_t> m_closed; // places of m_openKeys
+    FoundKey m_found;
     bool m_isBatch = false;
     std::vector<RegistryHive *> m_batch; // hives that it has changed
 };

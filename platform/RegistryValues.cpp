@@ -13,11 +13,6 @@ bool isText(DWORD type)
     return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
 }
 
-std::u16string_view nameArgument(LPCWSTR name)
-{
-    return name != nullptr ? std::u16string_view(name) : std::u16string_view();
-}
-
 // A unit of a text that need not be aligned.
 bool isZeroUnit(const BYTE *unit)
 {
@@ -122,7 +117,7 @@ LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, DWORD *reserved, DWORD *type, B
     if (reserved != nullptr || (data != nullptr && size == nullptr))
         return ERROR_INVALID_PARAMETER;
     return lookAt(key, KEY_QUERY_VALUE, [&](const RegistryKey &found) -> LSTATUS {
-        const RegistryValue *value = found.values.find(nameArgument(name));
+        const RegistryValue *value = found.values.find(textArgument(name));
         return value != nullptr ? copyData(*value, type, data, size) : ERROR_FILE_NOT_FOUND;
     });
 }
@@ -131,12 +126,12 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE *da
 {
     if (data == nullptr && size > 0)
         return ERROR_NOACCESS;
-    if (!isRegistryValueName(nameArgument(name)))
+    if (!isRegistryValueName(textArgument(name)))
         return ERROR_INVALID_PARAMETER;
     const QByteArray bytes(reinterpret_cast<const char *>(data),
                            static_cast<qsizetype>(sizeWithTerminator(type, data, size)));
     return change(key, [&](RegistryHive &hive, RegistryKey &found) -> LSTATUS {
-        hive.setValue(found, nameArgument(name), type, bytes);
+        hive.setValue(found, textArgument(name), type, bytes);
         return ERROR_SUCCESS;
     });
 }
@@ -144,9 +139,9 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE *da
 LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name)
 {
     return change(key, [&](RegistryHive &hive, RegistryKey &found) -> LSTATUS {
-        if (found.values.find(nameArgument(name)) == nullptr)
+        if (found.values.find(textArgument(name)) == nullptr)
             return ERROR_FILE_NOT_FOUND;
-        hive.removeValue(found, nameArgument(name));
+        hive.removeValue(found, textArgument(name));
         return ERROR_SUCCESS;
     });
 }
