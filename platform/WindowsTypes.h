@@ -36,7 +36,7 @@ using UINT = std::uint32_t;
 inline constexpr BOOL FALSE = 0;
 inline constexpr BOOL TRUE = 1;
 inline constexpr DWORD MAXIMUM_ALLOWED = 0x02000000; // every right that there is
-inline constexpr DWORD MAX_PATH = 260; // UTF-16 units with the terminator
+inline constexpr DWORD MAX_PATH = 260;               // UTF-16 units with the terminator
 
 inline LPCWSTR windowsText(const char16_t *text)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace drawing {
@@ -17,8 +18,7 @@ public:
     char16_t character(std::string_view bytes) const;
 
 private:
-    unsigned m_number;
-    void *m_converter; // of the system's library, where it has one
+    std::uintptr_t m_handle; // what the system's own functions know the code page by
 };
 
 } // namespace drawing

@@ -10,6 +10,11 @@ namespace {
 
 const iconv_t NoConverter = reinterpret_cast<iconv_t>(-1);
 
+iconv_t converterOf(std::uintptr_t handle)
+{
+    return reinterpret_cast<iconv_t>(handle);
+}
+
 std::string converterName(unsigned number)
 {
     constexpr unsigned FirstIso = 28591, LastIso = 28599, Macintosh = 10000;
@@ -21,27 +26,28 @@ std::string converterName(unsigned number)
 } // namespace
 
 SystemCodePage::SystemCodePage(unsigned number)
-    : m_number(number), m_converter(iconv_open("UTF-16LE", converterName(number).c_str()))
+    : m_handle(reinterpret_cast<std::uintptr_t>(iconv_open("UTF-16LE", converterName(number).c_str())))
 {
 }
 
 SystemCodePage::~SystemCodePage()
 {
-    if (m_converter != NoConverter)
-        iconv_close(m_converter);
+    if (converterOf(m_handle) != NoConverter)
+        iconv_close(converterOf(m_handle));
 }
 
 char16_t SystemCodePage::character(std::string_view bytes) const
 {
-    if (m_converter == NoConverter)
+    const iconv_t converter = converterOf(m_handle);
+    if (converter == NoConverter)
         return 0;
     char *in = const_cast<char *>(bytes.data()); // iconv does not write to it
     std::size_t inLeft = bytes.size();
     char16_t character = 0;
     char *out = reinterpret_cast<char *>(&character);
     std::size_t outLeft = sizeof character;
-    iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
-    const bool converted = iconv(m_converter, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1);
+    iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    const bool converted = iconv(converter, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1);
     return converted && inLeft == 0 && outLeft == 0 ? character : u'\0';
 }
 
