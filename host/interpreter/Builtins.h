@@ -46,9 +46,8 @@ public:
     template <class T> T *native(std::uint32_t index, std::u16string_view predicate) const
     {
         const Value value = (*this)[index];
-        if (value.isObject() && value.asObject()->kind == ObjectKind::Native)
-            if (auto *thing = dynamic_cast<T *>(static_cast<Native *>(value.asObject())))
-                return thing;
+        if (T *thing = asNative<T>(value))
+            return thing;
         badArgument(predicate, value);
     }
 

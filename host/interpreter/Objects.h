@@ -98,4 +98,11 @@ struct Native : Object
     virtual bool equals(const Native &other) const { return this == &other; } // for eq, = and equal
 };
 
+// The native object of this class in a value; null when it is something else.
+template <class T> T *asNative(Value value)
+{
+    const bool isNative = value.isObject() && value.asObject()->kind == ObjectKind::Native;
+    return isNative ? dynamic_cast<T *>(static_cast<Native *>(value.asObject())) : nullptr;
+}
+
 } // namespace lisp

@@ -3,6 +3,8 @@
 #include "host/interpreter/Compiler.h"
 #include "host/kernel/PointValues.h"
 #include "host/kernel/TextFormat.h"
+#include "host/kernel/drawing/EntityName.h"
+#include "host/kernel/drawing/SelectionSet.h"
 #include "lisp/TypeCode.h"
 
 #include <cstdint>
@@ -22,6 +24,8 @@ void ArgumentList::add(Value value)
         addNode(TypeNil);
     else if (value == m_machine.boolean(true))
         addNode(TypeTrue);
+    else if (value.isObject())
+        addObject(value);
     else if (!value.isCons())
         addNode(TypeNone);
     else if (!addPoint(value))
@@ -51,6 +55,16 @@ void ArgumentList::addString(std::u16string_view text)
         node->resval.string = duplicateWide(text);
     else
         node->resval.narrowString = duplicateNarrow(text);
+}
+
+void ArgumentList::addObject(Value object)
+{
+    if (const auto *entity = lisp::asNative<EntityName>(object))
+        addNode(TypeEntity)->resval.name = entity->name;
+    else if (const auto *set = lisp::asNative<SelectionSet>(object))
+        addNode(TypeSelectionSet)->resval.name = set->nodeName();
+    else
+        addNode(TypeNone);
 }
 
 bool ArgumentList::addPoint(Value list)

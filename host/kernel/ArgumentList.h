@@ -7,8 +7,8 @@ enum class TextWidth { Wide, Narrow };
 
 // Turns LISP values into result-buffer nodes of the frame:
 // integer 5003 when it fits 16 bits, else 5010; real 5001; string 5005; nil 5019; T 5021; a list of two or three
-// numbers one 5002 or 5009 node; any other list 5016 … 5017, with 5018 before the tail of a dotted pair; anything else
-// a lone 5000. Strings are allocated with malloc and belong to their nodes.
+// numbers one 5002 or 5009 node; any other list 5016 … 5017, with 5018 before the tail of a dotted pair; an entity name
+// 5006; a selection set 5007; anything else a lone 5000. Strings are allocated with malloc and belong to their nodes.
 class ArgumentList
 {
 public:
@@ -25,6 +25,7 @@ private:
     void addInteger(std::int32_t number);
     void addString(std::u16string_view text);
     void addList(lisp::Value list);
+    void addObject(lisp::Value object);
     bool addPoint(lisp::Value list);
 
     lisp::Machine &m_machine;

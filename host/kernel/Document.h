@@ -2,6 +2,8 @@
 
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
+#include "host/kernel/drawing/DrawingDatabase.h"
+#include "host/kernel/drawing/SelectionSet.h"
 #include "host/kernel/input/DocumentInput.h"
 #include "host/kernel/input/TypedLines.h"
 #include "host/kernel/variables/SystemVariables.h"
@@ -18,7 +20,7 @@ public:
     static Document &of(lisp::Machine &machine) { return *static_cast<Document *>(machine.owner()); }
 
     LispHost *lispHost() override { return &m_lispHost; }
-    OdDbDatabase *database() override { return nullptr; }
+    OdDbDatabase *database() override { return m_database.get(); }
     CFxUserInput *userInput() override { return &m_userInput; }
     QWidget *window() override;
     lisp::Machine &machine() { return m_machine; }
@@ -26,8 +28,17 @@ public:
     SystemVariables &variables() { return m_variables; }
     Prompter &prompter() { return m_lispHost.prompter(); }
 
+    // Empty at first. Entity names and selection sets of a drawing that is replaced lead nowhere.
+    drawing::Drawing &drawing() { return *m_drawing; }
+    void openDrawing(const QString &path); // throws drawing::ReadError and keeps the drawing that it has
+    DrawingDatabase &drawingDatabase() { return *m_database; }
+    SelectionSets &selectionSets() { return m_selectionSets; }
+
 private:
     HostServices &m_services;
+    std::unique_ptr<drawing::Drawing> m_drawing;
+    std::unique_ptr<DrawingDatabase> m_database;
+    SelectionSets m_selectionSets; // outlives the machine, whose values are the sets
     lisp::Machine m_machine;
     SystemVariables m_variables;
     SubstituteLispHost m_lispHost;

@@ -41,9 +41,10 @@ void Host::message(const CFxString &text)
     m_services.print(u'\n' + text.toQString().toStdU16String());
 }
 
-OdDbObjectId Host::objectId(const LispName &)
+OdDbObjectId Host::objectId(const LispName &name)
 {
-    return OdDbObjectId(); // documents have no drawing yet
+    Document *document = m_documents.active();
+    return document ? document->drawingDatabase().objectId(name) : OdDbObjectId();
 }
 
 // Every text is shown in the same way, whatever the option.

@@ -1,6 +1,8 @@
 #include "host/kernel/ResultBuilder.h"
 
+#include "host/kernel/Document.h"
 #include "host/kernel/PointValues.h"
+#include "host/kernel/drawing/EntityName.h"
 #include "lisp/TypeCode.h"
 
 #include <string_view>
@@ -55,11 +57,21 @@ public:
             return m_machine.string(node.resval.string ? std::u16string_view(node.resval.string) : u"");
         case TypeTrue:
             return m_machine.boolean(true);
+        case TypeEntity:
+            return entityName(m_machine, node.resval.name);
+        case TypeSelectionSet:
+            return selectionSet(node.resval.name);
         case TypeListBegin:
             return readItems();
         default:
             return Value::nil();
         }
+    }
+
+    Value selectionSet(const LispName &name) const
+    {
+        SelectionSet *set = Document::of(m_machine).selectionSets().find(name);
+        return set ? Value::object(set) : Value::nil();
     }
 
     // Whether the list that was read last had its 5017.

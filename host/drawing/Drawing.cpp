@@ -1,0 +1,21 @@
+#include "host/drawing/Drawing.h"
+
+#include "host/drawing/NewDrawing.h"
+
+namespace drawing {
+
+namespace {
+
+std::uint32_t nextNumber()
+{
+    static std::uint32_t last = 0;
+    return ++last;
+}
+
+} // namespace
+
+Drawing::Drawing() : m_database(std::make_unique<Database>(newDrawing())), m_number(nextNumber()) {}
+
+Drawing::Drawing(const QString &path) : m_database(Database::read(path)), m_path(path), m_number(nextNumber()) {}
+
+} // namespace drawing

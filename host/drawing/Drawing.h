@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+#include "host/drawing/SymbolTables.h"
+
+namespace drawing {
+
+// An open drawing: its records, and what finds them by name. Entities of one drawing mean nothing in another.
+class Drawing
+{
+public:
+    Drawing();                             // the empty one
+    explicit Drawing(const QString &path); // throws ReadError
+    Drawing(const Drawing &) = delete;
+    Drawing &operator=(const Drawing &) = delete;
+
+    Database &database() { return *m_database; }
+    const Database &database() const { return *m_database; }
+    SymbolTables &tables() { return m_tables; }
+    const SymbolTables &tables() const { return m_tables; }
+
+    const QString &path() const { return m_path; } // empty: it has no file yet
+    void setPath(const QString &path) { m_path = path; }
+    std::uint32_t number() const { return m_number; } // from 1; no other drawing of this process has it
+
+private:
+    std::unique_ptr<Database> m_database;
+    SymbolTables m_tables{*m_database};
+    QString m_path;
+    std::uint32_t m_number;
+};
+
+} // namespace drawing

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/drawing/Record.h"
+#include "host/interpreter/Objects.h"
+#include "lisp/resbuf.h"
+
+#include <map>
+#include <unordered_map>
+#include <vector>
+
+namespace lisp {
+class Machine;
+class Value;
+} // namespace lisp
+
+struct SelectionSet;
+
+// The selection sets of one document that programs still hold, by their numbers.
+class SelectionSets
+{
+public:
+    SelectionSet *find(const LispName &name) const; // null when there is none
+
+private:
+    friend struct SelectionSet;
+    std::map<std::int64_t, SelectionSet *> m_sets;
+    std::int64_t m_last = 0;
+};
+
+// Entities in the order in which they were added, each once. They belong to the drawing that is open in the document;
+// some may be erased.
+struct SelectionSet final : lisp::Native
+{
+    explicit SelectionSet(SelectionSets &owner);
+    ~SelectionSet() override;
+
+    std::u16string_view typeName() const override { return u"PICKSET"; }
+    std::u16string printed() const override;
+
+    bool add(drawing::RecordId entity); // false: it is in there already
+    bool remove(drawing::RecordId entity);
+    bool contains(drawing::RecordId entity) const { return m_places.count(entity) != 0; }
+    const std::vector<drawing::RecordId> &entities() const { return m_entities; }
+
+    LispName nodeName() const { return {{m_number, 0}}; }
+
+private:
+    SelectionSets &m_owner;
+    std::int64_t m_number;
+    std::vector<drawing::RecordId> m_entities;
+    std::unordered_map<drawing::RecordId, std::size_t> m_places;
+};
