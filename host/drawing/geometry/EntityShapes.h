@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/drawing/Drawing.h"
+#include "host/drawing/geometry/Shapes.h"
+
+namespace geometry {
+
+// What a shape is a part of.
+struct Origin
+{
+    drawing::RecordId entity = drawing::NoRecord; // whose groups describe it; of polylines the POLYLINE
+    std::span<const drawing::RecordId> inserts;   // INSERTs and DIMENSIONs it stands in, the outermost first
+
+    // What was asked for: a pick selects it.
+    drawing::RecordId outermost() const { return inserts.empty() ? entity : inserts.front(); }
+};
+
+// Takes the shapes of an entity, in world coordinates and in drawing order. The shapes and the origin are valid during
+// the call. What a sink does not care for it leaves out.
+class ShapeSink
+{
+public:
+    virtual ~ShapeSink() = default;
+    virtual void path(const Path &, const Origin &) {}
+    virtual void area(const Area &, const Origin &) {}
+    virtual void face(const Face &, const Origin &) {}
+    virtual void text(const Text &, const Origin &) {}
+    virtual void paragraphs(const Paragraphs &, const Origin &) {}
+    virtual void point(const Vector &, const Origin &) {}
+    virtual void image(const Image &, const Origin &) {}
+    virtual void ray(const Ray &, const Origin &) {}
+    virtual void window(const Window &, const Origin &) {}
+
+    // Whether each of the copies of an array is wanted, or only those in its corners, which have the same extents.
+    virtual bool wantsEveryCopy() const { return true; }
+};
+
+// Gives the shapes of an entity, which may be erased. Inserts are resolved, with their arrays and attributes; an
+// insert of a block in itself, at whatever depth, is left out. Paper space is not looked at, nor visibility: invisible
+// entities and layers are the caller's; but invisible attributes of an insert are left out, and the attribute
+// definitions in its block.
+//
+// False when shapes were left out because there were too many (a million entities for one, as in drawings that were
+// made to hang programs).
+bool shapesOf(const drawing::Drawing &drawing, drawing::RecordId entity, ShapeSink &sink);
+
+} // namespace geometry
