@@ -12,6 +12,7 @@ Document::Document(HostServices &services)
     bindUnits(m_variables, m_machine.unitVariables());
     bindInput(m_variables, prompter());
     computeEnvironment(m_variables);
+    computeCommandLine(m_variables, *this);
     m_machine.setOwner(this);
     m_machine.setLineInput(&m_typedLines);
     defineHostBuiltins(m_machine);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "host/commands/CommandLine.h"
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
+#include "host/kernel/commands/DocumentSession.h"
 #include "host/kernel/drawing/DrawingDatabase.h"
 #include "host/kernel/drawing/SelectionSet.h"
 #include "host/kernel/input/DocumentInput.h"
@@ -33,6 +35,7 @@ public:
     void openDrawing(const QString &path); // throws drawing::ReadError and keeps the drawing that it has
     DrawingDatabase &drawingDatabase() { return *m_database; }
     SelectionSets &selectionSets() { return m_selectionSets; }
+    commands::CommandLine &commandLine() { return m_commandLine; }
 
 private:
     HostServices &m_services;
@@ -44,4 +47,6 @@ private:
     SubstituteLispHost m_lispHost;
     DocumentInput m_userInput{m_lispHost.prompter()};
     TypedLines m_typedLines{m_lispHost.prompter()};
+    DocumentSession m_session{*this};
+    commands::CommandLine m_commandLine{m_session};
 };

@@ -9,11 +9,6 @@ int SubstituteLispHost::regApp(const char16_t *)
     return StatusError;
 }
 
-int SubstituteLispHost::commandNarrow(const resbuf *)
-{
-    return StatusError;
-}
-
 resbuf *SubstituteLispHost::entGet(const LispName *, bool)
 {
     return nullptr;

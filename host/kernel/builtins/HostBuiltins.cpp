@@ -2,6 +2,6 @@
 
 void defineHostBuiltins(lisp::Machine &machine)
 {
-    for (const auto family : {inputBuiltins(), registryBuiltins(), variableBuiltins(), windowBuiltins()})
+    for (const auto family : {commandBuiltins(), inputBuiltins(), registryBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/kernel/input/Keywords.h"
+#include "host/interpreter/text/Keywords.h"
 #include "host/kernel/input/PointText.h"
 #include "host/kernel/input/UserInput.h"
 
@@ -20,7 +20,7 @@ struct InputOptions
     };
 
     int bits = 0;
-    Keywords keywords;
+    lisp::Keywords keywords;
 };
 
 // Asks the person at the command line for a value of one kind, as the get… functions do: keywords and limits of initget
@@ -33,7 +33,7 @@ class Prompter
 public:
     Prompter(HostServices &services, lisp::Machine &machine) : m_services(services), m_machine(machine) {}
 
-    void initGet(int bits, std::u16string_view keywords) { m_options = {bits, Keywords(keywords)}; }
+    void initGet(int bits, std::u16string_view keywords) { m_options = {bits, lisp::Keywords(keywords)}; }
 
     int integer(std::u16string_view prompt, std::int32_t &value); // -32768 to 32767
     int real(std::u16string_view prompt, double &value);
@@ -54,6 +54,9 @@ public:
     // The keyword, or the text that was let through as it stands, of the last request that gave StatusKeyword.
     const std::u16string &lastInput() const { return m_lastInput; }
 
+    // How typed coordinates and angles are read at this moment.
+    CoordinateContext context() const;
+
     LispPoint lastPoint{0, 0, 0}; // where "@" begins
     double angleBase = 0;         // radians
     bool clockwise = false;
@@ -68,7 +71,6 @@ private:
     int askSecondPoint(LispPoint first, LispPoint &second);
     int askDirection(std::u16string_view prompt, const LispPoint *base, double &direction);
     InputOptions takeOptions() { return std::exchange(m_options, {}); }
-    CoordinateContext context() const;
 
     HostServices &m_services;
     lisp::Machine &m_machine;

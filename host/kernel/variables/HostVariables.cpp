@@ -1,6 +1,7 @@
 #include "host/kernel/variables/HostVariables.h"
 
 #include "host/interpreter/Machine.h"
+#include "host/kernel/Document.h"
 #include "host/kernel/input/Prompter.h"
 #include "host/kernel/variables/SystemVariables.h"
 
@@ -77,4 +78,18 @@ void computeEnvironment(SystemVariables &variables)
     variables.compute(u"PLATFORM", [] { return QSysInfo::prettyProductName().toStdU16String(); });
     variables.compute(u"TEMPPREFIX", [] { return folderName(QDir::tempPath()); });
     variables.compute(u"DWGPREFIX", [] { return folderName(QDir::currentPath()); });
+}
+
+void computeCommandLine(SystemVariables &variables, Document &document)
+{
+    const auto undoControl = [&document] {
+        constexpr int IsOn = 1, IsAutomatic = 4, HasGroup = 8;
+        const drawing::Journal &journal = document.drawing().database().journal();
+        const int group = journal.isGroupOpen() ? HasGroup : 0;
+        return journal.recording() == drawing::Journal::Recording::On ? IsOn | IsAutomatic | group : 0;
+    };
+    variables.compute(u"CMDACTIVE", [&document] { return document.commandLine().isActive() ? 1 : 0; });
+    variables.compute(u"CMDNAMES", [&document] { return document.commandLine().names(); });
+    variables.compute(u"LASTPROMPT", [&document] { return document.commandLine().lastPrompt(); });
+    variables.compute(u"UNDOCTL", undoControl);
 }

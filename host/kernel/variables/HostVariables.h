@@ -1,5 +1,6 @@
 #pragma once
 
+class Document;
 class Prompter;
 class SystemVariables;
 
@@ -13,3 +14,6 @@ void bindInput(SystemVariables &variables, Prompter &prompter);
 
 // The variables that tell of the machine: clock, user, platform, folders.
 void computeEnvironment(SystemVariables &variables);
+
+// The variables that tell of the commands that run, and of undo.
+void computeCommandLine(SystemVariables &variables, Document &document);

@@ -1,6 +1,8 @@
-#include "host/kernel/input/Keywords.h"
+#include "host/interpreter/text/Keywords.h"
 
 #include <gtest/gtest.h>
+
+using lisp::Keywords;
 
 namespace {
 

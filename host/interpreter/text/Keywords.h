@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace lisp {
+
 // The keywords of one request, as initget names them: words between blanks. "LType" may be shortened to its capitals,
 // LT, and "LTYPE,LT" says the same. Behind a word that begins with "_" stand the names that programs get for the words
 // before it, in the same order: "Oui Non _Yes No".
@@ -31,3 +33,5 @@ private:
 
     std::vector<Keyword> m_keywords;
 };
+
+} // namespace lisp

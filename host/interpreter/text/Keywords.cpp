@@ -1,8 +1,10 @@
-#include "host/kernel/input/Keywords.h"
+#include "host/interpreter/text/Keywords.h"
 
 #include <QStringView>
 
 #include <algorithm>
+
+namespace lisp {
 
 namespace {
 
@@ -85,3 +87,5 @@ std::optional<std::u16string> Keywords::match(std::u16string_view typed) const
                 return keyword.name;
     return std::nullopt;
 }
+
+} // namespace lisp

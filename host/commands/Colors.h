@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/drawing/Group.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace commands {
+
+// A colour as people name it.
+struct Color
+{
+    static constexpr int ByBlock = 0, ByLayer = 256;
+
+    int index = ByLayer;                  // 1 to 255, ByBlock or ByLayer
+    std::optional<std::int64_t> rgb = {}; // 0xRRGGBB, before the index
+
+    bool operator==(const Color &) const = default;
+};
+
+// "red", "5", "BYLAYER", "RGB:10,20,30" and "10,20,30".
+std::optional<Color> colorFromText(std::u16string_view text);
+std::u16string colorText(const Color &color); // as CECOLOR has it
+
+// Gives an entity the colour: its groups 62 or 420, behind its layer, which a colour by layer does without.
+void setColor(drawing::GroupList &groups, const Color &color);
+
+} // namespace commands

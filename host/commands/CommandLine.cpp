@@ -1,0 +1,167 @@
+#include "host/commands/CommandLine.h"
+
+namespace commands {
+
+namespace {
+
+constexpr std::u16string_view SelectName = u"SELECT";
+
+bool isTransparent(const std::u16string &typed)
+{
+    return typed.starts_with(u'\'');
+}
+
+} // namespace
+
+CommandLine::~CommandLine()
+{
+    while (!m_running.empty()) // the innermost first
+        m_running.pop_back();
+}
+
+CommandLine::Result CommandLine::give(const std::vector<Input> &inputs)
+{
+    m_lastName.clear();
+    for (const Input &input : inputs)
+        if (const Result result = give(input); result != Result::Taken)
+            return result;
+    finishSelecting();
+    showPrompt();
+    return Result::Taken;
+}
+
+CommandLine::Result CommandLine::give(const Input &input)
+{
+    const auto *text = std::get_if<std::u16string>(&input);
+    if (isActive() && text && *text == Pause)
+        return askPerson();
+    if (isActive() && !(text && isTransparent(*text)))
+        return offer(input);
+    if (text && !text->empty() && *text != u" ")
+        return start(*text);
+    return Result::Taken; // Enter, or a value that nobody asked for
+}
+
+CommandLine::Result CommandLine::start(const std::u16string &typed)
+{
+    const CommandRow *row = findCommand(typed);
+    if (!row && m_session.variable(commandName(typed)))
+        row = &variableCommand();
+    if (!row) {
+        m_session.print(u"\nUnknown command \"" + commandName(typed) + u"\".\n");
+        return Result::Unknown;
+    }
+    if (row->undo == CommandRow::Undo::OneStep && !isActive())
+        m_session.drawing().database().journal().nextStep();
+    const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
+    m_running.push_back(std::make_unique<Running>(*row, commandName(typed), m_session, echoing));
+    running().followsSelect = m_lastName == SelectName;
+    echo(u'\n' + typed);
+    proceed([this] { running().task.start(); });
+    return Result::Taken;
+}
+
+// Goes on with the running command, and takes it from the list when that was its end.
+template <class Step> void CommandLine::proceed(Step step)
+{
+    Running &current = running();
+    current.promptIsShown = false;
+    step();
+    if (!current.task.isDone())
+        return;
+    const std::unique_ptr<Running> ended = std::move(m_running.back());
+    m_running.pop_back();
+    m_lastName = ended->context.name();
+    try {
+        ended->task.takeResult();
+    } catch (const Cancelled &) {
+        if (ended->context.echo() == Echo::On)
+            m_session.print(u"\n*Cancel*");
+    } catch (const CommandError &error) {
+        m_session.print(u'\n' + error.message + u'\n');
+    }
+}
+
+CommandLine::Result CommandLine::offer(const Input &input)
+{
+    Request &request = *running().context.ask().waiting();
+    if (!running().promptIsShown)
+        echo(u'\n' + request.prompt());
+    echo(shown(input));
+    m_lastPrompt = request.prompt() + shown(input);
+    running().promptIsShown = false;
+    running().followsSelect = false;
+    switch (request.offer(input)) {
+    case Request::Outcome::Answered:
+        proceed([this] { running().context.ask().takeWaiting()->resume(); });
+        break;
+    case Request::Outcome::Refused:
+        m_session.print(u'\n' + request.complaint() + u'\n');
+        break;
+    case Request::Outcome::WantsMore:
+        break;
+    }
+    return Result::Taken;
+}
+
+CommandLine::Result CommandLine::askPerson()
+{
+    const Request &request = *running().context.ask().waiting();
+    const std::optional<std::u16string> reply = m_session.request(request.kind(), u'\n' + request.prompt());
+    if (!reply) {
+        cancel();
+        return Result::Cancelled;
+    }
+    running().promptIsShown = true;
+    return offer(*reply);
+}
+
+void CommandLine::cancel()
+{
+    while (isActive()) {
+        running().context.ask().waiting()->cancel();
+        proceed([this] { running().context.ask().takeWaiting()->resume(); });
+    }
+}
+
+// SELECT leaves its objects selected. A command that comes right after it and is left at its first "Select objects"
+// takes them; one that is given objects of its own does not, whatever PICKFIRST says.
+void CommandLine::finishSelecting()
+{
+    if (!isActive() || !running().followsSelect || m_session.integer(u"PICKFIRST") == 0)
+        return;
+    if (running().context.ask().waiting()->kind() != InputKind::Objects)
+        return;
+    offer(m_session.previousSelection());
+    offer(std::u16string());
+}
+
+void CommandLine::showPrompt()
+{
+    if (!isActive()) {
+        if (!m_lastName.empty())
+            echo(u"\n");
+        return;
+    }
+    if (running().promptIsShown)
+        return;
+    m_lastPrompt = running().context.ask().waiting()->prompt();
+    echo(u'\n' + m_lastPrompt);
+    running().promptIsShown = true;
+}
+
+void CommandLine::echo(std::u16string_view text)
+{
+    if (m_session.integer(u"CMDECHO") != 0)
+        m_session.print(text);
+}
+
+std::u16string CommandLine::names() const
+{
+    std::u16string names;
+    for (const auto &running : m_running)
+        names += (names.empty() ? u"" : u"'") + running->context.name();
+    return names;
+}
+
+} // namespace commands

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "host/commands/CommandTable.h"
+
+#include <memory>
+#include <vector>
+
+namespace commands {
+
+// The command line of a document. It takes one answer after the other: when no command runs, the name of one, else what
+// the running command asks for. A command keeps its place between calls.
+//
+// With CMDECHO 0 neither prompts nor answers are shown, only complaints.
+class CommandLine
+{
+public:
+    enum class Result { Taken, Unknown, Cancelled };
+
+    explicit CommandLine(Session &session) : m_session(session) {}
+    ~CommandLine();
+    CommandLine(const CommandLine &) = delete;
+    CommandLine &operator=(const CommandLine &) = delete;
+
+    // Gives a sequence of answers. An unknown name is complained about and the rest is dropped.
+    Result give(const std::vector<Input> &inputs);
+    Result give(const Input &input);
+    void cancel();     // Esc: ends all that runs
+    void showPrompt(); // of the running command, once
+
+    bool isActive() const { return !m_running.empty(); }
+    std::u16string names() const; // of the running commands, as CMDNAMES gives them
+    const std::u16string &lastPrompt() const { return m_lastPrompt; }
+
+    static constexpr std::u16string_view Pause = u"\\"; // instead of an answer: a person gives it
+
+private:
+    struct Running
+    {
+        Running(const CommandRow &row, std::u16string name, Session &session, Echo echo)
+            : context(session, std::move(name), echo), task(row.run(context))
+        {
+        }
+        Context context;
+        Command task;
+        bool followsSelect = false; // and was not given an answer yet
+        bool promptIsShown = false;
+    };
+
+    Result start(const std::u16string &typed);
+    Result offer(const Input &input);
+    Result askPerson();
+    void finishSelecting();
+    template <class Step> void proceed(Step step);
+    void echo(std::u16string_view text);
+    Running &running() { return *m_running.back(); }
+
+    Session &m_session;
+    std::vector<std::unique_ptr<Running>> m_running; // transparent ones behind those that they interrupt
+    std::u16string m_lastPrompt;
+    std::u16string m_lastName; // of the command that ended last in this sequence
+};
+
+} // namespace commands

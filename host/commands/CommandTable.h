@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/commands/Context.h"
+
+#include <span>
+#include <string_view>
+
+namespace commands {
+
+// One command. Its name is in capitals; one that begins with a hyphen is the form without dialog.
+struct CommandRow
+{
+    enum class Undo { OneStep, Own }; // Own: it deals with the journal itself, or changes nothing
+
+    std::u16string_view name;
+    Command (*run)(Context &context);
+    Undo undo = Undo::OneStep;
+};
+
+std::span<const CommandRow> commandTable();
+
+// Null when there is no such command. The name may have the prefixes "_" and "." and be in any case.
+const CommandRow *findCommand(std::u16string_view name);
+
+// What the name of a system variable runs: asks for its new value.
+const CommandRow &variableCommand();
+
+// The name without prefixes, in capitals.
+std::u16string commandName(std::u16string_view typed);
+
+} // namespace commands

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "host/commands/Questions.h"
+#include "host/commands/Session.h"
+#include "host/commands/Task.h"
+
+namespace commands {
+
+enum class Echo { Off, On };
+
+// What a running command works with.
+class Context
+{
+public:
+    Context(Session &session, std::u16string name, Echo echo)
+        : m_session(session), m_questions(session), m_name(std::move(name)), m_echo(echo)
+    {
+    }
+    Context(const Context &) = delete;
+    Context &operator=(const Context &) = delete;
+
+    const std::u16string &name() const { return m_name; } // in capitals, as it was called
+    Session &session() { return m_session; }
+    Questions &ask() { return m_questions; }
+    drawing::Drawing &drawing() { return m_session.drawing(); }
+    drawing::Database &database() { return drawing().database(); }
+    drawing::SymbolTables &tables() { return drawing().tables(); }
+
+    // A line for the person; nothing while commands are silent (CMDECHO 0).
+    void say(std::u16string_view text)
+    {
+        if (m_echo == Echo::On)
+            m_session.print(u'\n' + std::u16string(text));
+    }
+    Echo echo() const { return m_echo; }
+
+private:
+    Session &m_session;
+    Questions m_questions;
+    std::u16string m_name;
+    Echo m_echo;
+};
+
+} // namespace commands

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/drawing/Group.h"
+#include "host/drawing/Record.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace commands {
+
+using drawing::Point;
+using drawing::RecordId;
+
+using Selection = std::vector<RecordId>; // each entity once
+
+struct PickedEntity
+{
+    RecordId entity = drawing::NoRecord;
+    std::optional<Point> at; // where it was picked, if it was
+};
+
+// One answer to a command. Points are in the user's coordinate system. The empty text is Enter.
+using Input = std::variant<std::u16string, std::int64_t, double, Point, PickedEntity, Selection>;
+
+enum class InputKind { Point, Distance, Angle, Integer, Real, String, Keyword, Entity, Objects };
+
+// How an answer looks where it is echoed.
+std::u16string shown(const Input &input);
+
+} // namespace commands

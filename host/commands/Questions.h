@@ -1,0 +1,152 @@
+#pragma once
+
+#include "host/commands/Request.h"
+
+namespace commands {
+
+// The answers that are read: what fits is kept and gives Answered. Commands make them through Questions.
+
+class PointRequest final : public Awaited<Point>
+{
+public:
+    PointRequest(InputKind kind, const Question &question, Session &session, Request *&slot)
+        : Awaited(kind, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+};
+
+// A number, or the distance between the base, or a first point, and a point.
+class DistanceRequest final : public Awaited<double>
+{
+public:
+    DistanceRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Distance, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+    Outcome readPoint(const Point &point);
+};
+
+// Radians. A number is an angle in the current units; two points give the angle of the line between them.
+class AngleRequest final : public Awaited<double>
+{
+public:
+    AngleRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Angle, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+    Outcome readPoint(const Point &point);
+};
+
+class IntegerRequest final : public Awaited<int>
+{
+public:
+    IntegerRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Integer, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+};
+
+class RealRequest final : public Awaited<double>
+{
+public:
+    RealRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Real, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+};
+
+class StringRequest final : public Awaited<std::u16string>
+{
+public:
+    StringRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::String, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+};
+
+// A keyword and nothing else; there is never a value.
+class KeywordRequest final : public Awaited<bool>
+{
+public:
+    KeywordRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Keyword, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+};
+
+class EntityRequest final : public Awaited<PickedEntity>
+{
+public:
+    EntityRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Entity, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override;
+};
+
+// Whatever comes, for the command itself to read.
+class AnyRequest final : public Awaited<Input>
+{
+public:
+    AnyRequest(InputKind kind, const Question &question, Session &session, Request *&slot)
+        : Awaited(kind, question, session, slot)
+    {
+    }
+
+private:
+    Outcome read(const Input &input) override { return answer(input); }
+};
+
+// What a command asks with: co_await questions.point({...}).
+class Questions
+{
+public:
+    explicit Questions(Session &session) : m_session(session) {}
+
+    PointRequest point(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
+    PointRequest corner(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
+    DistanceRequest distance(const Question &question) { return {question, m_session, m_waiting}; }
+    AngleRequest angle(const Question &question) { return {question, m_session, m_waiting}; }
+    IntegerRequest integer(const Question &question) { return {question, m_session, m_waiting}; }
+    RealRequest real(const Question &question) { return {question, m_session, m_waiting}; }
+    StringRequest string(const Question &question) { return {question, m_session, m_waiting}; }
+    KeywordRequest keyword(const Question &question) { return {question, m_session, m_waiting}; }
+    EntityRequest entity(const Question &question) { return {question, m_session, m_waiting}; }
+    AnyRequest any(InputKind kind, const Question &question) { return {kind, question, m_session, m_waiting}; }
+
+    Request *waiting() const { return m_waiting; } // null: the command does not wait
+    Request *takeWaiting() { return std::exchange(m_waiting, nullptr); }
+
+private:
+    Session &m_session;
+    Request *m_waiting = nullptr;
+};
+
+// The number that an answer is, typed or given.
+std::optional<double> numberOf(const Input &input, const Session &session);
+std::optional<Point> pointOf(const Input &input, const Session &session);
+
+} // namespace commands

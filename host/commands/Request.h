@@ -1,0 +1,127 @@
+#pragma once
+
+#include "host/commands/Input.h"
+#include "host/interpreter/text/Keywords.h"
+
+#include <coroutine>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace commands {
+
+class Session;
+
+// What the waiting command is told when somebody presses Esc.
+struct Cancelled
+{
+};
+
+// A command that cannot go on; the text is shown.
+struct CommandError
+{
+    std::u16string message;
+};
+
+enum class Enter { Allowed, Refused };
+
+// The parts of a request that commands choose. The texts must live until the answer is there.
+struct Question
+{
+    std::u16string_view prompt;
+    std::u16string_view keywords = {}; // as initget's
+    Enter enter = Enter::Allowed;
+    std::optional<Point> base = {}; // where distances and angles begin
+};
+
+// What a command gets for a question: a value, one of the keywords, or nothing for Enter alone.
+template <class Value> struct Reply
+{
+    enum class Kind { Given, Keyword, Nothing };
+
+    Kind kind = Kind::Nothing;
+    Value value = {};
+    std::u16string keyword = {};
+
+    bool hasValue() const { return kind == Kind::Given; }
+    bool isNothing() const { return kind == Kind::Nothing; }
+    bool is(std::u16string_view word) const { return kind == Kind::Keyword && keyword == word; }
+};
+
+// A question that waits for its answer. A command co_awaits one at a time; the command line offers it what comes.
+class Request
+{
+public:
+    enum class Outcome { Answered, Refused, WantsMore };
+
+    Request(const Request &) = delete;
+    Request &operator=(const Request &) = delete;
+
+    InputKind kind() const { return m_kind; }
+    const std::u16string &prompt() const { return m_prompt; }
+    const std::u16string &complaint() const { return m_complaint; } // of the answer that was refused last
+    Outcome offer(const Input &input);
+    void cancel() { m_isCancelled = true; }
+    void resume() { m_waiting.resume(); }
+
+protected:
+    Request(InputKind kind, const Question &question, Session &session, Request *&slot);
+    ~Request() = default;
+
+    virtual Outcome read(const Input &input) = 0;
+    virtual void setNothing() = 0;
+    virtual void setKeyword(std::u16string keyword) = 0;
+    Outcome refuse(std::u16string_view complaint);
+
+    void wait(std::coroutine_handle<> waiting);
+    void checkCancelled() const;
+
+    Session &m_session;
+    std::optional<Point> m_base;
+    std::u16string m_prompt;
+
+private:
+    InputKind m_kind;
+    lisp::Keywords m_keywords;
+    Enter m_enter;
+    Request *&m_slot; // of the command line: the request that waits
+    std::u16string m_complaint;
+    std::coroutine_handle<> m_waiting;
+    bool m_isCancelled = false;
+};
+
+// The awaitable with the answer's type; what reads the answers derives from it.
+template <class Value> class Awaited : public Request
+{
+public:
+    bool await_ready() const noexcept { return false; }
+    void await_suspend(std::coroutine_handle<> waiting) { wait(waiting); }
+    Reply<Value> await_resume()
+    {
+        checkCancelled();
+        return std::move(m_reply);
+    }
+
+protected:
+    using Request::Request;
+    ~Awaited() = default;
+    void setNothing() override { m_reply.kind = Reply<Value>::Kind::Nothing; }
+    void setKeyword(std::u16string keyword) override
+    {
+        m_reply.kind = Reply<Value>::Kind::Keyword;
+        m_reply.keyword = std::move(keyword);
+    }
+    Outcome answer(Value value)
+    {
+        m_reply.kind = Reply<Value>::Kind::Given;
+        m_reply.value = std::move(value);
+        return Outcome::Answered;
+    }
+
+private:
+    Reply<Value> m_reply;
+};
+
+} // namespace commands

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "host/commands/Input.h"
+#include "host/drawing/Drawing.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace commands {
+
+using VariableValue = std::variant<int, double, std::u16string, Point>;
+
+// What the command line needs of the document that it belongs to. Variables are named in capitals and exist.
+class Session
+{
+public:
+    virtual drawing::Drawing &drawing() = 0;
+    virtual void openDrawing(const QString &path) = 0; // throws drawing::ReadError; replaces what drawing() gives
+
+    virtual std::optional<VariableValue>
+    variable(std::u16string_view name) const = 0;                                  // none: there is no such variable
+    virtual void assign(std::u16string_view name, const VariableValue &value) = 0; // read-only ones too
+    virtual bool set(std::u16string_view name, const VariableValue &value) = 0;    // as setvar; false: refused
+
+    // Typed texts, in the current units; "@" begins at LASTPOINT.
+    virtual std::optional<Point> pointOf(std::u16string_view text) const = 0;
+    virtual std::optional<double> distanceOf(std::u16string_view text) const = 0;
+    virtual std::optional<double> angleOf(std::u16string_view text) const = 0; // radians from the X axis
+    virtual std::u16string distanceText(double distance) const = 0;
+
+    virtual void print(std::u16string_view text) = 0;
+    // What a person answers; none: the request was cancelled. Shows the prompt and the answer itself.
+    virtual std::optional<std::u16string> request(InputKind kind, const std::u16string &prompt) = 0;
+
+    // The entities that "Previous" means; some may be erased. The implied ones are selected before a command begins.
+    virtual const Selection &previousSelection() const = 0;
+    virtual void setPreviousSelection(Selection selection) = 0;
+    virtual Selection takeImpliedSelection() = 0;
+
+    int integer(std::u16string_view name) const { return std::get<int>(*variable(name)); }
+    double real(std::u16string_view name) const { return std::get<double>(*variable(name)); }
+    std::u16string text(std::u16string_view name) const { return std::get<std::u16string>(*variable(name)); }
+    Point point(std::u16string_view name) const { return std::get<Point>(*variable(name)); }
+
+protected:
+    ~Session() = default;
+};
+
+} // namespace commands

@@ -1,0 +1,85 @@
+// Undo, step by step, by groups and to marks.
+
+#include "host/commands/Commands.h"
+
+namespace commands {
+
+namespace {
+
+Command control(Context &context)
+{
+    drawing::Journal &journal = context.database().journal();
+    const auto choice = co_await context.ask().keyword(
+        {u"Enter an UNDO control option [All/None/One/Combine/Layer] <All>: ", u"All None One Combine Layer"});
+    using Recording = drawing::Journal::Recording;
+    if (choice.is(u"None"))
+        journal.setRecording(Recording::Off);
+    else if (choice.isNothing() || choice.is(u"All") || choice.is(u"One"))
+        journal.setRecording(Recording::On);
+    else
+        co_await context.ask().keyword({u"Combine operations? [Yes/No] <Yes>: ", u"Yes No"});
+}
+
+Command back(Context &context)
+{
+    drawing::Journal &journal = context.database().journal();
+    if (!journal.hasMark()) {
+        const auto confirmed =
+            co_await context.ask().keyword({u"This will undo everything. OK? [Yes/No] <Y>: ", u"Yes No"});
+        if (confirmed.is(u"No"))
+            co_return;
+    }
+    journal.undoToMark();
+    context.say(journal.undoableSteps() == 0 ? u"Everything has been undone." : u"Mark encountered.");
+}
+
+void undoSteps(Context &context, int steps)
+{
+    if (steps < 1)
+        throw CommandError{u"Value must be between 1 and 32767."};
+    if (context.database().journal().undo(static_cast<std::size_t>(steps)) < static_cast<std::size_t>(steps))
+        context.say(u"Everything has been undone.");
+}
+
+} // namespace
+
+Command undo(Context &context)
+{
+    drawing::Journal &journal = context.database().journal();
+    if (journal.recording() == drawing::Journal::Recording::Off) {
+        co_await control(context);
+        co_return;
+    }
+    const auto choice = co_await context.ask().integer(
+        {u"Enter the number of operations to undo or [Auto/Control/BEgin/End/Mark/Back] <1>: ",
+         u"Auto Control BEgin End Mark Back Group"});
+    if (choice.is(u"BEgin") || choice.is(u"Group"))
+        journal.beginGroup();
+    else if (choice.is(u"End"))
+        journal.endGroup();
+    else if (choice.is(u"Mark"))
+        journal.setMark();
+    else if (choice.is(u"Back"))
+        co_await back(context);
+    else if (choice.is(u"Control"))
+        co_await control(context);
+    else if (choice.is(u"Auto"))
+        co_await context.ask().keyword({u"Enter UNDO Auto mode [ON/OFF] <On>: ", u"ON OFF"});
+    else
+        undoSteps(context, choice.hasValue() ? choice.value : 1);
+}
+
+Command undoOne(Context &context)
+{
+    undoSteps(context, 1);
+    co_return;
+}
+
+Command redo(Context &context)
+{
+    if (context.database().journal().redo() == 0)
+        context.say(u"Everything has been redone.");
+    co_return;
+}
+
+} // namespace commands

@@ -1,0 +1,98 @@
+#include "host/drawing/edit/GroupEditing.h"
+
+#include <algorithm>
+
+namespace drawing {
+
+namespace {
+
+constexpr int ExtrusionCode = 210;
+constexpr int FlatDimensions = 2;
+
+} // namespace
+
+Group integerGroup(int code, std::int64_t value)
+{
+    return {code, value};
+}
+
+Group realGroup(int code, double value)
+{
+    return {code, value};
+}
+
+Group textGroup(int code, std::u16string value)
+{
+    return {code, std::move(value)};
+}
+
+Group pointGroup(int code, const geometry::Vector &place)
+{
+    return {code, Point{place.x, place.y, place.z}};
+}
+
+Group flatPointGroup(int code, const geometry::Vector &place)
+{
+    return {code, Point{place.x, place.y, 0, FlatDimensions}};
+}
+
+std::int64_t integerOf(const GroupList &groups, int code, std::int64_t fallback)
+{
+    const auto *value = findValue<std::int64_t>(groups, code);
+    return value ? *value : fallback;
+}
+
+double realOf(const GroupList &groups, int code, double fallback)
+{
+    const auto *value = findValue<double>(groups, code);
+    return value ? *value : fallback;
+}
+
+std::u16string textOf(const GroupList &groups, int code, std::u16string fallback)
+{
+    const auto *value = findValue<std::u16string>(groups, code);
+    return value ? *value : fallback;
+}
+
+geometry::Vector placeOf(const GroupList &groups, int code, const geometry::Vector &fallback)
+{
+    const auto *value = findValue<Point>(groups, code);
+    return value ? geometry::vectorOf(*value) : fallback;
+}
+
+geometry::Vector extrusionOf(const GroupList &groups)
+{
+    return placeOf(groups, ExtrusionCode, {0, 0, 1});
+}
+
+bool hasGroup(const GroupList &groups, int code)
+{
+    return findGroup(groups, code) != nullptr;
+}
+
+void setGroup(GroupList &groups, const Group &group)
+{
+    const auto found = std::ranges::find(groups, group.code, &Group::code);
+    if (found != groups.end())
+        found->value = group.value;
+    else
+        groups.push_back(group);
+}
+
+void setGroupBehindLayer(GroupList &groups, const Group &group)
+{
+    const auto found = std::ranges::find(groups, group.code, &Group::code);
+    if (found != groups.end()) {
+        found->value = group.value;
+        return;
+    }
+    const auto layer = std::ranges::find(groups, groupcode::Layer, &Group::code);
+    groups.insert(layer != groups.end() ? layer + 1 : groups.end(), group);
+}
+
+void removeGroups(GroupList &groups, int code)
+{
+    std::erase_if(groups, [code](const Group &group) { return group.code == code; });
+}
+
+} // namespace drawing

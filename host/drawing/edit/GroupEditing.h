@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/drawing/Group.h"
+#include "host/drawing/geometry/Vector.h"
+
+#include <string>
+
+// Short ways to read and write the groups of an entity.
+namespace drawing {
+
+Group integerGroup(int code, std::int64_t value);
+Group realGroup(int code, double value);
+Group textGroup(int code, std::u16string value);
+Group pointGroup(int code, const geometry::Vector &place);
+Group flatPointGroup(int code, const geometry::Vector &place); // of two coordinates
+
+// The value of the first group with the code; else the fallback.
+std::int64_t integerOf(const GroupList &groups, int code, std::int64_t fallback = 0);
+double realOf(const GroupList &groups, int code, double fallback = 0);
+std::u16string textOf(const GroupList &groups, int code, std::u16string fallback = {});
+geometry::Vector placeOf(const GroupList &groups, int code, const geometry::Vector &fallback = {});
+geometry::Vector extrusionOf(const GroupList &groups);
+bool hasGroup(const GroupList &groups, int code);
+
+// Changes the first group with the code; when there is none, adds it at the end or behind the layer.
+void setGroup(GroupList &groups, const Group &group);
+void setGroupBehindLayer(GroupList &groups, const Group &group);
+void removeGroups(GroupList &groups, int code);
+
+} // namespace drawing

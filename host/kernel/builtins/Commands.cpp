@@ -1,0 +1,114 @@
+// Commands of the command line, sent by programs.
+
+#include "host/kernel/Document.h"
+#include "host/kernel/PointValues.h"
+#include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/drawing/EntityName.h"
+
+using commands::CommandLine;
+using commands::Input;
+using lisp::Args;
+using lisp::Machine;
+using lisp::Value;
+
+namespace {
+
+std::optional<commands::Point> pointOf(Value value)
+{
+    const std::optional<PointList> list = pointListOf(value);
+    return list ? std::optional(commands::Point{list->point.x, list->point.y, list->point.z}) : std::nullopt;
+}
+
+// An entity name, alone or in a list with the point where it was picked, as entsel gives it.
+std::optional<commands::PickedEntity> pickedEntity(Document &document, Value value)
+{
+    const Value first = value.isCons() ? value.asCons()->car : value;
+    const auto *entity = lisp::asNative<EntityName>(first);
+    if (!entity)
+        return std::nullopt;
+    const Value rest = value.isCons() ? value.asCons()->cdr : Value::nil();
+    const drawing::RecordId record = recordOf(document.drawing(), entity->name);
+    return commands::PickedEntity{record, rest.isCons() ? pointOf(rest.asCons()->car) : std::nullopt};
+}
+
+Input inputOf(Document &document, Value value)
+{
+    if (value.isString())
+        return std::u16string(value.asString()->view());
+    if (value.isInteger())
+        return std::int64_t{value.asInteger()};
+    if (value.isNumber())
+        return value.asDouble();
+    if (const auto *set = lisp::asNative<SelectionSet>(value))
+        return set->entities();
+    if (const std::optional<commands::Point> point = pointOf(value))
+        return *point;
+    if (const std::optional<commands::PickedEntity> picked = pickedEntity(document, value))
+        return *picked;
+    lisp::fail(u"bad argument type");
+}
+
+// Nil, and no argument at all, are Esc.
+CommandLine::Result run(Machine &machine, Args arguments)
+{
+    Document &document = Document::of(machine);
+    CommandLine &line = document.commandLine();
+    std::vector<Input> inputs;
+    for (const Value argument : arguments) {
+        if (argument.isTrue()) {
+            inputs.push_back(inputOf(document, argument));
+            continue;
+        }
+        line.give(std::exchange(inputs, {}));
+        line.cancel();
+    }
+    if (arguments.count() == 0)
+        line.cancel();
+    const CommandLine::Result result = line.give(inputs);
+    if (result == CommandLine::Result::Cancelled)
+        lisp::fail(u"Function cancelled");
+    return result;
+}
+
+Value command(Machine &machine, Args arguments)
+{
+    run(machine, arguments);
+    return Value::nil();
+}
+
+Value commandOrNil(Machine &machine, Args arguments)
+{
+    return machine.boolean(run(machine, arguments) == CommandLine::Result::Taken);
+}
+
+// For one whole command: nobody is asked, and nothing is left to later calls.
+Value wholeCommand(Machine &machine, Args arguments)
+{
+    CommandLine &line = Document::of(machine).commandLine();
+    for (const Value argument : arguments)
+        if (argument.isString() && argument.asString()->view() == CommandLine::Pause)
+            lisp::fail(u"invalid argument for command-s: pause");
+    const bool isTaken = run(machine, arguments) == CommandLine::Result::Taken;
+    if (line.isActive()) {
+        line.cancel();
+        lisp::fail(u"command-s: the command needs more input");
+    }
+    if (!isTaken)
+        lisp::fail(u"command-s: unknown command");
+    return Value::nil();
+}
+
+constexpr lisp::BuiltinRow rows[] = {
+    {"command", "(command [ANSWER ...])",
+     "Runs a command with answers to its prompts, or gives a running one more; nothing, or nil, is Esc.", command},
+    {"vl-cmdf", "(vl-cmdf [ANSWER ...])", "Does as command does; gives T, nil when there is no such command.",
+     commandOrNil},
+    {"command-s", "(command-s COMMAND [ANSWER ...])", "Runs one whole command; PAUSE is not allowed.", wholeCommand},
+};
+
+} // namespace
+
+std::span<const lisp::BuiltinRow> commandBuiltins()
+{
+    return rows;
+}

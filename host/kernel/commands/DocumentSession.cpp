@@ -1,0 +1,133 @@
+#include "host/kernel/commands/DocumentSession.h"
+
+#include "host/interpreter/text/LinearUnits.h"
+#include "host/kernel/Document.h"
+#include "host/kernel/HostServices.h"
+
+using commands::InputKind;
+using commands::Point;
+
+namespace {
+
+Point pointOfValue(const LispPoint &point)
+{
+    return {point.x, point.y, point.z};
+}
+
+commands::VariableValue forCommands(const VariableValue &value)
+{
+    if (const auto *point = std::get_if<LispPoint>(&value))
+        return pointOfValue(*point);
+    if (const auto *integer = std::get_if<int>(&value))
+        return *integer;
+    if (const auto *real = std::get_if<double>(&value))
+        return *real;
+    return std::get<std::u16string>(value);
+}
+
+VariableValue fromCommands(const commands::VariableValue &value)
+{
+    if (const auto *point = std::get_if<Point>(&value))
+        return LispPoint{point->x, point->y, point->z};
+    if (const auto *integer = std::get_if<int>(&value))
+        return *integer;
+    if (const auto *real = std::get_if<double>(&value))
+        return *real;
+    return std::get<std::u16string>(value);
+}
+
+InputRequest::Kind requestKind(InputKind kind)
+{
+    using Kind = InputRequest::Kind;
+    switch (kind) {
+    case InputKind::Point:
+        return Kind::Point;
+    case InputKind::Distance:
+        return Kind::Distance;
+    case InputKind::Angle:
+        return Kind::Angle;
+    case InputKind::Integer:
+        return Kind::Integer;
+    case InputKind::Real:
+        return Kind::Real;
+    case InputKind::String:
+        return Kind::String;
+    case InputKind::Keyword:
+        return Kind::Keyword;
+    case InputKind::Entity:
+        return Kind::Entity;
+    case InputKind::Objects:
+        break;
+    }
+    return Kind::Selection;
+}
+
+} // namespace
+
+drawing::Drawing &DocumentSession::drawing()
+{
+    return m_document.drawing();
+}
+
+void DocumentSession::openDrawing(const QString &path)
+{
+    m_document.openDrawing(path);
+    m_previousSelection.clear();
+    m_impliedSelection.clear();
+}
+
+std::optional<commands::VariableValue> DocumentSession::variable(std::u16string_view name) const
+{
+    const VariableRow *row = findVariable(name);
+    if (!row)
+        return std::nullopt;
+    return forCommands(m_document.variables().get(*row));
+}
+
+void DocumentSession::assign(std::u16string_view name, const commands::VariableValue &value)
+{
+    if (!set(name, value))
+        m_document.variables().assign(name, fromCommands(value));
+}
+
+bool DocumentSession::set(std::u16string_view name, const commands::VariableValue &value)
+{
+    const VariableRow *row = findVariable(name);
+    return row && m_document.variables().set(*row, fromCommands(value));
+}
+
+std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
+{
+    const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());
+    return point ? std::optional(pointOfValue(*point)) : std::nullopt;
+}
+
+std::optional<double> DocumentSession::distanceOf(std::u16string_view text) const
+{
+    return distanceFromText(text, m_document.prompter().context());
+}
+
+std::optional<double> DocumentSession::angleOf(std::u16string_view text) const
+{
+    const CoordinateContext context = m_document.prompter().context();
+    const std::optional<double> typed = angleFromText(text, context);
+    return typed ? std::optional(directionOf(*typed, context)) : std::nullopt;
+}
+
+std::u16string DocumentSession::distanceText(double distance) const
+{
+    const lisp::UnitVariables &units = m_document.machine().unitVariables();
+    const lisp::LinearUnits mode = lisp::linearUnits(units.lunits).value_or(lisp::LinearUnits::Decimal);
+    return lisp::rtos(distance, mode, units.luprec, {units.unitmode, units.dimzin});
+}
+
+void DocumentSession::print(std::u16string_view text)
+{
+    m_document.services().print(text);
+}
+
+std::optional<std::u16string> DocumentSession::request(InputKind kind, const std::u16string &prompt)
+{
+    const InputReply reply = m_document.services().input->request({requestKind(kind), prompt});
+    return reply.kind == InputReply::Kind::Text ? std::optional(reply.text) : std::nullopt;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/commands/Session.h"
+
+class Document;
+
+// A document as its command line sees it.
+class DocumentSession final : public commands::Session
+{
+public:
+    explicit DocumentSession(Document &document) : m_document(document) {}
+
+    drawing::Drawing &drawing() override;
+    void openDrawing(const QString &path) override;
+    std::optional<commands::VariableValue> variable(std::u16string_view name) const override;
+    void assign(std::u16string_view name, const commands::VariableValue &value) override;
+    bool set(std::u16string_view name, const commands::VariableValue &value) override;
+    std::optional<commands::Point> pointOf(std::u16string_view text) const override;
+    std::optional<double> distanceOf(std::u16string_view text) const override;
+    std::optional<double> angleOf(std::u16string_view text) const override;
+    std::u16string distanceText(double distance) const override;
+    void print(std::u16string_view text) override;
+    std::optional<std::u16string> request(commands::InputKind kind, const std::u16string &prompt) override;
+    const commands::Selection &previousSelection() const override { return m_previousSelection; }
+    void setPreviousSelection(commands::Selection selection) override { m_previousSelection = std::move(selection); }
+    commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }
+    void setImpliedSelection(commands::Selection selection) { m_impliedSelection = std::move(selection); }
+    const commands::Selection &impliedSelection() const { return m_impliedSelection; }
+
+private:
+    Document &m_document;
+    commands::Selection m_previousSelection, m_impliedSelection;
+};

@@ -1,0 +1,93 @@
+#include "tests/host/commands/CommandTest.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+using CommandLine = CommandTest;
+
+TEST_F(CommandLine, ACommandThatIsNotThereIsComplainedAboutAndTheRestIsDropped)
+{
+    EXPECT_EQ(evaluate("(command \"_.foo\" \"LUPREC\" 2)"), "nil");
+    EXPECT_EQ(takePrinted(), "\nUnknown command \"FOO\".\n");
+    EXPECT_EQ(evaluate("(getvar \"LUPREC\")"), "4");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(CommandLine, ACommandKeepsItsPlaceBetweenCalls)
+{
+    EXPECT_EQ(evaluate("(command \"_setvar\") (getvar \"CMDACTIVE\")"), "1");
+    EXPECT_EQ(evaluate("(getvar \"CMDNAMES\")"), "\"SETVAR\"");
+    EXPECT_EQ(evaluate("(command \"luprec\")"), "nil");
+    EXPECT_EQ(evaluate("(getvar \"LASTPROMPT\")"), "\"Enter new value for LUPREC <4>: \"");
+    EXPECT_EQ(evaluate("(command 6) (getvar \"LUPREC\")"), "6");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(CommandLine, ACallWithoutArgumentsOrWithNilIsEsc)
+{
+    EXPECT_EQ(evaluate("(command \"_setvar\" \"LUPREC\") (command) (getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(evaluate("(command \"_setvar\" \"LUPREC\" nil \"_.luprec\" 3) (getvar \"LUPREC\")"), "3");
+}
+
+TEST_F(CommandLine, PromptsAndAnswersAreShownWhenCmdechoIsOne)
+{
+    evaluate("(setvar \"CMDECHO\" 1)");
+    takePrinted();
+    evaluate("(command \"_.setvar\" \"LUPREC\" 5)");
+    EXPECT_EQ(takePrinted(), "\n_.setvar\nEnter variable name: LUPREC\nEnter new value for LUPREC <4>: 5\n");
+    evaluate("(command \"_.setvar\")");
+    EXPECT_EQ(takePrinted(), "\n_.setvar\nEnter variable name: ");
+    evaluate("(command \"LUPREC\" 4)");
+    EXPECT_EQ(takePrinted(), "LUPREC\nEnter new value for LUPREC <5>: 4\n");
+    evaluate("(setvar \"CMDECHO\" 0) (command \"_.setvar\" \"LUPREC\" 5)");
+    EXPECT_EQ(takePrinted(), "");
+}
+
+TEST_F(CommandLine, WhatDoesNotFitIsComplainedAboutAndAskedAgain)
+{
+    EXPECT_EQ(evaluate("(command \"_.setvar\" \"LUPREC\" \"many\" 7) (getvar \"LUPREC\")"), "7");
+    EXPECT_EQ(takePrinted(), "\nRequires an integer value.\n");
+}
+
+TEST_F(CommandLine, PauseAsksThePerson)
+{
+    m_services.answers = AnswersFile::fromText(u"3\n", QStringLiteral("answers"));
+    EXPECT_EQ(evaluate("(command \"_.setvar\" \"LUPREC\" PAUSE) (getvar \"LUPREC\")"), "3");
+    EXPECT_THAT(takePrinted(), HasSubstr("Enter new value for LUPREC <4>: 3"));
+}
+
+TEST_F(CommandLine, EscAtAPauseEndsTheCommandAndTheProgram)
+{
+    EXPECT_EQ(evaluate("(command \"_.setvar\" \"LUPREC\" PAUSE)"), "error: Function cancelled");
+    EXPECT_EQ(evaluate("(list (getvar \"CMDACTIVE\") (getvar \"LUPREC\"))"), "(0 4)");
+}
+
+TEST_F(CommandLine, VlCmdfTellsWhetherTheCommandIsThere)
+{
+    EXPECT_EQ(evaluate("(vl-cmdf \"_.luprec\" 2)"), "T");
+    EXPECT_EQ(evaluate("(vl-cmdf \"_.foo\")"), "nil");
+}
+
+TEST_F(CommandLine, CommandSRunsOneWholeCommandOrFails)
+{
+    EXPECT_EQ(evaluate("(command-s \"_.luprec\" 2)"), "nil");
+    EXPECT_EQ(evaluate("(command-s \"_.luprec\")"), "error: command-s: the command needs more input");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(evaluate("(command-s \"_.luprec\" PAUSE)"), "error: invalid argument for command-s: pause");
+    EXPECT_EQ(evaluate("(command-s \"_.foo\")"), "error: command-s: unknown command");
+}
+
+TEST_F(CommandLine, ATransparentCommandRunsInsideAnother)
+{
+    evaluate("(command \"_.setvar\" \"LUPREC\" \"'_.setvar\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDNAMES\")"), "\"SETVAR'SETVAR\"");
+    EXPECT_EQ(evaluate("(command \"AUPREC\" 2 6) (list (getvar \"AUPREC\") (getvar \"LUPREC\"))"), "(2 6)");
+}
+
+TEST_F(CommandLine, AValueThatNoCommandTakesIsAnError)
+{
+    EXPECT_EQ(evaluate("(command 'foo)"), "error: bad argument type");
+}
+
+} // namespace

@@ -1,0 +1,95 @@
+#include "tests/host/commands/CommandTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class SelectObjects : public CommandTest
+{
+protected:
+    SelectObjects()
+    {
+        add({{0, u"POINT"}, {8, u"0"}, {10, drawing::Point{1, 1, 0}}});
+        add({{0, u"CIRCLE"}, {8, u"0"}, {10, drawing::Point{2, 2, 0}}, {40, 1.0}});
+        add({{0, u"LINE"}, {8, u"0"}, {10, drawing::Point{}}, {11, drawing::Point{3, 3, 0}}});
+    }
+};
+
+TEST_F(SelectObjects, LastIsTheLastEntity)
+{
+    evaluate("(command \"_.erase\" \"_l\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(SelectObjects, AllAndRemoveAndAdd)
+{
+    evaluate("(command \"_.erase\" \"_all\" \"_r\" \"_l\" \"_a\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(SelectObjects, UndoTakesTheLastOneBack)
+{
+    evaluate("(command \"_.erase\" \"_all\" \"_u\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(SelectObjects, PreviousIsWhatTheLastCommandHad)
+{
+    evaluate("(command \"_.select\" \"_l\" \"\") (command \"_.erase\" \"_p\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(SelectObjects, PreviousIsEmptyWhenItsObjectsAreErased)
+{
+    evaluate("(command \"_.erase\" \"_l\" \"\") (setvar \"CMDECHO\" 1)");
+    takePrinted();
+    evaluate("(command \"_.erase\" \"_p\" \"\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("0 found"));
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(SelectObjects, ABlankAloneIsEnter)
+{
+    evaluate("(command \"_.erase\" \"_l\" \" \")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(SelectObjects, WhatIsNoObjectIsComplainedAbout)
+{
+    evaluate("(command \"_.erase\" \"nothing\" \"_l\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nInvalid selection\n");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(SelectObjects, ObjectsOnLockedLayersStay)
+{
+    database().replace(m_document.drawing().tables().find(drawing::known::Layer, u"0"),
+                       {{0, u"LAYER"}, {2, u"0"}, {70, std::int64_t{4}}, {62, std::int64_t{7}}, {6, u"Continuous"}});
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.erase\" \"_all\" \"\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("3 found\n3 was on a locked layer."));
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(SelectObjects, ACommandLeftAloneRightAfterSelectTakesItsObjects)
+{
+    evaluate("(command \"_.select\" \"_l\" \" \" \"_.erase\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(SelectObjects, ACommandWithObjectsOfItsOwnDoesNotTakeThoseOfSelect)
+{
+    evaluate("(command \"_.select\" \"_l\" \"\" \"_.erase\" \"_all\" \"_r\" \"_p\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(SelectObjects, WithPickfirstOffTheCommandAfterSelectWaits)
+{
+    evaluate("(setvar \"PICKFIRST\" 0) (command \"_.select\" \"_l\" \"\" \"_.erase\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "1");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+} // namespace

@@ -1,0 +1,91 @@
+#include "tests/host/commands/CommandTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class UndoCommands : public CommandTest
+{
+protected:
+    UndoCommands()
+    {
+        for (const char16_t *type : {u"POINT", u"CIRCLE", u"LINE"})
+            add({{0, type}, {8, u"0"}, {10, drawing::Point{1, 1, 0}}, {40, 1.0}});
+        database().journal().clear();
+    }
+    void eraseLast() { evaluate("(command \"_.erase\" \"_l\" \"\")"); }
+};
+
+TEST_F(UndoCommands, EveryCommandIsOneStep)
+{
+    eraseLast();
+    eraseLast();
+    evaluate("(command \"_.u\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    evaluate("(command \"_.u\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+    evaluate("(command \"_.redo\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(UndoCommands, ANumberOfStepsAtOnce)
+{
+    eraseLast();
+    eraseLast();
+    evaluate("(command \"_.undo\" 2)");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(UndoCommands, AGroupIsOneStep)
+{
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_be\")");
+    EXPECT_EQ(evaluate("(getvar \"UNDOCTL\")"), "13");
+    eraseLast();
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_e\")");
+    EXPECT_EQ(evaluate("(getvar \"UNDOCTL\")"), "5");
+    EXPECT_THAT(types(), ElementsAre());
+    evaluate("(command \"_.undo\" \"1\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(UndoCommands, BackGoesToTheMark)
+{
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_mark\")");
+    eraseLast();
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_back\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(UndoCommands, BackWithoutMarkAsksBeforeEverythingIsUndone)
+{
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_back\" \"_no\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    evaluate("(command \"_.undo\" \"_back\" \"_yes\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(UndoCommands, ControlSwitchesUndoOffAndOn)
+{
+    evaluate("(command \"_.undo\" \"_control\" \"_none\")");
+    EXPECT_EQ(evaluate("(getvar \"UNDOCTL\")"), "0");
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_all\")");
+    EXPECT_EQ(evaluate("(getvar \"UNDOCTL\")"), "5");
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.undo\" 1)");
+    EXPECT_THAT(takePrinted(), HasSubstr("Everything has been undone."));
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(UndoCommands, ANumberBelowOneIsRefused)
+{
+    evaluate("(command \"_.undo\" 0)");
+    EXPECT_EQ(takePrinted(), "\nValue must be between 1 and 32767.\n");
+}
+
+} // namespace
