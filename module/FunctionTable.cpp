@@ -11,7 +11,6 @@
 #include "functions/help.h"
 #include "functions/hostqueries.h"
 #include "functions/ini.h"
-#include "functions/pending.h"
 #include "functions/processes.h"
 #include "functions/registry.h"
 #include "functions/strings.h"
@@ -23,21 +22,9 @@
 #include "functions/undo.h"
 #include "lisp/GuardedHandler.h"
 
-#include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace {
-
-constexpr LispHandler pendingHandler = guarded<notAvailableYet>;
-
-// Does not compile for a name that is not in the list of pending functions.
-consteval FunctionRow pending(const char *name)
-{
-    if (!isPending(name))
-        throw "this function is not in the list of pending ones";
-    return {name, pendingHandler};
-}
 
 constexpr std::array<FunctionRow, 75> table = {{
     {"acet-file-attr", guarded<acetFileAttr>},
@@ -111,14 +98,11 @@ constexpr std::array<FunctionRow, 75> table = {{
     {"wexo_htmlprompt", guarded<wexoHtmlprompt>},
     {"acet-filename-acad-root", guarded<acetFilenameAcadRoot>},
     {"wexo_opendefaultapp", guarded<wexoOpendefaultapp>},
-    pending("startAddTableTransaction"),
-    pending("endAddTableTransaction"),
-    pending("acet-begin-undogroup"),
-    pending("acet-end-undogroup"),
+    {"startAddTableTransaction", guarded<startAddTableTransaction>},
+    {"endAddTableTransaction", guarded<endAddTableTransaction>},
+    {"acet-begin-undogroup", guarded<acetBeginUndogroup>},
+    {"acet-end-undogroup", guarded<acetEndUndogroup>},
 }};
-
-static_assert(std::ranges::count(table, pendingHandler, &FunctionRow::handler) == std::ssize(pendingFunctions),
-              "a function that is written must leave the list of pending ones");
 
 } // namespace
 

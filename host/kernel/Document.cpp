@@ -2,11 +2,29 @@
 
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/variables/DrawingVariables.h"
 #include "host/kernel/variables/HostVariables.h"
 
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+std::u16string fileName(const drawing::Drawing &drawing)
+{
+    return drawing.path().isEmpty() ? u"Drawing1.dwg" : QFileInfo(drawing.path()).fileName().toStdU16String();
+}
+
+// Where the drawing is, or would be saved.
+std::u16string folderOf(const drawing::Drawing &drawing)
+{
+    return folderName(drawing.path().isEmpty() ? QDir::currentPath() : QFileInfo(drawing.path()).absolutePath());
+}
+
+} // namespace
+
 Document::Document(HostServices &services)
-    : m_services(services), m_drawing(std::make_unique<drawing::Drawing>()),
-      m_database(std::make_unique<DrawingDatabase>(*m_drawing)), m_machine(services.machineLimits),
+    : m_services(services), m_openDrawing(std::make_unique<OpenDrawing>()), m_machine(services.machineLimits),
       m_lispHost(m_machine, services, m_variables)
 {
     bindUnits(m_variables, m_machine.unitVariables());
@@ -15,16 +33,35 @@ Document::Document(HostServices &services)
     computeCommandLine(m_variables, *this);
     m_machine.setOwner(this);
     m_machine.setLineInput(&m_typedLines);
+    m_variables.keepInDrawing(
+        [this](const VariableRow &row, const VariableValue &value) { keepVariable(drawing(), row, value); });
+    m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });
+    m_variables.compute(u"DWGPREFIX", [this] { return folderOf(drawing()); });
+    readVariables();
     defineHostBuiltins(m_machine);
 }
 
 Document::~Document() = default;
 
-void Document::openDrawing(const QString &path)
+void Document::open(const QString &path)
 {
-    auto opened = std::make_unique<drawing::Drawing>(path);
-    m_database = std::make_unique<DrawingDatabase>(*opened);
-    m_drawing = std::move(opened);
+    m_openDrawing = std::make_unique<OpenDrawing>(path);
+    readVariables();
+}
+
+void Document::readVariables()
+{
+    loadVariables(m_variables, drawing());
+}
+
+std::u16string Document::currentLayer() const
+{
+    return std::get<std::u16string>(m_variables.get(*findVariable(u"CLAYER")));
+}
+
+bool Document::isPaperSpaceCurrent() const
+{
+    return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0;
 }
 
 QWidget *Document::window()

@@ -4,7 +4,7 @@
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
 #include "host/kernel/commands/DocumentSession.h"
-#include "host/kernel/drawing/DrawingDatabase.h"
+#include "host/kernel/drawing/OpenDrawing.h"
 #include "host/kernel/drawing/SelectionSet.h"
 #include "host/kernel/input/DocumentInput.h"
 #include "host/kernel/input/TypedLines.h"
@@ -22,7 +22,7 @@ public:
     static Document &of(lisp::Machine &machine) { return *static_cast<Document *>(machine.owner()); }
 
     LispHost *lispHost() override { return &m_lispHost; }
-    OdDbDatabase *database() override { return m_database.get(); }
+    OdDbDatabase *database() override { return &m_openDrawing->database; }
     CFxUserInput *userInput() override { return &m_userInput; }
     QWidget *window() override;
     lisp::Machine &machine() { return m_machine; }
@@ -31,16 +31,18 @@ public:
     Prompter &prompter() { return m_lispHost.prompter(); }
 
     // Empty at first. Entity names and selection sets of a drawing that is replaced lead nowhere.
-    drawing::Drawing &drawing() { return *m_drawing; }
-    void openDrawing(const QString &path); // throws drawing::ReadError and keeps the drawing that it has
-    DrawingDatabase &drawingDatabase() { return *m_database; }
+    drawing::Drawing &drawing() { return m_openDrawing->drawing; }
+    OpenDrawing &openDrawing() { return *m_openDrawing; }
+    void open(const QString &path); // throws drawing::ReadError and keeps the drawing that it has
+    void readVariables();           // those that the drawing keeps, after it has changed otherwise than by setvar
+    std::u16string currentLayer() const;
+    bool isPaperSpaceCurrent() const;
     SelectionSets &selectionSets() { return m_selectionSets; }
     commands::CommandLine &commandLine() { return m_commandLine; }
 
 private:
     HostServices &m_services;
-    std::unique_ptr<drawing::Drawing> m_drawing;
-    std::unique_ptr<DrawingDatabase> m_database;
+    std::unique_ptr<OpenDrawing> m_openDrawing;
     SelectionSets m_selectionSets; // outlives the machine, whose values are the sets
     lisp::Machine m_machine;
     SystemVariables m_variables;

@@ -44,7 +44,7 @@ void Host::message(const CFxString &text)
 OdDbObjectId Host::objectId(const LispName &name)
 {
     Document *document = m_documents.active();
-    return document ? document->drawingDatabase().objectId(name) : OdDbObjectId();
+    return document ? document->openDrawing().database.objectId(name) : OdDbObjectId();
 }
 
 // Every text is shown in the same way, whatever the option.

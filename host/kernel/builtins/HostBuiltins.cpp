@@ -2,6 +2,7 @@
 
 void defineHostBuiltins(lisp::Machine &machine)
 {
-    for (const auto family : {commandBuiltins(), inputBuiltins(), registryBuiltins(), variableBuiltins(), windowBuiltins()})
+    for (const auto family : {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), inputBuiltins(),
+                              registryBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

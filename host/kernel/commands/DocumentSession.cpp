@@ -71,7 +71,7 @@ drawing::Drawing &DocumentSession::drawing()
 
 void DocumentSession::openDrawing(const QString &path)
 {
-    m_document.openDrawing(path);
+    m_document.open(path);
     m_previousSelection.clear();
     m_impliedSelection.clear();
 }

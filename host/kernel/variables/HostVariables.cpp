@@ -37,12 +37,6 @@ int millisecondsSinceStart()
     return static_cast<int>(duration_cast<milliseconds>(steady_clock::now() - start).count() & 0x7FFFFFFF);
 }
 
-std::u16string folderName(const QString &path)
-{
-    const QString native = QDir::toNativeSeparators(path);
-    return (native.endsWith(QDir::separator()) ? native : native + QDir::separator()).toStdU16String();
-}
-
 std::u16string loginName()
 {
     const QString name =
@@ -51,6 +45,12 @@ std::u16string loginName()
 }
 
 } // namespace
+
+std::u16string folderName(const QString &path)
+{
+    const QString native = QDir::toNativeSeparators(path);
+    return (native.endsWith(QDir::separator()) ? native : native + QDir::separator()).toStdU16String();
+}
 
 void bindUnits(SystemVariables &variables, lisp::UnitVariables &units)
 {
@@ -77,7 +77,6 @@ void computeEnvironment(SystemVariables &variables)
     variables.compute(u"LOGINNAME", [] { return loginName(); });
     variables.compute(u"PLATFORM", [] { return QSysInfo::prettyProductName().toStdU16String(); });
     variables.compute(u"TEMPPREFIX", [] { return folderName(QDir::tempPath()); });
-    variables.compute(u"DWGPREFIX", [] { return folderName(QDir::currentPath()); });
 }
 
 void computeCommandLine(SystemVariables &variables, Document &document)

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QString>
+
+#include <string>
+
 class Document;
 class Prompter;
 class SystemVariables;
@@ -17,3 +21,6 @@ void computeEnvironment(SystemVariables &variables);
 
 // The variables that tell of the commands that run, and of undo.
 void computeCommandLine(SystemVariables &variables, Document &document);
+
+// A folder's name as variables give it: with the system's separators, and one at the end.
+std::u16string folderName(const QString &path);

@@ -73,14 +73,29 @@ bool SystemVariables::set(const VariableRow &variable, const VariableValue &valu
     if (const int *number = std::get_if<int>(&fitting);
         number && (*number < variable.minimum || *number > variable.maximum))
         return false;
+    if (!store(variable, fitting))
+        return false;
+    if (m_keep && variable.scope == VariableScope::Drawing)
+        m_keep(variable, fitting);
+    return true;
+}
+
+bool SystemVariables::store(const VariableRow &variable, const VariableValue &value)
+{
     const auto source = m_sources.find(&variable);
     if (source == m_sources.end())
-        m_values[&variable] = std::move(fitting);
+        m_values[&variable] = value;
     else if (source->second.write)
-        source->second.write(fitting);
+        source->second.write(value);
     else
         return false;
     return true;
+}
+
+void SystemVariables::load(const VariableRow &variable, const VariableValue &value)
+{
+    if (hasKind(value, variable.type))
+        store(variable, value);
 }
 
 void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read)

@@ -28,6 +28,13 @@ public:
     void compute(std::u16string_view name, std::function<VariableValue()> read);
     // For the host: changes read-only variables, too. The value has to be of the variable's kind.
     void assign(std::u16string_view name, VariableValue value);
+    // What a drawing has: range and access do not count, a value of another kind is passed over.
+    void load(const VariableRow &variable, const VariableValue &value);
+    // Is told each value that set() has given to a variable of the drawing.
+    void keepInDrawing(std::function<void(const VariableRow &, const VariableValue &)> keep)
+    {
+        m_keep = std::move(keep);
+    }
     // The value is kept where a part of the host uses it, and stays in step with it. The variable's kind must fit.
     void bind(std::u16string_view name, int &place);
     void bind(std::u16string_view name, double &place);
@@ -40,8 +47,10 @@ private:
         std::function<VariableValue()> read;
         std::function<void(const VariableValue &)> write; // none: read-only
     };
+    bool store(const VariableRow &variable, const VariableValue &value); // false: it cannot be written
     template <class Place> void bindPlace(std::u16string_view name, Place &place);
 
     std::map<const VariableRow *, Source> m_sources;       // of those that live elsewhere
     std::map<const VariableRow *, VariableValue> m_values; // of those that live here
+    std::function<void(const VariableRow &, const VariableValue &)> m_keep;
 };

@@ -1,0 +1,269 @@
+#include "host/drawing/entities/EntityChange.h"
+
+#include "host/drawing/entities/EntityListing.h"
+#include "host/drawing/entities/EntitySchema.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace drawing {
+
+namespace {
+
+constexpr int VertexCountCode = 90;
+
+// Where a group stands in the changed record: by its place in the old one, new ones behind the group before them.
+struct Placed
+{
+    int origin, order;
+    Group group;
+};
+
+// The groups that a program's list cannot change: up to the first subclass, and everything between braces.
+bool isFixed(int code)
+{
+    return code == groupcode::Type || code == groupcode::Handle || code == groupcode::DimStyleHandle;
+}
+
+class Change
+{
+public:
+    Change(std::vector<ListedGroup> &&listed, const GroupList &wanted, bool isEntity) : m_listed(std::move(listed))
+    {
+        findHead();
+        if (isEntity)
+            findCommonEnd();
+        for (std::size_t place = m_head; place < m_listed.size(); ++place)
+            ++m_occurrences[m_listed[place].group.code];
+        take(wanted);
+    }
+
+    GroupList result()
+    {
+        keepHead();
+        keepWhatIsNotListed();
+        placeWanted();
+        std::stable_sort(m_placed.begin(), m_placed.end(), [](const Placed &left, const Placed &right) {
+            return std::pair(left.origin, left.order) < std::pair(right.origin, right.order);
+        });
+        GroupList groups;
+        for (Placed &placed : m_placed)
+            groups.push_back(std::move(placed.group));
+        return groups;
+    }
+
+private:
+    // The head ends at the first subclass marker, or behind type and handle where there are none.
+    void findHead()
+    {
+        const auto marker = std::ranges::find_if(
+            m_listed, [](const ListedGroup &one) { return one.group.code == groupcode::Subclass; });
+        m_head = static_cast<std::size_t>(marker - m_listed.begin());
+        if (marker == m_listed.end())
+            m_head = static_cast<std::size_t>(std::ranges::find_if(m_listed,
+                                                                   [](const ListedGroup &one) {
+                                                                       return !isFixed(one.group.code) &&
+                                                                              one.group.code != groupcode::Owner;
+                                                                   }) -
+                                              m_listed.begin());
+    }
+
+    // Where groups that any entity may have are put: at the end of the first subclass of an entity.
+    void findCommonEnd()
+    {
+        for (std::size_t place = m_head; place < m_listed.size(); ++place) {
+            const ListedGroup &listed = m_listed[place];
+            const auto *marker = std::get_if<std::u16string>(&listed.group.value);
+            const bool isMarker = listed.group.code == groupcode::Subclass && marker;
+            if (isMarker && *marker != u"AcDbEntity")
+                break;
+            m_commonEnd = std::max(m_commonEnd, listed.origin);
+        }
+    }
+
+    // From the list: what is not in the head and not between braces.
+    void take(const GroupList &wanted)
+    {
+        const bool hasMarkers =
+            std::ranges::any_of(wanted, [](const Group &group) { return group.code == groupcode::Subclass; });
+        bool isInHead = hasMarkers;
+        int depth = 0;
+        for (const Group &group : wanted) {
+            if (group.code >= groupcode::ExtendedString)
+                break;
+            isInHead = isInHead && group.code != groupcode::Subclass;
+            const auto *text = std::get_if<std::u16string>(&group.value);
+            const bool isBrace = group.code == groupcode::Braces && text;
+            if (isBrace)
+                depth += text->starts_with(u'{') ? 1 : -1;
+            if (isInHead || isBrace || depth > 0 || isFixed(group.code))
+                continue;
+            m_wanted.push_back(&group);
+            m_wantedCodes.insert(group.code);
+        }
+        m_replacesRepeated = std::ranges::any_of(m_wantedCodes, [this](int code) { return isRepeated(code); });
+    }
+
+    bool isRepeated(int code) const
+    {
+        const auto found = m_occurrences.find(code);
+        return code != groupcode::Subclass && found != m_occurrences.end() && found->second > 1;
+    }
+
+    void keepHead()
+    {
+        for (std::size_t place = 0; place < m_head; ++place)
+            keep(m_listed[place]);
+    }
+
+    void keep(ListedGroup &listed)
+    {
+        if (listed.origin != ListedGroup::Derived)
+            m_placed.push_back({listed.origin, 0, listed.group});
+    }
+
+    void keepWhatIsNotListed()
+    {
+        int depth = 0;
+        for (std::size_t place = m_head; place < m_listed.size(); ++place) {
+            ListedGroup &listed = m_listed[place];
+            const auto *text = std::get_if<std::u16string>(&listed.group.value);
+            const bool isBrace = listed.group.code == groupcode::Braces && text;
+            if (isBrace)
+                depth += text->starts_with(u'{') ? 1 : -1;
+            const bool isBetweenBraces = isBrace || depth > 0;
+            const bool isGoverned =
+                m_wantedCodes.count(listed.group.code) != 0 || (m_replacesRepeated && isRepeated(listed.group.code));
+            if (isBetweenBraces || !isGoverned)
+                keep(listed);
+            else
+                m_old[listed.group.code].push_back(&listed);
+        }
+    }
+
+    void placeWanted()
+    {
+        std::map<int, std::size_t> seen;
+        int last = firstOrigin(), order = 0;
+        for (const Group *group : m_wanted) {
+            const ListedGroup *old = counterpart(*group, seen);
+            if (old && old->origin == ListedGroup::Derived && old->group == *group)
+                continue;
+            if (!old && m_commonEnd > 0 && isCommonCode(group->code)) {
+                m_placed.push_back({m_commonEnd, static_cast<int>(m_placed.size()), *group});
+                continue;
+            }
+            if (old && old->origin > last) {
+                last = old->origin;
+                order = 0;
+            } else {
+                ++order;
+            }
+            m_placed.push_back({last, order, *group});
+        }
+    }
+
+    // New groups of a list that begins with one follow the head.
+    int firstOrigin() const
+    {
+        int origin = 0;
+        for (std::size_t place = 0; place < m_head; ++place)
+            origin = std::max(origin, m_listed[place].origin);
+        return origin;
+    }
+
+    // The old group that this one is the new state of: the first, second, … of the same code.
+    const ListedGroup *counterpart(const Group &group, std::map<int, std::size_t> &seen)
+    {
+        const auto old = m_old.find(group.code);
+        if (old == m_old.end())
+            return nullptr;
+        const std::size_t place = seen[group.code]++;
+        return place < old->second.size() ? old->second[place] : nullptr;
+    }
+
+    std::vector<ListedGroup> m_listed;
+    std::size_t m_head = 0;
+    int m_commonEnd = 0; // 0: not an entity
+    std::map<int, int> m_occurrences;
+    std::vector<const Group *> m_wanted;
+    std::set<int> m_wantedCodes;
+    bool m_replacesRepeated = false;
+    std::map<int, std::vector<ListedGroup *>> m_old; // those that the list has a say in
+    std::vector<Placed> m_placed;
+};
+
+// A polyline says how many points it has.
+void countVertices(GroupList &groups)
+{
+    const auto *type = findValue<std::u16string>(groups, groupcode::Type);
+    if (!type || *type != u"LWPOLYLINE")
+        return;
+    const auto count = std::ranges::count(groups, groupcode::FirstX, &Group::code);
+    for (Group &group : groups)
+        if (group.code == VertexCountCode)
+            group.value = static_cast<std::int64_t>(count);
+}
+
+// The old extended data with that of the list's applications replaced.
+void putExtendedData(GroupList &groups, const GroupList &old, const GroupList &wanted)
+{
+    const auto isExtended = [](const Group &group) { return group.code >= groupcode::ExtendedString; };
+    const auto newBegin = std::ranges::find_if(wanted, isExtended);
+    std::set<std::u16string> applications;
+    for (auto group = newBegin; group != wanted.end(); ++group)
+        if (group->code == groupcode::Application)
+            applications.insert(folded(std::get<std::u16string>(group->value)));
+    bool isKept = true;
+    for (auto group = std::ranges::find_if(old, isExtended); group != old.end(); ++group) {
+        if (group->code == groupcode::Application)
+            isKept = applications.count(folded(std::get<std::u16string>(group->value))) == 0;
+        if (isKept)
+            groups.push_back(*group);
+    }
+    for (auto group = newBegin; group != wanted.end(); ++group) {
+        const bool isAlone = group->code == groupcode::Application &&
+                             (group + 1 == wanted.end() || (group + 1)->code == groupcode::Application);
+        if (!isAlone)
+            groups.push_back(*group);
+    }
+}
+
+} // namespace
+
+bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
+{
+    Database &database = drawing.database();
+    const bool isEntity = database.record(record).kind == RecordKind::Entity;
+    GroupList changed = Change(listing(drawing, record), wanted, isEntity).result();
+    countVertices(changed);
+    putExtendedData(changed, database.groups(record), wanted);
+    if (!database.replace(record, changed))
+        return false;
+    if (isEntity)
+        ensureLayer(drawing, database.name(record));
+    return true;
+}
+
+void ensureLayer(Drawing &drawing, const std::u16string &name)
+{
+    if (name.empty() || drawing.tables().find(known::Layer, name) != NoRecord)
+        return;
+    constexpr int FlagsCode = 70, ColorCode = 62, LinetypeCode = 6;
+    constexpr std::int64_t White = 7;
+    GroupList groups{{groupcode::Type, u"LAYER"}};
+    Database &database = drawing.database();
+    if (!database.isBefore2000()) {
+        const RecordId table = drawing.tables().ensureTable(known::Layer);
+        groups.insert(groups.end(), {{groupcode::Owner, Handle{database.record(table).handle}},
+                                     {groupcode::Subclass, u"AcDbSymbolTableRecord"},
+                                     {groupcode::Subclass, u"AcDbLayerTableRecord"}});
+    }
+    groups.insert(
+        groups.end(),
+        {{groupcode::Name, name}, {FlagsCode, std::int64_t{0}}, {ColorCode, White}, {LinetypeCode, u"Continuous"}});
+    drawing.tables().add(known::Layer, groups);
+}
+
+} // namespace drawing

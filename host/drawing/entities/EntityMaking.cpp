@@ -1,0 +1,266 @@
+#include "host/drawing/entities/EntityMaking.h"
+
+#include "host/drawing/Blocks.h"
+#include "host/drawing/entities/EntityChange.h"
+#include "host/drawing/entities/EntitySchema.h"
+
+#include <algorithm>
+#include <map>
+
+namespace drawing {
+
+namespace {
+
+constexpr int LayoutCode = 410, FlagsCode = 70, ExtrusionCode = 210, LastPointCode = 18;
+
+std::u16string typeOf(const GroupList &list)
+{
+    const auto *type = findValue<std::u16string>(list, groupcode::Type);
+    return type ? *type : std::u16string();
+}
+
+std::int64_t integerOf(const GroupList &list, int code)
+{
+    const auto *value = findValue<std::int64_t>(list, code);
+    return value ? *value : 0;
+}
+
+const EntitySchema *schemaFor(const GroupList &list)
+{
+    return schemaOf(typeOf(list), integerOf(list, FlagsCode));
+}
+
+bool isMarker(const Group &group, std::u16string_view marker)
+{
+    const auto *text = std::get_if<std::u16string>(&group.value);
+    return group.code == groupcode::Subclass && text && *text == marker;
+}
+
+bool hasMarkers(const GroupList &list)
+{
+    return std::ranges::any_of(
+        list, [](const Group &group) { return group.code == groupcode::Subclass && !isMarker(group, u"AcDbEntity"); });
+}
+
+// What the new record has of its own, whatever the list says.
+bool isGivenByDrawing(int code)
+{
+    return code == groupcode::Type || code == groupcode::Handle || code == groupcode::Owner || code == LayoutCode ||
+           code == groupcode::Space;
+}
+
+// Points of two coordinates lie in the plane; polylines of light weight have no other ones.
+Group withDimensions(Group group, const std::u16string &type)
+{
+    auto *point = std::get_if<Point>(&group.value);
+    const bool isPlace = group.code >= groupcode::FirstX && group.code <= LastPointCode;
+    if (point && isPlace && type == u"LWPOLYLINE")
+        *point = {point->x, point->y, 0, 2};
+    else if (point && (isPlace || group.code == ExtrusionCode))
+        point->dimensions = 3;
+    return group;
+}
+
+// Builds the groups of a new entity.
+class Builder
+{
+public:
+    Builder(const Drawing &drawing, const GroupList &list)
+        : m_list(list), m_type(typeOf(list)), m_schema(schemaFor(list)), m_isOld(drawing.database().isBefore2000())
+    {
+    }
+
+    GroupList build(Handle owner, bool isPaperSpace, const std::u16string &layer)
+    {
+        m_groups = {{groupcode::Type, m_type}};
+        if (!m_isOld && owner.value != 0)
+            m_groups.push_back({groupcode::Owner, owner});
+        addMarker(u"AcDbEntity");
+        if (isPaperSpace)
+            m_groups.push_back({groupcode::Space, std::int64_t{1}});
+        if (!findGroup(m_list, groupcode::Layer))
+            m_groups.push_back({groupcode::Layer, layer});
+        if (hasMarkers(m_list))
+            takeInOrder();
+        else
+            divide();
+        for (const Group &group : m_list)
+            if (group.code >= groupcode::ExtendedString)
+                m_groups.push_back(group);
+        return std::move(m_groups);
+    }
+
+private:
+    void addMarker(std::u16string_view marker)
+    {
+        if (!m_isOld)
+            m_groups.push_back({groupcode::Subclass, std::u16string(marker)});
+    }
+
+    static bool isOwn(const Group &group)
+    {
+        return !isGivenByDrawing(group.code) && group.code < groupcode::ExtendedString;
+    }
+
+    void take(const Group &group) { m_groups.push_back(withDimensions(group, m_type)); }
+
+    // The common groups come first, wherever they stand; everything else as in the list.
+    void takeInOrder()
+    {
+        const auto isCommon = [this](const Group &group) { return isCommonCode(group.code) && !isInSubclass(group); };
+        for (const Group &group : m_list)
+            if (isOwn(group) && isCommon(group))
+                take(group);
+        for (const Group &group : m_list)
+            if (isOwn(group) && !isCommon(group) && !isMarker(group, u"AcDbEntity") &&
+                (!m_isOld || group.code != groupcode::Subclass))
+                take(group);
+    }
+
+    // A few types use a common code, 92 for example, as their own as well.
+    bool isInSubclass(const Group &group) const
+    {
+        if (group.code != 92 && group.code != 160 && group.code != 310)
+            return false;
+        const auto marker = std::ranges::find_if(
+            m_list, [](const Group &one) { return one.code == groupcode::Subclass && !isMarker(one, u"AcDbEntity"); });
+        return &group > &*marker;
+    }
+
+    void divide()
+    {
+        for (const Group &group : m_list)
+            if (isOwn(group) && isCommonCode(group.code))
+                take(group);
+        const auto subclasses = m_schema ? m_schema->subclasses : std::span<const SubclassSchema>();
+        for (const SubclassSchema &subclass : subclasses) {
+            addMarker(subclass.marker);
+            for (const Group &group : m_list)
+                if (isOwn(group) && subclassOf(group.code) == &subclass)
+                    take(group);
+        }
+        if (subclasses.empty())
+            for (const Group &group : m_list)
+                if (isOwn(group) && !isCommonCode(group.code) && group.code != groupcode::Subclass)
+                    take(group);
+    }
+
+    // The first that has the code; the last for a code that none has.
+    const SubclassSchema *subclassOf(int code) const
+    {
+        if (isCommonCode(code) || code == groupcode::Subclass)
+            return nullptr;
+        const auto found =
+            std::ranges::find_if(m_schema->subclasses, [code](const SubclassSchema &one) { return one.has(code); });
+        return found != m_schema->subclasses.end() ? &*found : &m_schema->subclasses.back();
+    }
+
+    const GroupList &m_list;
+    std::u16string m_type;
+    const EntitySchema *m_schema;
+    bool m_isOld;
+    GroupList m_groups;
+};
+
+bool hasRequired(const GroupList &list, const EntitySchema &schema)
+{
+    for (const SubclassSchema &subclass : schema.subclasses) {
+        for (const SchemaRow &row : subclass.rows)
+            if (row.presence == SchemaRow::Presence::Required && !findGroup(list, row.code))
+                return false;
+        const auto isItsMarker = [&subclass](const Group &group) { return isMarker(group, subclass.marker); };
+        if (schema.markers == Markers::Needed && std::ranges::none_of(list, isItsMarker))
+            return false;
+    }
+    return true;
+}
+
+bool hasItsBlock(const Drawing &drawing, const GroupList &list)
+{
+    if (typeOf(list) != u"INSERT")
+        return true;
+    const auto *name = findValue<std::u16string>(list, groupcode::Name);
+    return name && drawing.tables().find(known::Block, *name) != NoRecord;
+}
+
+const char16_t *recordMarker(NameId table)
+{
+    static const std::map<NameId, const char16_t *> markers = {
+        {known::Layer, u"AcDbLayerTableRecord"},       {known::Linetype, u"AcDbLinetypeTableRecord"},
+        {known::Style, u"AcDbTextStyleTableRecord"},   {known::DimensionStyle, u"AcDbDimStyleTableRecord"},
+        {known::View, u"AcDbViewTableRecord"},         {known::UserCoordinates, u"AcDbUCSTableRecord"},
+        {known::Viewport, u"AcDbViewportTableRecord"}, {known::Application, u"AcDbRegAppTableRecord"},
+        {known::BlockRecord, u"AcDbBlockTableRecord"}};
+    const auto found = markers.find(table);
+    return found != markers.end() ? found->second : nullptr;
+}
+
+} // namespace
+
+bool isComplete(const Drawing &drawing, const GroupList &list)
+{
+    const EntitySchema *schema = schemaFor(list);
+    if (schema)
+        return hasRequired(list, *schema) && hasItsBlock(drawing, list);
+    return typeOf(list) == u"SEQEND" || hasMarkers(list);
+}
+
+RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &placement)
+{
+    if (!isComplete(drawing, list))
+        return NoRecord;
+    Database &database = drawing.database();
+    const Group *space = findGroup(list, groupcode::Space);
+    const bool isInSpace = placement.container == NoRecord;
+    const bool isPaperSpace = isInSpace && (space ? integerOf(list, groupcode::Space) != 0 : placement.isPaperSpace);
+    const RecordId container = isInSpace ? ensureEntities(database) : placement.container;
+    const Handle owner = ownerOf(database, drawing.tables(), container, isPaperSpace);
+    const GroupList groups = Builder(drawing, list).build(owner, isPaperSpace, placement.layer);
+    const RecordId added = database.add(RecordKind::Entity, groups, database.endOf(container));
+    if (added != NoRecord)
+        ensureLayer(drawing, database.name(added));
+    return added;
+}
+
+RecordId addPart(Drawing &drawing, RecordId whole, const GroupList &list)
+{
+    if (!isComplete(drawing, list))
+        return NoRecord;
+    Database &database = drawing.database();
+    const Record &record = database.record(whole);
+    const GroupList groups =
+        Builder(drawing, list).build({record.handle}, record.has(Record::PaperSpace), database.name(whole));
+    RecordId before = record.next;
+    while (before != NoRecord && database.record(before).container == whole)
+        before = database.record(before).next;
+    const RecordId added = database.add(RecordKind::Entity, groups, before);
+    if (added != NoRecord)
+        ensureLayer(drawing, database.name(added));
+    return added;
+}
+
+RecordId addTableRecord(Drawing &drawing, const GroupList &list)
+{
+    Database &database = drawing.database();
+    const std::u16string type = typeOf(list);
+    const NameId table = database.names().find(database.codec().encode(type));
+    const char16_t *marker = recordMarker(table);
+    if (!marker)
+        return NoRecord;
+    GroupList groups{{groupcode::Type, type}};
+    if (!database.isBefore2000())
+        groups.insert(groups.end(),
+                      {{groupcode::Owner, Handle{database.record(drawing.tables().ensureTable(table)).handle}},
+                       {groupcode::Subclass, u"AcDbSymbolTableRecord"},
+                       {groupcode::Subclass, std::u16string(marker)}});
+    for (const Group &group : list)
+        if (group.code != groupcode::Type && group.code != groupcode::Handle &&
+            group.code != groupcode::DimStyleHandle && group.code != groupcode::Owner &&
+            group.code != groupcode::Subclass)
+            groups.push_back(group);
+    if (!findGroup(groups, FlagsCode))
+        groups.push_back({FlagsCode, std::int64_t{0}});
+    return drawing.tables().add(table, groups);
+}
+
+} // namespace drawing

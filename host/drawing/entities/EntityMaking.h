@@ -1,0 +1,32 @@
+#pragma once
+
+#include "host/drawing/Drawing.h"
+
+#include <optional>
+
+namespace drawing {
+
+// Where a new entity goes.
+struct Placement
+{
+    RecordId container = NoRecord; // a block's start; NoRecord: model or paper space
+    bool isPaperSpace = false;     // of the ENTITIES section; the list's group 67 counts before this
+    std::u16string layer = u"0";   // where the list names none
+};
+
+// Adds an entity at the end of its space or block. The list is a program's: the type, and in any order after it what
+// makes the entity; a handle, owner or entity name in it does not count. What a type that is older than subclass
+// markers leaves out is put where it belongs. A layer that is not there is made.
+// NoRecord when a required group is missing, a value cannot be written, or a block to be inserted is not there.
+RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &placement = {});
+
+// Adds a VERTEX, ATTRIB or SEQEND behind what the polyline or insert has already.
+RecordId addPart(Drawing &drawing, RecordId whole, const GroupList &list);
+
+// Whether addEntity, or addPart, has all that it needs.
+bool isComplete(const Drawing &drawing, const GroupList &list);
+
+// Adds a record to the table of its type, with what the list leaves out: LAYER, LTYPE, STYLE, …
+RecordId addTableRecord(Drawing &drawing, const GroupList &list);
+
+} // namespace drawing

@@ -1,0 +1,156 @@
+// Dictionaries: objects of the drawing by name.
+
+#include "host/drawing/Dictionaries.h"
+
+#include "host/kernel/Document.h"
+#include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/drawing/EntityData.h"
+#include "host/kernel/drawing/EntityName.h"
+
+using drawing::Database;
+using drawing::Drawing;
+using drawing::NoRecord;
+using drawing::RecordId;
+using lisp::Args;
+using lisp::Machine;
+using lisp::Value;
+
+namespace {
+
+Drawing &drawingOf(Machine &machine)
+{
+    return Document::of(machine).drawing();
+}
+
+// NoRecord when the argument names no dictionary.
+RecordId dictionaryArgument(const Drawing &drawing, Args arguments)
+{
+    const RecordId record = recordOf(drawing, arguments.native<EntityName>(0, u"lentityp")->name);
+    if (record == NoRecord)
+        return NoRecord;
+    const drawing::Record &found = drawing.database().record(record);
+    const bool isDictionary =
+        drawing.database().type(record) == u"DICTIONARY" || drawing.database().type(record) == u"ACDBDICTIONARYWDFLT";
+    return isDictionary && !found.isGone() ? record : NoRecord;
+}
+
+Value namedobjdict(Machine &machine, Args)
+{
+    Drawing &drawing = drawingOf(machine);
+    return entityName(machine, drawing, drawing::ensureNamedObjects(drawing.database()));
+}
+
+std::size_t &placeIn(Machine &machine, RecordId dictionary)
+{
+    return Document::of(machine).openDrawing().dictionaryPlaces[dictionary];
+}
+
+Value dictsearch(Machine &machine, Args arguments)
+{
+    const Drawing &drawing = drawingOf(machine);
+    const Database &database = drawing.database();
+    const RecordId dictionary = dictionaryArgument(drawing, arguments);
+    const RecordId found =
+        dictionary != NoRecord ? drawing::findEntry(database, dictionary, arguments.text(1)) : NoRecord;
+    if (found == NoRecord)
+        return Value::nil();
+    if (arguments[2].isTrue()) {
+        std::size_t place = 0;
+        for (const drawing::DictionaryEntry &entry : drawing::dictionaryEntries(database, dictionary)) {
+            ++place;
+            if (database.find(entry.object) == found)
+                break;
+        }
+        placeIn(machine, dictionary) = place;
+    }
+    return entityList(machine, drawing, found);
+}
+
+Value dictnext(Machine &machine, Args arguments)
+{
+    const Drawing &drawing = drawingOf(machine);
+    const RecordId dictionary = dictionaryArgument(drawing, arguments);
+    if (dictionary == NoRecord)
+        return Value::nil();
+    std::size_t &place = placeIn(machine, dictionary);
+    if (arguments[1].isTrue())
+        place = 0;
+    const auto entries = drawing::dictionaryEntries(drawing.database(), dictionary);
+    while (place < entries.size()) {
+        const RecordId object = drawing.database().find(entries[place++].object);
+        if (object != NoRecord && !drawing.database().record(object).isGone())
+            return entityList(machine, drawing, object);
+    }
+    return Value::nil();
+}
+
+// The object becomes the dictionary's: its owner is changed where it had none.
+Value dictadd(Machine &machine, Args arguments)
+{
+    Drawing &drawing = drawingOf(machine);
+    Database &database = drawing.database();
+    const RecordId dictionary = dictionaryArgument(drawing, arguments);
+    const RecordId object = recordOf(drawing, arguments.native<EntityName>(2, u"lentityp")->name);
+    const bool isFree = dictionary != NoRecord && object != NoRecord && !arguments.text(1).empty() &&
+                        drawing::findEntry(database, dictionary, arguments.text(1)) == NoRecord;
+    if (!isFree || database.record(object).kind != drawing::RecordKind::Object)
+        return Value::nil();
+    drawing::GroupList groups = database.groups(object);
+    for (drawing::Group &group : groups)
+        if (group.code == drawing::groupcode::Owner) {
+            group.value = drawing::Handle{database.record(dictionary).handle};
+            break;
+        }
+    database.replace(object, groups);
+    drawing::putEntry(database, dictionary, arguments.text(1), {database.record(object).handle});
+    return arguments[2];
+}
+
+// The object goes with its entry.
+Value dictremove(Machine &machine, Args arguments)
+{
+    Drawing &drawing = drawingOf(machine);
+    const RecordId dictionary = dictionaryArgument(drawing, arguments);
+    const RecordId object =
+        dictionary != NoRecord ? drawing::findEntry(drawing.database(), dictionary, arguments.text(1)) : NoRecord;
+    if (object == NoRecord)
+        return Value::nil();
+    drawing::removeEntry(drawing.database(), dictionary, arguments.text(1));
+    drawing.database().erase(object);
+    return entityName(machine, drawing, object);
+}
+
+Value dictrename(Machine &machine, Args arguments)
+{
+    Drawing &drawing = drawingOf(machine);
+    Database &database = drawing.database();
+    const RecordId dictionary = dictionaryArgument(drawing, arguments);
+    const RecordId object =
+        dictionary != NoRecord ? drawing::findEntry(database, dictionary, arguments.text(1)) : NoRecord;
+    if (object == NoRecord || arguments.text(2).empty() ||
+        drawing::findEntry(database, dictionary, arguments.text(2)) != NoRecord)
+        return Value::nil();
+    drawing::removeEntry(database, dictionary, arguments.text(1));
+    drawing::putEntry(database, dictionary, arguments.text(2), {database.record(object).handle});
+    return arguments[2];
+}
+
+constexpr lisp::BuiltinRow rows[] = {
+    {"namedobjdict", "(namedobjdict)", "Gives the drawing's dictionary that all others are reached from.",
+     namedobjdict},
+    {"dictsearch", "(dictsearch DICTIONARY NAME [SETNEXT])", "Gives the data of the object with this name, or nil.",
+     dictsearch},
+    {"dictnext", "(dictnext DICTIONARY [REWIND])", "Gives the data of the next object, or the first; nil at the end.",
+     dictnext},
+    {"dictadd", "(dictadd DICTIONARY NAME OBJECT)", "Gives an object a name that is free; gives the object, or nil.",
+     dictadd},
+    {"dictremove", "(dictremove DICTIONARY NAME)", "Removes an object; gives it, or nil.", dictremove},
+    {"dictrename", "(dictrename DICTIONARY OLD NEW)", "Renames an object; gives the new name, or nil.", dictrename},
+};
+
+} // namespace
+
+std::span<const lisp::BuiltinRow> dictionaryBuiltins()
+{
+    return rows;
+}

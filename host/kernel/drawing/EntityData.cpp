@@ -1,0 +1,265 @@
+#include "host/kernel/drawing/EntityData.h"
+
+#include "host/drawing/entities/EntityListing.h"
+#include "host/drawing/entities/ExtendedData.h"
+#include "host/interpreter/Builtins.h"
+#include "host/interpreter/Printer.h"
+#include "host/kernel/PointValues.h"
+#include "host/kernel/drawing/EntityName.h"
+
+#include <QByteArray>
+
+#include <limits>
+
+using drawing::Drawing;
+using drawing::Group;
+using drawing::GroupList;
+using drawing::GroupValue;
+using drawing::Handle;
+using drawing::ListedGroup;
+using drawing::Point;
+using drawing::RecordId;
+using drawing::ValueKind;
+using lisp::ListBuilder;
+using lisp::Machine;
+using lisp::Value;
+
+namespace groupcode = drawing::groupcode;
+
+namespace {
+
+constexpr int NameCode = -1, SecondNameCode = -2, ExtendedDataCode = -3;
+
+Value pair(Machine &machine, int code, Value value)
+{
+    return machine.heap().cons(Value::integer(code), value);
+}
+
+// Makes the value of a group.
+class ValueMaker
+{
+public:
+    ValueMaker(Machine &machine, const Drawing &drawing, int code)
+        : m_machine(machine), m_drawing(drawing), m_code(code)
+    {
+    }
+
+    Value operator()(const std::u16string &text) const { return m_machine.string(text); }
+    Value operator()(double number) const { return Value::canonicalReal(number); }
+    Value operator()(std::int64_t number) const
+    {
+        using Limits = std::numeric_limits<std::int32_t>;
+        const bool fits = number >= Limits::min() && number <= Limits::max();
+        return fits ? Value::integer(static_cast<std::int32_t>(number)) : Value::real(static_cast<double>(number));
+    }
+    Value operator()(const Point &point) const
+    {
+        return pointValue(m_machine, {point.x, point.y, point.z}, point.dimensions);
+    }
+    Value operator()(Handle handle) const
+    {
+        if (drawing::valueKind(m_code) != ValueKind::Reference)
+            return m_machine.string(QString::number(handle.value, 16).toUpper().toStdU16String());
+        LispName name = nodeName(m_drawing, m_drawing.database().find(handle));
+        name.words[1] = static_cast<std::int64_t>(handle.value);
+        return entityName(m_machine, name);
+    }
+    Value operator()(const drawing::Bytes &bytes) const
+    {
+        const QByteArray hex = QByteArray::fromStdString(bytes.bytes).toHex().toUpper();
+        return m_machine.string(QString::fromLatin1(hex).toStdU16String());
+    }
+
+private:
+    Machine &m_machine;
+    const Drawing &m_drawing;
+    int m_code;
+};
+
+void addExtendedData(Machine &machine, const Drawing &drawing, const GroupList &data, ListBuilder &items)
+{
+    if (data.empty())
+        return;
+    ListBuilder all(machine.heap());
+    all.add(Value::integer(ExtendedDataCode));
+    for (std::size_t place = 0; place < data.size();) {
+        ListBuilder application(machine.heap());
+        application.add(machine.string(std::get<std::u16string>(data[place].value)));
+        for (++place; place < data.size() && data[place].code != groupcode::Application; ++place)
+            application.add(groupPair(machine, drawing, data[place]));
+        all.add(application.list());
+    }
+    items.add(all.list());
+}
+
+[[noreturn]] void badGroup(Value group)
+{
+    lisp::fail(u"bad DXF group: " + lisp::printed(group));
+}
+
+std::optional<GroupValue> pointOf(int code, Value value)
+{
+    const std::optional<PointList> list = pointListOf(value);
+    if (!list || !drawing::mayBeginPoint(code))
+        return std::nullopt;
+    return Point{list->point.x, list->point.y, list->point.z, list->count};
+}
+
+std::optional<GroupValue> integerOf(Value value)
+{
+    if (!value.isNumber() ||
+        (value.isReal() && value.asReal() != static_cast<double>(static_cast<std::int64_t>(value.asReal()))))
+        return std::nullopt;
+    return value.isInteger() ? std::int64_t{value.asInteger()} : static_cast<std::int64_t>(value.asReal());
+}
+
+std::optional<GroupValue> bytesOf(std::u16string_view text)
+{
+    const QByteArray hex = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toLatin1();
+    const QByteArray bytes = QByteArray::fromHex(hex);
+    if (bytes.size() * 2 != hex.size())
+        return std::nullopt;
+    return drawing::Bytes{bytes.toStdString()};
+}
+
+std::optional<GroupValue> handleOf(std::u16string_view text)
+{
+    bool isNumber = false;
+    const auto number = QStringView(text.data(), static_cast<qsizetype>(text.size())).toULongLong(&isNumber, 16);
+    return isNumber ? std::optional<GroupValue>(Handle{number}) : std::nullopt;
+}
+
+// Nothing when the value is not of the group's kind.
+std::optional<GroupValue> valueOf(int code, Value value)
+{
+    if (value.isCons())
+        return pointOf(code, value);
+    switch (drawing::valueKind(code)) {
+    case ValueKind::Text:
+        return value.isString() ? std::optional<GroupValue>(std::u16string(value.asString()->view())) : std::nullopt;
+    case ValueKind::Real:
+        return value.isNumber() ? std::optional<GroupValue>(value.asDouble()) : std::nullopt;
+    case ValueKind::Binary:
+        return value.isString() ? bytesOf(value.asString()->view()) : std::nullopt;
+    case ValueKind::Handle:
+        return value.isString() ? handleOf(value.asString()->view()) : std::nullopt;
+    case ValueKind::Reference:
+        if (const auto *entity = lisp::asNative<EntityName>(value))
+            return Handle{static_cast<std::uint64_t>(entity->name.words[1])};
+        return value.isString() ? handleOf(value.asString()->view()) : std::nullopt;
+    default:
+        return integerOf(value);
+    }
+}
+
+void addGroup(Value group, GroupList &groups)
+{
+    const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
+    const std::optional<GroupValue> value =
+        hasCode ? valueOf(group.asCons()->car.asInteger(), group.asCons()->cdr) : std::nullopt;
+    if (!value)
+        badGroup(group);
+    groups.push_back({group.asCons()->car.asInteger(), *value});
+}
+
+// ("APP" (1000 . "text") …) …
+void addApplications(Value list, GroupList &data)
+{
+    for (const Value application : lisp::ListItems(list)) {
+        if (!application.isCons() || !application.asCons()->car.isString())
+            badGroup(application);
+        data.push_back({groupcode::Application, std::u16string(application.asCons()->car.asString()->view())});
+        for (const Value group : lisp::ListItems(application.asCons()->cdr))
+            addGroup(group, data);
+    }
+}
+
+bool isShownOfTable(int code)
+{
+    constexpr int Visual = 347, Material = 348, Plottable = 290, PlotStyle = 390, Lineweight = 370;
+    constexpr int hidden[] = {groupcode::Handle,
+                              groupcode::DimStyleHandle,
+                              groupcode::Owner,
+                              groupcode::Subclass,
+                              groupcode::Braces,
+                              Visual,
+                              Material,
+                              Plottable,
+                              PlotStyle,
+                              Lineweight,
+                              groupcode::HardEntry};
+    return std::find(std::begin(hidden), std::end(hidden), code) == std::end(hidden);
+}
+
+} // namespace
+
+Value groupPair(Machine &machine, const Drawing &drawing, const Group &group)
+{
+    return pair(machine, group.code, std::visit(ValueMaker(machine, drawing, group.code), group.value));
+}
+
+std::optional<RecordId> secondName(const Drawing &drawing, RecordId id)
+{
+    const drawing::Database &database = drawing.database();
+    const drawing::Record &record = database.record(id);
+    if (record.type == drawing::known::SequenceEnd && record.container != drawing::NoRecord)
+        return record.container;
+    if (record.kind != drawing::RecordKind::BlockStart)
+        return std::nullopt;
+    RecordId first = database.firstIn(id);
+    while (first != drawing::NoRecord && database.record(first).isGone())
+        first = database.nextIn(first);
+    return first != drawing::NoRecord ? std::optional(first) : std::nullopt;
+}
+
+Value entityList(Machine &machine, const Drawing &drawing, RecordId record, const ApplicationFilter &filter)
+{
+    ListBuilder items(machine.heap());
+    items.add(pair(machine, NameCode, entityName(machine, drawing, record)));
+    for (const ListedGroup &listed : listing(drawing, record))
+        items.add(groupPair(machine, drawing, listed.group));
+    if (const std::optional<RecordId> second = secondName(drawing, record))
+        items.add(pair(machine, SecondNameCode, entityName(machine, drawing, *second)));
+    if (filter)
+        addExtendedData(machine, drawing, extendedData(drawing, record, filter), items);
+    return items.list();
+}
+
+Value tableRecordList(Machine &machine, const Drawing &drawing, RecordId record)
+{
+    ListBuilder items(machine.heap());
+    int depth = 0;
+    for (const ListedGroup &listed : listing(drawing, record)) {
+        const auto *text = std::get_if<std::u16string>(&listed.group.value);
+        if (listed.group.code == groupcode::Braces && text)
+            depth += text->starts_with(u'{') ? 1 : -1;
+        const bool isDerived = listed.origin == ListedGroup::Derived;
+        if (depth == 0 && !isDerived && isShownOfTable(listed.group.code))
+            items.add(groupPair(machine, drawing, listed.group));
+    }
+    if (const std::optional<RecordId> second = secondName(drawing, record))
+        items.add(pair(machine, SecondNameCode, entityName(machine, drawing, *second)));
+    return items.list();
+}
+
+EntityRequest entityRequest(Value list)
+{
+    EntityRequest request;
+    GroupList data;
+    for (const Value group : lisp::ListItems(list)) {
+        const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
+        const int code = hasCode ? group.asCons()->car.asInteger() : 0;
+        if (code == ExtendedDataCode) {
+            addApplications(group.asCons()->cdr, data);
+        } else if (code == NameCode) {
+            const auto *entity = lisp::asNative<EntityName>(group.asCons()->cdr);
+            if (!entity)
+                badGroup(group);
+            request.name = entity->name;
+        } else if (code != SecondNameCode) {
+            addGroup(group, request.groups);
+        }
+    }
+    request.groups.insert(request.groups.end(), data.begin(), data.end());
+    return request;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "host/kernel/drawing/DrawingDatabase.h"
+#include "host/kernel/drawing/EntityMaker.h"
+
+#include <map>
+
+// What comes and goes with a document's drawing.
+struct OpenDrawing
+{
+    OpenDrawing() = default;
+    explicit OpenDrawing(const QString &path) : drawing(path) {} // throws drawing::ReadError
+
+    drawing::Drawing drawing;
+    DrawingDatabase database{drawing};
+    EntityMaker entityMaker{drawing};
+    std::map<drawing::NameId, std::size_t> tablePlaces;        // how many tblnext has given of each table
+    std::map<drawing::RecordId, std::size_t> dictionaryPlaces; // the same of dictnext
+};
