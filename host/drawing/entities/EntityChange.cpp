@@ -160,8 +160,18 @@ private:
             } else {
                 ++order;
             }
-            m_placed.push_back({last, order, *group});
+            m_placed.push_back({last, order, old ? likeOld(*group, old->group) : *group});
         }
+    }
+
+    // Programs may give three coordinates where there were two.
+    static Group likeOld(Group group, const Group &old)
+    {
+        auto *point = std::get_if<Point>(&group.value);
+        const auto *oldPoint = std::get_if<Point>(&old.value);
+        if (point && oldPoint && oldPoint->dimensions == 2)
+            *point = {point->x, point->y, 0, 2};
+        return group;
     }
 
     // New groups of a list that begins with one follow the head.

@@ -5,7 +5,7 @@
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/drawing/EntityData.h"
 #include "host/kernel/drawing/EntityName.h"
-#include "host/kernel/drawing/TableNames.h"
+#include "host/kernel/drawing/TableRecords.h"
 
 using drawing::Drawing;
 using drawing::NoRecord;

@@ -6,6 +6,7 @@
 #include "host/interpreter/Printer.h"
 #include "host/kernel/PointValues.h"
 #include "host/kernel/drawing/EntityName.h"
+#include "host/kernel/drawing/TableRecords.h"
 
 #include <QByteArray>
 
@@ -27,8 +28,6 @@ using lisp::Value;
 namespace groupcode = drawing::groupcode;
 
 namespace {
-
-constexpr int NameCode = -1, SecondNameCode = -2, ExtendedDataCode = -3;
 
 Value pair(Machine &machine, int code, Value value)
 {
@@ -59,16 +58,12 @@ public:
     Value operator()(Handle handle) const
     {
         if (drawing::valueKind(m_code) != ValueKind::Reference)
-            return m_machine.string(QString::number(handle.value, 16).toUpper().toStdU16String());
+            return m_machine.string(handleText(handle));
         LispName name = nodeName(m_drawing, m_drawing.database().find(handle));
         name.words[1] = static_cast<std::int64_t>(handle.value);
         return entityName(m_machine, name);
     }
-    Value operator()(const drawing::Bytes &bytes) const
-    {
-        const QByteArray hex = QByteArray::fromStdString(bytes.bytes).toHex().toUpper();
-        return m_machine.string(QString::fromLatin1(hex).toStdU16String());
-    }
+    Value operator()(const drawing::Bytes &bytes) const { return m_machine.string(bytesText(bytes)); }
 
 private:
     Machine &m_machine;
@@ -113,22 +108,6 @@ std::optional<GroupValue> integerOf(Value value)
     return value.isInteger() ? std::int64_t{value.asInteger()} : static_cast<std::int64_t>(value.asReal());
 }
 
-std::optional<GroupValue> bytesOf(std::u16string_view text)
-{
-    const QByteArray hex = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toLatin1();
-    const QByteArray bytes = QByteArray::fromHex(hex);
-    if (bytes.size() * 2 != hex.size())
-        return std::nullopt;
-    return drawing::Bytes{bytes.toStdString()};
-}
-
-std::optional<GroupValue> handleOf(std::u16string_view text)
-{
-    bool isNumber = false;
-    const auto number = QStringView(text.data(), static_cast<qsizetype>(text.size())).toULongLong(&isNumber, 16);
-    return isNumber ? std::optional<GroupValue>(Handle{number}) : std::nullopt;
-}
-
 // Nothing when the value is not of the group's kind.
 std::optional<GroupValue> valueOf(int code, Value value)
 {
@@ -140,13 +119,13 @@ std::optional<GroupValue> valueOf(int code, Value value)
     case ValueKind::Real:
         return value.isNumber() ? std::optional<GroupValue>(value.asDouble()) : std::nullopt;
     case ValueKind::Binary:
-        return value.isString() ? bytesOf(value.asString()->view()) : std::nullopt;
+        return value.isString() ? bytesValue(value.asString()->view()) : std::nullopt;
     case ValueKind::Handle:
-        return value.isString() ? handleOf(value.asString()->view()) : std::nullopt;
+        return value.isString() ? handleValue(value.asString()->view()) : std::nullopt;
     case ValueKind::Reference:
         if (const auto *entity = lisp::asNative<EntityName>(value))
             return Handle{static_cast<std::uint64_t>(entity->name.words[1])};
-        return value.isString() ? handleOf(value.asString()->view()) : std::nullopt;
+        return value.isString() ? handleValue(value.asString()->view()) : std::nullopt;
     default:
         return integerOf(value);
     }
@@ -174,24 +153,33 @@ void addApplications(Value list, GroupList &data)
     }
 }
 
-bool isShownOfTable(int code)
+} // namespace
+
+std::optional<GroupValue> handleValue(std::u16string_view text)
 {
-    constexpr int Visual = 347, Material = 348, Plottable = 290, PlotStyle = 390, Lineweight = 370;
-    constexpr int hidden[] = {groupcode::Handle,
-                              groupcode::DimStyleHandle,
-                              groupcode::Owner,
-                              groupcode::Subclass,
-                              groupcode::Braces,
-                              Visual,
-                              Material,
-                              Plottable,
-                              PlotStyle,
-                              Lineweight,
-                              groupcode::HardEntry};
-    return std::find(std::begin(hidden), std::end(hidden), code) == std::end(hidden);
+    bool isNumber = false;
+    const auto number = QStringView(text.data(), static_cast<qsizetype>(text.size())).toULongLong(&isNumber, 16);
+    return isNumber ? std::optional<GroupValue>(Handle{number}) : std::nullopt;
 }
 
-} // namespace
+std::optional<GroupValue> bytesValue(std::u16string_view text)
+{
+    const QByteArray hex = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toLatin1();
+    const QByteArray bytes = QByteArray::fromHex(hex);
+    if (bytes.size() * 2 != hex.size())
+        return std::nullopt;
+    return drawing::Bytes{bytes.toStdString()};
+}
+
+std::u16string handleText(Handle handle)
+{
+    return QString::number(handle.value, 16).toUpper().toStdU16String();
+}
+
+std::u16string bytesText(const drawing::Bytes &bytes)
+{
+    return QString::fromLatin1(QByteArray::fromStdString(bytes.bytes).toHex().toUpper()).toStdU16String();
+}
 
 Value groupPair(Machine &machine, const Drawing &drawing, const Group &group)
 {
@@ -228,15 +216,8 @@ Value entityList(Machine &machine, const Drawing &drawing, RecordId record, cons
 Value tableRecordList(Machine &machine, const Drawing &drawing, RecordId record)
 {
     ListBuilder items(machine.heap());
-    int depth = 0;
-    for (const ListedGroup &listed : listing(drawing, record)) {
-        const auto *text = std::get_if<std::u16string>(&listed.group.value);
-        if (listed.group.code == groupcode::Braces && text)
-            depth += text->starts_with(u'{') ? 1 : -1;
-        const bool isDerived = listed.origin == ListedGroup::Derived;
-        if (depth == 0 && !isDerived && isShownOfTable(listed.group.code))
-            items.add(groupPair(machine, drawing, listed.group));
-    }
+    for (const Group &group : tableRecordGroups(drawing, record))
+        items.add(groupPair(machine, drawing, group));
     if (const std::optional<RecordId> second = secondName(drawing, record))
         items.add(pair(machine, SecondNameCode, entityName(machine, drawing, *second)));
     return items.list();

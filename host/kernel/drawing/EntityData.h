@@ -9,6 +9,9 @@
 
 // Records of a drawing as LISP lists, ((-1 . <Entity name: 1f>) (0 . "LINE") …), and back.
 
+// Group codes that programs alone see.
+inline constexpr int NameCode = -1, SecondNameCode = -2, ExtendedDataCode = -3;
+
 // Which applications' extended data is wanted.
 using ApplicationFilter = std::function<bool(std::u16string_view)>;
 
@@ -29,6 +32,12 @@ struct EntityRequest
 
 // Raises "bad DXF group: (62 . \"red\")" for a group that is none, or whose value is of the wrong kind.
 EntityRequest entityRequest(lisp::Value list);
+
+// A handle, or bytes, as programs write them: "1F", "00FF". Nothing for another text.
+std::optional<drawing::GroupValue> handleValue(std::u16string_view text);
+std::optional<drawing::GroupValue> bytesValue(std::u16string_view text);
+std::u16string handleText(drawing::Handle handle);
+std::u16string bytesText(const drawing::Bytes &bytes);
 
 // One group as a pair, (62 . 1), or a point, (10 1.0 2.0 0.0).
 lisp::Value groupPair(lisp::Machine &machine, const drawing::Drawing &drawing, const drawing::Group &group);

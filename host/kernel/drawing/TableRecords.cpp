@@ -1,6 +1,7 @@
-#include "host/kernel/drawing/TableNames.h"
+#include "host/kernel/drawing/TableRecords.h"
 
 #include "host/drawing/TextCodec.h"
+#include "host/drawing/entities/EntityListing.h"
 
 #include <algorithm>
 #include <iterator>
@@ -28,6 +29,15 @@ constexpr TableName names[] = {
     {u"BLOCK_RECORD", known::BlockRecord},
 };
 
+bool isShown(int code)
+{
+    using namespace drawing::groupcode;
+    constexpr int Plottable = 290, Visual = 347, Material = 348, Lineweight = 370, PlotStyle = 390;
+    constexpr int hidden[] = {Handle,    DimStyleHandle, Owner,    Subclass,   Braces,   HardEntry,
+                              Plottable, Visual,         Material, Lineweight, PlotStyle};
+    return std::ranges::find(hidden, code) == std::end(hidden);
+}
+
 } // namespace
 
 std::optional<drawing::NameId> tableNamed(std::u16string_view name)
@@ -48,4 +58,18 @@ std::vector<drawing::RecordId> tableRecords(const drawing::Drawing &drawing, dra
                    name.starts_with(drawing::folded(u"*Paper_Space"));
         });
     return records;
+}
+
+drawing::GroupList tableRecordGroups(const drawing::Drawing &drawing, drawing::RecordId record)
+{
+    drawing::GroupList groups;
+    int depth = 0;
+    for (drawing::ListedGroup &listed : drawing::listing(drawing, record)) {
+        const auto *text = std::get_if<std::u16string>(&listed.group.value);
+        if (listed.group.code == drawing::groupcode::Braces && text)
+            depth += text->starts_with(u'{') ? 1 : -1;
+        if (depth == 0 && listed.origin != drawing::ListedGroup::Derived && isShown(listed.group.code))
+            groups.push_back(std::move(listed.group));
+    }
+    return groups;
 }
