@@ -46,14 +46,15 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     app.fallthrough();
     app.require_subcommand(0, 1);
     std::vector<std::string> files, expressions, modules;
-    std::string name, registryFile, profile, answers, transcript;
+    std::string name, registryFile, profile, drawing, save, answers, transcript;
     bool noModule = false;
     app.add_option("--module", modules, "load this module (repeatable) instead of the one beside the program")
         ->type_name("FILE.tx")
         ->allow_extra_args(false);
     app.add_flag("--no-module", noModule, "load no module")->excludes("--module");
     app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
-
+    app.add_option("--drawing", drawing, "open this drawing instead of an empty one")->type_name("FILE.dxf");
+    app.add_option("--save", save, "write the drawing to this file when the programs have run")->type_name("FILE.dxf");
     app.add_option("--answers", answers, "answer the programs' requests from this file")->type_name("FILE");
     app.add_option("--transcript", transcript, "write requests, dialogs and launches to this file; -: standard error")
         ->type_name("FILE");
@@ -93,8 +94,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     CLI::App *eval = app.add_subcommand("eval", "Evaluate expressions and print each value.");
     eval->add_option("expressions", expressions)->type_name("EXPR")->required();
     CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
-    CLI::App *gui = app.add_subcommand("gui", "Show the window and load programs.");
-    gui->add_option("files", files)->type_name("FILE.lsp");
+    CLI::App *gui = app.add_subcommand("gui", "Show the window; open drawings and load programs.");
+    gui->add_option("files", files)->type_name("FILE.lsp|FILE.dxf");
     CLI::App *doc = app.add_subcommand("doc", "Tell what is known about a function, or list all functions.");
     doc->add_option("name", name)->type_name("NAME");
     CLI::App *registry = app.add_subcommand("registry", "Exchange registry keys as text with Windows' own tools.");
@@ -151,6 +152,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     if (noModule || !modules.empty())
         options.modules = toQStrings(modules);
     options.profileFolder = QString::fromStdString(profile);
+    options.drawingFile = QString::fromStdString(drawing);
+    options.saveFile = QString::fromStdString(save);
     options.answersFile = QString::fromStdString(answers);
     options.transcriptFile = QString::fromStdString(transcript);
     return parsed;

@@ -18,6 +18,8 @@ struct Options
     std::vector<QString> programArguments;       // after --
     std::optional<std::vector<QString>> modules; // nothing: the module beside the program
     QString profileFolder;                       // empty: the user's own
+    QString drawingFile;                         // empty: a new, empty drawing
+    QString saveFile;                            // empty: not saved
     QString answersFile;                         // empty: no answers
     QString transcriptFile;                      // empty: none; "-": standard error
     std::optional<SandboxOptions> sandbox;

@@ -3,6 +3,7 @@
 #include "app/Interrupts.h"
 #include "app/Modules.h"
 #include "app/sandbox/TimeLimit.h"
+#include "host/drawing/DrawingWriter.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
 
@@ -12,13 +13,15 @@
 using lisp::LispError;
 using lisp::Value;
 
-Session::Session(const Options &options)
+Session::Session(const Options &options) : m_drawingFile(options.drawingFile), m_saveFile(options.saveFile)
 {
     connectServices(options);
     if (options.sandbox)
         m_host.services().machineLimits.frames = static_cast<std::size_t>(options.sandbox->depth);
     m_document = &m_host.documents().open();
     machine().setConsole(&m_console);
+    if (!m_drawingFile.isEmpty())
+        openDrawing();
     loadModules(m_host, options);
 }
 
@@ -33,6 +36,29 @@ void Session::connectServices(const Options &options)
         services.answers = AnswersFile::read(options.answersFile);
     if (!options.transcriptFile.isEmpty())
         services.transcript = Transcript(options.transcriptFile);
+}
+
+void Session::openDrawing()
+{
+    m_document->open(m_drawingFile);
+    const drawing::Oddities &oddities = m_document->drawing().database().oddities();
+    if (oddities.count > 0)
+        m_host.services().warn(QStringLiteral("%1: not understood and kept as it is in %2 places, first %3")
+                                   .arg(m_drawingFile)
+                                   .arg(oddities.count)
+                                   .arg(QString::fromStdString(oddities.first)));
+    machine().searchFolders().push_back(QFileInfo(m_drawingFile).absolutePath().toStdU16String());
+}
+
+int Session::finish(int status)
+{
+    if (status != ExitFine || m_saveFile.isEmpty())
+        return status;
+    QString failure;
+    if (drawing::saveDrawing(m_document->drawing().database(), m_saveFile, drawing::Backup::None, failure))
+        return ExitFine;
+    m_host.services().warn(failure);
+    return ExitFile;
 }
 
 void Session::limit(const SandboxOptions &limits)

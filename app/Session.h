@@ -9,13 +9,17 @@
 class Session
 {
 public:
-    // Raises AnswersError, TranscriptError and ModuleError.
+    // Raises AnswersError, TranscriptError, ModuleError and drawing::ReadError.
     explicit Session(const Options &options);
 
     // Both give an exit status. They stop at the first error, whose text and back trace go to standard error.
     // The programs find `arguments` as a list of strings in the variable *arguments*.
     int runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments);
     int evaluate(const std::vector<QString> &expressions);
+
+    // What is left to do after the programs: writes the drawing where that was asked for, unless they failed. Gives the
+    // exit status.
+    int finish(int status);
 
     // Bounds what programs may take from now on: time, memory.
     void limit(const SandboxOptions &limits);
@@ -27,10 +31,12 @@ public:
     void report(const lisp::LispError &error);
 
 private:
+    void openDrawing();
     int runFile(const QString &path);
     int statusOf(const lisp::LispError &error);
     void connectServices(const Options &options);
 
+    QString m_drawingFile, m_saveFile; // empty: none
     TerminalConsole m_console;
     Host m_host;
     HeadlessInterface m_userInterface{m_host.services()};

@@ -43,13 +43,13 @@ int executeInSession(const Options &options, const QString &sandboxFolder)
     }
     switch (options.command) {
     case Options::Command::Run:
-        return session.runFiles(options.operands, options.programArguments);
+        return session.finish(session.runFiles(options.operands, options.programArguments));
     case Options::Command::Eval:
-        return session.evaluate(options.operands);
+        return session.finish(session.evaluate(options.operands));
     case Options::Command::Doc:
         return showDocumentation(session, options.operands.empty() ? QString() : options.operands.front());
     default:
-        return Repl(session).run();
+        return session.finish(Repl(session).run());
     }
 }
 
@@ -90,6 +90,8 @@ int executeAndReport(const Options &options, const QString &sandboxFolder = QStr
     try {
         return checkOutput(execute(options, sandboxFolder));
     } catch (const ModuleError &error) {
+        return reportError(error, ExitFile);
+    } catch (const drawing::ReadError &error) {
         return reportError(error, ExitFile);
     } catch (const AnswersError &error) {
         return reportError(error, ExitFile);
