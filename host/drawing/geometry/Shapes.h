@@ -2,6 +2,7 @@
 
 #include "host/drawing/Record.h"
 #include "host/drawing/geometry/Matrix.h"
+#include "host/drawing/geometry/TextMetrics.h"
 
 #include <optional>
 #include <span>
@@ -96,6 +97,7 @@ enum class VerticalAlignment { Baseline, Bottom, Middle, Top };
 struct Text
 {
     std::u16string string;
+    std::optional<Font> font;                    // where it is not the style's
     drawing::RecordId style = drawing::NoRecord; // the record of the text style, which names the font; or none
     Vector insertion, right, up;                 // right has the width factor, up the oblique angle
     HorizontalAlignment horizontal = HorizontalAlignment::Left;
