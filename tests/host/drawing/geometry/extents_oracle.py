@@ -40,7 +40,7 @@ def transformed(ellipse, ocs):
 
 def spline_points(spline):
     """The ends, and where a derivative is null, found by bisection between many places."""
-    steps = 40 * spline.count
+    steps = 15 * spline.count
     low, high = spline.knots()[spline.order - 1], spline.knots()[spline.count]
 
     def slope(t, axis):

@@ -34,13 +34,15 @@ def bulge():
     return rng.choice([0, 1, -1, 0.4142, number(3), number(0.001)])
 
 
-def corner_path(count, width=lambda: 0):
-    """Vertices that never turn sharply, so that wide straight segments meet in a mitre."""
-    angle, at = number(math.pi), Vec3(number(), number())
+def corner_path(count):
+    """Wide straight segments that keep their width at corners, which are neither sharp nor nearly straight."""
+    angle, at, width = number(math.pi), Vec3(number(), number()), rng.uniform(0.1, 3)
     for _ in range(count):
-        yield at.x, at.y, width(), width()
-        angle += number(1.5)
+        end_width = rng.uniform(0.1, 3)
+        yield at.x, at.y, width, end_width
+        angle += rng.choice([1, -1]) * rng.uniform(0.3, 1.8)
         at += Vec3.from_angle(angle, rng.uniform(20, 60))
+        width = end_width
 
 
 def light_polyline(space):
@@ -49,7 +51,7 @@ def light_polyline(space):
 
 
 def wide_polyline(space):
-    points = list(corner_path(rng.randint(2, 6), lambda: rng.uniform(0.1, 3)))
+    points = list(corner_path(rng.randint(2, 6)))
     return space.add_lwpolyline(points, "xyse", dxfattribs=plane(elevation=number()))
 
 
