@@ -1,7 +1,7 @@
 #include "host/drawing/geometry/Extents.h"
 
 #include "host/drawing/geometry/CurveBox.h"
-#include "host/drawing/geometry/TextPlacement.h"
+#include "host/drawing/geometry/TextLayouts.h"
 
 namespace geometry {
 
@@ -10,7 +10,7 @@ namespace {
 class BoxSink final : public ShapeSink
 {
 public:
-    BoxSink(const drawing::Database &database, const TextMetrics &metrics) : m_database(database), m_metrics(metrics) {}
+    explicit BoxSink(const drawing::Database &database) : m_database(database) {}
 
     const Box &box() const { return m_box; }
 
@@ -21,16 +21,8 @@ public:
             add(loop);
     }
     void face(const Face &face, const Origin &) override { add(face.corners); }
-    void text(const Text &text, const Origin &) override
-    {
-        if (const auto corners = inkCorners(text, m_database, m_metrics))
-            add(*corners);
-    }
-    void paragraphs(const Paragraphs &paragraphs, const Origin &origin) override
-    {
-        for (const Text &line : linesOf(paragraphs, m_database, m_metrics))
-            text(line, origin);
-    }
+    void text(const Text &text, const Origin &) override { addInk(text); }
+    void paragraphs(const Paragraphs &paragraphs, const Origin &) override { addInk(paragraphs); }
     void point(const Vector &place, const Origin &) override { m_box.add(place); }
     void image(const Image &image, const Origin &) override { add(image.outline); }
     void window(const Window &window, const Origin &) override { add(window.corners); }
@@ -48,16 +40,21 @@ private:
             m_box.add(place);
     }
 
+    template <class AnyText> void addInk(const AnyText &text)
+    {
+        if (const auto corners = inkCorners(text, textStyleOf(m_database, text.style)))
+            add(*corners);
+    }
+
     const drawing::Database &m_database;
-    const TextMetrics &m_metrics;
     Box m_box;
 };
 
 } // namespace
 
-std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity, const TextMetrics &metrics)
+std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity)
 {
-    BoxSink sink(drawing.database(), metrics);
+    BoxSink sink(drawing.database());
     if (!shapesOf(drawing, entity, sink) || sink.box().isEmpty())
         return std::nullopt;
     return sink.box();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "host/drawing/geometry/EntityShapes.h"
-#include "host/drawing/geometry/TextMetrics.h"
 
 #include <optional>
 
@@ -12,6 +11,6 @@ namespace geometry {
 // shown.
 // None for entities without geometry, without an end (RAY, XLINE), of unknown types, for inserts of nothing else, and
 // for those with too many parts (see shapesOf).
-std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity, const TextMetrics &metrics);
+std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity);
 
 } // namespace geometry

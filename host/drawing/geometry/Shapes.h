@@ -2,7 +2,6 @@
 
 #include "host/drawing/Record.h"
 #include "host/drawing/geometry/Matrix.h"
-#include "host/drawing/geometry/TextMetrics.h"
 
 #include <optional>
 #include <span>
@@ -91,13 +90,12 @@ struct Face
 enum class HorizontalAlignment { Left, Centre, Right, Aligned, Middle, Fit };
 enum class VerticalAlignment { Baseline, Bottom, Middle, Top };
 
-// One line of text, formatting codes resolved but not measured: where its glyphs stand follows from the font (see
-// TextPlacement.h). A glyph's place (u, v), in text heights from the insertion point, is at
+// One line of text, with codes such as %%d, not measured: where its glyphs stand follows from the font (see
+// TextLayouts.h). A glyph's place (u, v), in text heights from the insertion point, is at
 // insertion + u * right + v * up.
 struct Text
 {
     std::u16string string;
-    std::optional<Font> font;                    // where it is not the style's
     drawing::RecordId style = drawing::NoRecord; // the record of the text style, which names the font; or none
     Vector insertion, right, up;                 // right has the width factor, up the oblique angle
     HorizontalAlignment horizontal = HorizontalAlignment::Left;

@@ -1,5 +1,4 @@
 #include "host/drawing/geometry/Extents.h"
-#include "tests/host/drawing/geometry/FixedMetrics.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -52,7 +51,7 @@ TEST(ExtentsOracle, DifferByLessThanABillionthOfTheSize)
                      wanted.maximum.x >> wanted.maximum.y >> wanted.maximum.z;) {
         ++kinds[type];
         const auto id = drawing.database().find({std::stoull(handle, nullptr, 16)});
-        const auto box = extentsOf(drawing, id, NoMetrics());
+        const auto box = extentsOf(drawing, id);
         ASSERT_TRUE(box) << type << ' ' << handle;
         const double size = length(wanted.maximum - wanted.minimum);
         // Points have no size; and no number of a file is exacter than its last digit.

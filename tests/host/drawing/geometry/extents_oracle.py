@@ -223,6 +223,6 @@ def box_of(entity):
         inserts = entity.multi_insert() if entity.mcount > 1 else [entity]
         return BoundingBox(p for insert in inserts for part in parts_of(insert, Matrix44()) for p in box_of(part))
     if entity.dxftype() == "DIMENSION":
-        return BoundingBox(p for part in entity.virtual_entities() if part.dxftype() != "MTEXT" for p in box_of(part))
+        return BoundingBox(p for part in entity.virtual_entities() for p in box_of(part))
     points = [Vec3(p) for p in flat_points(entity)]
     return BoundingBox(points + [p + up_of(entity) for p in points])

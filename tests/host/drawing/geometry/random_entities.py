@@ -154,7 +154,8 @@ def insert(space):
 
 
 def dimension(space):
-    style = space.add_linear_dim((number(), number()), (number(), number()), (number(), number()), angle=number(90))
+    style = space.add_linear_dim((number(), number()), (number(), number()), (number(), number()), angle=number(90),
+                                 text=" ")  # none: this is not about fonts
     return style.render() and style.dimension
 
 
