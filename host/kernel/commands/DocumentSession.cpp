@@ -72,8 +72,6 @@ drawing::Drawing &DocumentSession::drawing()
 void DocumentSession::openDrawing(const QString &path)
 {
     m_document.open(path);
-    m_previousSelection.clear();
-    m_impliedSelection.clear();
 }
 
 std::optional<commands::VariableValue> DocumentSession::variable(std::u16string_view name) const
@@ -130,4 +128,10 @@ std::optional<std::u16string> DocumentSession::request(InputKind kind, const std
 {
     const InputReply reply = m_document.services().input->request({requestKind(kind), prompt});
     return reply.kind == InputReply::Kind::Text ? std::optional(reply.text) : std::nullopt;
+}
+
+void DocumentSession::forgetSelections()
+{
+    m_previousSelection.clear();
+    m_impliedSelection.clear();
 }

@@ -26,6 +26,7 @@ public:
     commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }
     void setImpliedSelection(commands::Selection selection) { m_impliedSelection = std::move(selection); }
     const commands::Selection &impliedSelection() const { return m_impliedSelection; }
+    void forgetSelections(); // they are of a drawing that is gone
 
 private:
     Document &m_document;
