@@ -94,6 +94,11 @@ bool DocumentSession::set(std::u16string_view name, const commands::VariableValu
     return row && m_document.variables().set(*row, fromCommands(value));
 }
 
+void DocumentSession::readVariables()
+{
+    m_document.readVariables();
+}
+
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
 {
     const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());
@@ -109,7 +114,9 @@ std::optional<double> DocumentSession::angleOf(std::u16string_view text) const
 {
     const CoordinateContext context = m_document.prompter().context();
     const std::optional<double> typed = angleFromText(text, context);
-    return typed ? std::optional(directionOf(*typed, context)) : std::nullopt;
+    if (typed && context.clockwise)
+        return -*typed;
+    return typed;
 }
 
 std::u16string DocumentSession::distanceText(double distance) const
