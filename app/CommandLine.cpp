@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include "app/system/Process.h"
+#include "host/render/PlotFile.h"
 
 #include <QStringDecoder>
 
@@ -30,6 +31,12 @@ bool isUtf8(const std::string &argument)
     return !decoder.hasError();
 }
 
+// In the form that the parser wants: a text that says what is wrong, or none.
+std::string isPlotFile(const std::string &path)
+{
+    return render::plotFormat(QString::fromStdString(path)) ? std::string() : "the file must end in .png, .svg or .pdf";
+}
+
 } // namespace
 
 ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
@@ -46,7 +53,7 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     app.fallthrough();
     app.require_subcommand(0, 1);
     std::vector<std::string> files, expressions, modules;
-    std::string name, registryFile, profile, drawing, save, answers, transcript;
+    std::string name, registryFile, profile, drawing, save, plot, layout, answers, transcript;
     bool noModule = false;
     app.add_option("--module", modules, "load this module (repeatable) instead of the one beside the program")
         ->type_name("FILE.tx")
@@ -55,6 +62,10 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
     app.add_option("--drawing", drawing, "open this drawing instead of an empty one")->type_name("FILE.dxf");
     app.add_option("--save", save, "write the drawing to this file when the programs have run")->type_name("FILE.dxf");
+    CLI::Option *plotted = app.add_option("--plot", plot, "draw the drawing into this file when the programs have run")
+                               ->type_name("FILE.png|svg|pdf")
+                               ->check(isPlotFile);
+    app.add_option("--layout", layout, "draw this layout, or Model")->type_name("NAME")->needs(plotted);
     app.add_option("--answers", answers, "answer the programs' requests from this file")->type_name("FILE");
     app.add_option("--transcript", transcript, "write requests, dialogs and launches to this file; -: standard error")
         ->type_name("FILE");
@@ -154,6 +165,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     options.profileFolder = QString::fromStdString(profile);
     options.drawingFile = QString::fromStdString(drawing);
     options.saveFile = QString::fromStdString(save);
+    options.plotFile = QString::fromStdString(plot);
+    options.plotLayout = QString::fromStdString(layout);
     options.answersFile = QString::fromStdString(answers);
     options.transcriptFile = QString::fromStdString(transcript);
     return parsed;

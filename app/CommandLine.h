@@ -20,6 +20,8 @@ struct Options
     QString profileFolder;                       // empty: the user's own
     QString drawingFile;                         // empty: a new, empty drawing
     QString saveFile;                            // empty: not saved
+    QString plotFile;                            // empty: not drawn; else it ends in a kind that can be
+    QString plotLayout;                          // empty: what the drawing shows when it is opened
     QString answersFile;                         // empty: no answers
     QString transcriptFile;                      // empty: none; "-": standard error
     std::optional<SandboxOptions> sandbox;

@@ -6,6 +6,7 @@
 #include "host/drawing/DrawingWriter.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
+#include "host/render/PlotFile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,7 +14,9 @@
 using lisp::LispError;
 using lisp::Value;
 
-Session::Session(const Options &options) : m_drawingFile(options.drawingFile), m_saveFile(options.saveFile)
+Session::Session(const Options &options)
+    : m_drawingFile(options.drawingFile), m_saveFile(options.saveFile), m_plotFile(options.plotFile),
+      m_plotLayout(options.plotLayout)
 {
     connectServices(options);
     if (options.sandbox)
@@ -52,13 +55,31 @@ void Session::openDrawing()
 
 int Session::finish(int status)
 {
-    if (status != ExitFine || m_saveFile.isEmpty())
-        return status;
     QString failure;
-    if (drawing::saveDrawing(m_document->drawing().database(), m_saveFile, drawing::Backup::None, failure))
-        return ExitFine;
+    if (status != ExitFine || (save(failure) && plot(failure)))
+        return status;
     m_host.services().warn(failure);
     return ExitFile;
+}
+
+bool Session::save(QString &failure) const
+{
+    return m_saveFile.isEmpty() ||
+           drawing::saveDrawing(m_document->drawing().database(), m_saveFile, drawing::Backup::None, failure);
+}
+
+bool Session::plot(QString &failure) const
+{
+    if (m_plotFile.isEmpty())
+        return true;
+    const drawing::Drawing &drawing = m_document->drawing();
+    const std::optional<render::Sheet> sheet = m_plotLayout.isEmpty()
+                                                   ? render::currentSheet(drawing)
+                                                   : render::namedSheet(drawing, m_plotLayout.toStdU16String());
+    if (sheet)
+        return render::writePlot(*sheet, *render::plotFormat(m_plotFile), m_plotFile, failure);
+    failure = QStringLiteral("the drawing has no layout %1").arg(m_plotLayout);
+    return false;
 }
 
 void Session::limit(const SandboxOptions &limits)

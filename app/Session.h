@@ -17,8 +17,8 @@ public:
     int runFiles(const std::vector<QString> &files, const std::vector<QString> &arguments);
     int evaluate(const std::vector<QString> &expressions);
 
-    // What is left to do after the programs: writes the drawing where that was asked for, unless they failed. Gives the
-    // exit status.
+    // What is left to do after the programs: writes the drawing, and draws it, where that was asked for, unless they
+    // failed. Gives the exit status.
     int finish(int status);
 
     // Bounds what programs may take from now on: time, memory.
@@ -32,11 +32,13 @@ public:
 
 private:
     void openDrawing();
+    bool save(QString &failure) const;
+    bool plot(QString &failure) const;
     int runFile(const QString &path);
     int statusOf(const lisp::LispError &error);
     void connectServices(const Options &options);
 
-    QString m_drawingFile, m_saveFile; // empty: none
+    QString m_drawingFile, m_saveFile, m_plotFile, m_plotLayout; // empty: none
     TerminalConsole m_console;
     Host m_host;
     HeadlessInterface m_userInterface{m_host.services()};

@@ -10,7 +10,7 @@ build_packages=(
     g++ clang-14 libclang-rt-14-dev cmake ninja-build ccache pkg-config binutils git
     # what the programs are made of
     qt6-base-dev qt6-base-dev-tools fonts-dejavu-core fonts-liberation fonts-osifont
-    libstb-dev qt6-svg-dev libedit-dev libcli11-dev libseccomp-dev libx11-dev
+    libstb-dev libedit-dev libcli11-dev libseccomp-dev libx11-dev
     # tests and benchmarks
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev libdxflib-dev python3 python3-ezdxf attr libattr1-dev
     # a screen for the tests of windows

@@ -38,20 +38,11 @@ CommandLine::Result CommandLine::give(const Input &input)
     if (isActive() && !(text && isTransparent(*text)))
         return offer(input);
     if (text && !text->empty() && *text != u" ")
-        return start(*text, Source::Program);
+        return start(*text);
     return Result::Taken; // Enter, or a value that nobody asked for
 }
 
-CommandLine::Result CommandLine::runTyped(const std::u16string &typed)
-{
-    m_lastName.clear();
-    Result result = start(typed, Source::Person);
-    while (result == Result::Taken && isActive())
-        result = askPerson();
-    return result;
-}
-
-CommandLine::Result CommandLine::start(const std::u16string &typed, Source source)
+CommandLine::Result CommandLine::start(const std::u16string &typed)
 {
     const CommandRow *row = findCommand(typed);
     if (!row && m_session.variable(commandName(typed)))
@@ -65,8 +56,7 @@ CommandLine::Result CommandLine::start(const std::u16string &typed, Source sourc
     const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
     m_running.push_back(std::make_unique<Running>(*row, commandName(typed), m_session, echoing));
     running().followsSelect = m_lastName == SelectName;
-    if (source == Source::Program)
-        echo(u'\n' + typed);
+    echo(u'\n' + typed);
     proceed([this] { running().task.start(); });
     return Result::Taken;
 }
@@ -92,13 +82,12 @@ template <class Step> void CommandLine::proceed(Step step)
     }
 }
 
-CommandLine::Result CommandLine::offer(const Input &input, Source source)
+CommandLine::Result CommandLine::offer(const Input &input)
 {
     Request &request = *running().context.ask().waiting();
     if (!running().promptIsShown)
         echo(u'\n' + request.prompt());
-    if (source == Source::Program)
-        echo(shown(input));
+    echo(shown(input));
     m_lastPrompt = request.prompt() + shown(input);
     running().promptIsShown = false;
     running().followsSelect = false;
@@ -124,7 +113,7 @@ CommandLine::Result CommandLine::askPerson()
         return Result::Cancelled;
     }
     running().promptIsShown = true;
-    return offer(*reply, Source::Person);
+    return offer(*reply);
 }
 
 void CommandLine::cancel()

@@ -32,21 +32,18 @@ private:
     Outcome readPoint(const Point &point);
 };
 
-// Radians, counter-clockwise. A number is an angle in the current units; two points give the angle of the line between
-// them. Directions are typed from ANGBASE, what something is turned by is not.
+// Radians. A number is an angle in the current units; two points give the angle of the line between them.
 class AngleRequest final : public Awaited<double>
 {
 public:
-    AngleRequest(const Question &question, double origin, Session &session, Request *&slot)
-        : Awaited(InputKind::Angle, question, session, slot), m_origin(origin)
+    AngleRequest(const Question &question, Session &session, Request *&slot)
+        : Awaited(InputKind::Angle, question, session, slot)
     {
     }
 
 private:
     Outcome read(const Input &input) override;
     Outcome readPoint(const Point &point);
-
-    double m_origin;
 };
 
 class IntegerRequest final : public Awaited<int>
@@ -132,8 +129,7 @@ public:
     PointRequest point(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
     PointRequest corner(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
     DistanceRequest distance(const Question &question) { return {question, m_session, m_waiting}; }
-    AngleRequest angle(const Question &question) { return {question, 0, m_session, m_waiting}; }
-    AngleRequest direction(const Question &question);
+    AngleRequest angle(const Question &question) { return {question, m_session, m_waiting}; }
     IntegerRequest integer(const Question &question) { return {question, m_session, m_waiting}; }
     RealRequest real(const Question &question) { return {question, m_session, m_waiting}; }
     StringRequest string(const Question &question) { return {question, m_session, m_waiting}; }

@@ -30,7 +30,6 @@ Command back(Context &context)
             co_return;
     }
     journal.undoToMark();
-    context.session().readVariables();
     context.say(journal.undoableSteps() == 0 ? u"Everything has been undone." : u"Mark encountered.");
 }
 
@@ -38,9 +37,7 @@ void undoSteps(Context &context, int steps)
 {
     if (steps < 1)
         throw CommandError{u"Value must be between 1 and 32767."};
-    const std::size_t undone = context.database().journal().undo(static_cast<std::size_t>(steps));
-    context.session().readVariables();
-    if (undone < static_cast<std::size_t>(steps))
+    if (context.database().journal().undo(static_cast<std::size_t>(steps)) < static_cast<std::size_t>(steps))
         context.say(u"Everything has been undone.");
 }
 
@@ -80,9 +77,7 @@ Command undoOne(Context &context)
 
 Command redo(Context &context)
 {
-    const std::size_t redone = context.database().journal().redo();
-    context.session().readVariables();
-    if (redone == 0)
+    if (context.database().journal().redo() == 0)
         context.say(u"Everything has been redone.");
     co_return;
 }

@@ -46,7 +46,6 @@ Document::~Document() = default;
 void Document::open(const QString &path)
 {
     m_openDrawing = std::make_unique<OpenDrawing>(path);
-    m_session.forgetSelections();
     readVariables();
 }
 

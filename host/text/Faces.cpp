@@ -54,8 +54,20 @@ FontFile plainFileFor(std::u16string_view fontName)
     return name.ends_with(u".shx") ? FontFile::Technical : FontFile::Sans;
 }
 
-FontFile withEmphasis(FontFile file, const FontName &font)
+// Names of files tell it by words, or as "arialbd", "ariali" and "timesbi".
+bool isNamed(std::u16string_view name, std::u16string_view word, std::u16string_view letters)
 {
+    const std::u16string lowerName = lower(name);
+    const std::u16string_view base = baseOf(lowerName);
+    const bool isShort = base.starts_with(u"arial") || base.starts_with(u"times");
+    return base.find(word) != base.npos ||
+           (isShort && base.size() > 5 && base.find_first_of(letters, 5) != base.npos && base.size() <= 7);
+}
+
+FontFile withEmphasis(FontFile file, FontName font)
+{
+    font.isBold = font.isBold || isNamed(font.name, u"bold", u"b");
+    font.isItalic = font.isItalic || isNamed(font.name, u"italic", u"i");
     if (file == FontFile::Sans && font.isBold)
         return font.isItalic ? FontFile::SansBoldItalic : FontFile::SansBold;
     if (file == FontFile::Sans && font.isItalic)

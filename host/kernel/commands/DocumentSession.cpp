@@ -72,6 +72,8 @@ drawing::Drawing &DocumentSession::drawing()
 void DocumentSession::openDrawing(const QString &path)
 {
     m_document.open(path);
+    m_previousSelection.clear();
+    m_impliedSelection.clear();
 }
 
 std::optional<commands::VariableValue> DocumentSession::variable(std::u16string_view name) const
@@ -94,11 +96,6 @@ bool DocumentSession::set(std::u16string_view name, const commands::VariableValu
     return row && m_document.variables().set(*row, fromCommands(value));
 }
 
-void DocumentSession::readVariables()
-{
-    m_document.readVariables();
-}
-
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
 {
     const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());
@@ -114,9 +111,7 @@ std::optional<double> DocumentSession::angleOf(std::u16string_view text) const
 {
     const CoordinateContext context = m_document.prompter().context();
     const std::optional<double> typed = angleFromText(text, context);
-    if (typed && context.clockwise)
-        return -*typed;
-    return typed;
+    return typed ? std::optional(directionOf(*typed, context)) : std::nullopt;
 }
 
 std::u16string DocumentSession::distanceText(double distance) const
@@ -135,10 +130,4 @@ std::optional<std::u16string> DocumentSession::request(InputKind kind, const std
 {
     const InputReply reply = m_document.services().input->request({requestKind(kind), prompt});
     return reply.kind == InputReply::Kind::Text ? std::optional(reply.text) : std::nullopt;
-}
-
-void DocumentSession::forgetSelections()
-{
-    m_previousSelection.clear();
-    m_impliedSelection.clear();
 }

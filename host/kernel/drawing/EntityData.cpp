@@ -111,9 +111,7 @@ std::optional<GroupValue> integerOf(Value value)
 // Nothing when the value is not of the group's kind.
 std::optional<GroupValue> valueOf(int code, Value value)
 {
-    constexpr int LastPlaceCode = 18, ExtrusionCode = 210;
-    const bool isPlace = (code >= groupcode::FirstX && code <= LastPlaceCode) || code == ExtrusionCode;
-    if (value.isCons() || isPlace)
+    if (value.isCons())
         return pointOf(code, value);
     switch (drawing::valueKind(code)) {
     case ValueKind::Text:

@@ -32,6 +32,10 @@ TEST(Faces, LetterWidthsFollowTheKindOfFont)
     EXPECT_EQ(&faceFor({u"unheard-of.ttf"}), &faceFor({u"arial.ttf"}));
     EXPECT_NE(&faceFor({u"times.ttf"}), &faceFor({u"arial.ttf"}));
     EXPECT_NE(&faceFor({u"arial.ttf", true}), &faceFor({u"arial.ttf"}));
+    EXPECT_EQ(&faceFor({u"OpenSans-BoldItalic.ttf"}), &faceFor({u"arial", true, true}));
+    EXPECT_EQ(&faceFor({u"arialbi.ttf"}), &faceFor({u"arial", true, true}));
+    EXPECT_EQ(&faceFor({u"timesi.ttf"}), &faceFor({u"times", false, true}));
+    EXPECT_EQ(&faceFor({u"arial.ttf"}), &faceFor({u"Arial"}));
     EXPECT_NE(&faceFor({u"arial.ttf", true, true}), &faceFor({u"arial.ttf", false, true}));
 }
 

@@ -46,7 +46,7 @@ TEST_F(MainWindowTest, AProgramsCommandsStandInTheMenu)
     EXPECT_THAT(output(), EndsWith("zoo\n"));
 }
 
-TEST_F(MainWindowTest, RecentFilesAreRememberedFromRunToRun)
+TEST_F(MainWindowTest, RecentProgramsAreRememberedFromRunToRun)
 {
     const QString first = write(QStringLiteral("a.lsp"), ""), second = write(QStringLiteral("b.lsp"), "");
     runner.loadProgram(first);
@@ -56,7 +56,7 @@ TEST_F(MainWindowTest, RecentFilesAreRememberedFromRunToRun)
     interface.window().close();
     const MainWindow next;
     QMenu *recent =
-        actionOf(actionOf(next.menuBar(), QStringLiteral("File"))->menu(), QStringLiteral("Recent Files"))->menu();
+        actionOf(actionOf(next.menuBar(), QStringLiteral("File"))->menu(), QStringLiteral("Recent Programs"))->menu();
     ASSERT_EQ(recent->actions().size(), 2);
     EXPECT_EQ(recent->actions().at(0)->text(), first);
     EXPECT_EQ(recent->actions().at(1)->text(), second);
@@ -67,7 +67,7 @@ TEST_F(MainWindowTest, AProgramThatCannotBeReadIsAMessage)
 {
     runner.loadProgram(m_folder.filePath(QStringLiteral("none.lsp")));
     EXPECT_THAT(output(), HasSubstr("none.lsp"));
-    EXPECT_TRUE(menu(QStringLiteral("File"), QStringLiteral("Recent Files"))->isEmpty());
+    EXPECT_TRUE(menu(QStringLiteral("File"), QStringLiteral("Recent Programs"))->isEmpty());
 }
 
 TEST_F(MainWindowTest, AnErrorInAProgramNamesItsLine)

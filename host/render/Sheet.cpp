@@ -1,0 +1,179 @@
+#include "host/render/Sheet.h"
+
+#include "host/drawing/Blocks.h"
+#include "host/drawing/HeaderVariables.h"
+#include "host/drawing/TextCodec.h"
+#include "host/render/DisplayListBuilder.h"
+#include "host/render/PageSetup.h"
+#include "host/render/Spaces.h"
+#include "host/render/Viewports.h"
+#include "host/render/VisibleBounds.h"
+
+namespace render {
+
+using drawing::RecordId;
+using geometry::Matrix;
+
+namespace {
+
+constexpr double PageWidth = 420, MostHeight = 594, LeastHeight = 50; // of pages without paper of their own
+constexpr double Border = 0.02;                                       // of the page's width
+constexpr double Tolerance = 0.02;                                    // a fiftieth of a millimetre is not seen
+
+std::int64_t integerVariable(const drawing::Database &database, std::string_view name, std::int64_t fallback)
+{
+    const auto group = drawing::variable(database, name);
+    const auto *value = group ? std::get_if<std::int64_t>(&group->value) : nullptr;
+    return value ? *value : fallback;
+}
+
+Matrix pageMatrix(double scale, const QPointF &from, const QPointF &to)
+{
+    return Matrix::translation({to.x(), to.y(), 0}) * Matrix::scale(scale, scale, scale) *
+           Matrix::translation({-from.x(), -from.y(), 0});
+}
+
+// Where a space lies on the page.
+struct Fit
+{
+    QSizeF size;
+    double scale = 1;
+    Matrix toPage;
+};
+
+// What the bounds hold, as large as fits on a page that is made for it.
+Fit fitTo(const QRectF &bounds)
+{
+    Fit fit;
+    constexpr double Room = PageWidth * (1 - 2 * Border);
+    const double ratio = bounds.width() > 0 ? bounds.height() / bounds.width() : INFINITY;
+    const bool isEmpty = !(bounds.width() > 0 || bounds.height() > 0);
+    const double height = isEmpty ? LeastHeight : std::clamp(Room * ratio, LeastHeight, MostHeight);
+    fit.size = {PageWidth, height + 2 * Border * PageWidth};
+    const double across = bounds.width() > 0 ? Room / bounds.width() : INFINITY;
+    const double up = bounds.height() > 0 ? height / bounds.height() : INFINITY;
+    fit.scale = isEmpty ? 1 : std::min(across, up);
+    fit.toPage = pageMatrix(fit.scale, bounds.center(), QPointF(fit.size.width() / 2, fit.size.height() / 2));
+    return fit;
+}
+
+QRectF boundsOf(const drawing::Drawing &drawing, AppearanceResolver &appearances, const std::vector<RecordId> &entities)
+{
+    VisibleBounds bounds(drawing, appearances, {});
+    for (const RecordId entity : entities)
+        bounds.add(entity);
+    return bounds.bounds();
+}
+
+QRectF pageOf(const QSizeF &size)
+{
+    return {QPointF(0, 0), size};
+}
+
+Sheet::Part part(const drawing::Drawing &drawing, AppearanceResolver &appearances, const Projection &projection,
+                 const std::vector<RecordId> &entities)
+{
+    Sheet::Part result{DisplayList(), projection.window};
+    DisplayListBuilder builder(drawing, appearances, projection, result.list);
+    for (const RecordId entity : entities)
+        builder.add(entity);
+    return result;
+}
+
+// Where the layout lies on its paper.
+Fit fitOf(const PageSetup &setup, const drawing::Drawing &drawing, AppearanceResolver &appearances,
+          const std::vector<RecordId> &entities)
+{
+    const bool hasWindow = setup.area == PageSetup::Area::Window && !setup.window.isEmpty();
+    if (setup.paper.isEmpty())
+        return fitTo(hasWindow ? setup.window : boundsOf(drawing, appearances, entities));
+    Fit fit{setup.paper, setup.scale, {}};
+    const QRectF printable =
+        pageOf(setup.paper)
+            .adjusted(setup.margins.left(), setup.margins.bottom(), -setup.margins.right(), -setup.margins.top());
+    const QPointF corner = printable.topLeft() + setup.offset; // the lower left one: y goes upwards
+    if (!hasWindow && setup.area != PageSetup::Area::Extents) {
+        fit.scale = fit.scale > 0 ? fit.scale : 1;
+        fit.toPage = pageMatrix(fit.scale, QPointF(0, 0), corner);
+        return fit;
+    }
+    const QRectF area = hasWindow ? setup.window : boundsOf(drawing, appearances, entities);
+    if (!(fit.scale > 0))
+        fit.scale = area.isEmpty() ? 1 : std::min(printable.width() / area.width(), printable.height() / area.height());
+    fit.toPage = setup.isCentred ? pageMatrix(fit.scale, area.center(), printable.center())
+                                 : pageMatrix(fit.scale, area.topLeft(), corner);
+    return fit;
+}
+
+void addViewport(const drawing::Drawing &drawing, const Viewport &viewport, const Fit &fit,
+                 AppearanceResolver &appearances, Sheet &sheet)
+{
+    QPolygonF outline;
+    for (const QPointF &corner : viewport.outline) {
+        const geometry::Vector place = fit.toPage.place({corner.x(), corner.y(), 0});
+        outline << QPointF(place.x, place.y);
+    }
+    const bool areLinetypesOfPaper = integerVariable(drawing.database(), "$PSLTSCALE", 1) != 0;
+    Projection projection{fit.toPage * viewport.toPaper, viewport.scale * fit.scale, Tolerance, outline.boundingRect()};
+    projection.linetypeScale = areLinetypesOfPaper ? 1 / viewport.scale : 1;
+    appearances.setFrozen(viewport.frozenLayers);
+    sheet.parts.push_back(part(drawing, appearances, projection, modelEntities(drawing)));
+    sheet.parts.back().outline = outline;
+    appearances.setFrozen({});
+}
+
+Sheet paperSheet(const drawing::Drawing &drawing, const PageSetup &setup, const std::vector<RecordId> &entities)
+{
+    AppearanceResolver appearances(drawing, {});
+    const Fit fit = fitOf(setup, drawing, appearances, entities);
+    Sheet sheet;
+    sheet.size = fit.size;
+    for (const RecordId entity : entities)
+        if (const auto viewport = viewportOf(drawing, entity))
+            addViewport(drawing, *viewport, fit, appearances, sheet);
+    const Projection projection{fit.toPage, fit.scale, Tolerance, pageOf(fit.size)};
+    sheet.parts.push_back(part(drawing, appearances, projection, entities));
+    return sheet;
+}
+
+} // namespace
+
+Sheet modelSheet(const drawing::Drawing &drawing)
+{
+    AppearanceResolver appearances(drawing, {});
+    const std::vector<RecordId> entities = modelEntities(drawing);
+    const Fit fit = fitTo(boundsOf(drawing, appearances, entities));
+    Sheet sheet;
+    sheet.size = fit.size;
+    sheet.parts.push_back(part(drawing, appearances, {fit.toPage, fit.scale, Tolerance, pageOf(fit.size)}, entities));
+    return sheet;
+}
+
+Sheet layoutSheet(const drawing::Drawing &drawing, const drawing::Layout &layout)
+{
+    return paperSheet(drawing, pageSetup(drawing.database(), layout.object), paperEntities(drawing, layout));
+}
+
+Sheet currentSheet(const drawing::Drawing &drawing)
+{
+    if (integerVariable(drawing.database(), "$TILEMODE", 1) != 0)
+        return modelSheet(drawing);
+    const RecordId active = drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace);
+    for (const drawing::Layout &layout : drawing::layouts(drawing.database()))
+        if (layout.blockRecord != drawing::NoRecord && layout.blockRecord == active)
+            return layoutSheet(drawing, layout);
+    return paperSheet(drawing, {}, activePaperEntities(drawing));
+}
+
+std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name)
+{
+    const std::u16string wanted = drawing::folded(name);
+    if (wanted == drawing::folded(u"Model"))
+        return modelSheet(drawing);
+    for (const drawing::Layout &layout : drawing::layouts(drawing.database()))
+        if (drawing::folded(layout.name) == wanted)
+            return layoutSheet(drawing, layout);
+    return std::nullopt;
+}
+
+} // namespace render

@@ -1,0 +1,55 @@
+import struct
+import unittest
+
+from lisphost import LispHostTest
+
+# A diagonal red line in a drawing of the oldest kind, which has neither tables nor layouts.
+LINE = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n62\n1\n10\n0.0\n20\n0.0\n11\n200.0\n21\n100.0\n0\nENDSEC\n0\nEOF\n"
+
+
+class Plot(LispHostTest):
+    def plot(self, name, *arguments):
+        outcome = self.lisphost("--drawing", self.write("line.dxf", LINE), "--plot", name, *arguments, "eval", "(+ 1 2)")
+        self.assertEqual((outcome.status, outcome.output, outcome.errors), (0, "3\n", ""))
+        return (self.folder / name).read_bytes()
+
+    def test_png_is_1600_pixels_wide(self):
+        content = self.plot("plot.png")
+        self.assertEqual(content[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertEqual(struct.unpack(">I", content[16:20]), (1600,))
+
+    def test_svg_has_the_line(self):
+        content = self.plot("plot.svg").decode()
+        self.assertIn('width="420mm"', content)
+        self.assertIn('stroke="#ff0000"', content)
+
+    def test_pdf_is_one(self):
+        self.assertEqual(self.plot("PLOT.PDF")[:5], b"%PDF-")
+
+    def test_what_the_program_draws_is_on_the_plot(self):
+        make = '(entmake (quote ((0 . "LINE") (8 . "0") (62 . 3) (10 0 0 0) (11 5 5 0))))'
+        outcome = self.lisphost("--plot", "made.svg", "eval", make)
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        self.assertIn('stroke="#00ff00"', (self.folder / "made.svg").read_text())
+
+    def test_layout_goes_by_its_name(self):
+        outcome = self.lisphost("--plot", "layout.svg", "--layout", "LAYOUT1", "eval", "1")
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        self.assertTrue((self.folder / "layout.svg").exists())
+        self.assert_fails(self.lisphost("--plot", "a.svg", "--layout", "Missing", "eval", "1"), 3, "Missing")
+
+    def test_unknown_ending_is_a_usage_error_before_the_program_runs(self):
+        outcome = self.lisphost("--plot", "plot.jpg", "eval", '(princ "ran")')
+        self.assertNotIn("ran", outcome.output)
+        self.assert_fails(outcome, 2, "png")
+
+    def test_file_that_cannot_be_written_is_told(self):
+        self.assert_fails(self.lisphost("--plot", "missing/plot.png", "eval", "1"), 3, "missing/plot.png")
+
+    def test_nothing_is_drawn_when_the_program_failed(self):
+        outcome = self.lisphost("--plot", "plot.png", "eval", "(car 1)")
+        self.assertEqual(outcome.status, 1)
+        self.assertFalse((self.folder / "plot.png").exists())
+
+
+unittest.main()
