@@ -3,6 +3,7 @@
 #include "app/Modules.h"
 #include "host/kernel/Host.h"
 #include "host/ui/gui/CommandRunner.h"
+#include "host/ui/gui/DrawingFiles.h"
 #include "host/ui/gui/WindowInterface.h"
 
 #include <QApplication>
@@ -20,17 +21,19 @@ int runGui(const Options &options)
 
     Host host;
     WindowInterface interface(host.services());
-    host.services().print = [&](std::u16string_view text) { interface.write(text); };
-    host.services().warn = [&](const QString &text) { interface.writeError(text + u'\n'); };
     Document &document = host.documents().open();
     loadModules(host, options);
 
     CommandRunner runner(interface, document);
+    DrawingFiles files(interface.window(), document);
+    QObject::connect(&runner, &CommandRunner::ended, &files, &DrawingFiles::showTitle);
     interface.window().show();
     // When the event loop runs: programs may ask for input.
     QTimer::singleShot(0, &runner, [&] {
+        if (!options.drawingFile.isEmpty())
+            files.open(options.drawingFile);
         for (const QString &file : options.operands)
-            runner.loadProgram(file);
+            interface.window().openFile(file);
     });
     return QApplication::exec();
 }

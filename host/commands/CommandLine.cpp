@@ -38,11 +38,20 @@ CommandLine::Result CommandLine::give(const Input &input)
     if (isActive() && !(text && isTransparent(*text)))
         return offer(input);
     if (text && !text->empty() && *text != u" ")
-        return start(*text);
+        return start(*text, Source::Program);
     return Result::Taken; // Enter, or a value that nobody asked for
 }
 
-CommandLine::Result CommandLine::start(const std::u16string &typed)
+CommandLine::Result CommandLine::runTyped(const std::u16string &typed)
+{
+    m_lastName.clear();
+    Result result = start(typed, Source::Person);
+    while (result == Result::Taken && isActive())
+        result = askPerson();
+    return result;
+}
+
+CommandLine::Result CommandLine::start(const std::u16string &typed, Source source)
 {
     const CommandRow *row = findCommand(typed);
     if (!row && m_session.variable(commandName(typed)))
@@ -56,7 +65,8 @@ CommandLine::Result CommandLine::start(const std::u16string &typed)
     const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
     m_running.push_back(std::make_unique<Running>(*row, commandName(typed), m_session, echoing));
     running().followsSelect = m_lastName == SelectName;
-    echo(u'\n' + typed);
+    if (source == Source::Program)
+        echo(u'\n' + typed);
     proceed([this] { running().task.start(); });
     return Result::Taken;
 }
@@ -82,12 +92,13 @@ template <class Step> void CommandLine::proceed(Step step)
     }
 }
 
-CommandLine::Result CommandLine::offer(const Input &input)
+CommandLine::Result CommandLine::offer(const Input &input, Source source)
 {
     Request &request = *running().context.ask().waiting();
     if (!running().promptIsShown)
         echo(u'\n' + request.prompt());
-    echo(shown(input));
+    if (source == Source::Program)
+        echo(shown(input));
     m_lastPrompt = request.prompt() + shown(input);
     running().promptIsShown = false;
     running().followsSelect = false;
@@ -113,7 +124,7 @@ CommandLine::Result CommandLine::askPerson()
         return Result::Cancelled;
     }
     running().promptIsShown = true;
-    return offer(*reply);
+    return offer(*reply, Source::Person);
 }
 
 void CommandLine::cancel()

@@ -24,6 +24,8 @@ public:
     // Gives a sequence of answers. An unknown name is complained about and the rest is dropped.
     Result give(const std::vector<Input> &inputs);
     Result give(const Input &input);
+    // Runs a whole command that a person has typed, and asks the person what it wants to know.
+    Result runTyped(const std::u16string &typed);
     void cancel();     // Esc: ends all that runs
     void showPrompt(); // of the running command, once
 
@@ -46,8 +48,11 @@ private:
         bool promptIsShown = false;
     };
 
-    Result start(const std::u16string &typed);
-    Result offer(const Input &input);
+    // A person has seen what was typed or answered; what comes from a program is shown.
+    enum class Source { Program, Person };
+
+    Result start(const std::u16string &typed, Source source);
+    Result offer(const Input &input, Source source = Source::Program);
     Result askPerson();
     void finishSelecting();
     template <class Step> void proceed(Step step);

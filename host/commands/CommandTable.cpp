@@ -13,11 +13,41 @@ namespace {
 using enum CommandRow::Undo;
 
 // Sorted by name.
+// clang-format off
 constexpr CommandRow table[] = {
-    {u"-COLOR", color},       {u"COLOR", color},        {u"ERASE", erase},    {u"REDO", redo, Own},
-    {u"SELECT", select, Own}, {u"SETVAR", setVariable}, {u"U", undoOne, Own}, {u"UNDO", undo, Own},
+    {u"-COLOR", color},
+    {u"-LAYER", layer},
+    {u"-LINETYPE", linetype},
+    {u"-TEXT", text},
+    {u"ARC", arc},
+    {u"CHANGE", change},
+    {u"CHPROP", chprop},
+    {u"CIRCLE", circle},
+    {u"COLOR", color},
+    {u"COPY", copy},
+    {u"DTEXT", text},
+    {u"ERASE", erase},
+    {u"LAYER", layer},
+    {u"LINE", line},
+    {u"LINETYPE", linetype},
+    {u"MIRROR", mirror},
+    {u"MOVE", move},
+    {u"PLINE", polyline},
+    {u"POINT", point},
+    {u"RECTANG", rectangle},
+    {u"RECTANGLE", rectangle},
+    {u"REDO", redo, Own},
+    {u"ROTATE", rotate},
+    {u"SCALE", scale},
+    {u"SELECT", select, Own},
+    {u"SETVAR", setVariable},
+    {u"SOLID", solid},
+    {u"TEXT", text},
+    {u"U", undoOne, Own},
+    {u"UNDO", undo, Own},
 };
 
+// clang-format on
 static_assert(std::ranges::is_sorted(table, {}, &CommandRow::name));
 
 constexpr CommandRow variableRow{u"", changeVariable};

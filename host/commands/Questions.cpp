@@ -49,6 +49,11 @@ std::optional<Point> pointOf(const Input &input, const Session &session)
     return text ? session.pointOf(*text) : std::nullopt;
 }
 
+AngleRequest Questions::direction(const Question &question)
+{
+    return {question, m_session.real(u"ANGBASE"), m_session, m_waiting};
+}
+
 Request::Outcome PointRequest::read(const Input &input)
 {
     const std::optional<Point> point = pointOf(input, m_session);
@@ -81,7 +86,7 @@ Request::Outcome AngleRequest::read(const Input &input)
 {
     if (const std::optional<std::u16string> text = typedText(input))
         if (const std::optional<double> angle = m_session.angleOf(*text))
-            return answer(*angle);
+            return answer(*angle + m_origin);
     if (const std::optional<Point> point = pointOf(input, m_session))
         return readPoint(*point);
     return refuse(u"Requires valid numeric angle or two points.");

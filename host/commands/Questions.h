@@ -32,18 +32,21 @@ private:
     Outcome readPoint(const Point &point);
 };
 
-// Radians. A number is an angle in the current units; two points give the angle of the line between them.
+// Radians, counter-clockwise. A number is an angle in the current units; two points give the angle of the line between
+// them. Directions are typed from ANGBASE, what something is turned by is not.
 class AngleRequest final : public Awaited<double>
 {
 public:
-    AngleRequest(const Question &question, Session &session, Request *&slot)
-        : Awaited(InputKind::Angle, question, session, slot)
+    AngleRequest(const Question &question, double origin, Session &session, Request *&slot)
+        : Awaited(InputKind::Angle, question, session, slot), m_origin(origin)
     {
     }
 
 private:
     Outcome read(const Input &input) override;
     Outcome readPoint(const Point &point);
+
+    double m_origin;
 };
 
 class IntegerRequest final : public Awaited<int>
@@ -129,7 +132,8 @@ public:
     PointRequest point(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
     PointRequest corner(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
     DistanceRequest distance(const Question &question) { return {question, m_session, m_waiting}; }
-    AngleRequest angle(const Question &question) { return {question, m_session, m_waiting}; }
+    AngleRequest angle(const Question &question) { return {question, 0, m_session, m_waiting}; }
+    AngleRequest direction(const Question &question);
     IntegerRequest integer(const Question &question) { return {question, m_session, m_waiting}; }
     RealRequest real(const Question &question) { return {question, m_session, m_waiting}; }
     StringRequest string(const Question &question) { return {question, m_session, m_waiting}; }

@@ -24,10 +24,13 @@ public:
     virtual void assign(std::u16string_view name, const VariableValue &value) = 0; // read-only ones too
     virtual bool set(std::u16string_view name, const VariableValue &value) = 0;    // as setvar; false: refused
 
+    virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
+
     // Typed texts, in the current units; "@" begins at LASTPOINT.
     virtual std::optional<Point> pointOf(std::u16string_view text) const = 0;
     virtual std::optional<double> distanceOf(std::u16string_view text) const = 0;
-    virtual std::optional<double> angleOf(std::u16string_view text) const = 0; // radians from the X axis
+    virtual std::optional<double>
+    angleOf(std::u16string_view text) const = 0; // radians counter-clockwise, not from ANGBASE
     virtual std::u16string distanceText(double distance) const = 0;
 
     virtual void print(std::u16string_view text) = 0;

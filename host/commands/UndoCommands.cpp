@@ -30,6 +30,7 @@ Command back(Context &context)
             co_return;
     }
     journal.undoToMark();
+    context.session().readVariables();
     context.say(journal.undoableSteps() == 0 ? u"Everything has been undone." : u"Mark encountered.");
 }
 
@@ -37,7 +38,9 @@ void undoSteps(Context &context, int steps)
 {
     if (steps < 1)
         throw CommandError{u"Value must be between 1 and 32767."};
-    if (context.database().journal().undo(static_cast<std::size_t>(steps)) < static_cast<std::size_t>(steps))
+    const std::size_t undone = context.database().journal().undo(static_cast<std::size_t>(steps));
+    context.session().readVariables();
+    if (undone < static_cast<std::size_t>(steps))
         context.say(u"Everything has been undone.");
 }
 
@@ -77,7 +80,9 @@ Command undoOne(Context &context)
 
 Command redo(Context &context)
 {
-    if (context.database().journal().redo() == 0)
+    const std::size_t redone = context.database().journal().redo();
+    context.session().readVariables();
+    if (redone == 0)
         context.say(u"Everything has been redone.");
     co_return;
 }

@@ -7,6 +7,7 @@ namespace drawing {
 
 void Journal::remember(RecordId id)
 {
+    ++m_changeCount;
     if (m_done < m_images.size()) {
         dropFrom(m_done);
         m_steps.resize(m_step + 1);
@@ -58,6 +59,7 @@ std::size_t Journal::stepEnd(std::size_t step) const
 
 void Journal::exchange(Image &image)
 {
+    ++m_changeCount;
     std::swap(image.record, m_store.records[image.id]);
 }
 

@@ -4,6 +4,7 @@
 #include "host/drawing/TextStore.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace drawing {
@@ -56,6 +57,9 @@ public:
     Recording recording() const { return m_recording; }
     void clear();
 
+    // Grows with every change, also one that is undone or redone: who knows it knows whether anything happened since.
+    std::uint64_t changeCount() const { return m_changeCount; }
+
     std::size_t undoableSteps() const;
     std::size_t redoableSteps() const;
 
@@ -86,6 +90,7 @@ private:
     std::vector<std::size_t> m_transactions;
     bool m_groupIsOpen = false;
     Recording m_recording = Recording::On;
+    std::uint64_t m_changeCount = 0;
 };
 
 } // namespace drawing

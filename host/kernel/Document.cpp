@@ -46,6 +46,7 @@ Document::~Document() = default;
 void Document::open(const QString &path)
 {
     m_openDrawing = std::make_unique<OpenDrawing>(path);
+    m_session.forgetSelections();
     readVariables();
 }
 

@@ -26,6 +26,7 @@ MAY_USE = {
     "host/sdk/ui": ["sdk"],
     "host/interpreter": [],
     "host/drawing": ["storage"],
+    "host/drawing/geometry": ["host/drawing", "host/text"],
     "host/text": [],
     "host/render": ["host/drawing", "host/palette", "host/text", "storage"],
     "host/commands": ["host/interpreter", "host/drawing"],

@@ -9,6 +9,15 @@ namespace {
 constexpr int ExtrusionCode = 210;
 constexpr int FlatDimensions = 2;
 
+bool changeGroup(GroupList &groups, const Group &group)
+{
+    const auto found = std::ranges::find(groups, group.code, &Group::code);
+    if (found == groups.end())
+        return false;
+    found->value = group.value;
+    return true;
+}
+
 } // namespace
 
 Group integerGroup(int code, std::int64_t value)
@@ -72,20 +81,31 @@ bool hasGroup(const GroupList &groups, int code)
 
 void setGroup(GroupList &groups, const Group &group)
 {
-    const auto found = std::ranges::find(groups, group.code, &Group::code);
-    if (found != groups.end())
-        found->value = group.value;
-    else
-        groups.push_back(group);
+    if (changeGroup(groups, group))
+        return;
+    const auto isForeign = [](const Group &one) {
+        return one.code == groupcode::EmbeddedObject || one.code >= groupcode::ExtendedString;
+    };
+    groups.insert(std::ranges::find_if(groups, isForeign), group);
+}
+
+void setGroupInFirstPart(GroupList &groups, const Group &group)
+{
+    constexpr auto PartsWithCommon = 3;
+    if (changeGroup(groups, group))
+        return;
+    if (std::ranges::count(groups, groupcode::Subclass, &Group::code) < PartsWithCommon)
+        return setGroup(groups, group);
+    auto marker = groups.begin();
+    for (int count = 0; count < PartsWithCommon; ++marker)
+        count += marker->code == groupcode::Subclass ? 1 : 0;
+    groups.insert(marker - 1, group);
 }
 
 void setGroupBehindLayer(GroupList &groups, const Group &group)
 {
-    const auto found = std::ranges::find(groups, group.code, &Group::code);
-    if (found != groups.end()) {
-        found->value = group.value;
+    if (changeGroup(groups, group))
         return;
-    }
     const auto layer = std::ranges::find(groups, groupcode::Layer, &Group::code);
     groups.insert(layer != groups.end() ? layer + 1 : groups.end(), group);
 }

@@ -22,8 +22,11 @@ geometry::Vector placeOf(const GroupList &groups, int code, const geometry::Vect
 geometry::Vector extrusionOf(const GroupList &groups);
 bool hasGroup(const GroupList &groups, int code);
 
-// Changes the first group with the code; when there is none, adds it at the end or behind the layer.
+// Changes the first group with the code; when there is none, adds it: at the end before what is not the entity's own
+// (extended data, embedded objects); in the first part of an entity whose geometry stands in two, as of TEXT and ARC;
+// or behind the layer.
 void setGroup(GroupList &groups, const Group &group);
+void setGroupInFirstPart(GroupList &groups, const Group &group);
 void setGroupBehindLayer(GroupList &groups, const Group &group);
 void removeGroups(GroupList &groups, int code);
 

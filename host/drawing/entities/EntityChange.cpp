@@ -26,10 +26,19 @@ bool isFixed(int code)
     return code == groupcode::Type || code == groupcode::Handle || code == groupcode::DimStyleHandle;
 }
 
+bool isFlat(const std::vector<ListedGroup> &listed)
+{
+    return std::ranges::all_of(listed, [](const ListedGroup &one) {
+        const auto *point = std::get_if<Point>(&one.group.value);
+        return one.group.code != groupcode::FirstX || !point || point->dimensions == 2;
+    });
+}
+
 class Change
 {
 public:
-    Change(std::vector<ListedGroup> &&listed, const GroupList &wanted, bool isEntity) : m_listed(std::move(listed))
+    Change(std::vector<ListedGroup> &&listed, const GroupList &recorded, const GroupList &wanted, bool isEntity)
+        : m_listed(std::move(listed)), m_isFlat(isFlat(m_listed)), m_recorded(recorded)
     {
         findHead();
         if (isEntity)
@@ -120,7 +129,7 @@ private:
     void keep(ListedGroup &listed)
     {
         if (listed.origin != ListedGroup::Derived)
-            m_placed.push_back({listed.origin, 0, listed.group});
+            m_placed.push_back({listed.origin, 0, recorded(listed)});
     }
 
     void keepWhatIsNotListed()
@@ -160,16 +169,25 @@ private:
             } else {
                 ++order;
             }
-            m_placed.push_back({last, order, old ? likeOld(*group, old->group) : *group});
+            m_placed.push_back({last, order, old ? inRecord(*group, *old) : *group});
         }
     }
 
-    // Programs may give three coordinates where there were two.
-    static Group likeOld(Group group, const Group &old)
+    const Group &recorded(const ListedGroup &listed) const
     {
+        return m_recorded[static_cast<std::size_t>(listed.origin)];
+    }
+
+    // As the record has it where it is unchanged. Programs may give three coordinates where there are two.
+    Group inRecord(Group group, const ListedGroup &old) const
+    {
+        if (old.origin == ListedGroup::Derived)
+            return group;
+        if (group == old.group)
+            return recorded(old);
         auto *point = std::get_if<Point>(&group.value);
-        const auto *oldPoint = std::get_if<Point>(&old.value);
-        if (point && oldPoint && oldPoint->dimensions == 2)
+        const auto *oldPoint = std::get_if<Point>(&recorded(old).value);
+        if (point && oldPoint && oldPoint->dimensions == 2 && (point->z == 0 || m_isFlat))
             *point = {point->x, point->y, 0, 2};
         return group;
     }
@@ -194,6 +212,8 @@ private:
     }
 
     std::vector<ListedGroup> m_listed;
+    bool m_isFlat;               // points have two coordinates, whatever the list gives
+    const GroupList &m_recorded; // what the origins count in
     std::size_t m_head = 0;
     int m_commonEnd = 0; // 0: not an entity
     std::map<int, int> m_occurrences;
@@ -246,12 +266,14 @@ bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
 {
     Database &database = drawing.database();
     const bool isEntity = database.record(record).kind == RecordKind::Entity;
-    GroupList changed = Change(listing(drawing, record), wanted, isEntity).result();
+    const GroupList recorded = database.groups(record);
+    GroupList changed = Change(listing(drawing, record), recorded, wanted, isEntity).result();
     countVertices(changed);
-    putExtendedData(changed, database.groups(record), wanted);
+    putExtendedData(changed, recorded, wanted);
+    const NameId oldName = database.record(record).name;
     if (!database.replace(record, changed))
         return false;
-    if (isEntity)
+    if (isEntity && database.record(record).name != oldName)
         ensureLayer(drawing, database.name(record));
     return true;
 }

@@ -56,8 +56,10 @@ public:
                 divide();
             completeCommonPart();
         }
-        if (m_schema)
+        if (m_schema) {
             completeSubclasses();
+            completePoints();
+        }
         return joined();
     }
 
@@ -187,6 +189,17 @@ private:
             place = end;
         }
         groups = std::move(complete);
+    }
+
+    // Points have three coordinates; those of polylines of light weight lie in their plane.
+    void completePoints()
+    {
+        if (m_schema->type == std::u16string_view(u"LWPOLYLINE"))
+            return;
+        for (Section &section : m_sections)
+            for (ListedGroup &listed : section.groups)
+                if (auto *point = std::get_if<Point>(&listed.group.value))
+                    point->dimensions = 3;
     }
 
     static bool repeats(const SubclassSchema &subclass, int code)

@@ -127,7 +127,8 @@ void ellipseShapes(ShapeWalk &walk, RecordId id)
         default:
             break;
         }
-    const Vector minor = cross(normalized(extrusion), major) * ratio; // all in world coordinates
+    // All in world coordinates. The minor axis has its length also where the axes are not quite upright.
+    const Vector minor = normalized(cross(extrusion, major), {}) * (length(major) * ratio);
     const double sweep = counterclockwise(start, end);
     const Curve arc = EllipticArc{centre, major, minor, start, start + sweep};
     walk.path({&arc, 1}, sweep == FullTurn);

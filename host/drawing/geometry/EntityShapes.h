@@ -40,8 +40,8 @@ public:
 // entities and layers are the caller's; but invisible attributes of an insert are left out, and the attribute
 // definitions in its block.
 //
-// False when shapes were left out because there were too many (a million entities for one, as in drawings that were
-// made to hang programs).
+// False when shapes were left out because there were too many for one entity, millions, or blocks nested hundreds deep,
+// as in drawings made to hang programs.
 bool shapesOf(const drawing::Drawing &drawing, drawing::RecordId entity, ShapeSink &sink);
 
 } // namespace geometry

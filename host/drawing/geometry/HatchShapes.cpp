@@ -23,13 +23,25 @@ struct EdgeGroups
     std::optional<Vector> startTangent, endTangent;
 };
 
-std::optional<Curve> arcOf(const EdgeGroups &edge)
+// The angles of elliptic edges are those of the places as seen from the centre.
+double parameterAt(double angle, double ratio)
+{
+    return ratio > 0 ? std::atan2(std::sin(angle) / ratio, std::cos(angle)) : angle;
+}
+
+enum class Angles { Seen, Parameters };
+
+Curve arcOf(const EdgeGroups &edge, Angles angles = Angles::Seen)
 {
     const bool isCircular = edge.type == EdgeType::CircularArc;
     const Vector cosineAxis = isCircular ? Vector{edge.ratio, 0, 0} : edge.second;
     const Vector sineAxis = Vector{-cosineAxis.y, cosineAxis.x, 0} * (isCircular ? 1 : edge.ratio);
     // Clockwise edges have their angles measured clockwise too.
-    const double start = radians(edge.start), sweep = counterclockwise(start, radians(edge.end));
+    const auto parameter = [&](double degrees) {
+        const bool isSeen = !isCircular && angles == Angles::Seen;
+        return isSeen ? parameterAt(radians(degrees), edge.ratio) : radians(degrees);
+    };
+    const double start = parameter(edge.start), sweep = counterclockwise(start, parameter(edge.end));
     return EllipticArc{edge.first, cosineAxis, edge.isCounterclockwise ? sineAxis : -sineAxis, start, start + sweep};
 }
 
@@ -85,18 +97,34 @@ void setEdgeValue(EdgeGroups &edge, const Item &item)
         edge.isCounterclockwise = item.integer != 0;
 }
 
+double distance(const Vector &a, const Vector &b)
+{
+    return length(a - b);
+}
+
+// How far the ends of an edge are from its neighbours in the loop, whichever way round these are.
+double gapAt(const Area::Loop &loop, std::size_t place, const Curve &edge)
+{
+    const Curve &before = loop[(place + loop.size() - 1) % loop.size()], &after = loop[(place + 1) % loop.size()];
+    const auto gap = [](const Vector &end, const Curve &curve) {
+        return std::min(distance(end, startOf(curve)), distance(end, endOf(curve)));
+    };
+    return std::min(gap(startOf(edge), before) + gap(endOf(edge), after),
+                    gap(endOf(edge), before) + gap(startOf(edge), after));
+}
+
 // Turns edges round so that each begins where the one before ends: files hold them either way.
 void orient(Area::Loop &loop)
 {
-    const auto gap = [](const Vector &a, const Vector &b) { return length(a - b); };
     if (loop.size() > 1) {
         const Vector start = startOf(loop[1]), end = endOf(loop[1]), first = startOf(loop[0]), last = endOf(loop[0]);
-        if (std::min(gap(first, start), gap(first, end)) < std::min(gap(last, start), gap(last, end)))
+        if (std::min(distance(first, start), distance(first, end)) <
+            std::min(distance(last, start), distance(last, end)))
             loop[0] = reversed(loop[0]);
     }
     for (std::size_t i = 1; i < loop.size(); ++i) {
         const Vector before = endOf(loop[i - 1]);
-        if (gap(before, endOf(loop[i])) < gap(before, startOf(loop[i])))
+        if (distance(before, endOf(loop[i])) < distance(before, startOf(loop[i])))
             loop[i] = reversed(loop[i]);
     }
 }
@@ -152,6 +180,7 @@ private:
         const std::vector<PlanePolyline::Vertex> vertices = std::exchange(m_vertices, {});
         for (std::size_t i = 0; i < vertices.size(); ++i)
             m_loop.push_back(segment(vertices[i].place, vertices[(i + 1) % vertices.size()].place, vertices[i].bulge));
+        chooseAngles();
         if (m_part == Part::Edges)
             orient(m_loop);
         if (!m_loop.empty())
@@ -160,9 +189,20 @@ private:
     }
     void endEdge()
     {
-        if (const auto curve = curveOf(m_edge))
+        const auto curve = curveOf(m_edge);
+        if (curve && m_edge.type == EdgeType::EllipticArc)
+            m_otherArcs.emplace_back(m_loop.size(), arcOf(m_edge, Angles::Parameters));
+        if (curve)
             m_loop.push_back(*curve);
         m_edge = {};
+    }
+    // Some programs write an ellipse's parameters as the angles of its edges. Only with them the loop then closes.
+    void chooseAngles()
+    {
+        constexpr double MuchCloser = 0.01;
+        for (const auto &[place, arc] : std::exchange(m_otherArcs, {}))
+            if (m_loop.size() > 1 && gapAt(m_loop, place, arc) < MuchCloser * gapAt(m_loop, place, m_loop[place]))
+                m_loop[place] = arc;
     }
     void takePolyline(const Item &item)
     {
@@ -214,6 +254,7 @@ private:
     Area::Loop m_loop;
     std::vector<PlanePolyline::Vertex> m_vertices;
     EdgeGroups m_edge;
+    std::vector<std::pair<std::size_t, Curve>> m_otherArcs; // places in the loop, and what may stand there too
 };
 
 } // namespace

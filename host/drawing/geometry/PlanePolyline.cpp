@@ -61,14 +61,17 @@ Vector crossing(const Vector (&first)[2], const Vector (&second)[2])
 
 void join(Segment &first, Segment &second)
 {
-    constexpr double Straight = 1e-9, Sharpest = -0.875; // sine and cosine of the turn; the latter of 151 degrees
-    if (!first.isWide() || !second.isWide() || !first.isStraight() || !second.isStraight())
+    constexpr double Straight = 1e-9;   // sine of a turn that is none
+    constexpr double FarthestMitre = 4; // half widths: a turn of 151 degrees
+    if (!first.isWide() || !second.isWide() || !first.isStraight() || !second.isStraight() ||
+        std::abs(cross(first.direction(), second.direction()).z) < Straight)
         return;
-    const Vector a = first.direction(), b = second.direction();
-    if (dot(a, b) < Sharpest || std::abs(cross(a, b).z) < Straight)
+    const Vector left = crossing(first.left, second.left), right = crossing(first.right, second.right);
+    const double reach = FarthestMitre * std::max(first.vertex.endWidth, second.vertex.startWidth) / 2;
+    if (length(left - first.end) > reach || length(right - first.end) > reach)
         return;
-    first.left[1] = second.left[0] = crossing(first.left, second.left);
-    first.right[1] = second.right[0] = crossing(first.right, second.right);
+    first.left[1] = second.left[0] = left;
+    first.right[1] = second.right[0] = right;
 }
 
 Area::Loop bentOutline(const Segment &each)

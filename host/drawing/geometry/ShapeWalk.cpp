@@ -93,6 +93,10 @@ void ShapeWalk::block(RecordId block, const Matrix &matrix)
 {
     if (block == NoRecord || std::find(m_blocks.begin(), m_blocks.end(), block) != m_blocks.end())
         return;
+    if (m_blocks.size() == DeepestNesting)
+        m_rest = 0;
+    if (!takeOne())
+        return;
     const Matrix outer = std::exchange(m_matrix, m_matrix * matrix);
     m_blocks.push_back(block);
     m_inserts.push_back(m_entity);

@@ -41,12 +41,14 @@ private:
     Origin origin() const { return {m_entity, m_inserts}; }
     bool takeOne() { return m_rest > 0 && --m_rest > 0; }
 
+    static constexpr std::size_t DeepestNesting = 200; // of blocks; each costs stack
+
     const drawing::Drawing &m_drawing;
     ShapeSink &m_sink;
     Matrix m_matrix; // from the coordinates of the block at hand to the world
     drawing::RecordId m_entity = drawing::NoRecord;
     std::vector<drawing::RecordId> m_inserts, m_blocks;
-    std::size_t m_rest = 1'000'000; // entities
+    std::size_t m_rest = 4'000'000; // entities and blocks that may still come
 };
 
 // The curve of a spline's groups, which may be all wrong: then the one through its fit points, or none.

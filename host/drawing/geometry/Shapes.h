@@ -90,8 +90,8 @@ struct Face
 enum class HorizontalAlignment { Left, Centre, Right, Aligned, Middle, Fit };
 enum class VerticalAlignment { Baseline, Bottom, Middle, Top };
 
-// One line of text, formatting codes resolved but not measured: where its glyphs stand follows from the font (see
-// TextPlacement.h). A glyph's place (u, v), in text heights from the insertion point, is at
+// One line of text, with codes such as %%d, not measured: where its glyphs stand follows from the font (see
+// TextLayouts.h). A glyph's place (u, v), in text heights from the insertion point, is at
 // insertion + u * right + v * up.
 struct Text
 {

@@ -1,6 +1,5 @@
 // TEXT, ATTRIB and ATTDEF; MTEXT.
 #include "host/drawing/geometry/ShapeWalk.h"
-#include "host/drawing/geometry/TextCodes.h"
 
 namespace geometry {
 
@@ -110,7 +109,7 @@ void textShapes(ShapeWalk &walk, RecordId id)
                                              : TextType::Attribute;
     const TextGroups groups = readText(walk.database(), id, type);
     Text text;
-    text.string = withoutTextCodes(type == TextType::Definition ? groups.tag : groups.string); // what is seen of it
+    text.string = type == TextType::Definition ? groups.tag : groups.string; // what is seen of it
     text.style = walk.drawing().tables().find(drawing::known::Style, groups.style);
     text.horizontal = static_cast<HorizontalAlignment>(groups.horizontal);
     text.vertical = static_cast<VerticalAlignment>(groups.vertical);

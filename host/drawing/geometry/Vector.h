@@ -69,7 +69,7 @@ struct Box
     Vector minimum{INFINITY, INFINITY, INFINITY}, maximum{-INFINITY, -INFINITY, -INFINITY};
 
     bool operator==(const Box &) const = default;
-    bool isEmpty() const { return !(minimum.x <= maximum.x); }
+    bool isEmpty() const { return !(minimum.x <= maximum.x && minimum.y <= maximum.y && minimum.z <= maximum.z); }
     void add(const Vector &place)
     {
         minimum = {std::min(minimum.x, place.x), std::min(minimum.y, place.y), std::min(minimum.z, place.z)};

@@ -72,8 +72,6 @@ drawing::Drawing &DocumentSession::drawing()
 void DocumentSession::openDrawing(const QString &path)
 {
     m_document.open(path);
-    m_previousSelection.clear();
-    m_impliedSelection.clear();
 }
 
 std::optional<commands::VariableValue> DocumentSession::variable(std::u16string_view name) const
@@ -96,6 +94,11 @@ bool DocumentSession::set(std::u16string_view name, const commands::VariableValu
     return row && m_document.variables().set(*row, fromCommands(value));
 }
 
+void DocumentSession::readVariables()
+{
+    m_document.readVariables();
+}
+
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
 {
     const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());
@@ -111,7 +114,9 @@ std::optional<double> DocumentSession::angleOf(std::u16string_view text) const
 {
     const CoordinateContext context = m_document.prompter().context();
     const std::optional<double> typed = angleFromText(text, context);
-    return typed ? std::optional(directionOf(*typed, context)) : std::nullopt;
+    if (typed && context.clockwise)
+        return -*typed;
+    return typed;
 }
 
 std::u16string DocumentSession::distanceText(double distance) const
@@ -130,4 +135,10 @@ std::optional<std::u16string> DocumentSession::request(InputKind kind, const std
 {
     const InputReply reply = m_document.services().input->request({requestKind(kind), prompt});
     return reply.kind == InputReply::Kind::Text ? std::optional(reply.text) : std::nullopt;
+}
+
+void DocumentSession::forgetSelections()
+{
+    m_previousSelection.clear();
+    m_impliedSelection.clear();
 }

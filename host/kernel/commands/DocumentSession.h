@@ -15,6 +15,7 @@ public:
     std::optional<commands::VariableValue> variable(std::u16string_view name) const override;
     void assign(std::u16string_view name, const commands::VariableValue &value) override;
     bool set(std::u16string_view name, const commands::VariableValue &value) override;
+    void readVariables() override;
     std::optional<commands::Point> pointOf(std::u16string_view text) const override;
     std::optional<double> distanceOf(std::u16string_view text) const override;
     std::optional<double> angleOf(std::u16string_view text) const override;
@@ -26,6 +27,7 @@ public:
     commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }
     void setImpliedSelection(commands::Selection selection) { m_impliedSelection = std::move(selection); }
     const commands::Selection &impliedSelection() const { return m_impliedSelection; }
+    void forgetSelections(); // they are of a drawing that is gone
 
 private:
     Document &m_document;

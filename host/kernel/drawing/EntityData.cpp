@@ -111,7 +111,9 @@ std::optional<GroupValue> integerOf(Value value)
 // Nothing when the value is not of the group's kind.
 std::optional<GroupValue> valueOf(int code, Value value)
 {
-    if (value.isCons())
+    constexpr int LastPlaceCode = 18, ExtrusionCode = 210;
+    const bool isPlace = (code >= groupcode::FirstX && code <= LastPlaceCode) || code == ExtrusionCode;
+    if (value.isCons() || isPlace)
         return pointOf(code, value);
     switch (drawing::valueKind(code)) {
     case ValueKind::Text:

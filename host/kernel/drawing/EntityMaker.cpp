@@ -32,6 +32,11 @@ bool hasParts(const GroupList &list)
     return type == u"POLYLINE" || (type == u"INSERT" && follow && *follow != 0);
 }
 
+bool isPart(std::u16string_view type)
+{
+    return type == u"VERTEX" || type == u"ATTRIB" || type == u"SEQEND";
+}
+
 bool isPartOf(std::u16string_view type, std::u16string_view whole)
 {
     return type == u"SEQEND" || type == (whole == u"POLYLINE" ? u"VERTEX" : u"ATTRIB");
@@ -72,6 +77,8 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &list, const Placement &p
         return endBlock();
     if (!m_entity.empty())
         return takePart(list, placement);
+    if (isPart(type))
+        return Failed();
     if (isObject(list))
         return outcome(addNewObject(m_drawing, list));
     if (const RecordId record = drawing::addTableRecord(m_drawing, list); record != NoRecord)

@@ -29,6 +29,14 @@ constexpr TableName names[] = {
     {u"BLOCK_RECORD", known::BlockRecord},
 };
 
+// Of a block: its layer and its second name are not, nor is the path that only references to other drawings have.
+bool isShownOfBlock(const drawing::Group &group)
+{
+    using namespace drawing::groupcode;
+    return group.code != Layer && group.code != EntryName &&
+           (group.code != PrimaryText || group.value != drawing::GroupValue(u""));
+}
+
 bool isShown(int code)
 {
     using namespace drawing::groupcode;
@@ -63,12 +71,14 @@ std::vector<drawing::RecordId> tableRecords(const drawing::Drawing &drawing, dra
 drawing::GroupList tableRecordGroups(const drawing::Drawing &drawing, drawing::RecordId record)
 {
     drawing::GroupList groups;
+    const bool isBlock = drawing.database().record(record).kind == drawing::RecordKind::BlockStart;
     int depth = 0;
     for (drawing::ListedGroup &listed : drawing::listing(drawing, record)) {
         const auto *text = std::get_if<std::u16string>(&listed.group.value);
         if (listed.group.code == drawing::groupcode::Braces && text)
             depth += text->starts_with(u'{') ? 1 : -1;
-        if (depth == 0 && listed.origin != drawing::ListedGroup::Derived && isShown(listed.group.code))
+        const bool isWanted = isShown(listed.group.code) && (!isBlock || isShownOfBlock(listed.group));
+        if (depth == 0 && listed.origin != drawing::ListedGroup::Derived && isWanted)
             groups.push_back(std::move(listed.group));
     }
     return groups;

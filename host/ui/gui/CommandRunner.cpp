@@ -54,6 +54,7 @@ void CommandRunner::showPrompt()
 void CommandRunner::run(const std::function<void()> &action)
 {
     m_interface.programStarted(m_document.machine());
+    m_document.drawing().database().journal().nextStep(); // one line is undone in one step
     try {
         action();
     } catch (const LispError &error) {
@@ -67,6 +68,7 @@ void CommandRunner::run(const std::function<void()> &action)
     m_interface.startFreshLine();
     m_interface.window().setCommands(commands());
     showPrompt();
+    Q_EMIT ended();
     if (m_isClosing)
         m_interface.window().close();
 }
@@ -112,7 +114,8 @@ void CommandRunner::evaluate(const std::u16string &source)
     run([&] {
         m_document.machine().load(source, u"", [this](Value value) {
             m_interface.startFreshLine();
-            m_interface.write(lisp::printed(value) + u'\n');
+            if (const std::u16string text = lisp::printed(value); !text.empty()) // the null symbol shows nothing
+                m_interface.write(text + u'\n');
         });
     });
 }
@@ -121,12 +124,11 @@ void CommandRunner::runCommand(const QString &name)
 {
     const std::u16string function = std::u16string(commandPrefix) + name.toUpper().toStdU16String();
     const lisp::Symbol *symbol = m_document.machine().symbols().find(function);
-    if (!symbol || symbol->value.isNil()) {
-        m_interface.writeError(tr("Unknown command \"%1\".\n").arg(name.toUpper()));
-        return;
-    }
     m_lastCommand = name;
-    run([&] { m_document.machine().load(u'(' + function + u')', u""); });
+    if (symbol && !symbol->value.isNil())
+        run([&] { m_document.machine().load(u'(' + function + u')', u""); });
+    else
+        run([&] { m_document.commandLine().runTyped(name.toStdU16String()); });
 }
 
 void CommandRunner::loadProgram(const QString &path)
@@ -137,7 +139,7 @@ void CommandRunner::loadProgram(const QString &path)
         m_interface.writeError(failure + u'\n');
         return;
     }
-    m_interface.window().addRecentProgram(QFileInfo(path).absoluteFilePath());
+    m_interface.window().addRecentFile(QFileInfo(path).absoluteFilePath());
     m_document.machine().searchFolders().push_back(QFileInfo(path).absolutePath().toStdU16String());
     run([&] { m_document.machine().load(*source, path.toStdU16String()); });
 }
@@ -148,6 +150,8 @@ QStringList CommandRunner::names() const
     for (const lisp::Symbol &symbol : m_document.machine().symbols().all())
         if (symbol.value.isObject())
             names.append(QString::fromStdU16String(symbol.name).toLower());
+    for (const commands::CommandRow &row : commands::commandTable())
+        names.append(QString::fromUtf16(row.name.data(), qsizetype(row.name.size())));
     names.sort();
     return names;
 }

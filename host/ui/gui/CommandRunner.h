@@ -6,15 +6,20 @@
 class Document;
 
 // Runs what is typed in the window or chosen from its menus, in one document: LISP in parentheses, "!name" for a value,
-// else the name of a c: function. An expression may go over several lines.
+// else a command: a c: function or one of the command line's own. An expression may go over several lines.
 class CommandRunner final : public QObject
 {
+    Q_OBJECT
+
 public:
     CommandRunner(WindowInterface &interface, Document &document);
     ~CommandRunner() override;
 
     void loadProgram(const QString &path);
     void runCommand(const QString &name);
+
+Q_SIGNALS:
+    void ended(); // what was run
 
 private:
     void runTyped(const QString &text);

@@ -25,18 +25,35 @@ MainWindow::MainWindow()
     statusBar()->addPermanentWidget(m_progressPanel);
     makeMenus();
     m_state.restore(*this);
-    showRecentPrograms();
+    showRecentFiles();
     m_commandPanel->focusInput();
     qApp->installEventFilter(this);
 }
 
-void MainWindow::makeMenus()
+QString MainWindow::drawingFilter()
+{
+    return tr("Drawings (*.dxf);;All files (*)");
+}
+
+void MainWindow::makeFileMenu()
 {
     m_fileMenu = menuBar()->addMenu(tr("&File"));
-    m_fileMenu->addAction(tr("&Load Program…"), QKeySequence::Open, this, &MainWindow::chooseProgram);
-    m_recentMenu = m_fileMenu->addMenu(tr("&Recent Programs"));
+    m_fileMenu->addAction(tr("&Open Drawing…"), QKeySequence::Open, this,
+                          [this] { chooseFile(tr("Open Drawing"), drawingFilter()); });
+    m_fileMenu->addAction(tr("&Save Drawing"), QKeySequence::Save, this, &MainWindow::saveChosen);
+    m_fileMenu->addAction(tr("Save Drawing &As…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), this,
+                          &MainWindow::saveAsChosen);
+    m_fileMenu->addSeparator();
+    m_fileMenu->addAction(tr("&Load Program…"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
+                          [this] { chooseFile(tr("Load Program"), tr("AutoLISP programs (*.lsp);;All files (*)")); });
+    m_recentMenu = m_fileMenu->addMenu(tr("&Recent Files"));
     m_fileMenu->addSeparator();
     m_fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+}
+
+void MainWindow::makeMenus()
+{
+    makeFileMenu();
     m_programMenu = menuBar()->addMenu(tr("&Program"));
     m_commandMenu = m_programMenu->addMenu(tr("&Run Command"));
     m_commandMenu->setEnabled(false);
@@ -58,25 +75,32 @@ void MainWindow::setCommands(const QStringList &commands)
     m_commandMenu->setEnabled(!commands.isEmpty());
 }
 
-void MainWindow::addRecentProgram(const QString &path)
+void MainWindow::addRecentFile(const QString &path)
 {
     m_state.addRecentFile(path);
-    showRecentPrograms();
+    showRecentFiles();
 }
 
-void MainWindow::showRecentPrograms()
+void MainWindow::showRecentFiles()
 {
     m_recentMenu->clear();
     for (const QString &path : m_state.recentFiles())
-        m_recentMenu->addAction(path, this, [this, path] { Q_EMIT programChosen(path); });
+        m_recentMenu->addAction(path, this, [this, path] { openFile(path); });
     m_recentMenu->setEnabled(!m_recentMenu->isEmpty());
 }
 
-void MainWindow::chooseProgram()
+void MainWindow::chooseFile(const QString &title, const QString &filter)
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Load Program"), QString(),
-                                                      tr("AutoLISP programs (*.lsp);;All files (*)"));
+    const QString path = QFileDialog::getOpenFileName(this, title, QString(), filter);
     if (!path.isEmpty())
+        openFile(path);
+}
+
+void MainWindow::openFile(const QString &path)
+{
+    if (path.endsWith(QStringLiteral(".dxf"), Qt::CaseInsensitive))
+        Q_EMIT drawingChosen(path);
+    else
         Q_EMIT programChosen(path);
 }
 

@@ -22,10 +22,16 @@ public:
     // While a program runs the menus can be seen but not used.
     void setRunning(bool running);
     void setCommands(const QStringList &commands); // c: functions without the prefix
-    void addRecentProgram(const QString &path);
+    void addRecentFile(const QString &path);
+    void openFile(const QString &path); // as if a person had chosen it: a drawing or a program, by its ending
+
+    static QString drawingFilter(); // of dialogs for files
 
 Q_SIGNALS:
     void programChosen(const QString &path);
+    void drawingChosen(const QString &path);
+    void saveChosen();
+    void saveAsChosen();
     void commandChosen(const QString &name);
     void escapePressed();
     void closing(bool &allowed); // allowed: the window may close
@@ -36,8 +42,9 @@ protected:
 
 private:
     void makeMenus();
-    void chooseProgram();
-    void showRecentPrograms();
+    void makeFileMenu();
+    void chooseFile(const QString &title, const QString &filter);
+    void showRecentFiles();
 
     QWidget *m_documentArea;
     CommandPanel *m_commandPanel;

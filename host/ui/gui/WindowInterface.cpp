@@ -20,6 +20,8 @@ WindowInterface::WindowInterface(HostServices &services) : m_services(services)
 {
     services.userInterface = this;
     services.input = this;
+    services.print = [this](std::u16string_view text) { write(text); };
+    services.warn = [this](const QString &text) { writeError(text + u'\n'); };
     HostSdk::installWebViewMaker(makeTextBrowserView);
     connect(&m_window, &MainWindow::escapePressed, this, &WindowInterface::escape);
     connect(&m_window.progressPanel(), &ProgressPanel::cancelled, this, &WindowInterface::escape);
@@ -29,6 +31,8 @@ WindowInterface::WindowInterface(HostServices &services) : m_services(services)
 WindowInterface::~WindowInterface()
 {
     HostSdk::installWebViewMaker(nullptr);
+    m_services.print = [](std::u16string_view) {};
+    m_services.warn = [](const QString &) {};
     m_services.input = &m_services.scriptedInput;
     m_services.userInterface = &m_services.noWindows;
 }
@@ -98,7 +102,11 @@ void WindowInterface::flush()
 InputReply WindowInterface::request(const InputRequest &request)
 {
     CommandPanel &panel = m_window.commandPanel();
-    const QString prompt = QString::fromStdU16String(request.prompt);
+    QString prompt = QString::fromStdU16String(request.prompt);
+    if (prompt.startsWith(u'\n')) {
+        startFreshLine(); // what was typed before has ended its line
+        prompt.remove(0, 1);
+    }
     const qsizetype lastLine = prompt.lastIndexOf(u'\n') + 1;
     write(QStringView(prompt).first(lastLine).toString().toStdU16String());
     flush();

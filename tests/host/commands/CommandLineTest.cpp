@@ -57,6 +57,26 @@ TEST_F(CommandLine, PauseAsksThePerson)
     EXPECT_THAT(takePrinted(), HasSubstr("Enter new value for LUPREC <4>: 3"));
 }
 
+TEST_F(CommandLine, WhatAPersonAnswersIsShownOnce)
+{
+    evaluate("(setvar \"CMDECHO\" 1)");
+    m_services.answers = AnswersFile::fromText(u"3\n", QStringLiteral("answers"));
+    takePrinted();
+    evaluate("(command \"_.setvar\" \"LUPREC\" PAUSE)");
+    EXPECT_EQ(takePrinted(), "\n_.setvar\nEnter variable name: LUPREC\nEnter new value for LUPREC <4>: 3\n\n");
+}
+
+TEST_F(CommandLine, ATypedCommandAsksThePersonForEverything)
+{
+    m_services.answers = AnswersFile::fromText(u"LUPREC\nmany\n3\n", QStringLiteral("answers"));
+    EXPECT_EQ(m_document.commandLine().runTyped(u"setvar"), commands::CommandLine::Result::Taken);
+    EXPECT_EQ(takePrinted(), "\nEnter variable name: LUPREC\n\nEnter new value for LUPREC <4>: many\n"
+                             "\nRequires an integer value.\n\nEnter new value for LUPREC <4>: 3\n");
+    EXPECT_FALSE(m_document.commandLine().isActive());
+    EXPECT_EQ(m_document.commandLine().runTyped(u"setvar"), commands::CommandLine::Result::Cancelled);
+    EXPECT_EQ(m_document.commandLine().runTyped(u"foo"), commands::CommandLine::Result::Unknown);
+}
+
 TEST_F(CommandLine, EscAtAPauseEndsTheCommandAndTheProgram)
 {
     EXPECT_EQ(evaluate("(command \"_.setvar\" \"LUPREC\" PAUSE)"), "error: Function cancelled");

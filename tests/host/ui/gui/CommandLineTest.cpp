@@ -19,6 +19,12 @@ TEST_F(CommandLine, EvaluatesLispAndEchoesIt)
     EXPECT_EQ(output(), "Command: (+ 1 2)\n3\n");
 }
 
+TEST_F(CommandLine, AProgramThatEndsWithPrincAloneShowsNoValue)
+{
+    type(QStringLiteral("(progn (princ \"done\") (princ))"));
+    EXPECT_THAT(output(), EndsWith("(princ))\ndone\n"));
+}
+
 TEST_F(CommandLine, AnExpressionMayGoOverSeveralLines)
 {
     type(QStringLiteral("(+ 1"));
@@ -50,6 +56,44 @@ TEST_F(CommandLine, ANameRunsACommandAndEnterRepeatsIt)
     type(QStringLiteral("greet"));
     type(QString());
     EXPECT_THAT(output(), EndsWith("Command: greet\nhello\nCommand: \nhello\n"));
+}
+
+TEST_F(CommandLine, ACommandOfTheHostAsksInFrontOfTheInput)
+{
+    type(QStringLiteral("(setvar \"LUPREC\" 4)"));
+    later([this] {
+        EXPECT_EQ(prompt(), "Enter variable name: ");
+        type(QStringLiteral("luprec"));
+        later([this] {
+            EXPECT_EQ(prompt(), "Enter new value for LUPREC <4>: ");
+            type(QStringLiteral("6"));
+        });
+    });
+    type(QStringLiteral("setvar"));
+    EXPECT_THAT(output(), EndsWith("Command: setvar\nEnter variable name: luprec\n"
+                                   "Enter new value for LUPREC <4>: 6\n"));
+    type(QStringLiteral("(getvar \"LUPREC\")"));
+    EXPECT_THAT(output(), EndsWith("\n6\n"));
+}
+
+TEST_F(CommandLine, EscEndsACommandOfTheHost)
+{
+    later([this] { QTest::keyClick(input, Qt::Key_Escape); });
+    type(QStringLiteral("erase"));
+    EXPECT_THAT(output(), HasSubstr("Select objects: *Cancel*\n"));
+    EXPECT_FALSE(document.commandLine().isActive());
+    EXPECT_EQ(prompt(), "Command: ");
+}
+
+TEST_F(CommandLine, WhatOneLineChangedIsUndoneInOneStep)
+{
+    type(QStringLiteral(
+        "(progn (entmake '((0 . \"POINT\") (10 1.0 1.0 0.0))) (entmake '((0 . \"POINT\") (10 2.0 2.0 0.0))))"));
+    type(QStringLiteral("(entmake '((0 . \"POINT\") (10 3.0 3.0 0.0)))"));
+    type(QStringLiteral("u"));
+    EXPECT_EQ(entityCount(), "2\n");
+    type(QStringLiteral("u"));
+    EXPECT_EQ(entityCount(), "0\n");
 }
 
 TEST_F(CommandLine, AnUnknownCommandIsSaidToBeUnknown)

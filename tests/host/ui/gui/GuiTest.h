@@ -30,6 +30,12 @@ protected:
     }
     // When the program that is about to run comes to wait, or to a safe point.
     void later(const std::function<void()> &action) { QTimer::singleShot(20, &interface, action); }
+    std::string entityCount()
+    {
+        type(
+            QStringLiteral("(progn (setq n 0 e (entnext)) (while e (setq n (1+ n) e (entnext e))) (princ n) (princ))"));
+        return output().substr(output().rfind(')') + 2);
+    }
     std::string output() const { return outputView->toPlainText().toStdString(); }
     std::string prompt() const { return promptLabel->text().toStdString(); }
 

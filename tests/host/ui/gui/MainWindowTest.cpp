@@ -46,7 +46,7 @@ TEST_F(MainWindowTest, AProgramsCommandsStandInTheMenu)
     EXPECT_THAT(output(), EndsWith("zoo\n"));
 }
 
-TEST_F(MainWindowTest, RecentProgramsAreRememberedFromRunToRun)
+TEST_F(MainWindowTest, RecentFilesAreRememberedFromRunToRun)
 {
     const QString first = write(QStringLiteral("a.lsp"), ""), second = write(QStringLiteral("b.lsp"), "");
     runner.loadProgram(first);
@@ -56,7 +56,7 @@ TEST_F(MainWindowTest, RecentProgramsAreRememberedFromRunToRun)
     interface.window().close();
     const MainWindow next;
     QMenu *recent =
-        actionOf(actionOf(next.menuBar(), QStringLiteral("File"))->menu(), QStringLiteral("Recent Programs"))->menu();
+        actionOf(actionOf(next.menuBar(), QStringLiteral("File"))->menu(), QStringLiteral("Recent Files"))->menu();
     ASSERT_EQ(recent->actions().size(), 2);
     EXPECT_EQ(recent->actions().at(0)->text(), first);
     EXPECT_EQ(recent->actions().at(1)->text(), second);
@@ -67,7 +67,7 @@ TEST_F(MainWindowTest, AProgramThatCannotBeReadIsAMessage)
 {
     runner.loadProgram(m_folder.filePath(QStringLiteral("none.lsp")));
     EXPECT_THAT(output(), HasSubstr("none.lsp"));
-    EXPECT_TRUE(menu(QStringLiteral("File"), QStringLiteral("Recent Programs"))->isEmpty());
+    EXPECT_TRUE(menu(QStringLiteral("File"), QStringLiteral("Recent Files"))->isEmpty());
 }
 
 TEST_F(MainWindowTest, AnErrorInAProgramNamesItsLine)

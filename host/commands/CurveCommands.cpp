@@ -1,0 +1,225 @@
+// Circles, arcs and ellipses.
+
+#include "host/commands/Commands.h"
+#include "host/commands/NewEntity.h"
+
+#include <cmath>
+#include <optional>
+
+namespace commands {
+
+using drawing::pointGroup;
+using drawing::realGroup;
+using drawing::groupcode::FirstX;
+
+namespace {
+
+constexpr int RadiusCode = 40, StartAngleCode = 50, EndAngleCode = 51;
+
+struct Circle
+{
+    Point centre;
+    double radius;
+};
+
+double distanceBetween(const Point &from, const Point &to)
+{
+    return std::hypot(to.x - from.x, to.y - from.y);
+}
+
+double angleOf(const Point &from, const Point &to)
+{
+    return std::atan2(to.y - from.y, to.x - from.x);
+}
+
+Point onCircle(const Circle &circle, double angle)
+{
+    return {circle.centre.x + circle.radius * std::cos(angle), circle.centre.y + circle.radius * std::sin(angle),
+            circle.centre.z};
+}
+
+Circle circleThrough(const Point &a, const Point &b, const Point &c)
+{
+    const double bx = b.x - a.x, by = b.y - a.y, cx = c.x - a.x, cy = c.y - a.y;
+    const double twiceArea = 2 * (bx * cy - by * cx);
+    if (twiceArea == 0)
+        throw CommandError{u"The points lie on one line."};
+    const double b2 = bx * bx + by * by, c2 = cx * cx + cy * cy;
+    const double x = (cy * b2 - by * c2) / twiceArea, y = (bx * c2 - cx * b2) / twiceArea;
+    return {{a.x + x, a.y + y, a.z}, std::hypot(x, y)};
+}
+
+void addCircle(Context &context, const WorkPlane &plane, const Circle &circle)
+{
+    if (!(circle.radius > 0))
+        throw CommandError{u"Value must be positive and nonzero."};
+    drawing::GroupList groups = newEntity(context, u"CIRCLE");
+    groups.push_back(pointGroup(FirstX, plane.object(circle.centre)));
+    groups.push_back(realGroup(RadiusCode, circle.radius));
+    extrude(context, plane, groups);
+    addEntity(context, groups);
+    context.session().assign(u"CIRCLERAD", circle.radius);
+}
+
+// Counter-clockwise from start to end, radians in the user's coordinate system.
+void addArc(Context &context, const WorkPlane &plane, const Circle &circle, double start, double end)
+{
+    if (!(circle.radius > 0))
+        throw CommandError{u"The arc does not exist."};
+    drawing::GroupList groups = newEntity(context, u"ARC");
+    groups.push_back(pointGroup(FirstX, plane.object(circle.centre)));
+    groups.push_back(realGroup(RadiusCode, circle.radius));
+    groups.push_back(realGroup(StartAngleCode, degrees(plane.objectAngle(start))));
+    groups.push_back(realGroup(EndAngleCode, degrees(plane.objectAngle(end))));
+    extrude(context, plane, groups);
+    addEntity(context, groups);
+    const Point last = onCircle(circle, end);
+    context.session().assign(u"LASTPOINT", last);
+}
+
+Task<Circle> circleOfThreePoints(Context &context)
+{
+    const auto first = co_await context.ask().point({u"Specify first point on circle: ", {}, Enter::Refused});
+    const auto second = co_await context.ask().point({u"Specify second point on circle: ", {}, Enter::Refused});
+    const auto third = co_await context.ask().point({u"Specify third point on circle: ", {}, Enter::Refused});
+    co_return circleThrough(first.value, second.value, third.value);
+}
+
+Task<Circle> circleOfTwoPoints(Context &context)
+{
+    const auto first =
+        co_await context.ask().point({u"Specify first end point of circle's diameter: ", {}, Enter::Refused});
+    const auto second =
+        co_await context.ask().point({u"Specify second end point of circle's diameter: ", {}, Enter::Refused});
+    const Point a = first.value, b = second.value;
+    co_return Circle{{(a.x + b.x) / 2, (a.y + b.y) / 2, a.z}, distanceBetween(a, b) / 2};
+}
+
+Task<double> askRadius(Context &context, const Point centre)
+{
+    const auto radius = co_await context.ask().distance(
+        {u"Specify radius of circle or [Diameter]: ", u"Diameter", Enter::Allowed, centre});
+    if (radius.hasValue())
+        co_return radius.value;
+    if (radius.isNothing())
+        co_return context.session().real(u"CIRCLERAD");
+    const auto diameter =
+        co_await context.ask().distance({u"Specify diameter of circle: ", {}, Enter::Refused, centre});
+    co_return diameter.value / 2;
+}
+
+// The part of an arc command that begins with its centre.
+Command arcAboutCentre(Context &context, const WorkPlane &plane, const Point centre, std::optional<Point> start)
+{
+    if (!start) {
+        const auto asked = co_await context.ask().point({u"Specify start point of arc: ", {}, Enter::Refused});
+        start = asked.value;
+    }
+    const Circle circle{centre, distanceBetween(centre, *start)};
+    const double from = angleOf(centre, *start);
+    const auto end = co_await context.ask().point(
+        {u"Specify end point of arc or [Angle/chord Length]: ", u"Angle Length", Enter::Refused});
+    if (end.hasValue()) {
+        addArc(context, plane, circle, from, angleOf(centre, end.value));
+    } else if (end.is(u"Angle")) {
+        const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused, centre});
+        addArc(context, plane, circle, angle.value < 0 ? from + angle.value : from,
+               angle.value < 0 ? from : from + angle.value);
+    } else {
+        const auto chord = co_await context.ask().distance({u"Specify length of chord: ", {}, Enter::Refused, *start});
+        if (std::abs(chord.value) > 2 * circle.radius)
+            throw CommandError{u"The arc does not exist."};
+        const double small = 2 * std::asin(std::abs(chord.value) / (2 * circle.radius));
+        addArc(context, plane, circle, from, from + (chord.value < 0 ? geometry::FullTurn - small : small));
+    }
+}
+
+// The arc from start to end whose included angle is known; it goes counter-clockwise.
+void addArcOfAngle(Context &context, const WorkPlane &plane, const Point &start, const Point &end, double angle)
+{
+    const double half = distanceBetween(start, end) / 2;
+    const double radius = std::abs(half / std::sin(angle / 2));
+    const double toCentre = std::sqrt(std::max(0.0, radius * radius - half * half)) *
+                            (std::abs(angle) > geometry::FullTurn / 2 ? -1 : 1) * (angle < 0 ? -1 : 1);
+    const double direction = angleOf(start, end);
+    const Point centre{(start.x + end.x) / 2 - toCentre * std::sin(direction),
+                       (start.y + end.y) / 2 + toCentre * std::cos(direction), start.z};
+    const double from = angleOf(centre, start), to = angleOf(centre, end);
+    addArc(context, plane, {centre, radius}, angle < 0 ? to : from, angle < 0 ? from : to);
+}
+
+// The part of an arc command where both ends are known.
+Command arcBetween(Context &context, const WorkPlane &plane, const Point start, const Point end)
+{
+    const auto choice = co_await context.ask().point(
+        {u"Specify center point of arc or [Angle/Direction/Radius]: ", u"Angle Direction Radius", Enter::Refused});
+    if (choice.hasValue()) {
+        const Circle circle{choice.value, distanceBetween(choice.value, start)};
+        addArc(context, plane, circle, angleOf(choice.value, start), angleOf(choice.value, end));
+    } else if (choice.is(u"Angle")) {
+        const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused});
+        addArcOfAngle(context, plane, start, end, angle.value);
+    } else if (choice.is(u"Direction")) {
+        const auto direction = co_await context.ask().direction(
+            {u"Specify tangent direction for the start point of arc: ", {}, Enter::Refused, start});
+        const double angle = 2 * std::remainder(angleOf(start, end) - direction.value, geometry::FullTurn);
+        addArcOfAngle(context, plane, start, end, angle);
+    } else {
+        const auto radius = co_await context.ask().distance({u"Specify radius of arc: ", {}, Enter::Refused, end});
+        const double half = distanceBetween(start, end) / 2;
+        if (std::abs(radius.value) < half)
+            throw CommandError{u"The arc does not exist."};
+        const double small = 2 * std::asin(half / std::abs(radius.value));
+        addArcOfAngle(context, plane, start, end, radius.value < 0 ? geometry::FullTurn - small : small);
+    }
+}
+
+} // namespace
+
+Command circle(Context &context)
+{
+    const WorkPlane plane(context.session());
+    const auto centre = co_await context.ask().point(
+        {u"Specify center point for circle or [3P/2P/Ttr (tan tan radius)]: ", u"3P 2P", Enter::Refused});
+    if (centre.is(u"3P")) {
+        const Circle found = co_await circleOfThreePoints(context);
+        addCircle(context, plane, found);
+    } else if (centre.is(u"2P")) {
+        const Circle found = co_await circleOfTwoPoints(context);
+        addCircle(context, plane, found);
+    } else {
+        const double radius = co_await askRadius(context, centre.value);
+        addCircle(context, plane, {centre.value, radius});
+    }
+}
+
+Command arc(Context &context)
+{
+    const WorkPlane plane(context.session());
+    const auto first =
+        co_await context.ask().point({u"Specify start point of arc or [Center]: ", u"Center", Enter::Refused});
+    if (first.is(u"Center")) {
+        const auto centre = co_await context.ask().point({u"Specify center point of arc: ", {}, Enter::Refused});
+        co_await arcAboutCentre(context, plane, centre.value, std::nullopt);
+        co_return;
+    }
+    const Point start = first.value;
+    const auto second =
+        co_await context.ask().point({u"Specify second point of arc or [Center/End]: ", u"Center End", Enter::Refused});
+    if (second.is(u"Center")) {
+        const auto centre = co_await context.ask().point({u"Specify center point of arc: ", {}, Enter::Refused});
+        co_await arcAboutCentre(context, plane, centre.value, start);
+    } else if (second.is(u"End")) {
+        const auto end = co_await context.ask().point({u"Specify end point of arc: ", {}, Enter::Refused});
+        co_await arcBetween(context, plane, start, end.value);
+    } else {
+        const auto third = co_await context.ask().point({u"Specify end point of arc: ", {}, Enter::Refused});
+        const Point through = second.value, end = third.value;
+        const Circle circle = circleThrough(start, through, end);
+        const double from = angleOf(circle.centre, start), to = angleOf(circle.centre, end);
+        const double turn = (through.x - start.x) * (end.y - start.y) - (through.y - start.y) * (end.x - start.x);
+        addArc(context, plane, circle, turn > 0 ? from : to, turn > 0 ? to : from);
+    }
+}
+
+} // namespace commands

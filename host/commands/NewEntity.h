@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/commands/Context.h"
+#include "host/commands/WorkPlane.h"
+#include "host/drawing/edit/GroupEditing.h"
+
+namespace commands {
+
+using drawing::GroupList;
+
+// The type of a new entity and what it has from the current settings: layer, colour, linetype, and so on.
+GroupList newEntity(Context &context, std::u16string type);
+
+// The extrusion direction, and the thickness that is set; nothing where both are as usual.
+void extrude(Context &context, const WorkPlane &plane, GroupList &groups);
+
+// Adds it to the current space. Throws CommandError when it cannot be written.
+RecordId addEntity(Context &context, const GroupList &groups);
+void addPart(Context &context, RecordId whole, const GroupList &groups);
+
+bool isPaperSpaceCurrent(const Session &session);
+
+RecordId addLine(Context &context, const Vector &start, const Vector &end); // in world coordinates
+
+struct PolylineVertex
+{
+    Vector place; // in object coordinates
+    double startWidth = 0, endWidth = 0, bulge = 0;
+};
+
+enum class Closing { Open, Closed };
+
+// A polyline in the work plane: an LWPOLYLINE, or a POLYLINE where the file's version or PLINETYPE 0 wants that.
+RecordId addPolyline(Context &context, const WorkPlane &plane, const std::vector<PolylineVertex> &vertices,
+                     Closing closing);
+
+} // namespace commands

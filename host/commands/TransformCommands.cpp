@@ -1,0 +1,201 @@
+// Moving, copying, rotating, scaling and mirroring objects.
+
+#include "host/commands/Commands.h"
+#include "host/commands/SelectObjects.h"
+#include "host/commands/WorkPlane.h"
+#include "host/drawing/edit/Transform.h"
+
+#include <QString>
+
+#include <cmath>
+
+namespace commands {
+
+using drawing::Similarity;
+using geometry::Matrix;
+
+namespace {
+
+void transformAll(Context &context, const Selection &entities, const Matrix &matrix)
+{
+    const Similarity similarity{matrix, context.session().integer(u"MIRRTEXT") != 0};
+    std::size_t left = 0;
+    for (const RecordId entity : entities)
+        left += drawing::transformEntity(context.drawing(), entity, similarity) ? 0 : 1;
+    if (left > 0)
+        context.session().print(QStringLiteral("\n%1 object(s) could not be changed.\n").arg(left).toStdU16String());
+}
+
+Selection copies(Context &context, const Selection &entities)
+{
+    Selection copies;
+    for (const RecordId entity : entities)
+        if (const RecordId copy = drawing::copyEntity(context.drawing(), entity); copy != drawing::NoRecord)
+            copies.push_back(copy);
+    return copies;
+}
+
+// What is done about the origin of the user's coordinate system, done about a point of it.
+Matrix about(const WorkPlane &plane, const Point &point, const Matrix &matrix)
+{
+    const Matrix there = plane.toWorld() * Matrix::translation(geometry::vectorOf(point));
+    return there * matrix * geometry::inverse(there);
+}
+
+// "Base point, second point": the vector between them, in the world. Enter for the second takes the first for it.
+Task<Vector> askDisplacement(Context &context, const WorkPlane &plane, const Reply<Point> base)
+{
+    if (!base.hasValue()) { // Displacement, or Enter
+        const auto vector = co_await context.ask().point({u"Specify displacement <0,0,0>: "});
+        co_return plane.toWorld().direction(geometry::vectorOf(vector.value));
+    }
+    const auto second = co_await context.ask().point(
+        {u"Specify second point or <use first point as displacement>: ", {}, Enter::Allowed, base.value});
+    if (second.isNothing())
+        co_return plane.toWorld().direction(geometry::vectorOf(base.value));
+    co_return plane.world(second.value) - plane.world(base.value);
+}
+
+double angleBetween(const Point &from, const Point &to)
+{
+    return std::atan2(to.y - from.y, to.x - from.x);
+}
+
+// The angle to be turned by, and whether copies are turned.
+struct Turn
+{
+    double angle = 0;
+    bool copies = false;
+};
+
+Task<Turn> askTurn(Context &context, const Point base)
+{
+    Turn turn;
+    for (;;) {
+        const auto angle = co_await context.ask().angle(
+            {u"Specify rotation angle or [Copy/Reference] <0>: ", u"Copy Reference", Enter::Allowed, base});
+        if (angle.is(u"Copy")) {
+            turn.copies = true;
+            continue;
+        }
+        if (!angle.is(u"Reference")) {
+            turn.angle = angle.value;
+            co_return turn;
+        }
+        const auto old = co_await context.ask().angle({u"Specify the reference angle <0>: "});
+        const auto now =
+            co_await context.ask().angle({u"Specify the new angle or [Points] <0>: ", {}, Enter::Allowed, base});
+        turn.angle = now.value - old.value;
+        co_return turn;
+    }
+}
+
+struct Scaling
+{
+    double factor = 1;
+    bool copies = false;
+};
+
+Task<Scaling> askScaling(Context &context, const Point base)
+{
+    Scaling scaling;
+    for (;;) {
+        const auto factor = co_await context.ask().distance(
+            {u"Specify scale factor or [Copy/Reference]: ", u"Copy Reference", Enter::Refused, base});
+        if (factor.is(u"Copy")) {
+            scaling.copies = true;
+            continue;
+        }
+        scaling.factor = factor.value;
+        if (factor.is(u"Reference")) {
+            const auto old = co_await context.ask().distance({u"Specify reference length <1>: "});
+            const auto now =
+                co_await context.ask().distance({u"Specify new length or [Points] <1>: ", {}, Enter::Allowed, base});
+            scaling.factor = (now.hasValue() ? now.value : 1) / (old.hasValue() ? old.value : 1);
+        }
+        if (!(scaling.factor > 0) || !std::isfinite(scaling.factor))
+            throw CommandError{u"Value must be positive and nonzero."};
+        co_return scaling;
+    }
+}
+
+} // namespace
+
+Command move(Context &context)
+{
+    const Selection entities = co_await selectObjects(context);
+    const WorkPlane plane(context.session());
+    const auto base =
+        co_await context.ask().point({u"Specify base point or [Displacement] <Displacement>: ", u"Displacement"});
+    const Vector by = co_await askDisplacement(context, plane, base);
+    transformAll(context, entities, Matrix::translation(by));
+}
+
+// One copy, as programs expect it; with Multiple one after the other, all from the same base point.
+Command copy(Context &context)
+{
+    const Selection entities = co_await selectObjects(context, Purpose::Look);
+    const WorkPlane plane(context.session());
+    auto base = co_await context.ask().point(
+        {u"Specify base point or [Displacement/mOde/Multiple] <Displacement>: ", u"Displacement mOde Multiple"});
+    bool isMultiple = false;
+    while (base.is(u"Multiple") || base.is(u"mOde")) {
+        if (base.is(u"mOde")) {
+            const auto mode = co_await context.ask().keyword(
+                {u"Enter a copy mode option [Single/Multiple] <Single>: ", u"Single Multiple"});
+            isMultiple = mode.is(u"Multiple");
+        } else {
+            isMultiple = true;
+        }
+        base = co_await context.ask().point({u"Specify base point: ", u"Displacement"});
+    }
+    if (!isMultiple || !base.hasValue()) {
+        const Vector by = co_await askDisplacement(context, plane, base);
+        transformAll(context, copies(context, entities), Matrix::translation(by));
+        co_return;
+    }
+    for (;;) {
+        const auto next = co_await context.ask().point(
+            {u"Specify second point or [Exit/Undo] <Exit>: ", u"Exit", Enter::Allowed, base.value});
+        if (!next.hasValue())
+            co_return;
+        const Vector by = plane.world(next.value) - plane.world(base.value);
+        transformAll(context, copies(context, entities), Matrix::translation(by));
+    }
+}
+
+Command rotate(Context &context)
+{
+    const Selection entities = co_await selectObjects(context);
+    const WorkPlane plane(context.session());
+    const auto base = co_await context.ask().point({u"Specify base point: ", {}, Enter::Refused});
+    const Turn turn = co_await askTurn(context, base.value);
+    transformAll(context, turn.copies ? copies(context, entities) : entities,
+                 about(plane, base.value, Matrix::rotation(turn.angle)));
+}
+
+Command scale(Context &context)
+{
+    const Selection entities = co_await selectObjects(context);
+    const WorkPlane plane(context.session());
+    const auto base = co_await context.ask().point({u"Specify base point: ", {}, Enter::Refused});
+    const Scaling scaling = co_await askScaling(context, base.value);
+    const double factor = scaling.factor;
+    transformAll(context, scaling.copies ? copies(context, entities) : entities,
+                 about(plane, base.value, Matrix::scale(factor, factor, factor)));
+}
+
+Command mirror(Context &context)
+{
+    const Selection entities = co_await selectObjects(context);
+    const WorkPlane plane(context.session());
+    const auto first = co_await context.ask().point({u"Specify first point of mirror line: ", {}, Enter::Refused});
+    const auto second =
+        co_await context.ask().point({u"Specify second point of mirror line: ", {}, Enter::Refused, first.value});
+    const auto erases = co_await context.ask().keyword({u"Erase source objects? [Yes/No] <N>: ", u"Yes No"});
+    const double angle = angleBetween(first.value, second.value);
+    const Matrix mirror = Matrix::mirror({0, 0, 0}, {-std::sin(angle), std::cos(angle), 0});
+    transformAll(context, erases.is(u"Yes") ? entities : copies(context, entities), about(plane, first.value, mirror));
+}
+
+} // namespace commands

@@ -1,0 +1,41 @@
+#include "host/commands/WorkPlane.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace commands {
+
+using geometry::Matrix;
+
+WorkPlane::WorkPlane(const Session &session)
+{
+    m_toWorld.origin = geometry::vectorOf(session.point(u"UCSORG"));
+    m_toWorld.x = geometry::vectorOf(session.point(u"UCSXDIR"));
+    m_toWorld.y = geometry::vectorOf(session.point(u"UCSYDIR"));
+    m_toWorld.z = geometry::cross(m_toWorld.x, m_toWorld.y);
+    m_toUser = geometry::inverse(m_toWorld);
+    m_fromWorldToObject = geometry::inverse(Matrix::ofExtrusion(normal()));
+}
+
+Point WorkPlane::user(const Vector &world) const
+{
+    const Vector place = m_toUser.place(world);
+    return {place.x, place.y, place.z};
+}
+
+double WorkPlane::objectAngle(double angle) const
+{
+    const Vector direction = m_fromWorldToObject.direction(m_toWorld.direction({std::cos(angle), std::sin(angle), 0}));
+    return std::atan2(direction.y, direction.x);
+}
+
+double degrees(double radians)
+{
+    constexpr double Full = 360, Tiny = 1e-12;
+    double angle = std::fmod(radians * (Full / geometry::FullTurn), Full);
+    if (angle < 0)
+        angle += Full;
+    return Full - angle < Tiny ? 0 : angle;
+}
+
+} // namespace commands

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "host/drawing/Group.h"
+#include "host/drawing/edit/Similarity.h"
+
+#include <span>
+#include <string_view>
+
+namespace drawing {
+
+// What a group of an entity is, for who moves the entity.
+enum class GroupRole {
+    Place,     // in world coordinates
+    Offset,    // a vector there, with a length
+    Direction, // a vector of length 1
+    Extrusion,
+    ObjectPlace, // in the entity's own coordinates
+    ObjectAngle, // degrees, there
+    Length,
+    Bulge, // changes its sign in a mirror
+};
+
+struct RoleRow
+{
+    int code;
+    GroupRole role;
+};
+
+struct TransformSchema
+{
+    const char16_t *type;
+    std::span<const RoleRow> rows;
+    // What a mirror, or the type, wants beyond the rows; null: nothing. Gets the new groups.
+    void (*finish)(GroupList &groups, const ObjectSimilarity &similarity, bool mirrorsTexts) = nullptr;
+};
+
+// Null for a type whose geometry is not known. Hatches are not here (see HatchTransform.h).
+const TransformSchema *transformSchema(std::u16string_view type);
+
+// The vertices of polylines in space, whose places are in world coordinates.
+extern const TransformSchema spaceVertexSchema;
+
+} // namespace drawing

@@ -1,0 +1,63 @@
+#include "host/drawing/geometry/Extents.h"
+
+#include "host/drawing/geometry/CurveBox.h"
+#include "host/drawing/geometry/TextLayouts.h"
+
+namespace geometry {
+
+namespace {
+
+class BoxSink final : public ShapeSink
+{
+public:
+    explicit BoxSink(const drawing::Database &database) : m_database(database) {}
+
+    const Box &box() const { return m_box; }
+
+    void path(const Path &path, const Origin &) override { add(path.curves); }
+    void area(const Area &area, const Origin &) override
+    {
+        for (const Area::Loop &loop : area.loops)
+            add(loop);
+    }
+    void face(const Face &face, const Origin &) override { add(face.corners); }
+    void text(const Text &text, const Origin &) override { addInk(text); }
+    void paragraphs(const Paragraphs &paragraphs, const Origin &) override { addInk(paragraphs); }
+    void point(const Vector &place, const Origin &) override { m_box.add(place); }
+    void image(const Image &image, const Origin &) override { add(image.outline); }
+    void window(const Window &window, const Origin &) override { add(window.corners); }
+    bool wantsEveryCopy() const override { return false; }
+
+private:
+    void add(std::span<const Curve> curves)
+    {
+        for (const Curve &curve : curves)
+            addBox(curve, m_box);
+    }
+    void add(std::span<const Vector> places)
+    {
+        for (const Vector &place : places)
+            m_box.add(place);
+    }
+
+    template <class AnyText> void addInk(const AnyText &text)
+    {
+        if (const auto corners = inkCorners(text, textStyleOf(m_database, text.style)))
+            add(*corners);
+    }
+
+    const drawing::Database &m_database;
+    Box m_box;
+};
+
+} // namespace
+
+std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity)
+{
+    BoxSink sink(drawing.database());
+    if (!shapesOf(drawing, entity, sink) || sink.box().isEmpty())
+        return std::nullopt;
+    return sink.box();
+}
+
+} // namespace geometry

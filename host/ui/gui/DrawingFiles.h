@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+
+class Document;
+class MainWindow;
+
+// Opens and saves a document's drawing for the person at the window, whom it asks before changes get lost, and keeps
+// the window's title.
+class DrawingFiles final : public QObject
+{
+    Q_OBJECT
+
+public:
+    DrawingFiles(MainWindow &window, Document &document);
+
+    void open(const QString &path);
+    bool save();      // false when it was not saved; asks for a name where there is none
+    bool saveAs();    // asks for a name
+    void showTitle(); // after the drawing has changed
+
+Q_SIGNALS:
+    void opened();
+
+private:
+    bool isModified();
+    bool mayLoseChanges(); // asks, and saves when that is wanted
+    bool write(const QString &path);
+    void report(const QString &failure);
+    QString name();
+
+    MainWindow &m_window;
+    Document &m_document;
+    std::uint64_t m_savedChangeCount = 0; // of the journal, when the file was what the drawing is
+};

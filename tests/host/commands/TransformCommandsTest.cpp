@@ -1,0 +1,103 @@
+#include "tests/host/commands/CommandTest.h"
+
+namespace {
+
+using drawing::placeOf;
+using drawing::realOf;
+using geometry::Vector;
+using testing::ElementsAre;
+
+class TransformCommands : public CommandTest
+{
+protected:
+    void SetUp() override
+    {
+        m_line = add({{0, u"LINE"}, {8, u"0"}, {10, drawing::Point{1, 0, 0}}, {11, drawing::Point{3, 0, 0}}});
+    }
+    void expectLine(drawing::RecordId line, const Vector &start, const Vector &end)
+    {
+        EXPECT_LT(geometry::length(placeOf(database().groups(line), 10) - start), 1e-12);
+        EXPECT_LT(geometry::length(placeOf(database().groups(line), 11) - end), 1e-12);
+    }
+    drawing::RecordId m_line = drawing::NoRecord;
+};
+
+TEST_F(TransformCommands, MoveByTwoPoints)
+{
+    evaluate("(command \"_.move\" (entlast) \"\" \"0,0\" \"10,20,30\")");
+    expectLine(m_line, {11, 20, 30}, {13, 20, 30});
+}
+
+TEST_F(TransformCommands, MoveByADisplacement)
+{
+    evaluate("(command \"_.move\" \"_l\" \"\" \"10,20\" \"\")");
+    expectLine(m_line, {11, 20, 0}, {13, 20, 0});
+    evaluate("(command \"_.move\" \"_l\" \"\" \"_d\" '(0 0 5))");
+    expectLine(m_line, {11, 20, 5}, {13, 20, 5});
+}
+
+TEST_F(TransformCommands, CopyMakesOneCopyAndLeavesTheOriginal)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE"));
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    expectLine(last(), {1, 5, 0}, {3, 5, 0});
+    EXPECT_NE(database().record(last()).handle, database().record(m_line).handle);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(TransformCommands, CopyMultiple)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"_m\" \"0,0\" \"0,5\" \"0,6\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "LINE"));
+    expectLine(last(), {1, 6, 0}, {3, 6, 0});
+}
+
+TEST_F(TransformCommands, Rotate)
+{
+    evaluate("(command \"_.rotate\" \"_l\" \"\" \"1,0\" 90)");
+    expectLine(m_line, {1, 0, 0}, {1, 2, 0});
+    evaluate("(command \"_.rotate\" \"_l\" \"\" \"1,0\" \"_r\" 90 0)");
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    evaluate("(command \"_.rotate\" \"_l\" \"\" \"1,0\" \"-90\")");
+    expectLine(m_line, {1, 0, 0}, {1, -2, 0});
+    evaluate("(command \"_.rotate\" \"_l\" \"\" \"0,0\" \"_c\" 180)");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE"));
+}
+
+TEST_F(TransformCommands, Scale)
+{
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" 2)");
+    expectLine(m_line, {2, 0, 0}, {6, 0, 0});
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 4 2)");
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" 0)");
+    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n");
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+}
+
+TEST_F(TransformCommands, MirrorKeepsTheOriginalUnlessToldOtherwise)
+{
+    evaluate("(command \"_.mirror\" \"_l\" \"\" \"0,0\" \"1,1\" \"\")");
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    expectLine(last(), {0, 1, 0}, {0, 3, 0});
+    evaluate("(command \"_.mirror\" \"_l\" \"\" \"0,0\" \"1,1\" \"_y\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE"));
+    expectLine(last(), {1, 0, 0}, {3, 0, 0});
+}
+
+TEST_F(TransformCommands, OneUndoTakesItAllBack)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"_m\" \"0,0\" \"0,5\" \"0,6\" \"\") (command \"_.u\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(TransformCommands, WhatCannotBeMovedIsSaid)
+{
+    add({{0, u"UNHEARD_OF"}, {8, u"0"}});
+    evaluate("(command \"_.move\" \"_all\" \"\" \"0,0\" \"0,5\")");
+    EXPECT_EQ(takePrinted(), "\n1 object(s) could not be changed.\n");
+    expectLine(m_line, {1, 5, 0}, {3, 5, 0});
+}
+
+} // namespace

@@ -1,0 +1,131 @@
+#include "host/drawing/entities/EntityChange.h"
+
+#include "tests/host/drawing/entities/EntityTest.h"
+
+namespace drawing {
+
+class Change : public EntityTest
+{
+protected:
+    RecordId openLine() { return open("AC1015", Line); }
+    RecordId openPolyline() { return open("AC1015", Polyline); }
+
+    static constexpr std::string_view Line =
+        "  0\nLINE\n  5\n2F\n330\n1F\n100\nAcDbEntity\n  8\n0\n100\nAcDbLine\n 10\n1.\n 20\n2e0\n 30\n0\n"
+        " 11\n3.0\n 21\n4.0\n 31\n0.0\n1001\nACME\n1000\nkept\n1001\nOTHER\n1070\n     5\n";
+    static constexpr std::string_view Polyline =
+        "0\nLWPOLYLINE\n5\n2F\n100\nAcDbEntity\n8\n0\n100\nAcDbPolyline\n90\n3\n70\n0\n10\n0.0\n20\n0.0\n42\n1.0\n"
+        "10\n5.0\n20\n0.0\n10\n5.0\n20\n5.0\n";
+};
+
+TEST_F(Change, toTheSameListChangesNoByte)
+{
+    const std::string_view lineOfTheOld = "0\nLINE\n8\n0\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n";
+    for (const std::string_view entity : {Line, Polyline, lineOfTheOld}) {
+        const RecordId id = open(entity == lineOfTheOld ? "AC1009" : "AC1015", entity);
+        const std::string before = writtenDrawing(database());
+        EXPECT_TRUE(changeRecord(drawing(), id, groupsOf(listing(drawing(), id))));
+        EXPECT_EQ(writtenDrawing(database()), before);
+    }
+}
+
+TEST_F(Change, writesTheChangedGroupAlone)
+{
+    const RecordId line = openLine();
+    EXPECT_TRUE(changeRecord(drawing(), line, withValue(groupsOf(listing(drawing(), line)), 11, Point{9, 4, 0})));
+    EXPECT_EQ(written(line),
+              "0 LINE,5 2F,330 1F,100 AcDbEntity,8 0,100 AcDbLine,10 1.,20 2e0,30 0,11 9.0,21 4.0,31 0.0,"
+              "1001 ACME,1000 kept,1001 OTHER,1070      5");
+}
+
+TEST_F(Change, toADefaultThatIsChangedWritesIt)
+{
+    const RecordId line = openLine();
+    changeRecord(drawing(), line, withValue(groupsOf(listing(drawing(), line)), 210, Point{0, 0, -1}));
+    EXPECT_NE(written(line).find("31 0.0,210 0.0,220 0.0,230 -1.0,1001"), std::string::npos) << written(line);
+}
+
+TEST_F(Change, byAPartOfTheListLeavesTheRest)
+{
+    const RecordId line = openLine();
+    EXPECT_TRUE(changeRecord(drawing(), line, {{11, Point{9, 9, 9}}}));
+    EXPECT_EQ(codes(line), "0 330 5 100 [67] [410] 8 100 10 11 [210]");
+    EXPECT_EQ(*database().firstGroup(line, 10), (Group{10, Point{1, 2, 0}}));
+}
+
+TEST_F(Change, putsANewCommonGroupWhereAnyEntityHasIt)
+{
+    const RecordId line = openLine();
+    GroupList list = groupsOf(listing(drawing(), line));
+    list.push_back({62, std::int64_t{1}});
+    changeRecord(drawing(), line, list);
+    EXPECT_NE(written(line).find("100 AcDbEntity,8 0,62 1,100 AcDbLine"), std::string::npos) << written(line);
+}
+
+TEST_F(Change, neverTouchesTypeHandleAndOwner)
+{
+    const RecordId line = openLine();
+    changeRecord(drawing(), line,
+                 {{0, u"CIRCLE"}, {5, Handle{0xFF}}, {330, Handle{0xEE}}, {100, u"AcDbEntity"}, {8, u"0"}});
+    EXPECT_EQ(written(line).substr(0, 22), "0 LINE,5 2F,330 1F,100");
+    EXPECT_EQ(database().record(line).handle, 0x2FU);
+}
+
+TEST_F(Change, makesALayerThatIsNotThere)
+{
+    changeRecord(drawing(), openLine(), {{8, u"walls"}});
+    EXPECT_NE(drawing().tables().find(known::Layer, u"WALLS"), NoRecord);
+}
+
+TEST_F(Change, ofPointsReplacesAllOfThem)
+{
+    const RecordId polyline = openPolyline();
+    EXPECT_TRUE(changeRecord(drawing(), polyline, {{10, Point{7, 7, 0, 2}}, {10, Point{8, 8, 0, 2}}}));
+    EXPECT_EQ(written(polyline), "0 LWPOLYLINE,5 2F,100 AcDbEntity,8 0,100 AcDbPolyline,90 2,70 0,10 7.0,20 7.0,10 8.0,"
+                                 "20 8.0");
+}
+
+TEST_F(Change, keepsEachBulgeWithItsPoint)
+{
+    const RecordId polyline = openPolyline();
+    GroupList list = groupsOf(listing(drawing(), polyline));
+    std::erase_if(list, [n = 0](const Group &group) mutable { return group.code == 10 && n++ == 0; });
+    std::erase_if(list, [n = 0](const Group &group) mutable { return group.code == 42 && n++ == 0; });
+    EXPECT_TRUE(changeRecord(drawing(), polyline, list));
+    EXPECT_EQ(written(polyline),
+              "0 LWPOLYLINE,5 2F,100 AcDbEntity,8 0,100 AcDbPolyline,90 2,70 0,10 5.0,20 0.0,42 0.0,10 5.0,20 5.0");
+}
+
+TEST_F(Change, takesThreeCoordinatesWhereThereAreTwo)
+{
+    const RecordId polyline = openPolyline();
+    GroupList list = groupsOf(listing(drawing(), polyline));
+    for (Group &group : list)
+        if (auto *point = std::get_if<Point>(&group.value); point && group.code == 10)
+            *point = {point->x + 1, point->y, 3};
+    EXPECT_TRUE(changeRecord(drawing(), polyline, list));
+    EXPECT_EQ(written(polyline).find("30 "), std::string::npos) << written(polyline);
+}
+
+TEST_F(Change, replacesTheExtendedDataOfItsApplicationsAlone)
+{
+    const RecordId line = openLine();
+    EXPECT_TRUE(changeRecord(drawing(), line, {{1001, u"acme"}, {1040, 2.5}}));
+    EXPECT_NE(written(line).find("31 0.0,1001 OTHER,1070      5,1001 acme,1040 2.5"), std::string::npos)
+        << written(line);
+    EXPECT_TRUE(changeRecord(drawing(), line, {{1001, u"OTHER"}}));
+    EXPECT_EQ(written(line).find("OTHER"), std::string::npos);
+}
+
+TEST_F(Change, isUndoneToTheLastByte)
+{
+    const RecordId line = openLine();
+    const std::string before = writtenDrawing(database());
+    database().journal().startStep();
+    changeRecord(drawing(), line, {{8, u"walls"}, {11, Point{9, 9, 9}}});
+    EXPECT_NE(writtenDrawing(database()), before);
+    EXPECT_EQ(database().journal().undo(), 1U);
+    EXPECT_EQ(writtenDrawing(database()), before);
+}
+
+} // namespace drawing

@@ -1,0 +1,78 @@
+#include "tests/host/drawing/entities/EntityTest.h"
+
+namespace drawing {
+
+class Listing : public EntityTest
+{
+};
+
+TEST_F(Listing, ofALineHasOwnerSpaceLayoutAndExtrusion)
+{
+    const RecordId line = open("AC1015", "0\nLINE\n5\n2F\n330\n1F\n100\nAcDbEntity\n8\n0\n62\n1\n100\nAcDbLine\n"
+                                         "10\n1.0\n20\n2.0\n30\n0.0\n11\n3.0\n21\n4.0\n31\n0.0\n");
+    EXPECT_EQ(codes(line), "0 330 5 100 [67] [410] 8 62 100 10 11 [210]");
+    const std::vector<ListedGroup> listed = listing(drawing(), line);
+    EXPECT_EQ(listed[5].group, (Group{410, u"Model"}));
+    EXPECT_EQ(listed.back().group, (Group{210, Point{0, 0, 1}}));
+}
+
+TEST_F(Listing, ofADrawingBeforeMarkersHasThem)
+{
+    const RecordId arc = open("AC1009", "0\nARC\n5\n2F\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n5.0\n50\n0.0\n51\n90.0\n");
+    EXPECT_EQ(codes(arc), "0 5 [100] [67] [410] 8 [100] 10 40 [210] [100] 50 51");
+}
+
+TEST_F(Listing, leavesWhatStandsThereWhereItStands)
+{
+    const RecordId line = open("AC1015", "0\nLINE\n5\n2F\n102\n{ACAD_XDICTIONARY\n360\nAA\n102\n}\n330\n1F\n100\n"
+                                         "AcDbEntity\n67\n1\n410\nSheet\n8\n0\n100\nAcDbLine\n39\n2.0\n10\n1.0\n20\n"
+                                         "2.0\n11\n3.0\n21\n4.0\n210\n0.0\n220\n0.0\n230\n-1.0\n");
+    EXPECT_EQ(codes(line), "0 330 5 102 360 102 100 67 410 8 100 39 10 11 210");
+}
+
+TEST_F(Listing, ofAnUnknownTypeAddsOnlyWhatAnyEntityHas)
+{
+    const RecordId thing =
+        open("AC1015", "0\nGADGET\n5\n2F\n330\n1F\n100\nAcDbEntity\n8\n0\n100\nAcmeGadget\n70\n1\n40\n2.0\n");
+    EXPECT_EQ(codes(thing), "0 330 5 100 [67] [410] 8 100 70 40");
+    EXPECT_EQ(codes(open("AC1009", "0\nGADGET\n8\n0\n70\n1\n")), "0 [100] [67] [410] 8 70");
+}
+
+TEST_F(Listing, ofAPolylineGivesEachPointItsWidthsAndBulge)
+{
+    const RecordId polyline =
+        open("AC1015", "0\nLWPOLYLINE\n5\n2F\n100\nAcDbEntity\n8\n0\n100\nAcDbPolyline\n90\n2\n70\n0\n43\n0.5\n"
+                       "10\n0.0\n20\n0.0\n42\n1.0\n10\n5.0\n20\n0.0\n");
+    EXPECT_EQ(codes(polyline), "0 5 100 [67] [410] 8 100 90 70 43 [38] [39] 10 [40] [41] 42 [91] 10 [40] [41] [42] [91]"
+                               " [210]");
+    EXPECT_EQ(listing(drawing(), polyline)[13].group, (Group{40, 0.5}));
+}
+
+TEST_F(Listing, tellsPolylinesAndVerticesApart)
+{
+    const RecordId mesh = open("AC1009", "0\nPOLYLINE\n8\n0\n66\n1\n70\n16\n0\nVERTEX\n8\n0\n10\n1.0\n20\n0.0\n30\n"
+                                         "0.0\n70\n64\n0\nSEQEND\n8\n0\n");
+    const auto lastMarker = [this](RecordId id) {
+        std::u16string marker;
+        for (const ListedGroup &listed : listing(drawing(), id))
+            if (listed.group.code == groupcode::Subclass)
+                marker = std::get<std::u16string>(listed.group.value);
+        return marker;
+    };
+    EXPECT_EQ(lastMarker(mesh), u"AcDbPolygonMesh");
+    EXPECT_EQ(lastMarker(database().nextIn(mesh)), u"AcDbPolygonMeshVertex");
+}
+
+TEST_F(Listing, givesPointsThreeCoordinates)
+{
+    const RecordId line = open("AC1009", "0\nLINE\n8\n0\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n");
+    EXPECT_EQ(listing(drawing(), line)[6].group, (Group{10, Point{1, 2, 0, 3}}));
+}
+
+TEST_F(Listing, hasNoExtendedData)
+{
+    EXPECT_EQ(codes(open("AC1009", "0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n30\n3.0\n1001\nAPP\n1000\ntext\n")),
+              "0 [100] [67] [410] 8 [100] 10 [210] [50]");
+}
+
+} // namespace drawing
