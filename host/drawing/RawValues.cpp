@@ -2,7 +2,9 @@
 
 #include <bit>
 #include <charconv>
+#include <iterator>
 #include <limits>
+#include <optional>
 
 namespace drawing {
 
@@ -39,9 +41,43 @@ std::int64_t integerOfText(std::string_view text)
     return number;
 }
 
+// Most numbers of a file have so few digits that digits and power of ten are exact, and so their quotient is the
+// nearest there is. Nothing for the others, and for what has an exponent.
+std::optional<double> shortReal(std::string_view text)
+{
+    constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+                                 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+    constexpr std::size_t MostDigits = std::size(powers); // which 64 bits hold
+    constexpr std::uint64_t MostExact = std::uint64_t{1} << std::numeric_limits<double>::digits;
+    const bool isNegative = text.starts_with('-');
+    text.remove_prefix(isNegative ? 1 : 0);
+    if (text.empty() || text.size() > MostDigits)
+        return std::nullopt;
+    std::uint64_t digits = 0;
+    std::size_t decimals = 0;
+    bool isBehindPoint = false;
+    for (const char each : text) {
+        const unsigned digit = static_cast<unsigned char>(each) - unsigned{'0'};
+        if (digit <= 9) {
+            digits = digits * 10 + digit;
+            decimals += isBehindPoint ? 1 : 0;
+        } else if (each == '.' && !isBehindPoint) {
+            isBehindPoint = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (digits > MostExact)
+        return std::nullopt;
+    const double number = static_cast<double>(digits) / powers[decimals];
+    return isNegative ? -number : number;
+}
+
 double realOfText(std::string_view text)
 {
     text = trimmed(text);
+    if (const auto number = shortReal(text))
+        return *number;
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
     return number;

@@ -110,7 +110,11 @@ void ShapeWalk::block(RecordId block, const Matrix &matrix)
 
 void ShapeWalk::path(std::span<const Curve> curves, bool isClosed)
 {
-    if (!curves.empty())
+    if (curves.empty())
+        return;
+    if (m_blocks.empty()) // in the world already
+        m_sink.path({curves, isClosed}, origin());
+    else
         m_sink.path({moved(curves, m_matrix), isClosed}, origin());
 }
 
