@@ -124,7 +124,9 @@ std::string_view Database::bytes(RecordId id) const
 
 GroupList Database::groups(RecordId id) const
 {
+    constexpr std::size_t usualCount = 16;
     GroupList groups;
+    groups.reserve(usualCount);
     GroupReader groupReader = reader(id);
     for (Item item; groupReader.next(item);)
         groups.push_back(groupReader.group(item));

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int LayoutCode = 410, ConstantWidthCode = 43, StartWidthCode = 40, EndWidthCode = 41;
 constexpr std::u16string_view EntityMarker = u"AcDbEntity";
+constexpr std::size_t UsualGroups = 16; // of an entity, at most; more only cost more
 
 using Listing = std::vector<ListedGroup>;
 
@@ -77,10 +78,12 @@ private:
     // Into what stands before the first marker, and the subclasses.
     void cut(GroupList &&groups)
     {
+        m_head.reserve(UsualGroups);
+        m_sections.reserve(UsualGroups);
         for (std::size_t place = 0; place < groups.size() && groups[place].code < groupcode::ExtendedString; ++place) {
             ListedGroup listed{std::move(groups[place]), static_cast<int>(place)};
             if (listed.group.code == groupcode::Subclass && textOf(listed.group))
-                m_sections.push_back({{std::move(listed)}});
+                beginSection(std::move(listed));
             else if (m_sections.empty())
                 m_head.push_back(std::move(listed));
             else
@@ -88,14 +91,21 @@ private:
         }
     }
 
+    void beginSection(ListedGroup &&marker)
+    {
+        Listing &groups = m_sections.emplace_back().groups;
+        groups.reserve(UsualGroups);
+        groups.push_back(std::move(marker));
+    }
+
     // Drawings before R2000 have no markers: each group goes where the type's schema has it.
     void divide()
     {
         Listing all = std::move(m_head);
         m_head.clear();
-        m_sections.push_back({{derived(groupcode::Subclass, std::u16string(EntityMarker))}});
+        beginSection(derived(groupcode::Subclass, std::u16string(EntityMarker)));
         for (std::size_t index = 0; m_schema && index < m_schema->subclasses.size(); ++index)
-            m_sections.push_back({{derived(groupcode::Subclass, m_schema->subclasses[index].marker)}});
+            beginSection(derived(groupcode::Subclass, m_schema->subclasses[index].marker));
         for (ListedGroup &listed : all)
             listOf(listed.group.code).push_back(std::move(listed));
     }

@@ -159,11 +159,10 @@ bool SubclassSchema::has(int code) const
 
 const EntitySchema *schemaOf(std::u16string_view type, std::int64_t flags)
 {
-    const auto ofType = std::ranges::equal_range(
-        schemas, type, {}, [](const EntitySchema &schema) { return std::u16string_view(schema.type); });
-    const auto found = std::ranges::find_if(
-        ofType, [flags](const EntitySchema &schema) { return (schema.flags & flags) == schema.flags; });
-    return found != ofType.end() ? &*found : nullptr;
+    const auto found = std::ranges::find_if(schemas, [type, flags](const EntitySchema &schema) {
+        return schema.type == type && (schema.flags & flags) == schema.flags;
+    });
+    return found != std::end(schemas) ? &*found : nullptr;
 }
 
 bool isCommonCode(int code)
