@@ -3,6 +3,7 @@
 #include "host/drawing/Dictionaries.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/ExtendedData.h"
+#include "host/drawing/geometry/Extents.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/drawing/EntityName.h"
 #include "host/kernel/drawing/EntityNodes.h"
@@ -104,5 +105,17 @@ int SubstituteLispHost::namedObjDict(LispName *dictionary)
     if (root == NoRecord)
         return StatusError;
     *dictionary = nodeName(*drawing, root);
+    return StatusNormal;
+}
+
+int SubstituteLispHost::getEntityExtents(const LispName *entity, LispPoint *minimum, LispPoint *maximum)
+{
+    const Drawing *drawing = drawingOf(m_machine);
+    const RecordId record = presentRecord(drawing, *entity);
+    const std::optional<geometry::Box> box = record != NoRecord ? geometry::extentsOf(*drawing, record) : std::nullopt;
+    if (!box)
+        return StatusError;
+    *minimum = {box->minimum.x, box->minimum.y, box->minimum.z};
+    *maximum = {box->maximum.x, box->maximum.y, box->maximum.z};
     return StatusNormal;
 }

@@ -20,8 +20,3 @@ int SubstituteLispHost::compileShape(const char16_t *, const char16_t *)
 {
     return StatusError;
 }
-
-int SubstituteLispHost::getEntityExtents(const LispName *, LispPoint *, LispPoint *)
-{
-    return StatusError;
-}
