@@ -2,6 +2,7 @@
 
 #include "tests/host/ui/gui/GuiTest.h"
 
+#include <QElapsedTimer>
 #include <QProgressBar>
 #include <QToolButton>
 
@@ -65,6 +66,30 @@ TEST_F(RunningProgram, TheProgressMeterHasAButtonToStop)
     EXPECT_THAT(output(), HasSubstr("error: Function cancelled\n"));
     lispHost->progressEnd();
     EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(RunningProgram, TheProgressMeterIsPaintedNoMoreOftenThanAScreenCan)
+{
+    class PaintCounter final : public QObject
+    {
+    public:
+        int count = 0;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+    interface.window().findChild<QProgressBar *>(QStringLiteral("progressBar"))->installEventFilter(&paints);
+    LispHost *lispHost = document.lispHost();
+    QElapsedTimer time;
+    time.start();
+    lispHost->progressStart(u"Counting");
+    for (int i = 0; time.elapsed() < 300 || i < 100000; ++i)
+        lispHost->progressSet(i % 100);
+    EXPECT_GE(paints.count, 3);
+    EXPECT_LE(paints.count, 2 + time.elapsed() / 16);
+    lispHost->progressEnd();
 }
 
 TEST_F(RunningProgram, ClosingTheWindowStopsItFirst)
