@@ -3,6 +3,7 @@
 #include "app/Modules.h"
 #include "host/kernel/Host.h"
 #include "host/ui/gui/CommandRunner.h"
+#include "host/ui/gui/DesktopColors.h"
 #include "host/ui/gui/DrawingFiles.h"
 #include "host/ui/gui/WindowInterface.h"
 
@@ -19,6 +20,7 @@ int runGui(const Options &options)
     const QApplication application(argumentCount, arguments);
     std::setlocale(LC_NUMERIC, "C"); // the application takes the user's, but numbers in files and in LISP have a point
 
+    const std::unique_ptr<QObject> desktopColors = followDesktopColors(useColorScheme);
     Host host;
     WindowInterface interface(host.services());
     Document &document = host.documents().open();

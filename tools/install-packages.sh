@@ -14,7 +14,7 @@ build_packages=(
     # tests and benchmarks
     libgtest-dev libgmock-dev librapidcheck-dev libbenchmark-dev libdxflib-dev python3 python3-ezdxf attr libattr1-dev
     # a screen for the tests of windows
-    xvfb openbox xdotool
+    xvfb openbox xdotool dbus-daemon
     # formatting and lint
     clang-format-14 clang-tidy-14
 )

@@ -17,7 +17,8 @@
 namespace {
 
 constexpr int KeptLines = 20000;
-constexpr int LeastWord = 2; // letters, before names are offered
+constexpr int VoiceProperty = QTextFormat::UserProperty; // of a printed text
+constexpr int LeastWord = 2;                             // letters, before names are offered
 
 QColor colorOf(CommandPanel::Voice voice, const QPalette &palette)
 {
@@ -80,6 +81,7 @@ void CommandPanel::print(const QString &text, Voice voice)
     QTextCursor cursor(m_output->document());
     cursor.movePosition(QTextCursor::End);
     QTextCharFormat format;
+    format.setProperty(VoiceProperty, static_cast<int>(voice));
     format.setForeground(colorOf(voice, palette()));
     cursor.insertText(text, format);
     if (atEnd)
@@ -175,15 +177,22 @@ bool CommandPanel::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-// Texts keep the colours that they were printed in: after a change between light and dark they are printed anew.
+// After a change between light and dark what was printed gets the new colours.
 void CommandPanel::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::PaletteChange)
         return;
-    QTextCursor all(m_output->document());
-    all.select(QTextCursor::Document);
-    QTextCharFormat format;
-    format.setForeground(colorOf(Voice::Program, palette()));
-    all.mergeCharFormat(format);
+    QList<QTextFragment> parts; // first, for a new format moves what stands behind it
+    for (QTextBlock block = m_output->document()->begin(); block.isValid(); block = block.next())
+        for (auto part = block.begin(); !part.atEnd(); ++part)
+            parts.append(part.fragment());
+    QTextCursor cursor(m_output->document());
+    for (const QTextFragment &part : parts) {
+        QTextCharFormat format = part.charFormat();
+        format.setForeground(colorOf(static_cast<Voice>(format.intProperty(VoiceProperty)), palette()));
+        cursor.setPosition(part.position());
+        cursor.setPosition(part.position() + part.length(), QTextCursor::KeepAnchor);
+        cursor.setCharFormat(format);
+    }
 }
