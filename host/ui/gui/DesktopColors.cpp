@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
 
 namespace {
 
@@ -39,8 +38,5 @@ void useColorScheme(ColorScheme scheme)
     QApplication::setPalette(QPalette()); // Qt's own
     if (scheme != ColorScheme::Dark || isDark(QApplication::palette()))
         return;
-#ifdef Q_OS_WINDOWS
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion"))); // the native style knows no dark colours
-#endif
     QApplication::setPalette(darkPalette());
 }

@@ -1,10 +1,9 @@
-#include "host/ui/gui/DesktopColors.h"
+#include "host/ui/gui/SettingsPortal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
 
 namespace {
 
@@ -30,46 +29,34 @@ ColorScheme schemeOf(QVariant value)
     }
 }
 
-class PortalListener final : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit PortalListener(std::function<void(ColorScheme)> tell) : m_tell(std::move(tell))
-    {
-        QDBusConnection bus = QDBusConnection::sessionBus();
-        if (!bus.isConnected())
-            return;
-        QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
-        question << group << key;
-        auto *answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-        connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-            const QDBusPendingReply<QDBusVariant> reply = *answer;
-            if (reply.isValid())
-                m_tell(schemeOf(reply.value().variant()));
-            answer->deleteLater();
-        });
-        qRegisterMetaType<QDBusVariant>(); // Qt looks for it by its name
-        bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-                    SLOT(hearOfChange(QString, QString, QDBusVariant)));
-    }
-
-private Q_SLOTS:
-    void hearOfChange(const QString &changedGroup, const QString &changedKey, const QDBusVariant &value)
-    {
-        if (changedGroup == group && changedKey == key)
-            m_tell(schemeOf(value.variant()));
-    }
-
-private:
-    std::function<void(ColorScheme)> m_tell;
-};
-
 } // namespace
+
+SettingsPortal::SettingsPortal(std::function<void(ColorScheme)> tell) : m_tell(std::move(tell))
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    qRegisterMetaType<QDBusVariant>(); // Qt looks for it by its name
+    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+                SLOT(hearOfChange(QString, QString, QDBusVariant)));
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+    question << group << key;
+    auto *answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QDBusPendingReply<QDBusVariant> reply = *answer;
+        if (reply.isValid())
+            m_tell(schemeOf(reply.value().variant()));
+        answer->deleteLater();
+    });
+}
+
+void SettingsPortal::hearOfChange(const QString &changedGroup, const QString &changedKey, const QDBusVariant &value)
+{
+    if (changedGroup == group && changedKey == key)
+        m_tell(schemeOf(value.variant()));
+}
 
 std::unique_ptr<QObject> followDesktopColors(std::function<void(ColorScheme)> tell)
 {
-    return std::make_unique<PortalListener>(std::move(tell));
+    return std::make_unique<SettingsPortal>(std::move(tell));
 }
-
-#include "DesktopColorsUnix.moc"

@@ -1,5 +1,6 @@
 #include "host/ui/gui/DesktopColors.h"
 
+#include <QApplication>
 #include <QSettings>
 
 std::unique_ptr<QObject> followDesktopColors(std::function<void(ColorScheme)> tell)
@@ -8,7 +9,9 @@ std::unique_ptr<QObject> followDesktopColors(std::function<void(ColorScheme)> te
         QStringLiteral("HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize"),
         QSettings::NativeFormat);
     const QVariant usesLightColors = settings.value(QStringLiteral("AppsUseLightTheme"));
-    if (usesLightColors.isValid())
-        tell(usesLightColors.toInt() == 0 ? ColorScheme::Dark : ColorScheme::Light);
+    const bool isDark = usesLightColors.isValid() && usesLightColors.toInt() == 0;
+    if (isDark)
+        QApplication::setStyle(QStringLiteral("Fusion")); // the native style knows no dark colours
+    tell(isDark ? ColorScheme::Dark : ColorScheme::NoPreference);
     return std::make_unique<QObject>();
 }
