@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/CommandLine.h"
+#include "host/drawing/selection/Region.h"
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
 #include "host/kernel/commands/DocumentSession.h"
@@ -38,6 +39,9 @@ public:
     std::u16string currentLayer() const;
     bool isPaperSpaceCurrent() const;
     SelectionSets &selectionSets() { return m_selectionSets; }
+    DocumentSession &session() { return m_session; }
+    // The entity that a pick at this place takes; NoRecord for none.
+    drawing::RecordId entityAt(selection::Place place);
     commands::CommandLine &commandLine() { return m_commandLine; }
 
 private:

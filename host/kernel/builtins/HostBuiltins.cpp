@@ -2,7 +2,8 @@
 
 void defineHostBuiltins(lisp::Machine &machine)
 {
-    for (const auto family : {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), inputBuiltins(),
-                              registryBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
+    for (const auto family :
+         {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), inputBuiltins(), registryBuiltins(),
+          selectionBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

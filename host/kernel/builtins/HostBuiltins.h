@@ -9,6 +9,7 @@ std::span<const lisp::BuiltinRow> dictionaryBuiltins(); // Dictionaries.cpp
 std::span<const lisp::BuiltinRow> entityBuiltins();     // Entities.cpp
 std::span<const lisp::BuiltinRow> inputBuiltins();      // Input.cpp
 std::span<const lisp::BuiltinRow> registryBuiltins();   // Registry.cpp
+std::span<const lisp::BuiltinRow> selectionBuiltins();  // Selection.cpp
 std::span<const lisp::BuiltinRow> tableBuiltins();      // Tables.cpp
 std::span<const lisp::BuiltinRow> variableBuiltins();   // Variables.cpp
 std::span<const lisp::BuiltinRow> windowBuiltins();     // Windows.cpp

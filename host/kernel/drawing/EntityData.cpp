@@ -135,12 +135,10 @@ std::optional<GroupValue> valueOf(int code, Value value)
 
 void addGroup(Value group, GroupList &groups)
 {
-    const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
-    const std::optional<GroupValue> value =
-        hasCode ? valueOf(group.asCons()->car.asInteger(), group.asCons()->cdr) : std::nullopt;
-    if (!value)
+    std::optional<Group> decoded = groupOf(group);
+    if (!decoded)
         badGroup(group);
-    groups.push_back({group.asCons()->car.asInteger(), *value});
+    groups.push_back(std::move(*decoded));
 }
 
 // ("APP" (1000 . "text") …) …
@@ -156,6 +154,14 @@ void addApplications(Value list, GroupList &data)
 }
 
 } // namespace
+
+std::optional<Group> groupOf(Value group)
+{
+    const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
+    const std::optional<GroupValue> value =
+        hasCode ? valueOf(group.asCons()->car.asInteger(), group.asCons()->cdr) : std::nullopt;
+    return value ? std::optional(Group{group.asCons()->car.asInteger(), *value}) : std::nullopt;
+}
 
 std::optional<GroupValue> handleValue(std::u16string_view text)
 {

@@ -33,6 +33,9 @@ struct EntityRequest
 // Raises "bad DXF group: (62 . \"red\")" for a group that is none, or whose value is of the wrong kind.
 EntityRequest entityRequest(lisp::Value list);
 
+// One group of a list, without its meaning; nothing when it is none.
+std::optional<drawing::Group> groupOf(lisp::Value pair);
+
 // A handle, or bytes, as programs write them: "1F", "00FF". Nothing for another text.
 std::optional<drawing::GroupValue> handleValue(std::u16string_view text);
 std::optional<drawing::GroupValue> bytesValue(std::u16string_view text);

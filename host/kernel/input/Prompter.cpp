@@ -143,6 +143,11 @@ int Prompter::corner(std::u16string_view prompt, const LispPoint &, LispPoint &v
     return askPoint(Kind::Corner, prompt, value);
 }
 
+int Prompter::entity(std::u16string_view prompt, LispPoint &picked)
+{
+    return askPoint(Kind::Entity, prompt, picked);
+}
+
 int Prompter::askSecondPoint(LispPoint first, LispPoint &second)
 {
     lastPoint = first;

@@ -44,6 +44,7 @@ public:
     // `base` may be null. It is where a rubber band begins.
     int point(std::u16string_view prompt, const LispPoint *base, LispPoint &value);
     int corner(std::u16string_view prompt, const LispPoint &base, LispPoint &value);
+    int entity(std::u16string_view prompt, LispPoint &picked); // where the person has picked
     // A typed length, or that between the base, or a first point, and a point.
     int distance(std::u16string_view prompt, const LispPoint *base, double &value);
     // Radians from the angle base, as typed or by two points.

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "host/drawing/Drawing.h"
+
+#include <vector>
+
+// What can be selected at all.
+namespace selection {
+
+// Entities of model and paper space, in the drawing's order, without vertices, attributes and erased ones.
+std::vector<drawing::RecordId> allEntities(const drawing::Drawing &drawing);
+
+enum class Space { Model, Paper };
+
+// Those of one space that can be seen: not on layers that are off or frozen, and not invisible themselves.
+std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, Space space);
+
+bool isOnLockedLayer(const drawing::Drawing &drawing, drawing::RecordId entity);
+
+} // namespace selection

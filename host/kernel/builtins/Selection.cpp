@@ -1,0 +1,313 @@
+// Selection sets.
+
+#include "host/drawing/selection/Candidates.h"
+#include "host/drawing/selection/Region.h"
+#include "host/kernel/Document.h"
+#include "host/kernel/PointValues.h"
+#include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/drawing/EntityName.h"
+#include "host/kernel/selection/SelectionFilter.h"
+#include "host/kernel/selection/SelectionMode.h"
+#include "lisp/LispStatus.h"
+
+using drawing::Drawing;
+using drawing::NoRecord;
+using drawing::RecordId;
+using lisp::Args;
+using lisp::Machine;
+using lisp::Value;
+using selection::Place;
+
+namespace {
+
+// Selection sets belong to the drawing of their document; what was selected before another was opened is passed over.
+Value newSet(Document &document, const std::vector<RecordId> &entities)
+{
+    const Value value = document.machine().heap().newNative<SelectionSet>(document.selectionSets());
+    auto *set = static_cast<SelectionSet *>(value.asObject());
+    for (const RecordId entity : entities)
+        set->add(entity);
+    return value;
+}
+
+SelectionSet &setArgument(Args arguments, std::uint32_t index)
+{
+    return *arguments.native<SelectionSet>(index, u"lselsetp");
+}
+
+RecordId entityArgument(Document &document, Args arguments, std::uint32_t index)
+{
+    const RecordId record = recordOf(document.drawing(), arguments.native<EntityName>(index, u"lentityp")->name);
+    if (record == NoRecord)
+        lisp::badArgument(u"lentityp", arguments[index]);
+    return record;
+}
+
+Place placeOf(Value value)
+{
+    const std::optional<PointList> point = pointListOf(value);
+    if (!point)
+        lisp::fail(u"bad SSGET list");
+    return {point->point.x, point->point.y};
+}
+
+std::vector<Place> placesOf(Value list)
+{
+    std::vector<Place> places;
+    for (const Value point : lisp::ListItems(list))
+        places.push_back(placeOf(point));
+    return places;
+}
+
+// What ssget was asked, and how it finds it.
+class Request
+{
+public:
+    Request(Machine &machine, Args arguments) : m_document(Document::of(machine)), m_arguments(arguments)
+    {
+        if (m_arguments[0].isString())
+            m_mode = SelectionMode(m_arguments.text(m_next++));
+    }
+
+    std::vector<RecordId> entities()
+    {
+        std::vector<RecordId> found = candidates();
+        const SelectionFilter filter(next());
+        if (m_arguments[m_next].isTrue())
+            lisp::fail(u"bad SSGET list");
+        const Drawing &drawing = m_document.drawing();
+        std::erase_if(found, [&](RecordId entity) {
+            return drawing.database().record(entity).isGone() || !filter.accepts(drawing, entity) ||
+                   (m_mode.refusesLocked() && selection::isOnLockedLayer(drawing, entity));
+        });
+        if (m_mode.takesOne() && found.size() > 1)
+            found.erase(found.begin() + 1, found.end());
+        return found;
+    }
+
+private:
+    Value next() { return m_next < m_arguments.count() ? m_arguments[m_next++] : Value::nil(); }
+
+    std::vector<RecordId> candidates()
+    {
+        using Kind = SelectionMode::Kind;
+        switch (m_mode.kind()) {
+        case Kind::Everything:
+            return newestFirst(selection::allEntities(m_document.drawing()));
+        case Kind::AllVisible:
+            return visible();
+        case Kind::Last:
+            return last();
+        case Kind::Previous:
+            return m_document.session().previousSelection();
+        case Kind::Implied:
+            return m_document.session().impliedSelection();
+        case Kind::Window:
+        case Kind::Crossing: {
+            const Place corner = placeOf(next());
+            return within(selection::rectangle(corner, placeOf(next())));
+        }
+        case Kind::WindowPolygon:
+        case Kind::CrossingPolygon:
+            return within(placesOf(next()));
+        case Kind::Fence: {
+            const std::vector<Place> fence = placesOf(next());
+            return those([&](RecordId entity) { return selection::isCrossed(m_document.drawing(), entity, fence); });
+        }
+        case Kind::Interactive:
+            break;
+        }
+        return pointListOf(m_arguments[m_next]) ? under(placeOf(next())) : asked();
+    }
+
+    // Programs count on the entity that was made last being the first.
+    static std::vector<RecordId> newestFirst(std::vector<RecordId> entities)
+    {
+        std::reverse(entities.begin(), entities.end());
+        return entities;
+    }
+
+    std::vector<RecordId> visible() const
+    {
+        const auto space = m_document.isPaperSpaceCurrent() ? selection::Space::Paper : selection::Space::Model;
+        return newestFirst(selection::visibleEntities(m_document.drawing(), space));
+    }
+
+    template <class Test> std::vector<RecordId> those(Test test) const
+    {
+        std::vector<RecordId> entities = visible();
+        std::erase_if(entities, [&test](RecordId entity) { return !test(entity); });
+        return entities;
+    }
+
+    std::vector<RecordId> within(const selection::Polygon &polygon) const
+    {
+        const auto reach = m_mode.crosses() ? selection::Reach::Crossing : selection::Reach::Inside;
+        return those([&](RecordId entity) { return selection::takes(m_document.drawing(), entity, polygon, reach); });
+    }
+
+    std::vector<RecordId> last() const
+    {
+        const std::vector<RecordId> entities = visible();
+        return entities.empty() ? entities : std::vector<RecordId>{entities.front()};
+    }
+
+    std::vector<RecordId> under(Place place) const
+    {
+        const RecordId found = m_document.entityAt(place);
+        return found != NoRecord ? std::vector<RecordId>{found} : std::vector<RecordId>();
+    }
+
+    // The person selects, as at the prompt of a command.
+    std::vector<RecordId> asked()
+    {
+        commands::CommandLine &commandLine = m_document.commandLine();
+        commandLine.give(commands::Input(std::u16string(u"_.SELECT")));
+        while (commandLine.isActive())
+            if (commandLine.give(commands::Input(std::u16string(commands::CommandLine::Pause))) !=
+                commands::CommandLine::Result::Taken)
+                return {};
+        return m_document.session().previousSelection();
+    }
+
+    Document &m_document;
+    Args m_arguments;
+    std::uint32_t m_next = 0;
+    SelectionMode m_mode;
+};
+
+Value ssget(Machine &machine, Args arguments)
+{
+    Document &document = Document::of(machine);
+    const std::vector<RecordId> entities = Request(machine, arguments).entities();
+    if (entities.empty())
+        return Value::nil();
+    document.session().setPreviousSelection(entities);
+    return newSet(document, entities);
+}
+
+// (ssadd), (ssadd ENAME) make a set; (ssadd ENAME SET) adds to one.
+Value ssadd(Machine &machine, Args arguments)
+{
+    Document &document = Document::of(machine);
+    if (!arguments.has(0))
+        return newSet(document, {});
+    const RecordId entity = entityArgument(document, arguments, 0);
+    if (!arguments.has(1))
+        return newSet(document, {entity});
+    setArgument(arguments, 1).add(entity);
+    return arguments[1];
+}
+
+Value ssdel(Machine &machine, Args arguments)
+{
+    const RecordId entity = entityArgument(Document::of(machine), arguments, 0);
+    return setArgument(arguments, 1).remove(entity) ? arguments[1] : Value::nil();
+}
+
+Value ssmemb(Machine &machine, Args arguments)
+{
+    const RecordId entity = entityArgument(Document::of(machine), arguments, 0);
+    return setArgument(arguments, 1).contains(entity) ? arguments[0] : Value::nil();
+}
+
+Value sslength(Machine &, Args arguments)
+{
+    return Value::integer(static_cast<std::int32_t>(setArgument(arguments, 0).entities().size()));
+}
+
+Value ssname(Machine &machine, Args arguments)
+{
+    const std::vector<RecordId> &entities = setArgument(arguments, 0).entities();
+    const double index = arguments.number(1);
+    if (index < 0 || index >= static_cast<double>(entities.size()))
+        return Value::nil();
+    return entityName(machine, Document::of(machine).drawing(), entities[static_cast<std::size_t>(index)]);
+}
+
+// Selects on the screen: what a command takes without asking when PICKFIRST is 1.
+Value sssetfirst(Machine &machine, Args arguments)
+{
+    Document &document = Document::of(machine);
+    const bool hasSet = arguments[1].isTrue();
+    document.session().setImpliedSelection(hasSet ? setArgument(arguments, 1).entities() : std::vector<RecordId>());
+    lisp::ListBuilder both(machine.heap());
+    both.add(arguments[0]);
+    both.add(arguments[1]);
+    return both.list();
+}
+
+Value ssgetfirst(Machine &machine, Args)
+{
+    Document &document = Document::of(machine);
+    const std::vector<RecordId> &implied = document.session().impliedSelection();
+    lisp::ListBuilder both(machine.heap());
+    both.add(Value::nil());
+    both.add(implied.empty() ? Value::nil() : newSet(document, implied));
+    return both.list();
+}
+
+// (ID ENAME 0) for each: how it was selected is not kept.
+Value ssnamex(Machine &machine, Args arguments)
+{
+    const Drawing &drawing = Document::of(machine).drawing();
+    const std::vector<RecordId> &entities = setArgument(arguments, 0).entities();
+    const std::size_t first = arguments.has(1) ? static_cast<std::size_t>(std::max(arguments.integer(1), 0)) : 0;
+    const std::size_t end = arguments.has(1) ? std::min(first + 1, entities.size()) : entities.size();
+    lisp::ListBuilder all(machine.heap());
+    for (std::size_t index = first; index < end; ++index) {
+        lisp::ListBuilder one(machine.heap());
+        one.add(Value::integer(0));
+        one.add(entityName(machine, drawing, entities[index]));
+        one.add(Value::integer(0));
+        all.add(one.list());
+    }
+    return all.list();
+}
+
+// An entity and where it was picked; a keyword of initget; nil for nothing there.
+Value entsel(Machine &machine, Args arguments)
+{
+    Document &document = Document::of(machine);
+    LispPoint point{};
+    const std::u16string_view prompt = arguments.has(0) ? arguments.text(0) : u"\nSelect object: ";
+    switch (document.prompter().entity(prompt, point)) {
+    case StatusNormal:
+        break;
+    case StatusKeyword:
+        return machine.string(document.prompter().lastInput());
+    case StatusNoInput:
+        return Value::nil();
+    default:
+        lisp::fail(u"Function cancelled");
+    }
+    const RecordId found = document.entityAt({point.x, point.y});
+    if (found == NoRecord)
+        return Value::nil();
+    lisp::ListBuilder both(machine.heap());
+    both.add(entityName(machine, document.drawing(), found));
+    both.add(pointValue(machine, point, 3));
+    return both.list();
+}
+
+constexpr lisp::BuiltinRow rows[] = {
+    {"ssget", "(ssget [MODE] [POINT] [POINT] [FILTER])",
+     "Selects entities: X all, A all that are seen, W C WP CP F by windows, polygons and fences, L P I; nil if none.",
+     ssget},
+    {"ssadd", "(ssadd [ENAME] [SET])", "Adds an entity to a set, or makes a set.", ssadd},
+    {"ssdel", "(ssdel ENAME SET)", "Removes an entity from a set; nil when it is not in there.", ssdel},
+    {"ssmemb", "(ssmemb ENAME SET)", "Gives the entity when it is in the set, else nil.", ssmemb},
+    {"sslength", "(sslength SET)", "Gives the number of entities in a set.", sslength},
+    {"ssname", "(ssname SET INDEX)", "Gives an entity of a set; the first has the index 0.", ssname},
+    {"sssetfirst", "(sssetfirst GRIPSET [SET])", "Selects entities for the next command.", sssetfirst},
+    {"ssgetfirst", "(ssgetfirst)", "Gives nil and what is selected for the next command.", ssgetfirst},
+    {"ssnamex", "(ssnamex SET [INDEX])", "Gives a list of how each entity was selected.", ssnamex},
+    {"entsel", "(entsel [PROMPT])", "Asks for an entity; gives it and the point where it was picked.", entsel},
+};
+
+} // namespace
+
+std::span<const lisp::BuiltinRow> selectionBuiltins()
+{
+    return rows;
+}
