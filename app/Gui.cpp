@@ -5,6 +5,7 @@
 #include "host/ui/gui/CommandRunner.h"
 #include "host/ui/gui/DesktopColors.h"
 #include "host/ui/gui/DrawingFiles.h"
+#include "host/ui/gui/DrawingPanels.h"
 #include "host/ui/gui/WindowInterface.h"
 
 #include <QApplication>
@@ -29,6 +30,7 @@ int runGui(const Options &options)
     CommandRunner runner(interface, document);
     DrawingFiles files(interface.window(), document);
     QObject::connect(&runner, &CommandRunner::ended, &files, &DrawingFiles::showTitle);
+    const DrawingPanels panels(interface.window(), runner, files, document);
     interface.window().show();
     // When the event loop runs: programs may ask for input.
     QTimer::singleShot(0, &runner, [&] {

@@ -131,6 +131,20 @@ void CommandRunner::runCommand(const QString &name)
         run([&] { m_document.commandLine().runTyped(name.toStdU16String()); });
 }
 
+// For panels, which do nothing while a program runs; what they show is read anew at its end.
+void CommandRunner::giveAnswers(const QStringList &answers)
+{
+    if (m_interface.isRunning())
+        return;
+    std::vector<commands::Input> inputs;
+    for (const QString &answer : answers)
+        inputs.emplace_back(answer.toStdU16String());
+    run([&] {
+        m_document.commandLine().give(inputs);
+        m_document.commandLine().cancel(); // nobody is there to answer more
+    });
+}
+
 void CommandRunner::loadProgram(const QString &path)
 {
     QString failure;

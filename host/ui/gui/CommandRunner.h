@@ -17,6 +17,7 @@ public:
 
     void loadProgram(const QString &path);
     void runCommand(const QString &name);
+    void giveAnswers(const QStringList &answers); // a command's name and what it is to be answered
 
 Q_SIGNALS:
     void ended(); // what was run

@@ -54,11 +54,24 @@ void MainWindow::makeFileMenu()
 void MainWindow::makeMenus()
 {
     makeFileMenu();
+    m_viewMenu = menuBar()->addMenu(tr("&View"));
     m_programMenu = menuBar()->addMenu(tr("&Program"));
     m_commandMenu = m_programMenu->addMenu(tr("&Run Command"));
     m_commandMenu->setEnabled(false);
     m_programMenu->addAction(tr("&Stop"), this, &MainWindow::escapePressed)
         ->setObjectName(QStringLiteral("stopAction"));
+}
+
+void MainWindow::addPanel(const QString &title, QWidget *panel)
+{
+    auto *dock = new QDockWidget(title, this);
+    dock->setObjectName(panel->objectName() + QStringLiteral("Dock"));
+    dock->setWidget(panel);
+    m_viewMenu->addAction(dock->toggleViewAction());
+    if (restoreDockWidget(dock))
+        return;
+    addDockWidget(Qt::RightDockWidgetArea, dock); // it was never there before
+    dock->show();
 }
 
 void MainWindow::setRunning(bool running)

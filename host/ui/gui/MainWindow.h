@@ -18,6 +18,8 @@ public:
     CommandPanel &commandPanel() { return *m_commandPanel; }
     ProgressPanel &progressPanel() { return *m_progressPanel; }
     QWidget *documentArea() { return m_documentArea; }
+    // At the right, below those that are there; the View menu shows and hides it. The window takes it over.
+    void addPanel(const QString &title, QWidget *panel);
 
     // While a program runs the menus can be seen but not used.
     void setRunning(bool running);
@@ -50,6 +52,7 @@ private:
     CommandPanel *m_commandPanel;
     ProgressPanel *m_progressPanel;
     QMenu *m_fileMenu = nullptr;
+    QMenu *m_viewMenu = nullptr;
     QMenu *m_programMenu = nullptr;
     QMenu *m_recentMenu = nullptr;
     QMenu *m_commandMenu = nullptr;
