@@ -43,7 +43,6 @@ public:
     // The entity that a pick at this place takes; NoRecord for none.
     drawing::RecordId entityAt(selection::Place place);
     commands::CommandLine &commandLine() { return m_commandLine; }
-    DocumentSession &session() { return m_session; }
 
 private:
     HostServices &m_services;
