@@ -63,7 +63,7 @@ CommandLine::Result CommandLine::start(const std::u16string &typed, Source sourc
     if (row->undo == CommandRow::Undo::OneStep && !isActive())
         m_session.drawing().database().journal().nextStep();
     const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
-    m_running.push_back(std::make_unique<Running>(*row, commandName(typed), m_session, echoing));
+    m_running.push_back(std::make_unique<Running>(*row, commandName(typed), *this, echoing));
     running().followsSelect = m_lastName == SelectName;
     if (source == Source::Program)
         echo(u'\n' + typed);

@@ -38,8 +38,8 @@ public:
 private:
     struct Running
     {
-        Running(const CommandRow &row, std::u16string name, Session &session, Echo echo)
-            : context(session, std::move(name), echo), task(row.run(context))
+        Running(const CommandRow &row, std::u16string name, CommandLine &line, Echo echo)
+            : context(line.m_session, line.m_memory, std::move(name), echo), task(row.run(context))
         {
         }
         Context context;
@@ -60,6 +60,7 @@ private:
     Running &running() { return *m_running.back(); }
 
     Session &m_session;
+    Memory m_memory;
     std::vector<std::unique_ptr<Running>> m_running; // transparent ones behind those that they interrupt
     std::u16string m_lastPrompt;
     std::u16string m_lastName; // of the command that ended last in this sequence

@@ -17,6 +17,7 @@ Command color(Context &context);
 
 // SelectionCommands.cpp
 Command erase(Context &context);
+Command unerase(Context &context); // OOPS
 Command select(Context &context);
 
 // LineCommands.cpp
@@ -43,6 +44,32 @@ Command mirror(Context &context);
 Command chprop(Context &context);
 Command change(Context &context);
 Command linetype(Context &context);
+
+// ViewCommands.cpp
+Command zoom(Context &context);
+Command pan(Context &context);
+Command plan(Context &context);
+Command regenerate(Context &context);
+
+Command ucs(Context &context); // UcsCommand.cpp
+
+// InsertCommands.cpp
+Command insert(Context &context);
+Command block(Context &context);
+Command explode(Context &context);
+
+Command area(Context &context);   // AreaCommand.cpp
+Command offset(Context &context); // OffsetCommand.cpp
+Command style(Context &context);  // StyleCommand.cpp
+
+Command purge(Context &context);       // PurgeCommand.cpp
+Command breakObject(Context &context); // BreakCommand.cpp
+
+// FileCommands.cpp
+Command save(Context &context);
+Command saveAs(Context &context);
+Command quickSave(Context &context);
+Command open(Context &context);
 
 // LayerCommand.cpp
 Command layer(Context &context);

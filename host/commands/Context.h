@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/commands/Memory.h"
 #include "host/commands/Questions.h"
 #include "host/commands/Session.h"
 #include "host/commands/Task.h"
@@ -12,8 +13,8 @@ enum class Echo { Off, On };
 class Context
 {
 public:
-    Context(Session &session, std::u16string name, Echo echo)
-        : m_session(session), m_questions(session), m_name(std::move(name)), m_echo(echo)
+    Context(Session &session, Memory &memory, std::u16string name, Echo echo)
+        : m_session(session), m_memory(memory), m_questions(session), m_name(std::move(name)), m_echo(echo)
     {
     }
     Context(const Context &) = delete;
@@ -21,6 +22,7 @@ public:
 
     const std::u16string &name() const { return m_name; } // in capitals, as it was called
     Session &session() { return m_session; }
+    Memory &memory() { return m_memory; }
     Questions &ask() { return m_questions; }
     drawing::Drawing &drawing() { return m_session.drawing(); }
     drawing::Database &database() { return drawing().database(); }
@@ -36,6 +38,7 @@ public:
 
 private:
     Session &m_session;
+    Memory &m_memory;
     Questions m_questions;
     std::u16string m_name;
     Echo m_echo;

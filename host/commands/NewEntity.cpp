@@ -67,11 +67,6 @@ RecordId addHeavyPolyline(Context &context, GroupList groups, const std::vector<
 
 } // namespace
 
-bool isPaperSpaceCurrent(const Session &session)
-{
-    return session.integer(u"TILEMODE") == 0 && session.integer(u"CVPORT") == 1;
-}
-
 GroupList newEntity(Context &context, std::u16string type)
 {
     const Session &session = context.session();
@@ -101,7 +96,7 @@ void extrude(Context &context, const WorkPlane &plane, GroupList &groups)
 RecordId addEntity(Context &context, const GroupList &groups)
 {
     Placement placement;
-    placement.isPaperSpace = isPaperSpaceCurrent(context.session());
+    placement.isPaperSpace = context.session().isPaperSpaceCurrent();
     const RecordId added = drawing::addEntity(context.drawing(), groups, placement);
     if (added == NoRecord)
         throw CommandError{u"The object cannot be made."};

@@ -18,8 +18,6 @@ void extrude(Context &context, const WorkPlane &plane, GroupList &groups);
 RecordId addEntity(Context &context, const GroupList &groups);
 void addPart(Context &context, RecordId whole, const GroupList &groups);
 
-bool isPaperSpaceCurrent(const Session &session);
-
 RecordId addLine(Context &context, const Vector &start, const Vector &end); // in world coordinates
 
 struct PolylineVertex

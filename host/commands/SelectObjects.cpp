@@ -79,11 +79,6 @@ private:
     Purpose m_purpose;
 };
 
-bool isOnPaper(Context &context)
-{
-    return context.session().integer(u"TILEMODE") == 0 && context.session().integer(u"CVPORT") == 1;
-}
-
 // All of the current space that is not on frozen layers.
 Selection allEntities(Context &context)
 {
@@ -92,7 +87,7 @@ Selection allEntities(Context &context)
     const RecordId section = database.section(drawing::known::Entities);
     if (section == drawing::NoRecord)
         return entities;
-    const bool onPaper = isOnPaper(context);
+    const bool onPaper = context.session().isPaperSpaceCurrent();
     for (RecordId id = database.firstIn(section); id != drawing::NoRecord; id = database.nextIn(id)) {
         const drawing::Record &record = database.record(id);
         if (!record.isGone() && !database.isPart(id) && record.has(drawing::Record::PaperSpace) == onPaper &&
@@ -116,9 +111,9 @@ Selection entitiesOf(const Input &input)
     return selection ? *selection : Selection();
 }
 
-} // namespace
+enum class Answers { UntilEnter, One };
 
-Task<Selection> selectObjects(Context &context, Purpose purpose)
+Task<Selection> select(Context &context, Purpose purpose, Answers answers)
 {
     Collected collected(context, purpose);
     if (context.session().integer(u"PICKFIRST") != 0)
@@ -145,9 +140,22 @@ Task<Selection> selectObjects(Context &context, Purpose purpose)
             collected.take(entities);
         else if (reply.hasValue())
             context.session().print(u"\nInvalid selection\n");
+        wantsMore = wantsMore && (answers == Answers::UntilEnter || collected.entities.empty());
     }
     context.session().setPreviousSelection(collected.entities);
     co_return collected.entities;
+}
+
+} // namespace
+
+Task<Selection> selectObjects(Context &context, Purpose purpose)
+{
+    return select(context, purpose, Answers::UntilEnter);
+}
+
+Task<Selection> selectOnce(Context &context, Purpose purpose)
+{
+    return select(context, purpose, Answers::One);
 }
 
 } // namespace commands

@@ -11,4 +11,7 @@ enum class Purpose { Look, Edit };
 // Objects that were selected before the command began are taken without asking. What is given becomes "Previous".
 Task<Selection> selectObjects(Context &context, Purpose purpose = Purpose::Edit);
 
+// The same, but the first answer that finds objects is the last.
+Task<Selection> selectOnce(Context &context, Purpose purpose = Purpose::Edit);
+
 } // namespace commands

@@ -10,6 +10,15 @@ Command erase(Context &context)
     const Selection entities = co_await selectObjects(context);
     for (const RecordId entity : entities)
         context.database().erase(entity);
+    context.memory().erased = entities;
+}
+
+// What ERASE took last comes back, whatever was done since.
+Command unerase(Context &context)
+{
+    for (const RecordId entity : context.memory().erased)
+        context.database().restore(entity);
+    co_return;
 }
 
 Command select(Context &context)

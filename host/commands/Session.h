@@ -26,6 +26,8 @@ public:
 
     virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
 
+    virtual bool isPaperSpaceCurrent() const = 0; // else entities go to the model
+
     // Typed texts, in the current units; "@" begins at LASTPOINT.
     virtual std::optional<Point> pointOf(std::u16string_view text) const = 0;
     virtual std::optional<double> distanceOf(std::u16string_view text) const = 0;

@@ -4,6 +4,7 @@
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/HatchTransform.h"
 #include "host/drawing/edit/TransformRows.h"
+#include "host/drawing/entities/EntityMaking.h"
 
 #include <algorithm>
 #include <vector>
@@ -198,20 +199,33 @@ bool transformEntity(Drawing &drawing, RecordId entity, const Similarity &simila
     return database.replace(entity, *moved);
 }
 
-RecordId copyEntity(Drawing &drawing, RecordId entity)
+Destination destinationOf(const Database &database, RecordId entity)
 {
-    const Database &database = drawing.database();
-    return copyEntity(drawing, entity, database.record(entity).container);
+    return {database.record(entity).container, database.record(entity).has(Record::PaperSpace)};
 }
 
-RecordId copyEntity(Drawing &drawing, RecordId entity, RecordId container)
+// A space of the drawing has no container of its own.
+RecordId addEntityTo(Drawing &drawing, const GroupList &groups, const Destination &where)
+{
+    const bool isBlock = drawing.database().record(where.container).kind == RecordKind::BlockStart;
+    return addEntity(drawing, groups, {isBlock ? where.container : NoRecord, where.isPaperSpace, u"0"});
+}
+
+RecordId copyEntity(Drawing &drawing, RecordId entity)
+{
+    return copyEntity(drawing, entity, destinationOf(drawing.database(), entity));
+}
+
+RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where)
 {
     Database &database = drawing.database();
-    const bool isPaperSpace = database.record(entity).has(Record::PaperSpace);
-    const RecordId end = database.endOf(container);
-    const Handle owner = ownerOf(database, drawing.tables(), container, isPaperSpace);
+    const RecordId end = database.endOf(where.container);
+    const Handle owner = ownerOf(database, drawing.tables(), where.container, where.isPaperSpace);
     const auto append = [&](RecordId original, Handle ownerHandle) {
         GroupList groups = groupsForCopy(database.groups(original));
+        removeGroups(groups, groupcode::Space);
+        if (where.isPaperSpace)
+            setGroupBehindLayer(groups, integerGroup(groupcode::Space, 1));
         if (hasGroup(groups, groupcode::Owner))
             setGroup(groups, {groupcode::Owner, ownerHandle});
         return database.add(RecordKind::Entity, groups, end);

@@ -14,8 +14,19 @@ std::optional<GroupList> transformed(const GroupList &groups, const Similarity &
 // dimension its picture, which is a block of its own, goes along.
 bool transformEntity(Drawing &drawing, RecordId entity, const Similarity &similarity);
 
-// Appends a copy behind the last entity of the same container and gives it; NoRecord when that cannot be.
-RecordId copyEntity(Drawing &drawing, RecordId entity);
-RecordId copyEntity(Drawing &drawing, RecordId entity, RecordId container);
+// Where a copy goes: to the end of a block, or of the ENTITIES section with its two spaces.
+struct Destination
+{
+    RecordId container;
+    bool isPaperSpace;
+};
+
+Destination destinationOf(const Database &database, RecordId entity); // where the entity is
+// As addEntity() of EntityMaking.h.
+RecordId addEntityTo(Drawing &drawing, const GroupList &groups, const Destination &where);
+
+// Adds a copy, with its vertices or attributes, and gives it; NoRecord when that cannot be.
+RecordId copyEntity(Drawing &drawing, RecordId entity); // to where the original is
+RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where);
 
 } // namespace drawing

@@ -99,6 +99,11 @@ void DocumentSession::readVariables()
     m_document.readVariables();
 }
 
+bool DocumentSession::isPaperSpaceCurrent() const
+{
+    return m_document.isPaperSpaceCurrent();
+}
+
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
 {
     const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());

@@ -16,6 +16,7 @@ public:
     void assign(std::u16string_view name, const commands::VariableValue &value) override;
     bool set(std::u16string_view name, const commands::VariableValue &value) override;
     void readVariables() override;
+    bool isPaperSpaceCurrent() const override;
     std::optional<commands::Point> pointOf(std::u16string_view text) const override;
     std::optional<double> distanceOf(std::u16string_view text) const override;
     std::optional<double> angleOf(std::u16string_view text) const override;

@@ -1,0 +1,92 @@
+// Saving and opening. Drawings are DXF files; a name with another ending is saved with ".dxf" in its place.
+
+#include "host/commands/Commands.h"
+#include "host/drawing/DrawingWriter.h"
+
+#include <QFileInfo>
+
+namespace commands {
+
+namespace {
+
+QString dxfName(const std::u16string &typed)
+{
+    const QString name = QString::fromStdU16String(typed);
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    if (suffix == QStringLiteral("dxf"))
+        return name;
+    const bool isDrawing = suffix == QStringLiteral("dwg") || suffix == QStringLiteral("dwt");
+    return (isDrawing ? name.chopped(suffix.size() + 1) : name) + QStringLiteral(".dxf");
+}
+
+void write(Context &context, const QString &path)
+{
+    QString failure;
+    if (!drawing::saveDrawing(context.database(), path, drawing::Backup::None, failure))
+        throw CommandError{failure.toStdU16String()};
+    context.say(u"Saved as " + path.toStdU16String());
+}
+
+Task<QString> askPath(Context &context)
+{
+    const QString now = context.drawing().path();
+    const std::u16string prompt =
+        u"Save drawing as" + (now.isEmpty() ? std::u16string() : u" <" + now.toStdU16String() + u">") + u": ";
+    const auto name = co_await context.ask().string({prompt, {}, now.isEmpty() ? Enter::Refused : Enter::Allowed});
+    const QString path = name.hasValue() ? dxfName(name.value) : now;
+    if (path != now && QFileInfo::exists(path)) {
+        const auto replaces = co_await context.ask().keyword(
+            {u"A drawing with this name already exists. Do you want to replace it? [Yes/No] <N>: ", u"Yes No"});
+        if (!replaces.is(u"Yes"))
+            throw CommandError{u"The drawing was not saved."};
+    }
+    co_return path;
+}
+
+} // namespace
+
+// Under another name, and the drawing keeps its own.
+Command save(Context &context)
+{
+    const QString path = co_await askPath(context);
+    write(context, path);
+    if (context.drawing().path().isEmpty())
+        context.drawing().setPath(path);
+}
+
+// The version of the file stays as it is, whatever is chosen.
+Command saveAs(Context &context)
+{
+    const auto format =
+        co_await context.ask().string({u"Enter file format [R14/2000/2004/2007/2010/2013/2018/DXF] <2018>: "});
+    if (format.hasValue() && drawing::folded(format.value) == drawing::folded(u"DXF"))
+        co_await context.ask().integer({u"Enter decimal places of accuracy (0 to 16) or [Binary] <16>: ", u"Binary"});
+    const QString path = co_await askPath(context);
+    write(context, path);
+    context.drawing().setPath(path);
+}
+
+Command quickSave(Context &context)
+{
+    QString path = context.drawing().path();
+    if (path.isEmpty()) {
+        path = co_await askPath(context);
+        context.drawing().setPath(path);
+    }
+    write(context, path);
+}
+
+Command open(Context &context)
+{
+    const auto name = co_await context.ask().string({u"Enter name of drawing to open: ", {}, Enter::Refused});
+    std::u16string failure;
+    try {
+        context.session().openDrawing(QString::fromStdU16String(name.value));
+    } catch (const drawing::ReadError &error) {
+        failure = QString::fromUtf8(error.what()).toStdU16String();
+    }
+    if (!failure.empty())
+        throw CommandError{failure};
+}
+
+} // namespace commands

@@ -1,0 +1,280 @@
+// Blocks: INSERT, BLOCK, EXPLODE.
+
+#include "host/commands/Colors.h"
+#include "host/commands/Commands.h"
+#include "host/commands/NewEntity.h"
+#include "host/commands/SelectObjects.h"
+#include "host/commands/TableRecords.h"
+#include "host/drawing/Blocks.h"
+#include "host/drawing/edit/Explode.h"
+#include "host/drawing/edit/Transform.h"
+
+#include <cmath>
+
+namespace commands {
+
+using drawing::integerGroup;
+using drawing::integerOf;
+using drawing::pointGroup;
+using drawing::realGroup;
+using drawing::realOf;
+using drawing::textGroup;
+using drawing::textOf;
+using drawing::groupcode::FirstX;
+using drawing::known::Block;
+
+namespace {
+
+enum Code : int {
+    ValueCode = 1,
+    TagCode = 2,
+    PromptCode = 3,
+    AlignmentCode = 11,
+    HeightCode = 40,
+    WidthCode = 41,
+    FollowCode = 66,
+    RotationCode = 50,
+    FlagsCode = 70,
+};
+
+constexpr std::int64_t ConstantAttribute = 2;
+
+// How a block is put into the drawing.
+struct Insertion
+{
+    std::u16string name;
+    bool explodes = false; // its name was given with an asterisk
+    Point place;
+    double x = 1, y = 1, z = 1;
+    double rotation = 0; // radians
+    bool asksScale = true, asksRotation = true;
+};
+
+Task<Insertion> askName(Context &context)
+{
+    const std::u16string last = context.session().text(u"INSNAME");
+    const std::u16string prompt = u"Enter block name or [?]" + (last.empty() ? last : u" <" + last + u">") + u": ";
+    const auto answer = co_await context.ask().string({prompt});
+    Insertion insertion;
+    insertion.name = answer.isNothing() ? last : answer.value;
+    if (insertion.name.starts_with(u'*')) {
+        insertion.explodes = true;
+        insertion.name.erase(0, 1);
+    }
+    if (findRecord(context, Block, insertion.name) == drawing::NoRecord)
+        throw CommandError{u"Cannot find block \"" + insertion.name + u"\"."};
+    context.session().assign(u"INSNAME", insertion.name);
+    co_return insertion;
+}
+
+// What is settled before the point is not asked for behind it.
+Command askPlace(Context &context, Insertion &insertion)
+{
+    for (;;) {
+        const auto place = co_await context.ask().point(
+            {u"Specify insertion point or [Basepoint/Scale/X/Y/Z/Rotate]: ", u"Scale X Y Z Rotate", Enter::Refused});
+        if (place.hasValue()) {
+            insertion.place = place.value;
+            co_return;
+        }
+        if (place.is(u"Rotate")) {
+            const auto angle = co_await context.ask().direction({u"Specify rotation angle <0>: "});
+            insertion.rotation = angle.value;
+            insertion.asksRotation = false;
+            continue;
+        }
+        const auto factor = co_await context.ask().distance({u"Specify scale factor <1>: "});
+        const double value = factor.hasValue() ? factor.value : 1;
+        insertion.asksScale = false;
+        if (place.is(u"X") || place.is(u"Scale"))
+            insertion.x = value;
+        if (place.is(u"Y") || place.is(u"Scale"))
+            insertion.y = value;
+        if (place.is(u"Z") || place.is(u"Scale"))
+            insertion.z = value;
+    }
+}
+
+Command askScales(Context &context, Insertion &insertion)
+{
+    if (insertion.explodes) {
+        const auto factor =
+            co_await context.ask().distance({u"Scale factor <1>: ", {}, Enter::Allowed, insertion.place});
+        insertion.x = insertion.y = insertion.z = factor.hasValue() ? factor.value : 1;
+        co_return;
+    }
+    auto x = co_await context.ask().distance({u"Enter X scale factor, specify opposite corner, or [Corner/XYZ] <1>: ",
+                                              u"XYZ", Enter::Allowed, insertion.place});
+    const bool isInSpace = x.is(u"XYZ");
+    if (isInSpace)
+        x = co_await context.ask().distance({u"Specify X scale factor <1>: ", {}, Enter::Allowed, insertion.place});
+    insertion.x = x.hasValue() ? x.value : 1;
+    const auto y = co_await context.ask().distance(
+        {u"Enter Y scale factor <use X scale factor>: ", {}, Enter::Allowed, insertion.place});
+    insertion.y = y.hasValue() ? y.value : insertion.x;
+    insertion.z = insertion.x;
+    if (isInSpace) {
+        const auto z = co_await context.ask().distance(
+            {u"Specify Z scale factor <use X scale factor>: ", {}, Enter::Allowed, insertion.place});
+        insertion.z = z.hasValue() ? z.value : insertion.x;
+    }
+    if (insertion.x == 0 || insertion.y == 0 || insertion.z == 0)
+        throw CommandError{u"Value must be nonzero."};
+}
+
+GroupList insertGroups(Context &context, const Insertion &insertion, const WorkPlane &plane)
+{
+    GroupList groups = newEntity(context, u"INSERT");
+    groups.push_back(
+        textGroup(drawing::groupcode::Name, context.database().name(findRecord(context, Block, insertion.name))));
+    groups.push_back(pointGroup(FirstX, plane.object(insertion.place)));
+    groups.push_back(realGroup(WidthCode, insertion.x));
+    groups.push_back(realGroup(WidthCode + 1, insertion.y));
+    groups.push_back(realGroup(WidthCode + 2, insertion.z));
+    groups.push_back(realGroup(RotationCode, degrees(plane.objectAngle(insertion.rotation))));
+    if (plane.normal() != Vector{0, 0, 1})
+        groups.push_back(pointGroup(210, plane.normal()));
+    return groups;
+}
+
+std::vector<RecordId> attributeDefinitions(Context &context, const std::u16string &block)
+{
+    std::vector<RecordId> definitions;
+    const drawing::Database &database = context.database();
+    for (RecordId id = database.firstIn(findRecord(context, Block, block)); id != drawing::NoRecord;
+         id = database.nextIn(id))
+        if (!database.record(id).isGone() && database.type(id) == u"ATTDEF" &&
+            (integerOf(database.groups(id), FlagsCode) & ConstantAttribute) == 0)
+            definitions.push_back(id);
+    return definitions;
+}
+
+// The attribute that a definition gives in an insert: where the definition's text comes to stand, with its own value.
+GroupList attribute(Context &context, const GroupList &definition, const GroupList &insert, const std::u16string &value)
+{
+    const geometry::Matrix toObject = geometry::inverse(geometry::Matrix::ofExtrusion(drawing::extrusionOf(insert))) *
+                                      drawing::insertMatrix(context.drawing(), insert);
+    const double x = realOf(insert, WidthCode, 1), y = realOf(insert, WidthCode + 1, 1);
+    GroupList groups = newEntity(context, u"ATTRIB");
+    drawing::setGroup(groups, textGroup(drawing::groupcode::Layer, textOf(definition, drawing::groupcode::Layer)));
+    groups.push_back(pointGroup(FirstX, toObject.place(drawing::placeOf(definition, FirstX))));
+    groups.push_back(realGroup(HeightCode, realOf(definition, HeightCode) * std::abs(y)));
+    groups.push_back(textGroup(ValueCode, value));
+    groups.push_back(
+        realGroup(RotationCode, std::fmod(realOf(definition, RotationCode) + realOf(insert, RotationCode), 360)));
+    groups.push_back(realGroup(WidthCode, realOf(definition, WidthCode, 1) * std::abs(x / y)));
+    for (const int code : {51, 7, 71, 72})
+        if (const drawing::Group *group = drawing::findGroup(definition, code))
+            groups.push_back(*group);
+    if (drawing::hasGroup(definition, AlignmentCode))
+        groups.push_back(pointGroup(AlignmentCode, toObject.place(drawing::placeOf(definition, AlignmentCode))));
+    groups.push_back(textGroup(TagCode, textOf(definition, TagCode)));
+    for (const int code : {70, 74, 210})
+        if (const drawing::Group *group = drawing::findGroup(definition, code))
+            groups.push_back(*group);
+    return groups;
+}
+
+// Each value is asked for with the definition's prompt; with ATTREQ 0 the defaults are taken.
+Task<std::vector<std::u16string>> askValues(Context &context, const std::vector<RecordId> &definitions)
+{
+    std::vector<std::u16string> values;
+    const bool asks = context.session().integer(u"ATTREQ") != 0;
+    for (const RecordId definition : definitions) {
+        const GroupList groups = context.database().groups(definition);
+        const std::u16string standard = textOf(groups, ValueCode);
+        values.push_back(standard);
+        if (!asks)
+            continue;
+        const std::u16string text = textOf(groups, PromptCode, textOf(groups, TagCode));
+        const std::u16string prompt = text + (standard.empty() ? u"" : u" <" + standard + u">") + u": ";
+        const auto value = co_await context.ask().string({prompt});
+        if (value.hasValue())
+            values.back() = value.value;
+    }
+    co_return values;
+}
+
+// The objects of a block, put into the space that holds the insert.
+void addExploded(Context &context, const GroupList &insert)
+{
+    const RecordId added = addEntity(context, insert);
+    drawing::explodeEntity(context.drawing(), added);
+    context.database().erase(added);
+}
+
+} // namespace
+
+Command insert(Context &context)
+{
+    Insertion insertion = co_await askName(context);
+    co_await askPlace(context, insertion);
+    if (insertion.asksScale)
+        co_await askScales(context, insertion);
+    if (insertion.asksRotation) {
+        const auto rotation =
+            co_await context.ask().direction({u"Specify rotation angle <0>: ", {}, Enter::Allowed, insertion.place});
+        insertion.rotation = rotation.value;
+    }
+    const WorkPlane plane(context.session());
+    GroupList groups = insertGroups(context, insertion, plane);
+    if (insertion.explodes)
+        co_return addExploded(context, groups);
+    const std::vector<RecordId> definitions = attributeDefinitions(context, insertion.name);
+    const std::vector<std::u16string> values = co_await askValues(context, definitions);
+    if (!definitions.empty())
+        groups.push_back(integerGroup(FollowCode, 1));
+    const RecordId added = addEntity(context, groups);
+    for (std::size_t index = 0; index < definitions.size(); ++index)
+        addPart(context, added,
+                attribute(context, context.database().groups(definitions[index]), groups, values[index]));
+    if (!definitions.empty())
+        addPart(context, added, newEntity(context, u"SEQEND"));
+}
+
+// The objects go into the block and out of the drawing.
+Command block(Context &context)
+{
+    const auto name = co_await context.ask().string({u"Enter block name or [?]: ", {}, Enter::Refused});
+    if (!isValidName(name.value))
+        throw CommandError{u"Invalid block name."};
+    RecordId there = findRecord(context, Block, name.value);
+    if (there != drawing::NoRecord) {
+        const std::u16string prompt = u"Block \"" + name.value + u"\" already exists. Redefine it? [Yes/No] <N>: ";
+        const auto redefines = co_await context.ask().keyword({prompt, u"Yes No"});
+        if (!redefines.is(u"Yes"))
+            co_return;
+    }
+    const WorkPlane plane(context.session());
+    const auto base = co_await context.ask().point({u"Specify insertion base point: ", {}, Enter::Refused});
+    const Selection entities = co_await selectObjects(context);
+    drawing::Database &database = context.database();
+    if (there == drawing::NoRecord) {
+        there = drawing::addBlock(database, context.tables(), {name.value});
+    } else {
+        for (RecordId id = database.firstIn(there); id != drawing::NoRecord; id = database.nextIn(id))
+            database.erase(id);
+    }
+    if (there == drawing::NoRecord)
+        throw CommandError{u"The block cannot be made."};
+    const drawing::Similarity toBlock{geometry::inverse(geometry::Matrix::translation(plane.world(base.value))), false};
+    for (const RecordId entity : entities) {
+        const RecordId copy = drawing::copyEntity(context.drawing(), entity, {there, false});
+        if (copy != drawing::NoRecord)
+            drawing::transformEntity(context.drawing(), copy, toBlock);
+        database.erase(entity);
+    }
+}
+
+// Takes one selection and does not wait for Enter: programs do not send one.
+Command explode(Context &context)
+{
+    const Selection entities = co_await selectOnce(context);
+    std::size_t left = 0;
+    for (const RecordId entity : entities)
+        left += drawing::explodeEntity(context.drawing(), entity).empty() ? 1 : 0;
+    if (left > 0)
+        context.say(shown(std::int64_t(left)) + u" could not be exploded.");
+}
+
+} // namespace commands

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/commands/Input.h"
+
+namespace commands {
+
+// What commands remember for those that come later, as long as the document is open.
+struct Memory
+{
+    struct View
+    {
+        Point centre;
+        double height = 0;
+    };
+    struct CoordinateSystem
+    {
+        Point origin, x, y;
+        std::u16string name;
+    };
+
+    std::vector<View> views;               // for ZOOM Previous
+    std::vector<CoordinateSystem> systems; // for UCS Previous
+    Selection erased;                      // for OOPS
+};
+
+} // namespace commands

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+#include "host/drawing/geometry/Vector.h"
+
+#include <vector>
+
+namespace drawing {
+
+// A polyline as commands look at it. Places are in its own coordinates: of polylines in space those of the world.
+struct PolylineData
+{
+    struct Vertex
+    {
+        geometry::Vector place;
+        double startWidth = 0, endWidth = 0, bulge = 0;
+    };
+
+    std::vector<Vertex> vertices;
+    bool isClosed = false, isInSpace = false;
+    geometry::Vector extrusion{0, 0, 1};
+    double thickness = 0;
+};
+
+// Of an LWPOLYLINE or POLYLINE; none for meshes and other entities.
+std::optional<PolylineData> polylineOf(const Database &database, RecordId entity);
+
+// What entities of other types made from this one have of it: type and marker, layer, colour, linetype, and so on.
+GroupList commonGroups(const GroupList &groups, std::u16string type);
+
+// The lines and arcs that a polyline consists of, without its widths.
+std::vector<GroupList> segmentsOf(const Database &database, RecordId polyline);
+
+} // namespace drawing

@@ -1,0 +1,177 @@
+#include "tests/host/commands/CommandTest.h"
+
+#include "host/drawing/Blocks.h"
+#include "tests/host/drawing/Audit.h"
+
+#include <cmath>
+
+namespace {
+
+using drawing::integerOf;
+using drawing::placeOf;
+using drawing::realOf;
+using drawing::textOf;
+using geometry::Vector;
+using testing::ElementsAre;
+
+// A block of a line, a circle and an attribute.
+class BlockCommands : public CommandTest
+{
+protected:
+    void SetUp() override
+    {
+        const auto start = drawing::addBlock(database(), m_document.drawing().tables(), {u"Door", {1, 0, 0}});
+        add(start, {{0, u"LINE"},
+                    {100, u"AcDbEntity"},
+                    {8, u"0"},
+                    {100, u"AcDbLine"},
+                    {10, drawing::Point{1, 0, 0}},
+                    {11, drawing::Point{3, 0, 0}}});
+        add(start, {{0, u"CIRCLE"},
+                    {100, u"AcDbEntity"},
+                    {8, u"0"},
+                    {100, u"AcDbCircle"},
+                    {10, drawing::Point{2, 0, 0}},
+                    {40, 1.0}});
+        m_start = start;
+    }
+    void addAttribute()
+    {
+        add(m_start, {{0, u"ATTDEF"},
+                      {100, u"AcDbEntity"},
+                      {8, u"0"},
+                      {100, u"AcDbText"},
+                      {10, drawing::Point{1, 1, 0}},
+                      {40, 0.5},
+                      {1, u"none"},
+                      {50, 0.0},
+                      {7, u"Standard"},
+                      {100, u"AcDbAttributeDefinition"},
+                      {3, u"Which number"},
+                      {2, u"NUMBER"},
+                      {70, std::int64_t{0}}});
+    }
+    void add(drawing::RecordId start, const drawing::GroupList &groups)
+    {
+        database().add(drawing::RecordKind::Entity, groups, database().endOf(start));
+    }
+    drawing::RecordId m_start = drawing::NoRecord;
+};
+
+TEST_F(BlockCommands, InsertAsksForPointScaleAndRotation)
+{
+    evaluate("(command \"_.-insert\" \"door\" \"10,20\" 2 3 90)");
+    EXPECT_THAT(types(), ElementsAre("INSERT"));
+    EXPECT_EQ(textOf(lastGroups(), 2), u"Door");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{10, 20, 0}));
+    EXPECT_EQ(realOf(lastGroups(), 41), 2);
+    EXPECT_EQ(realOf(lastGroups(), 42), 3);
+    EXPECT_EQ(realOf(lastGroups(), 43), 2);
+    EXPECT_EQ(realOf(lastGroups(), 50), 90);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(evaluate("(getvar \"INSNAME\")"), "\"door\"");
+}
+
+TEST_F(BlockCommands, InsertHasDefaults)
+{
+    evaluate("(command \"_.insert\" \"Door\" '(0 0) \"\" \"\" \"\")");
+    EXPECT_EQ(realOf(lastGroups(), 41), 1);
+    EXPECT_EQ(realOf(lastGroups(), 42), 1);
+    EXPECT_EQ(realOf(lastGroups(), 50), 0);
+}
+
+TEST_F(BlockCommands, WhatIsSettledBeforeThePointIsNotAskedAgain)
+{
+    evaluate("(command \"_.insert\" \"Door\" \"_s\" 2 \"_r\" 45 \"1,1\")");
+    EXPECT_EQ(realOf(lastGroups(), 42), 2);
+    EXPECT_DOUBLE_EQ(realOf(lastGroups(), 50), 45);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(BlockCommands, ABlockThatIsNotThereIsSaid)
+{
+    evaluate("(command \"_.insert\" \"Window\" \"1,1\" \"\" \"\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nCannot find block \"Window\".\n\nUnknown command \"1,1\".\n");
+    EXPECT_THAT(types(), ElementsAre());
+}
+
+TEST_F(BlockCommands, AttributesAreAskedFor)
+{
+    addAttribute();
+    evaluate("(command \"_.insert\" \"Door\" '(10 20) 2 2 90 \"A17\")");
+    const auto attribute = database().groups(database().record(last()).next);
+    EXPECT_EQ(textOf(attribute, 0), u"ATTRIB");
+    EXPECT_EQ(textOf(attribute, 2), u"NUMBER");
+    EXPECT_EQ(textOf(attribute, 1), u"A17");
+    EXPECT_EQ(realOf(attribute, 40), 1);
+    EXPECT_EQ(realOf(attribute, 50), 90);
+    EXPECT_LT(geometry::length(placeOf(attribute, 10) - Vector{8, 20, 0}), 1e-12);
+    EXPECT_EQ(integerOf(lastGroups(), 66), 1);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(BlockCommands, WithAttreqZeroAttributesHaveTheirDefaults)
+{
+    addAttribute();
+    evaluate("(setvar \"ATTREQ\" 0) (command \"_.insert\" \"Door\" '(0 0) \"\" \"\" \"\")");
+    EXPECT_EQ(textOf(database().groups(database().record(last()).next), 1), u"none");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(BlockCommands, ExplodePutsTheObjectsOfABlockInItsPlace)
+{
+    evaluate("(command \"_.insert\" \"Door\" '(10 20) 2 2 90) (command \"_.explode\" (entlast))");
+    EXPECT_THAT(types(), ElementsAre("LINE", "CIRCLE"));
+    EXPECT_LT(geometry::length(placeOf(lastGroups(), 10) - Vector{10, 22, 0}), 1e-12);
+    EXPECT_DOUBLE_EQ(realOf(lastGroups(), 40), 2);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(BlockCommands, ACircleOfAStretchedBlockBecomesAnEllipse)
+{
+    evaluate("(command \"_.insert\" \"Door\" '(0 0) 2 4 0) (command \"_.explode\" \"_l\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "ELLIPSE"));
+    EXPECT_LT(geometry::length(placeOf(lastGroups(), 10) - Vector{2, 0, 0}), 1e-12);
+    EXPECT_NEAR(std::abs(placeOf(lastGroups(), 11).y), 4, 1e-12);
+    EXPECT_DOUBLE_EQ(realOf(lastGroups(), 40), 0.5);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(BlockCommands, AnAsteriskInsertsTheObjectsThemselves)
+{
+    evaluate("(command \"_.insert\" \"*Door\" '(0 0) 1 0)");
+    EXPECT_THAT(types(), ElementsAre("LINE", "CIRCLE"));
+}
+
+TEST_F(BlockCommands, ExplodeMakesLinesAndArcsOfAPolyline)
+{
+    evaluate("(command \"_.pline\" \"0,0\" \"10,0\" \"_a\" \"10,10\" \"_l\" \"_c\") (command \"_.explode\" (entlast))");
+    EXPECT_THAT(types(), ElementsAre("LINE", "ARC", "LINE"));
+    evaluate("(command \"_.erase\" \"_l\" \"\")");
+    EXPECT_LT(geometry::length(placeOf(lastGroups(), 10) - Vector{10, 5, 0}), 1e-9);
+    EXPECT_DOUBLE_EQ(realOf(lastGroups(), 40), 5);
+    EXPECT_NEAR(realOf(lastGroups(), 50), 270, 1e-9);
+    EXPECT_NEAR(realOf(lastGroups(), 51), 90, 1e-9);
+}
+
+TEST_F(BlockCommands, WhatCannotBeExplodedStays)
+{
+    evaluate("(command \"_.point\" \"0,0\") (setvar \"CMDECHO\" 1) (command \"_.explode\" (entlast))");
+    EXPECT_THAT(takePrinted(), testing::HasSubstr("1 could not be exploded."));
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+}
+
+TEST_F(BlockCommands, BlockTakesObjectsOutOfTheDrawing)
+{
+    evaluate("(command \"_.line\" \"5,5\" \"6,5\" \"\") (command \"_.-block\" \"Part\" \"5,5\" \"_l\" \"\")"
+             "(command \"_.insert\" \"Part\" '(0 0) \"\" \"\" \"\") (command \"_.explode\" \"_l\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 0, 0}));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{1, 0, 0}));
+    evaluate("(command \"_.oops\")");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+} // namespace

@@ -1,0 +1,182 @@
+#include "tests/host/commands/CommandTest.h"
+
+#include "tests/host/drawing/Audit.h"
+
+#include <QTemporaryDir>
+
+#include <cmath>
+
+namespace {
+
+using drawing::placeOf;
+using drawing::realOf;
+using geometry::Vector;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class AreaCommand : public CommandTest
+{
+protected:
+    double area() { return std::stod(evaluate("(rtos (getvar \"AREA\") 2 12)").substr(1)); }
+    double perimeter() { return std::stod(evaluate("(rtos (getvar \"PERIMETER\") 2 12)").substr(1)); }
+};
+
+TEST_F(AreaCommand, OfPoints)
+{
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.area\" \"0,0\" \"4,0\" \"4,3\" \"\")");
+    EXPECT_EQ(area(), 6);
+    EXPECT_EQ(perimeter(), 12);
+    EXPECT_THAT(takePrinted(), HasSubstr("Area = 6.0000, Perimeter = 12.0000"));
+}
+
+TEST_F(AreaCommand, OfACircleAnEllipseAndAPolylineWithArcs)
+{
+    evaluate("(command \"_.circle\" \"5,5\" 2) (command \"_.area\" \"_o\" (entlast))");
+    EXPECT_NEAR(area(), 4 * M_PI, 1e-11);
+    EXPECT_NEAR(perimeter(), 4 * M_PI, 1e-11);
+    evaluate("(command \"_.pline\" \"0,0\" \"10,0\" \"_a\" \"10,10\" \"_l\" \"0,10\" \"_c\") (command \"_.area\" "
+             "\"_o\" (entlast))");
+    EXPECT_NEAR(area(), 100 + 12.5 * M_PI, 1e-10);
+    EXPECT_NEAR(perimeter(), 30 + 5 * M_PI, 1e-10);
+    evaluate(
+        "(entmake '((0 . \"ELLIPSE\") (100 . \"AcDbEntity\") (100 . \"AcDbEllipse\") (10 7 7 0) (11 3 0 0) (40 . 0.5) "
+        "(41 . 0.0) (42 . 6.283185307179586))) (command \"_.area\" \"_o\" (entlast))");
+    EXPECT_NEAR(area(), M_PI * 3 * 1.5, 1e-11);
+    EXPECT_NEAR(perimeter(), 14.5328447, 1e-6); // 4 a E(e)
+}
+
+TEST_F(AreaCommand, AddedAndSubtracted)
+{
+    evaluate("(command \"_.circle\" \"5,5\" 1) (command \"_.area\" \"_a\" \"0,0\" \"10,0\" \"10,10\" \"0,10\" \"\" "
+             "\"_s\" \"_o\" (entlast) \"\")");
+    EXPECT_NEAR(area(), 100 - M_PI, 1e-10);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(AreaCommand, WhatHasNoAreaIsSaid)
+{
+    evaluate("(command \"_.point\" \"0,0\") (command \"_.area\" \"_o\" (entlast))");
+    EXPECT_EQ(takePrinted(), "\nSelected object does not have an area.\n");
+}
+
+class OffsetCommand : public CommandTest
+{
+};
+
+TEST_F(OffsetCommand, OfALineACircleAndAnArc)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"\") (command \"_.offset\" 2 (entlast) \"5,-1\" \"\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, -2, 0}));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{10, -2, 0}));
+    evaluate("(command \"_.circle\" \"0,0\" 5) (command \"_.offset\" 2 (entlast) \"0,0\" \"\")");
+    EXPECT_EQ(realOf(lastGroups(), 40), 3);
+    evaluate("(command \"_.offset\" 1 (entlast) \"9,0\" \"\")");
+    EXPECT_EQ(realOf(lastGroups(), 40), 4);
+}
+
+TEST_F(OffsetCommand, OfAClosedPolylineMeetsAtItsCorners)
+{
+    evaluate("(command \"_.rectang\" \"0,0\" \"10,5\") (command \"_.offset\" 1 (entlast) \"5,2\" \"\")");
+    evaluate("(command \"_.area\" \"_o\" (entlast))");
+    EXPECT_EQ(evaluate("(getvar \"AREA\")"), "24.0");
+    evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.offset\" 1 \"_l\" \"50,2\" \"\") (command \"_.area\" "
+             "\"_o\" (entlast))");
+    EXPECT_EQ(evaluate("(getvar \"AREA\")"), "84.0");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(OffsetCommand, OfAPolylineWithAnArcStaysSmooth)
+{
+    evaluate("(command \"_.pline\" \"0,0\" \"10,0\" \"_a\" \"10,10\" \"_l\" \"0,10\" \"\") (command \"_.offset\" 1 "
+             "(entlast) \"5,20\" \"\")");
+    std::vector<double> bulges;
+    std::vector<Vector> places;
+    for (const drawing::Group &group : lastGroups()) {
+        if (group.code == 42)
+            bulges.push_back(std::get<double>(group.value));
+        if (group.code == 10)
+            places.push_back(geometry::vectorOf(std::get<drawing::Point>(group.value)));
+    }
+    ASSERT_EQ(places.size(), 4u);
+    EXPECT_LT(geometry::length(places[0] - Vector{0, -1, 0}), 1e-9);
+    EXPECT_LT(geometry::length(places[1] - Vector{10, -1, 0}), 1e-9);
+    EXPECT_LT(geometry::length(places[2] - Vector{10, 11, 0}), 1e-9);
+    EXPECT_NEAR(bulges[1], 1, 1e-9);
+}
+
+TEST_F(OffsetCommand, ThroughAPoint)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"\") (command \"_.offset\" \"_t\" (entlast) \"3,7\" \"\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 7, 0}));
+}
+
+TEST_F(OffsetCommand, ACircleThatWouldVanishIsSaid)
+{
+    evaluate("(command \"_.circle\" \"0,0\" 5) (command \"_.offset\" 6 (entlast) \"0,0\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nCannot offset that object.\n");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE"));
+}
+
+class StyleCommand : public CommandTest
+{
+};
+
+TEST_F(StyleCommand, MakesAStyleAndTheCurrentOne)
+{
+    evaluate("(command \"_.-style\" \"Notes\" \"romans.shx\" 3.5 0.8 15 \"_n\" \"_n\" \"_n\")");
+    EXPECT_EQ(evaluate("(getvar \"TEXTSTYLE\")"), "\"Notes\"");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    const auto record = m_document.drawing().tables().find(drawing::known::Style, u"Notes");
+    EXPECT_EQ(realOf(database().groups(record), 40), 3.5);
+    EXPECT_EQ(realOf(database().groups(record), 50), 15);
+    EXPECT_EQ(drawing::textOf(database().groups(record), 3), u"romans.shx");
+    evaluate("(command \"_.text\" \"0,0\" 0 \"a\")"); // the style has a height
+    EXPECT_EQ(realOf(lastGroups(), 40), 3.5);
+    EXPECT_EQ(realOf(lastGroups(), 41), 0.8);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(StyleCommand, ATrueTypeFontIsNotAskedForVertical)
+{
+    evaluate("(command \"_.style\" \"Plain\" \"arial.ttf\" 0 1 0 \"_n\" \"_n\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+class FileCommands : public CommandTest
+{
+protected:
+    std::string path(const char *name) { return m_folder.filePath(QString::fromUtf8(name)).toStdString(); }
+    QTemporaryDir m_folder;
+};
+
+TEST_F(FileCommands, SaveasNamesTheDrawingAndOpenReadsIt)
+{
+    evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.saveas\" \"\" \"" + path("one.dwg") + "\")");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("one.dxf"));
+    evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.open\" \"" + path("one.dxf") + "\")");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE"));
+    evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.qsave\") (command \"_.open\" \"" + path("one.dxf") +
+             "\")");
+    EXPECT_THAT(types(), ElementsAre());
+}
+
+TEST_F(FileCommands, AFileIsReplacedOnlyWhenConfirmed)
+{
+    evaluate("(command \"_.save\" \"" + path("a.dxf") + "\") (command \"_.circle\" \"1,2\" 3)");
+    m_document.drawing().setPath(QString());
+    evaluate("(command \"_.save\" \"" + path("a.dxf") + "\" \"_n\")");
+    EXPECT_EQ(takePrinted(), "\nThe drawing was not saved.\n");
+    evaluate("(command \"_.save\" \"" + path("a.dxf") + "\" \"_y\") (command \"_.open\" \"" + path("a.dxf") + "\")");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE"));
+}
+
+TEST_F(FileCommands, WhatCannotBeReadOrWrittenIsSaid)
+{
+    evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.open\" \"" + path("nothing.dxf") + "\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("nothing.dxf"));
+    EXPECT_THAT(types(), ElementsAre("CIRCLE"));
+    evaluate("(command \"_.save\" \"" + path("no/such/folder.dxf") + "\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("folder.dxf"));
+}
+
+} // namespace

@@ -1,0 +1,63 @@
+#include "tests/host/commands/CommandTest.h"
+
+#include "tests/host/drawing/Audit.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class PurgeCommand : public CommandTest
+{
+protected:
+    void SetUp() override
+    {
+        evaluate("(command \"_.-layer\" \"_n\" \"Unused,Used\" \"\") (setvar \"CLAYER\" \"Used\")"
+                 "(command \"_.line\" \"0,0\" \"1,0\" \"\") (setvar \"CLAYER\" \"0\")"
+                 "(command \"_.linetype\" \"_l\" \"dot\" \"\" \"\")"
+                 "(command \"_.circle\" \"0,0\" 1) (command \"_.-block\" \"Ring\" \"0,0\" \"_l\" \"\")");
+    }
+    bool has(drawing::NameId table, const char16_t *name)
+    {
+        return m_document.drawing().tables().find(table, name) != drawing::NoRecord;
+    }
+};
+
+TEST_F(PurgeCommand, LayersThatNothingUsesGo)
+{
+    evaluate("(command \"_.-purge\" \"_la\" \"*\" \"_n\")");
+    EXPECT_FALSE(has(drawing::known::Layer, u"Unused"));
+    EXPECT_TRUE(has(drawing::known::Layer, u"Used"));
+    EXPECT_TRUE(has(drawing::known::Layer, u"0"));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(PurgeCommand, NamesAndQuestionsLimitIt)
+{
+    evaluate("(command \"_.-purge\" \"_la\" \"X*\" \"_n\") (command \"_.-purge\" \"_la\" \"Un*\" \"_y\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Layer, u"Unused"));
+    evaluate("(command \"_.-purge\" \"_la\" \"Un*\" \"_y\" \"_y\")");
+    EXPECT_FALSE(has(drawing::known::Layer, u"Unused"));
+}
+
+TEST_F(PurgeCommand, AllGoesUntilNothingIsLeftToGo)
+{
+    evaluate("(command \"_.insert\" \"Ring\" '(0 0) \"\" \"\" \"\") (command \"_.-purge\" \"_a\" \"*\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
+    EXPECT_FALSE(has(drawing::known::Linetype, u"DOT"));
+    evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.-purge\" \"_a\" \"*\" \"_n\")");
+    EXPECT_FALSE(has(drawing::known::Block, u"Ring"));
+    EXPECT_FALSE(has(drawing::known::BlockRecord, u"Ring"));
+    EXPECT_TRUE(has(drawing::known::Block, u"*Model_Space"));
+    EXPECT_EQ(drawing::auditOf(database()), "");
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.-purge\" \"_a\" \"*\" \"_n\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("No unreferenced objects found."));
+}
+
+TEST_F(PurgeCommand, UndoBringsThemBack)
+{
+    evaluate("(command \"_.-purge\" \"_a\" \"*\" \"_n\") (command \"_.u\")");
+    EXPECT_TRUE(has(drawing::known::Layer, u"Unused"));
+    EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
+}
+
+} // namespace

@@ -1,0 +1,309 @@
+#include "host/drawing/edit/Transform.h"
+
+#include "host/drawing/Blocks.h"
+#include "host/drawing/entities/EntityMaking.h"
+#include "host/drawing/geometry/EntityShapes.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace drawing {
+namespace {
+
+using geometry::Matrix;
+using geometry::Vector;
+
+// Places of an entity's shapes that say where it is. A path has the same ones in either direction.
+class Places final : public geometry::ShapeSink
+{
+public:
+    std::vector<Vector> places;
+
+    void path(const geometry::Path &path, const geometry::Origin &) override { addCurves(path.curves); }
+    void area(const geometry::Area &area, const geometry::Origin &) override
+    {
+        for (const auto &loop : area.loops)
+            addCurves(loop);
+    }
+    void text(const geometry::Text &text, const geometry::Origin &) override
+    {
+        addFrame(text.insertion, text.right, text.up);
+    }
+    void point(const Vector &place, const geometry::Origin &) override { places.push_back(place); }
+    void image(const geometry::Image &image, const geometry::Origin &) override
+    {
+        addFrame(image.insertion, image.right, image.up);
+    }
+    void ray(const geometry::Ray &ray, const geometry::Origin &) override { places.push_back(ray.origin); }
+
+private:
+    void addFrame(const Vector &place, const Vector &right, const Vector &up)
+    {
+        places.insert(places.end(), {place, place + right, place + up});
+    }
+    void addCurves(std::span<const geometry::Curve> curves)
+    {
+        for (const geometry::Curve &curve : curves)
+            std::visit([this](const auto &one) { add(one); }, curve);
+    }
+    void add(const geometry::Line &line)
+    {
+        places.insert(places.end(), {line.start, line.end, (line.start + line.end) * 0.5});
+    }
+    void add(const geometry::EllipticArc &arc)
+    {
+        constexpr int Pieces = 8;
+        // Where a full turn begins does not matter.
+        const double start = arc.isFull() ? 0 : arc.start, sweep = arc.isFull() ? 0 : arc.end - arc.start;
+        for (int piece = 0; piece <= Pieces; ++piece)
+            places.push_back(arc.isFull() ? arc.centre : arc.at(start + sweep * piece / Pieces));
+        if (arc.isFull())
+            places.push_back({length(arc.cosineAxis), length(arc.sineAxis), 0});
+    }
+    void add(const geometry::Nurbs &nurbs) { places.insert(places.end(), nurbs.points.begin(), nurbs.points.end()); }
+};
+
+std::vector<Vector> placesOf(const Drawing &drawing, RecordId entity)
+{
+    Places places;
+    geometry::shapesOf(drawing, entity, places);
+    return places.places;
+}
+
+// The greatest distance from a place to the nearest of the others.
+double farthest(const std::vector<Vector> &places, const std::vector<Vector> &others)
+{
+    double most = 0;
+    for (const Vector &place : places) {
+        double nearest = INFINITY;
+        for (const Vector &other : others)
+            nearest = std::min(nearest, length(place - other));
+        most = std::max(most, nearest);
+    }
+    return most;
+}
+
+const GroupList samples[] = {
+    {{0, u"LINE"}, {8, u"0"}, {10, Point{1, 2, 3}}, {11, Point{4, -1, 2}}},
+    {{0, u"POINT"}, {8, u"0"}, {10, Point{1, 2, 3}}},
+    {{0, u"CIRCLE"}, {8, u"0"}, {10, Point{1, 2, 3}}, {40, 2.5}, {210, Point{0.6, 0, 0.8}}},
+    {{0, u"ARC"}, {8, u"0"}, {10, Point{1, 2, 3}}, {40, 2.5}, {50, 300.0}, {51, 40.0}},
+    {{0, u"ARC"}, {8, u"0"}, {10, Point{1, 2, 3}}, {40, 2.5}, {50, 10.0}, {51, 200.0}, {210, Point{0, 0, -1}}},
+    {{0, u"ELLIPSE"},
+     {100, u"AcDbEntity"},
+     {8, u"0"},
+     {100, u"AcDbEllipse"},
+     {10, Point{1, 2, 3}},
+     {11, Point{3, 1, 0}},
+     {210, Point{0, 0, 1}},
+     {40, 0.4},
+     {41, 0.5},
+     {42, 2.5}},
+    {{0, u"SOLID"}, {8, u"0"}, {10, Point{0, 0, 1}}, {11, Point{3, 0, 1}}, {12, Point{0, 2, 1}}, {13, Point{4, 2, 1}}},
+    {{0, u"3DFACE"}, {8, u"0"}, {10, Point{0, 0, 1}}, {11, Point{3, 0, 2}}, {12, Point{3, 2, 1}}, {13, Point{0, 2, 5}}},
+    {{0, u"LWPOLYLINE"},
+     {100, u"AcDbEntity"},
+     {8, u"0"},
+     {100, u"AcDbPolyline"},
+     {90, std::int64_t{3}},
+     {70, std::int64_t{1}},
+     {38, 2.0},
+     {10, Point{0, 0, 0, 2}},
+     {42, 0.7},
+     {10, Point{5, 1, 0, 2}},
+     {42, -0.3},
+     {10, Point{3, 6, 0, 2}},
+     {42, 0.0},
+     {210, Point{0, 0.6, 0.8}}},
+    {{0, u"SPLINE"},
+     {100, u"AcDbEntity"},
+     {8, u"0"},
+     {100, u"AcDbSpline"},
+     {70, std::int64_t{8}},
+     {71, std::int64_t{2}},
+     {72, std::int64_t{6}},
+     {73, std::int64_t{3}},
+     {40, 0.0},
+     {40, 0.0},
+     {40, 0.0},
+     {40, 1.0},
+     {40, 1.0},
+     {40, 1.0},
+     {10, Point{0, 0, 0}},
+     {10, Point{3, 5, 1}},
+     {10, Point{6, 0, 2}}},
+    {{0, u"HATCH"},
+     {100, u"AcDbEntity"},
+     {8, u"0"},
+     {100, u"AcDbHatch"},
+     {10, Point{0, 0, 2}},
+     {210, Point{0, 0, 1}},
+     {2, u"SOLID"},
+     {70, std::int64_t{1}},
+     {71, std::int64_t{0}},
+     {91, std::int64_t{2}},
+     {92, std::int64_t{2}},
+     {72, std::int64_t{1}},
+     {73, std::int64_t{1}},
+     {93, std::int64_t{3}},
+     {10, Point{0, 0, 0, 2}},
+     {42, 0.0},
+     {10, Point{9, 0, 0, 2}},
+     {42, 0.5},
+     {10, Point{9, 9, 0, 2}},
+     {42, 0.0},
+     {97, std::int64_t{0}},
+     {92, std::int64_t{1}},
+     {93, std::int64_t{4}},
+     {72, std::int64_t{1}},
+     {10, Point{2, 1, 0, 2}},
+     {11, Point{3, 1, 0, 2}},
+     {72, std::int64_t{2}},
+     {10, Point{3, 2, 0, 2}},
+     {40, 1.0},
+     {50, 90.0},
+     {51, 200.0},
+     {73, std::int64_t{0}},
+     {72, std::int64_t{2}},
+     {10, Point{4, 2, 0, 2}},
+     {40, 1.5},
+     {50, 20.0},
+     {51, 130.0},
+     {73, std::int64_t{1}},
+     {72, std::int64_t{3}},
+     {10, Point{5, 3, 0, 2}},
+     {11, Point{2, 1, 0, 2}},
+     {40, 0.5},
+     {50, 30.0},
+     {51, 120.0},
+     {73, std::int64_t{1}},
+     {97, std::int64_t{0}},
+     {75, std::int64_t{0}},
+     {76, std::int64_t{1}},
+     {98, std::int64_t{0}}},
+    {{0, u"TEXT"}, {8, u"0"}, {10, Point{1, 2, 0}}, {40, 2.0}, {1, u"text"}, {50, 30.0}, {41, 0.7}},
+    {{0, u"INSERT"}, {8, u"0"}, {2, u"Part"}, {10, Point{1, 2, 0}}, {41, 2.0}, {42, 3.0}, {43, 1.5}, {50, 30.0}},
+};
+
+class Transform : public testing::Test
+{
+protected:
+    Transform()
+    {
+        const RecordId block = addBlock(m_drawing.database(), m_drawing.tables(), {u"Part", {1, 1, 0}});
+        addEntity(m_drawing, {{0, u"LINE"}, {8, u"0"}, {10, Point{1, 2, 0}}, {11, Point{4, -1, 2}}}, {block});
+        addEntity(m_drawing, {{0, u"ARC"}, {8, u"0"}, {10, Point{1, 2, 0}}, {40, 2.0}, {50, 10.0}, {51, 80.0}},
+                  {block});
+    }
+    Matrix randomSimilarity(bool mirrors)
+    {
+        std::uniform_real_distribution<double> number(-5, 5);
+        const double scale = std::abs(number(m_random)) + 0.1;
+        const Vector axis = geometry::normalized({number(m_random), number(m_random), number(m_random)});
+        Matrix matrix = Matrix::translation({number(m_random), number(m_random), number(m_random)}) *
+                        Matrix::rotation(axis, number(m_random)) * Matrix::scale(scale, scale, scale);
+        return mirrors ? matrix * Matrix::mirror({1, 2, 3}, geometry::normalized({number(m_random), 1, 0})) : matrix;
+    }
+    void check(const GroupList &groups, const Matrix &matrix)
+    {
+        const RecordId entity = addEntity(m_drawing, groups);
+        ASSERT_NE(entity, NoRecord);
+        std::vector<Vector> expected = placesOf(m_drawing, entity);
+        ASSERT_FALSE(expected.empty());
+        const double scale = length(matrix.x);
+        const bool isRound = std::get<std::u16string>(groups[0].value) == u"CIRCLE";
+        for (Vector &place : expected)
+            place = isRound && &place == &expected.back() ? place * scale : matrix.place(place);
+        ASSERT_TRUE(transformEntity(m_drawing, entity, {matrix, true}));
+        const std::vector<Vector> found = placesOf(m_drawing, entity);
+        ASSERT_EQ(found.size(), expected.size());
+        EXPECT_LT(farthest(found, expected), 1e-9);
+        EXPECT_LT(farthest(expected, found), 1e-9);
+    }
+
+    Drawing m_drawing;
+    std::mt19937 m_random{4711};
+};
+
+TEST_F(Transform, ShapesOfEveryTypeGoWhereTheMatrixSays)
+{
+    for (int round = 0; round < 200; ++round)
+        for (const GroupList &groups : samples) {
+            SCOPED_TRACE(testing::Message() << round << " " << &groups - samples);
+            check(groups, randomSimilarity(round % 2 == 1));
+            if (HasFailure())
+                return;
+        }
+}
+
+TEST_F(Transform, VerticesAndAttributesGoAlong)
+{
+    const RecordId polyline =
+        addEntity(m_drawing, {{0, u"POLYLINE"}, {8, u"0"}, {66, std::int64_t{1}}, {70, std::int64_t{1}}});
+    for (const Point &place : {Point{0, 0, 0}, Point{5, 0, 0}, Point{5, 5, 0}})
+        addPart(m_drawing, polyline, {{0, u"VERTEX"}, {8, u"0"}, {10, place}, {42, 0.4}});
+    addPart(m_drawing, polyline, {{0, u"SEQEND"}, {8, u"0"}});
+    const Matrix matrix = randomSimilarity(true);
+    std::vector<Vector> expected = placesOf(m_drawing, polyline);
+    for (Vector &place : expected)
+        place = matrix.place(place);
+    ASSERT_TRUE(transformEntity(m_drawing, polyline, {matrix, false}));
+    EXPECT_LT(farthest(placesOf(m_drawing, polyline), expected), 1e-9);
+    EXPECT_LT(farthest(expected, placesOf(m_drawing, polyline)), 1e-9);
+}
+
+TEST_F(Transform, AnUnknownTypeIsLeftAlone)
+{
+    Database &database = m_drawing.database();
+    const RecordId entity = database.add(RecordKind::Entity, {{0, u"UNHEARD_OF"}, {8, u"0"}, {10, Point{1, 1, 1}}},
+                                         database.endOf(ensureEntities(database)));
+    const GroupList before = database.groups(entity);
+    EXPECT_FALSE(transformEntity(m_drawing, entity, {Matrix::translation({1, 0, 0}), false}));
+    EXPECT_EQ(database.groups(entity), before);
+}
+
+TEST_F(Transform, PlacesInExtendedDataGoAlong)
+{
+    const RecordId line = addEntity(m_drawing, {{0, u"LINE"},
+                                                {8, u"0"},
+                                                {10, Point{}},
+                                                {11, Point{1, 0, 0}},
+                                                {1001, u"ACAD"},
+                                                {1011, Point{1, 2, 3}},
+                                                {1041, 5.0},
+                                                {1010, Point{1, 2, 3}}});
+    transformEntity(m_drawing, line, {Matrix::translation({10, 0, 0}) * Matrix::scale(2, 2, 2), false});
+    const GroupList groups = m_drawing.database().groups(line);
+    EXPECT_EQ(*findValue<Point>(groups, 1011), (Point{12, 4, 6}));
+    EXPECT_EQ(*findValue<double>(groups, 1041), 10);
+    EXPECT_EQ(*findValue<Point>(groups, 1010), (Point{1, 2, 3})); // a value, not a place
+}
+
+TEST_F(Transform, AMirroredTextStaysReadable)
+{
+    const Matrix mirror = Matrix::mirror({0, 0, 0}, {1, 0, 0}); // left becomes right
+    const RecordId text =
+        addEntity(m_drawing, {{0, u"TEXT"}, {8, u"0"}, {10, Point{5, 0, 0}}, {40, 2.0}, {1, u"text"}, {50, 0.0}});
+    transformEntity(m_drawing, text, {mirror, false});
+    const GroupList groups = m_drawing.database().groups(text);
+    EXPECT_EQ(*findValue<double>(groups, 50), 0);
+    EXPECT_EQ(*findValue<std::int64_t>(groups, 72), 2); // its right end is where the left one was
+    EXPECT_EQ(*findValue<Point>(groups, 11), (Point{-5, 0, 0}));
+}
+
+TEST_F(Transform, ACopyHasItsOwnHandleAndNothingThatPointsBack)
+{
+    const RecordId line = addEntity(m_drawing, {{0, u"LINE"}, {8, u"0"}, {10, Point{}}, {11, Point{1, 0, 0}}});
+    GroupList groups = m_drawing.database().groups(line);
+    groups.insert(groups.begin() + 2, {{102, u"{ACAD_REACTORS"}, {330, Handle{0x10}}, {102, u"}"}});
+    m_drawing.database().replace(line, groups);
+    const RecordId copy = copyEntity(m_drawing, line);
+    EXPECT_NE(m_drawing.database().record(copy).handle, m_drawing.database().record(line).handle);
+    EXPECT_EQ(findGroup(m_drawing.database().groups(copy), 102), nullptr);
+    EXPECT_NE(findGroup(m_drawing.database().groups(line), 102), nullptr);
+}
+
+} // namespace
+} // namespace drawing
