@@ -47,6 +47,7 @@ constexpr CommandRow table[] = {
     {u"OOPS", unerase},
     {u"OPEN", open, Own},
     {u"PAN", pan, Own},
+    {u"PEDIT", editPolyline},
     {u"PLAN", plan, Own},
     {u"PLINE", polyline},
     {u"POINT", point},

@@ -65,6 +65,8 @@ Command style(Context &context);  // StyleCommand.cpp
 Command purge(Context &context);       // PurgeCommand.cpp
 Command breakObject(Context &context); // BreakCommand.cpp
 
+Command editPolyline(Context &context); // PolylineEditCommand.cpp
+
 // FileCommands.cpp
 Command save(Context &context);
 Command saveAs(Context &context);

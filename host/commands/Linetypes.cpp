@@ -132,7 +132,7 @@ std::size_t loadLinetypes(Context &context, const std::u16string &pattern, const
     const lisp::WildcardPattern wanted(drawing::folded(pattern));
     QFile source(file);
     QTextStream stream(&source);
-    const bool isOpen = source.open(QIODevice::ReadOnly | QIODevice::Text);
+    const bool isOpen = !file.isEmpty() && source.open(QIODevice::ReadOnly | QIODevice::Text);
     std::size_t found = 0;
     for (const Linetype &linetype : isOpen ? linetypesOf(stream) : standardLinetypes()) {
         if (!wanted.matches(drawing::folded(linetype.name)))

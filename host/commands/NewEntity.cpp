@@ -11,7 +11,6 @@ namespace {
 
 enum Code : int {
     LinetypeCode = 6,
-    ElevationCode = 38,
     ThicknessCode = 39,
     StartWidthCode = 40,
     EndWidthCode = 41,
@@ -19,12 +18,10 @@ enum Code : int {
     LinetypeScaleCode = 48,
     FollowCode = 66,
     FlagsCode = 70,
-    CountCode = 90,
     LineweightCode = 370,
     ExtrusionCode = 210,
 };
 
-constexpr std::int64_t ClosedFlag = 1;
 constexpr int LineweightByLayer = -1;
 
 bool isByLayer(const std::u16string &linetype)
@@ -32,37 +29,24 @@ bool isByLayer(const std::u16string &linetype)
     return folded(linetype) == folded(u"ByLayer");
 }
 
-void addLightPolyline(GroupList &groups, const std::vector<PolylineVertex> &vertices, std::int64_t flags)
+RecordId addHeavyPolyline(Context &context, GroupList groups, const PolylineData &polyline)
 {
-    groups.push_back(textGroup(groupcode::Subclass, u"AcDbPolyline"));
-    groups.push_back(integerGroup(CountCode, static_cast<std::int64_t>(vertices.size())));
-    groups.push_back(integerGroup(FlagsCode, flags));
-    groups.push_back(realGroup(ElevationCode, vertices.front().place.z));
-    for (const PolylineVertex &vertex : vertices) {
-        groups.push_back(flatPointGroup(groupcode::FirstX, vertex.place));
-        groups.push_back(realGroup(StartWidthCode, vertex.startWidth));
-        groups.push_back(realGroup(EndWidthCode, vertex.endWidth));
-        groups.push_back(realGroup(BulgeCode, vertex.bulge));
-    }
-}
-
-RecordId addHeavyPolyline(Context &context, GroupList groups, const std::vector<PolylineVertex> &vertices,
-                          std::int64_t flags)
-{
+    constexpr std::int64_t ClosedFlag = 1, GenerateFlag = 128;
+    const std::int64_t flags = (polyline.isClosed ? ClosedFlag : 0) | (polyline.generatesLinetype ? GenerateFlag : 0);
     groups.push_back(integerGroup(FollowCode, 1));
-    groups.push_back(pointGroup(groupcode::FirstX, {0, 0, vertices.front().place.z}));
+    groups.push_back(pointGroup(groupcode::FirstX, {0, 0, polyline.vertices.front().place.z}));
     groups.push_back(integerGroup(FlagsCode, flags));
-    const RecordId polyline = addEntity(context, groups);
-    for (const PolylineVertex &vertex : vertices) {
+    const RecordId added = addEntity(context, groups);
+    for (const PolylineVertex &vertex : polyline.vertices) {
         GroupList part = newEntity(context, u"VERTEX");
         part.push_back(pointGroup(groupcode::FirstX, vertex.place));
         part.push_back(realGroup(StartWidthCode, vertex.startWidth));
         part.push_back(realGroup(EndWidthCode, vertex.endWidth));
         part.push_back(realGroup(BulgeCode, vertex.bulge));
-        addPart(context, polyline, part);
+        addPart(context, added, part);
     }
-    addPart(context, polyline, newEntity(context, u"SEQEND"));
-    return polyline;
+    addPart(context, added, newEntity(context, u"SEQEND"));
+    return added;
 }
 
 } // namespace
@@ -122,18 +106,17 @@ RecordId addLine(Context &context, const Vector &start, const Vector &end)
 RecordId addPolyline(Context &context, const WorkPlane &plane, const std::vector<PolylineVertex> &vertices,
                      Closing closing)
 {
-    const bool isLight = !context.database().isBefore2000() && context.session().integer(u"PLINETYPE") != 0;
-    const bool generates = context.session().integer(u"PLINEGEN") != 0;
-    constexpr std::int64_t GenerateFlag = 128;
-    const std::int64_t flags = (closing == Closing::Closed ? ClosedFlag : 0) | (generates ? GenerateFlag : 0);
-    GroupList groups = newEntity(context, isLight ? u"LWPOLYLINE" : u"POLYLINE");
-    if (!isLight) {
-        extrude(context, plane, groups);
-        return addHeavyPolyline(context, groups, vertices, flags);
-    }
-    addLightPolyline(groups, vertices, flags);
+    PolylineData polyline;
+    polyline.vertices = vertices;
+    polyline.isClosed = closing == Closing::Closed;
+    polyline.generatesLinetype = context.session().integer(u"PLINEGEN") != 0;
+    polyline.extrusion = plane.normal();
+    polyline.thickness = context.session().real(u"THICKNESS");
+    if (!context.database().isBefore2000() && context.session().integer(u"PLINETYPE") != 0)
+        return addEntity(context, lightPolyline(newEntity(context, u"LWPOLYLINE"), polyline));
+    GroupList groups = newEntity(context, u"POLYLINE");
     extrude(context, plane, groups);
-    return addEntity(context, groups);
+    return addHeavyPolyline(context, groups, polyline);
 }
 
 } // namespace commands

@@ -3,6 +3,7 @@
 #include "host/commands/Context.h"
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/edit/GroupEditing.h"
+#include "host/drawing/edit/PolylineSegments.h"
 
 namespace commands {
 
@@ -20,11 +21,7 @@ void addPart(Context &context, RecordId whole, const GroupList &groups);
 
 RecordId addLine(Context &context, const Vector &start, const Vector &end); // in world coordinates
 
-struct PolylineVertex
-{
-    Vector place; // in object coordinates
-    double startWidth = 0, endWidth = 0, bulge = 0;
-};
+using PolylineVertex = drawing::PolylineData::Vertex; // in object coordinates
 
 enum class Closing { Open, Closed };
 

@@ -187,25 +187,16 @@ std::vector<Segment> offsetSegments(const std::vector<Segment> &segments, double
     return joined;
 }
 
-GroupList lightPolyline(const GroupList &groups, const std::vector<Segment> &segments, bool isClosed,
-                        const PolylineData &old)
+// Parallel polylines have no width, as the old one's may not fit.
+PolylineData withSegments(const PolylineData &old, const std::vector<Segment> &segments)
 {
-    constexpr int FlagsCode = 70, CountCode = 90, ElevationCode = 38, BulgeCode = 42, ExtrusionCode = 210;
-    const std::size_t count = segments.size() + (isClosed ? 0 : 1);
-    GroupList made = commonGroups(groups, u"LWPOLYLINE");
-    made.push_back(textGroup(groupcode::Subclass, u"AcDbPolyline"));
-    made.push_back(integerGroup(CountCode, static_cast<std::int64_t>(count)));
-    made.push_back(integerGroup(FlagsCode, isClosed ? 1 : 0));
-    made.push_back(realGroup(ElevationCode, segments.front().start.z));
-    for (const Segment &segment : segments) {
-        made.push_back(flatPointGroup(groupcode::FirstX, segment.start));
-        made.push_back(realGroup(BulgeCode, segment.bulge));
-    }
-    if (!isClosed)
-        made.push_back(flatPointGroup(groupcode::FirstX, segments.back().end));
-    if (old.extrusion != Vector{0, 0, 1})
-        made.push_back(pointGroup(ExtrusionCode, old.extrusion));
-    return made;
+    PolylineData polyline = old;
+    polyline.vertices.clear();
+    for (const Segment &segment : segments)
+        polyline.vertices.push_back({segment.start, 0, 0, segment.bulge});
+    if (!old.isClosed)
+        polyline.vertices.push_back({segments.back().end});
+    return polyline;
 }
 
 RecordId offsetPolyline(Drawing &drawing, RecordId entity, double distance, const Vector &side)
@@ -221,7 +212,8 @@ RecordId offsetPolyline(Drawing &drawing, RecordId entity, double distance, cons
     const std::vector<Segment> moved = offsetSegments(segments, sign * distance, polyline->isClosed);
     if (moved.empty())
         return NoRecord;
-    const GroupList groups = lightPolyline(drawing.database().groups(entity), moved, polyline->isClosed, *polyline);
+    const GroupList common = commonGroups(drawing.database().groups(entity), u"LWPOLYLINE");
+    const GroupList groups = lightPolyline(common, withSegments(*polyline, moved));
     return addEntityTo(drawing, groups, destinationOf(drawing.database(), entity));
 }
 

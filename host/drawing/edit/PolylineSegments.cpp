@@ -24,7 +24,7 @@ enum Code : int {
     ExtrusionCode = 210
 };
 
-constexpr std::int64_t ClosedFlag = 1, SplineFrameFlag = 16, SpaceFlag = 8, MeshFlags = 16 | 64;
+constexpr std::int64_t ClosedFlag = 1, GenerateFlag = 128, SplineFrameFlag = 16, SpaceFlag = 8, MeshFlags = 16 | 64;
 
 void readLight(const GroupList &groups, PolylineData &polyline)
 {
@@ -99,6 +99,7 @@ std::optional<PolylineData> polylineOf(const Database &database, RecordId entity
         return std::nullopt;
     PolylineData polyline;
     polyline.isClosed = (flags & ClosedFlag) != 0;
+    polyline.generatesLinetype = (flags & GenerateFlag) != 0;
     polyline.isInSpace = !isLight && (flags & SpaceFlag) != 0;
     polyline.extrusion = extrusionOf(groups);
     polyline.thickness = realOf(groups, ThicknessCode);
@@ -107,6 +108,67 @@ std::optional<PolylineData> polylineOf(const Database &database, RecordId entity
     else
         readVertices(database, entity, groups, polyline);
     return polyline;
+}
+
+std::optional<PolylineData> asPolyline(const Database &database, RecordId entity)
+{
+    const GroupList groups = database.groups(entity);
+    const std::u16string type = database.type(entity);
+    PolylineData polyline;
+    polyline.extrusion = extrusionOf(groups);
+    polyline.thickness = realOf(groups, ThicknessCode);
+    const Vector first = placeOf(groups, groupcode::FirstX);
+    if (type == u"LINE") {
+        const Vector last = placeOf(groups, groupcode::FirstX + 1);
+        if (polyline.extrusion != Vector{0, 0, 1} || first.z != last.z)
+            return std::nullopt;
+        polyline.vertices = {{first}, {last}};
+        return polyline;
+    }
+    if (type != u"ARC")
+        return polylineOf(database, entity);
+    constexpr int RadiusCode = 40, StartCode = 50, EndCode = 51;
+    const double start = geometry::radians(realOf(groups, StartCode)), radius = realOf(groups, RadiusCode);
+    double end = geometry::radians(realOf(groups, EndCode));
+    end += end < start ? geometry::FullTurn : 0;
+    const auto at = [&](double angle) { return first + Vector{std::cos(angle), std::sin(angle), 0} * radius; };
+    polyline.vertices = {{at(start), 0, 0, std::tan((end - start) / 4)}, {at(end)}};
+    return polyline;
+}
+
+void reverse(PolylineData &polyline)
+{
+    std::vector<PolylineData::Vertex> &vertices = polyline.vertices;
+    std::ranges::reverse(vertices);
+    // What a vertex says of its segment belongs to the one before it now.
+    const std::vector<PolylineData::Vertex> old = vertices;
+    for (std::size_t index = 0; index < vertices.size(); ++index) {
+        const PolylineData::Vertex &segment = old[(index + 1) % old.size()];
+        vertices[index].startWidth = segment.endWidth;
+        vertices[index].endWidth = segment.startWidth;
+        vertices[index].bulge = -segment.bulge;
+    }
+}
+
+GroupList lightPolyline(GroupList groups, const PolylineData &polyline)
+{
+    constexpr int CountCode = 90;
+    const std::int64_t flags = (polyline.isClosed ? ClosedFlag : 0) | (polyline.generatesLinetype ? GenerateFlag : 0);
+    groups.push_back(textGroup(groupcode::Subclass, u"AcDbPolyline"));
+    groups.push_back(integerGroup(CountCode, static_cast<std::int64_t>(polyline.vertices.size())));
+    groups.push_back(integerGroup(FlagsCode, flags));
+    groups.push_back(realGroup(ElevationCode, polyline.vertices.front().place.z));
+    if (polyline.thickness != 0)
+        groups.push_back(realGroup(ThicknessCode, polyline.thickness));
+    for (const PolylineData::Vertex &vertex : polyline.vertices) {
+        groups.push_back(flatPointGroup(groupcode::FirstX, vertex.place));
+        groups.push_back(realGroup(StartWidthCode, vertex.startWidth));
+        groups.push_back(realGroup(EndWidthCode, vertex.endWidth));
+        groups.push_back(realGroup(BulgeCode, vertex.bulge));
+    }
+    if (polyline.extrusion != Vector{0, 0, 1})
+        groups.push_back(pointGroup(ExtrusionCode, polyline.extrusion));
+    return groups;
 }
 
 GroupList commonGroups(const GroupList &groups, std::u16string type)

@@ -18,12 +18,20 @@ struct PolylineData
 
     std::vector<Vertex> vertices;
     bool isClosed = false, isInSpace = false;
+    bool generatesLinetype = false; // over its vertices, not anew at each
     geometry::Vector extrusion{0, 0, 1};
     double thickness = 0;
 };
 
 // Of an LWPOLYLINE or POLYLINE; none for meshes and other entities.
 std::optional<PolylineData> polylineOf(const Database &database, RecordId entity);
+// Also of a LINE that lies in the world's plane or parallel to it, and of an ARC.
+std::optional<PolylineData> asPolyline(const Database &database, RecordId entity);
+
+void reverse(PolylineData &polyline);
+
+// The LWPOLYLINE, with what `common` says of its type, layer, and so on.
+GroupList lightPolyline(GroupList common, const PolylineData &polyline);
 
 // What entities of other types made from this one have of it: type and marker, layer, colour, linetype, and so on.
 GroupList commonGroups(const GroupList &groups, std::u16string type);

@@ -57,6 +57,15 @@ void finishArc(GroupList &groups, const ObjectSimilarity &similarity, bool)
         swapValues(groups, 50, 51);
 }
 
+// Its own place holds no more than the height of its vertices.
+void finishPolyline(GroupList &groups, const ObjectSimilarity &similarity, bool)
+{
+    constexpr std::int64_t InSpaceFlags = 8 | 16 | 64;
+    const bool isInSpace = (integerOf(groups, groupcode::Count) & InSpaceFlags) != 0;
+    const double height = placeOf(groups, groupcode::FirstX, similarity.place({0, 0, 0})).z;
+    setGroup(groups, pointGroup(groupcode::FirstX, {0, 0, isInSpace ? 0 : height}));
+}
+
 void finishEllipse(GroupList &groups, const ObjectSimilarity &similarity, bool)
 {
     if (!similarity.mirrors())
@@ -182,7 +191,7 @@ constexpr TransformSchema schemas[] = {
     {u"MLINE", multilineRows},
     {u"MTEXT", mtextRows, finishParagraphs},
     {u"POINT", pointRows},
-    {u"POLYLINE", polylineRows},
+    {u"POLYLINE", polylineRows, finishPolyline},
     {u"RAY", rayRows},
     {u"SEQEND", {}},
     {u"SHAPE", textRows},

@@ -31,6 +31,10 @@ public:
     {
         addFrame(text.insertion, text.right, text.up);
     }
+    void face(const geometry::Face &face, const geometry::Origin &) override
+    {
+        places.insert(places.end(), std::begin(face.corners), std::end(face.corners));
+    }
     void point(const Vector &place, const geometry::Origin &) override { places.push_back(place); }
     void image(const geometry::Image &image, const geometry::Origin &) override
     {
