@@ -39,6 +39,12 @@ void ProgressMeter::end()
     m_services.userInterface->endProgress();
 }
 
+void ProgressMeter::showLatest()
+{
+    if (m_started && m_isBehind)
+        show(Urgency::WhenDue);
+}
+
 void ProgressMeter::note(QStringView call)
 {
     if (!m_services.transcript.isOpen())
@@ -51,7 +57,8 @@ void ProgressMeter::note(QStringView call)
 
 void ProgressMeter::show(Urgency urgency)
 {
-    if (urgency == Urgency::WhenDue && m_sinceShown.isValid() && m_sinceShown.elapsed() < MillisecondsPerFrame)
+    m_isBehind = urgency == Urgency::WhenDue && m_sinceShown.isValid() && m_sinceShown.elapsed() < MillisecondsPerFrame;
+    if (m_isBehind)
         return;
     m_sinceShown.start();
     m_services.userInterface->showProgress(m_progress);

@@ -16,6 +16,7 @@ public:
     void start(const QString &label);
     bool set(int position); // false, and nothing happens, for a negative position and while no meter is started
     void end();
+    void showLatest(); // a position that was passed over because it came too soon; nothing when there is none
 
 private:
     enum class Urgency { Now, WhenDue };
@@ -26,5 +27,6 @@ private:
     HostServices &m_services;
     Progress m_progress;
     bool m_started = false;
+    bool m_isBehind = false; // what is shown is not the latest
     QElapsedTimer m_sinceShown;
 };

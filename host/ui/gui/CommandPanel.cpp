@@ -147,7 +147,9 @@ void CommandPanel::complete()
     if (word.size() == LeastWord || m_names->rowCount() == 0)
         m_names->setStringList(m_completions());
     m_completer->setCompletionPrefix(word);
-    if (m_completer->completionCount() == 0)
+    const bool isComplete =
+        m_completer->completionCount() == 1 && m_completer->currentCompletion().compare(word, Qt::CaseInsensitive) == 0;
+    if (isComplete || m_completer->completionCount() == 0)
         m_completer->popup()->hide();
     else
         m_completer->complete();
@@ -157,6 +159,7 @@ void CommandPanel::insertCompletion(const QString &name)
 {
     const int cursor = m_input->cursorPosition();
     const int length = static_cast<int>(wordAtCursor().size());
+    const QSignalBlocker quiet(m_input); // it is not typed: nothing more is offered
     m_input->setSelection(cursor - length, length);
     m_input->insert(name);
 }

@@ -7,11 +7,11 @@ namespace {
 
 QPalette darkPalette()
 {
-    const QColor window(0x2B, 0x2D, 0x30), base(0x1E, 0x1F, 0x22), button(0x3A, 0x3D, 0x41), text(0xDF, 0xE1, 0xE5);
+    const QColor window(0x38, 0x3A, 0x3E), base(0x1A, 0x1B, 0x1E), button(0x48, 0x4B, 0x50), text(0xE2, 0xE4, 0xE8);
     const QColor dimmed(0x80, 0x84, 0x8A), accent(0x35, 0x74, 0xD6), link(0x7F, 0xB8, 0xFF);
     QPalette palette(text, button, button.lighter(130), button.darker(160), button.darker(120), text, Qt::white, base,
                      window);
-    palette.setColor(QPalette::AlternateBase, base.lighter(130));
+    palette.setColor(QPalette::AlternateBase, base.lighter(140));
     palette.setColor(QPalette::ToolTipBase, button);
     palette.setColor(QPalette::ToolTipText, text);
     palette.setColor(QPalette::PlaceholderText, dimmed);

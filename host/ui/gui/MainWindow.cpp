@@ -7,6 +7,12 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
+namespace {
+
+constexpr int CommandLineHeight = 210; // until somebody changes it
+
+} // namespace
+
 MainWindow::MainWindow()
     : m_documentArea(new QWidget), m_commandPanel(new CommandPanel), m_progressPanel(new ProgressPanel)
 {
@@ -21,7 +27,9 @@ MainWindow::MainWindow()
     dock->setObjectName(QStringLiteral("commandDock"));
     dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     dock->setWidget(m_commandPanel);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
+    resizeDocks({dock}, {CommandLineHeight}, Qt::Vertical);
     statusBar()->addPermanentWidget(m_progressPanel);
     makeMenus();
     m_state.restore(*this);

@@ -58,9 +58,11 @@ void WindowInterface::pulse()
 {
     if (m_sincePulse.elapsed() < PulseInterval)
         return;
-    flush();
-    QCoreApplication::processEvents();
     m_sincePulse.restart();
+    flush();
+    m_services.progressMeter.showLatest();
+    QCoreApplication::processEvents();
+    m_sincePulse.restart(); // what a person did meanwhile is not the program's time
 }
 
 void WindowInterface::escape()

@@ -79,6 +79,25 @@ TEST_F(ProgressMeterTest, WidensItsRangeForLargerPositions)
     EXPECT_EQ(m_interface.shown.back().maximum, 100);
 }
 
+TEST_F(ProgressMeterTest, APositionThatCameTooSoonCanBeShownLater)
+{
+    meter().start(u"Copying"_qs);
+    meter().set(40);
+    ASSERT_EQ(m_interface.shown.size(), 1u);
+    QElapsedTimer time;
+    for (time.start(); time.elapsed() < 20;)
+        ;
+    meter().showLatest();
+    ASSERT_EQ(m_interface.shown.size(), 2u);
+    EXPECT_EQ(m_interface.shown.back().position, 40);
+    for (time.restart(); time.elapsed() < 20;)
+        ;
+    meter().showLatest();
+    meter().end();
+    meter().showLatest();
+    EXPECT_EQ(m_interface.shown.size(), 2u) << "nothing new";
+}
+
 TEST_F(ProgressMeterTest, EndsOnce)
 {
     meter().end();

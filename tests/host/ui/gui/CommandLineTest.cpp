@@ -129,4 +129,5 @@ TEST_F(CommandLine, NamesAreCompletedInsideAnExpression)
     QTest::keyClick(completer->popup(), Qt::Key_Down);
     QTest::keyClick(completer->popup(), Qt::Key_Return);
     EXPECT_EQ(input->text(), QStringLiteral("(vl-string-translate"));
+    EXPECT_FALSE(completer->popup()->isVisible()) << "Enter is the line's again";
 }
