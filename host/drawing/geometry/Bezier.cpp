@@ -148,14 +148,18 @@ Nurbs nurbsOf(const std::vector<Bezier> &pieces)
 
 Vector firstPoint(const Nurbs &nurbs)
 {
-    const std::vector<Bezier> pieces = bezierPieces(nurbs);
-    return pieces.empty() ? nurbs.points.front() : pieces.front().points.front();
+    for (std::size_t i = static_cast<std::size_t>(nurbs.degree); i < nurbs.points.size(); ++i)
+        if (nurbs.knots[i] < nurbs.knots[i + 1])
+            return pieceAt(nurbs, weighted(nurbs.points, nurbs.weights), i).points.front();
+    return nurbs.points.front();
 }
 
 Vector lastPoint(const Nurbs &nurbs)
 {
-    const std::vector<Bezier> pieces = bezierPieces(nurbs);
-    return pieces.empty() ? nurbs.points.back() : pieces.back().points.back();
+    for (std::size_t i = nurbs.points.size(); i-- > static_cast<std::size_t>(nurbs.degree);)
+        if (nurbs.knots[i] < nurbs.knots[i + 1])
+            return pieceAt(nurbs, weighted(nurbs.points, nurbs.weights), i).points.back();
+    return nurbs.points.back();
 }
 
 bool isValid(const Nurbs &nurbs)
@@ -168,6 +172,7 @@ bool isValid(const Nurbs &nurbs)
            nurbs.knots.size() == nurbs.points.size() + order &&
            std::is_sorted(nurbs.knots.begin(), nurbs.knots.end()) &&
            std::all_of(nurbs.knots.begin(), nurbs.knots.end(), [](double knot) { return std::isfinite(knot); }) &&
+           std::all_of(nurbs.points.begin(), nurbs.points.end(), isFinite) &&
            std::all_of(nurbs.weights.begin(), nurbs.weights.end(),
                        [](double weight) { return weight > 0 && std::isfinite(weight); });
 }
@@ -179,7 +184,7 @@ Nurbs splineThrough(std::span<const Vector> fitPoints, std::optional<Vector> sta
     std::vector<double> steps;
     for (const Vector &point : fitPoints) {
         const double step = points.empty() ? 0 : length(point - points.back());
-        if (!points.empty() && step == 0)
+        if (!isFinite(point) || (!points.empty() && !(step > 0)))
             continue;
         if (!points.empty())
             steps.push_back(step);

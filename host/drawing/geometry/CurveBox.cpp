@@ -74,18 +74,35 @@ void addSpiral(const EllipticArc &arc, Box &box)
     }
 }
 
-// Raises `best` to the highest of the piece along the axis (lowest: with sign -1). A piece lies in the hull of its
-// points, so that one whose points are no higher has nothing to add.
-void raise(const Bezier &piece, Axis axis, double sign, double tolerance, double &best, int depth = 60)
+// The highest of pieces along an axis (with sign -1: the lowest). A piece lies in the hull of its points, so that one
+// whose points are no higher has nothing to add.
+class Extreme
 {
-    best = std::max({best, sign * piece.points.front().*axis, sign * piece.points.back().*axis});
-    const auto isLow = [&](const Vector &point) { return sign * point.*axis <= best + tolerance; };
-    if (depth == 0 || std::all_of(piece.points.begin(), piece.points.end(), isLow))
-        return;
-    const auto [first, second] = piece.halves();
-    raise(first, axis, sign, tolerance, best, depth - 1);
-    raise(second, axis, sign, tolerance, best, depth - 1);
-}
+public:
+    Extreme(Axis axis, double sign, double best, double tolerance)
+        : m_axis(axis), m_sign(sign), m_best(best), m_tolerance(tolerance)
+    {
+    }
+    void add(const Bezier &piece)
+    {
+        m_best = std::max({m_best, height(piece.points.front()), height(piece.points.back())});
+        const auto isHigh = [&](const Vector &point) { return height(point) > m_best + m_tolerance; };
+        if (m_halvings == 0 || std::none_of(piece.points.begin(), piece.points.end(), isHigh))
+            return;
+        --m_halvings;
+        const auto [first, second] = piece.halves();
+        add(first);
+        add(second);
+    }
+    double best() const { return m_best; }
+
+private:
+    double height(const Vector &point) const { return m_sign * point.*m_axis; }
+
+    Axis m_axis;
+    double m_sign, m_best, m_tolerance;
+    int m_halvings = 2000; // some dozens are enough, unless weights are so apart that rounding goes for height
+};
 
 void addNurbs(const Nurbs &nurbs, Box &box)
 {
@@ -96,11 +113,12 @@ void addNurbs(const Nurbs &nurbs, Box &box)
     for (const Bezier &piece : bezierPieces(nurbs))
         for (const Axis axis : Axes) {
             const double size = std::max(std::abs(hull.minimum.*axis), std::abs(hull.maximum.*axis));
-            double high = box.maximum.*axis, low = -(box.minimum.*axis);
-            raise(piece, axis, 1, Precision * size, high);
-            raise(piece, axis, -1, Precision * size, low);
-            box.maximum.*axis = high;
-            box.minimum.*axis = -low;
+            Extreme high(axis, 1, box.maximum.*axis, Precision * size);
+            Extreme low(axis, -1, -(box.minimum.*axis), Precision * size);
+            high.add(piece);
+            low.add(piece);
+            box.maximum.*axis = high.best();
+            box.minimum.*axis = -low.best();
         }
 }
 

@@ -92,8 +92,8 @@ void circleShapes(ShapeWalk &walk, RecordId id)
             break;
         }
     const bool isArc = walk.database().names().text(walk.database().record(id).type) == "ARC";
-    const double sweep = isArc ? counterclockwise(radians(start), radians(end)) : FullTurn;
-    const double from = isArc ? radians(start) : 0;
+    const double from = isArc ? reducedAngle(radians(start)) : 0;
+    const double sweep = isArc ? counterclockwise(from, radians(end)) : FullTurn;
     const Matrix plane = Matrix::ofExtrusion(extrusion);
     const Curve arc = EllipticArc{plane.place(centre), plane.x * radius, plane.y * radius, from, from + sweep};
     walk.thickPath({&arc, 1}, !isArc, plane.z * thickness);
@@ -129,8 +129,8 @@ void ellipseShapes(ShapeWalk &walk, RecordId id)
         }
     // All in world coordinates. The minor axis has its length also where the axes are not quite upright.
     const Vector minor = normalized(cross(extrusion, major), {}) * (length(major) * ratio);
-    const double sweep = counterclockwise(start, end);
-    const Curve arc = EllipticArc{centre, major, minor, start, start + sweep};
+    const double from = reducedAngle(start), sweep = counterclockwise(from, end);
+    const Curve arc = EllipticArc{centre, major, minor, from, from + sweep};
     walk.path({&arc, 1}, sweep == FullTurn);
 }
 

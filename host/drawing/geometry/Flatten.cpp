@@ -25,7 +25,7 @@ void flattenArc(const EllipticArc &arc, double tolerance, std::vector<Vector> &p
     constexpr double Widest = std::numbers::pi / 2;
     const double step = radius > tolerance ? std::min(Widest, 2 * std::acos(1 - tolerance / radius)) : Widest;
     const double wanted = std::ceil(angle / std::max(step, FullTurn / MostSegments) - 1e-9);
-    const int count = std::max(1, static_cast<int>(std::min<double>(wanted, MostSegments)));
+    const int count = wanted >= 1 ? static_cast<int>(std::min<double>(wanted, MostSegments)) : 1;
     for (int i = 1; i <= count; ++i)
         points.push_back(arc.at(i == count ? arc.end : arc.start + (arc.end - arc.start) * i / count));
 }
@@ -42,7 +42,7 @@ void flattenBezier(const Bezier &bezier, double tolerance, int depth, std::vecto
 {
     // The curve lies within the hull of its points.
     const auto isNear = [&](const Vector &point) {
-        return distanceToChord(point, bezier.points.front(), bezier.points.back()) <= tolerance;
+        return !(distanceToChord(point, bezier.points.front(), bezier.points.back()) > tolerance); // nor is no number
     };
     if (depth == 0 || std::all_of(bezier.points.begin() + 1, bezier.points.end() - 1, isNear)) {
         points.push_back(bezier.points.back());

@@ -41,7 +41,7 @@ Curve arcOf(const EdgeGroups &edge, Angles angles = Angles::Seen)
         const bool isSeen = !isCircular && angles == Angles::Seen;
         return isSeen ? parameterAt(radians(degrees), edge.ratio) : radians(degrees);
     };
-    const double start = parameter(edge.start), sweep = counterclockwise(start, parameter(edge.end));
+    const double start = reducedAngle(parameter(edge.start)), sweep = counterclockwise(start, parameter(edge.end));
     return EllipticArc{edge.first, cosineAxis, edge.isCounterclockwise ? sineAxis : -sineAxis, start, start + sweep};
 }
 

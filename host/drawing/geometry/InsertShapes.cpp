@@ -101,11 +101,13 @@ void insertShapes(ShapeWalk &walk, RecordId id)
 {
     const InsertGroups groups = readInsert(walk.database(), id);
     const RecordId block = walk.drawing().tables().find(drawing::known::Block, groups.block);
+    if (block == NoRecord)
+        return attributeShapes(walk, id);
     const Matrix plane = Matrix::ofExtrusion(groups.extrusion) * Matrix::translation(groups.insertion) *
                          Matrix::rotation(radians(groups.rotation));
     const Matrix scale = Matrix::scale(groups.scale.x, groups.scale.y, groups.scale.z) *
                          Matrix::translation(-basePoint(walk.database(), block));
-    for (std::int64_t row = 0; row < groups.rows; row += stepOf(walk, groups.rows))
+    for (std::int64_t row = 0; row < groups.rows && walk.isComplete(); row += stepOf(walk, groups.rows))
         for (std::int64_t column = 0; column < groups.columns && walk.isComplete();
              column += stepOf(walk, groups.columns)) {
             const Vector offset{static_cast<double>(column) * groups.columnSpacing,

@@ -41,7 +41,8 @@ void faceShape(ShapeWalk &walk, const FaceRecord &record, std::span<const Vector
     Face face;
     for (std::size_t i = 0; i < 4; ++i) {
         const std::int64_t corner = record.corners[std::min(i, record.count - 1)];
-        const std::uint64_t number = static_cast<std::uint64_t>(corner < 0 ? -corner : corner);
+        const std::uint64_t number =
+            corner < 0 ? 0 - static_cast<std::uint64_t>(corner) : static_cast<std::uint64_t>(corner);
         if (number > places.size())
             return;
         face.corners[i] = places[number - 1];

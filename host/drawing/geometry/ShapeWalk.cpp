@@ -91,11 +91,9 @@ void ShapeWalk::part(RecordId id)
 
 void ShapeWalk::block(RecordId block, const Matrix &matrix)
 {
-    if (block == NoRecord || std::find(m_blocks.begin(), m_blocks.end(), block) != m_blocks.end())
-        return;
     if (m_blocks.size() == DeepestNesting)
         m_rest = 0;
-    if (!takeOne())
+    if (block == NoRecord || !takeOne() || std::find(m_blocks.begin(), m_blocks.end(), block) != m_blocks.end())
         return;
     const Matrix outer = std::exchange(m_matrix, m_matrix * matrix);
     m_blocks.push_back(block);

@@ -38,6 +38,10 @@ inline double length(const Vector &a)
 {
     return std::hypot(a.x, a.y, a.z);
 }
+inline bool isFinite(const Vector &a)
+{
+    return std::isfinite(a.x) && std::isfinite(a.y) && std::isfinite(a.z);
+}
 // Of length 1; the fallback where there is no direction.
 inline Vector normalized(const Vector &a, const Vector &fallback = {0, 0, 1})
 {
@@ -55,12 +59,21 @@ inline double radians(double degrees)
 inline constexpr double FullTurn = 2 * std::numbers::pi;
 
 // How far it is from one angle counterclockwise to the other: more than 0, at most a full turn. Equal angles, and ones
-// that were a full turn apart before rounding, are a full turn apart.
+// that were a full turn apart before rounding, are a full turn apart; also what is no number.
 inline double counterclockwise(double start, double end)
 {
     constexpr double Rounding = 1e-12;
     const double turn = end - start, sweep = turn - FullTurn * std::floor(turn / FullTurn);
     return sweep < Rounding || sweep > FullTurn - Rounding || !std::isfinite(sweep) ? FullTurn : sweep;
+}
+
+// The same angle within a few turns, so that turns can be counted; 0 for what is no number.
+inline double reducedAngle(double angle)
+{
+    constexpr double Usual = 4 * FullTurn; // which keep their last digits
+    if (std::abs(angle) <= Usual)
+        return angle;
+    return std::isfinite(angle) ? std::fmod(angle, FullTurn) : 0;
 }
 
 // The smallest box with edges along the axes; empty until something was added.
