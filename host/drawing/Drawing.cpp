@@ -18,4 +18,6 @@ Drawing::Drawing() : m_database(std::make_unique<Database>(newDrawing())), m_num
 
 Drawing::Drawing(const QString &path) : m_database(Database::read(path)), m_path(path), m_number(nextNumber()) {}
 
+Drawing::Drawing(std::unique_ptr<Database> database) : m_database(std::move(database)), m_number(nextNumber()) {}
+
 } // namespace drawing

@@ -11,6 +11,7 @@ class Drawing
 public:
     Drawing();                             // the empty one
     explicit Drawing(const QString &path); // throws ReadError
+    explicit Drawing(std::unique_ptr<Database> database);
     Drawing(const Drawing &) = delete;
     Drawing &operator=(const Drawing &) = delete;
 
