@@ -56,7 +56,8 @@ QString askForSavedFile(const QString &title, const QString &folder, const QStri
 
 QString startFolder(const QString &wanted)
 {
-    return !wanted.isEmpty() && QDir(wanted).exists() ? wanted : QDir::rootPath();
+    const QDir folder(wanted);
+    return !wanted.isEmpty() && folder.exists() ? folder.path() : QDir::rootPath();
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "dialogs/Dlg_MTextEditor.h"
 #include "functions/ui.h"
+#include "host/ui/gui/DesktopColors.h"
 #include "tests/screens/Screen.h"
 
 #include <QTest>
@@ -88,6 +89,18 @@ TEST_F(EditorOnScreen, CanBeResizedWithinItsLimits)
         EXPECT_EQ(dialog.size(), QSize(400, 350));
         typeKey(dialog, Qt::Key_Escape);
     });
+}
+
+TEST_F(EditorOnScreen, IsReadableInDarkColours)
+{
+    useColorScheme(ColorScheme::Dark);
+    resultOf([](Dlg_MTextEditor &dialog) {
+        takePicture(dialog, u"editor-dark"_qs);
+        const QPalette palette = dialog.textEditor->palette();
+        EXPECT_GT(palette.color(QPalette::Text).lightness(), palette.color(QPalette::Base).lightness() + 128);
+        typeKey(dialog, Qt::Key_Escape);
+    });
+    useColorScheme(ColorScheme::NoPreference);
 }
 
 TEST_F(EditorOnScreen, HasIconsMadeForTheDensityOfTheScreen)

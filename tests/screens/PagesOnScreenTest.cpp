@@ -3,6 +3,7 @@
 #include "host/sdk/ui/HostSdkUi.h"
 #include "host/ui/HtmlDialog.h"
 #include "host/ui/TextBrowserView.h"
+#include "host/ui/gui/DesktopColors.h"
 #include "tests/screens/Screen.h"
 
 #include <QLineEdit>
@@ -52,6 +53,25 @@ TEST_F(PagesOnScreen, LinksLeadToOtherLocalPages)
         click(child<QPushButton>(dialog, "closeButton"));
     });
     EXPECT_EQ(call(showhtmlmodalwindow, {text(first)}), (Operations{"getArgs", "releaseRb 1"}));
+}
+
+TEST_F(PagesOnScreen, APageIsReadableInDarkColours)
+{
+    useColorScheme(ColorScheme::Dark);
+    person().expect([](QDialog &dialog) {
+        waitUntilReady(dialog);
+        takePicture(dialog, u"page-dark"_qs);
+        typeKey(dialog, Qt::Key_Escape);
+    });
+    call(showhtmlmodalwindow,
+         {text(u"<h1>Layers</h1><p>Two layers are frozen.</p><p><a href='x.htm'>The next page</a></p>")});
+    person().expect([](QDialog &dialog) {
+        waitUntilReady(dialog);
+        takePicture(dialog, u"file-dialog-dark"_qs);
+        typeKey(dialog, Qt::Key_Escape);
+    });
+    call(acetUiPickdir, {});
+    useColorScheme(ColorScheme::NoPreference);
 }
 
 TEST_F(PagesOnScreen, TheWindowMayBeEnlargedAndThePageGrowsWithIt)

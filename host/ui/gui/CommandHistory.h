@@ -6,7 +6,8 @@
 class CommandHistory
 {
 public:
-    void add(const QString &entry); // and starts over behind the newest
+    void add(const QString &entry);                          // and starts over behind the newest
+    const QStringList &entries() const { return m_entries; } // the oldest first
     // The entry before or after the one that was shown last; the text that was being typed when there is none.
     QString older(const QString &typed);
     QString newer(const QString &typed);

@@ -31,6 +31,7 @@ public:
     void setCompletions(std::function<QStringList()> completions) { m_completions = std::move(completions); }
     void focusInput();
     QString typed() const;
+    CommandHistory &history() { return m_history; }
 
 Q_SIGNALS:
     void entered(const QString &text);

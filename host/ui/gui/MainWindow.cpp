@@ -32,7 +32,7 @@ MainWindow::MainWindow()
     resizeDocks({dock}, {CommandLineHeight}, Qt::Vertical);
     statusBar()->addPermanentWidget(m_progressPanel);
     makeMenus();
-    m_state.restore(*this);
+    m_state.restore(*this, m_commandPanel->history());
     showRecentFiles();
     m_commandPanel->focusInput();
     qApp->installEventFilter(this);
@@ -80,10 +80,13 @@ void MainWindow::addPanel(const QString &title, QWidget *panel)
         return;
     addDockWidget(Qt::RightDockWidgetArea, dock); // it was never there before
     dock->show();
+    m_panels.append(dock);
+    resizeDocks(m_panels, QList<int>(m_panels.size(), 1), Qt::Vertical); // equal shares
 }
 
 void MainWindow::setRunning(bool running)
 {
+    m_isRunning = running;
     m_fileMenu->setEnabled(!running);
     m_commandMenu->setEnabled(!running && !m_commandMenu->isEmpty());
 }
@@ -131,17 +134,19 @@ void MainWindow::closeEvent(QCloseEvent *event)
     Q_EMIT closing(allowed);
     event->setAccepted(allowed);
     if (allowed)
-        m_state.save(*this);
+        m_state.save(*this, m_commandPanel->history());
 }
 
-// Esc stops a program wherever the focus is, but in a dialog or a menu it is theirs.
+// Esc stops a program wherever the focus is; but in a modal dialog or a menu it is theirs, and while nothing runs other
+// windows, as the status window, are closed by it.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isOurs = QApplication::activeModalWidget() == nullptr && QApplication::activePopupWidget() == nullptr;
-    if (event->type() == QEvent::KeyPress && isOurs && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape &&
-        qobject_cast<QWidget *>(watched)) {
-        Q_EMIT escapePressed();
-        return true;
-    }
-    return QMainWindow::eventFilter(watched, event);
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+        return QMainWindow::eventFilter(watched, event);
+    const auto *widget = qobject_cast<QWidget *>(watched);
+    const bool isTheirs = QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
+    if (!widget || isTheirs || !(m_isRunning || widget->window() == this))
+        return QMainWindow::eventFilter(watched, event);
+    Q_EMIT escapePressed();
+    return true;
 }

@@ -56,5 +56,7 @@ private:
     QMenu *m_programMenu = nullptr;
     QMenu *m_recentMenu = nullptr;
     QMenu *m_commandMenu = nullptr;
+    QList<QDockWidget *> m_panels;
+    bool m_isRunning = false;
     WindowState m_state;
 };

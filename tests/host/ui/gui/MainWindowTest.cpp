@@ -1,5 +1,6 @@
 #include "tests/host/ui/gui/GuiTest.h"
 
+#include <QDialog>
 #include <QMenuBar>
 
 using testing::EndsWith;
@@ -61,6 +62,30 @@ TEST_F(MainWindowTest, RecentFilesAreRememberedFromRunToRun)
     EXPECT_EQ(recent->actions().at(0)->text(), first);
     EXPECT_EQ(recent->actions().at(1)->text(), second);
     EXPECT_EQ(next.size(), QSize(900, 640));
+}
+
+TEST_F(MainWindowTest, WhatWasTypedIsRememberedFromRunToRun)
+{
+    type(QStringLiteral("(+ 1 2)"));
+    type(QStringLiteral("(+ 3 4)"));
+    interface.window().close();
+    MainWindow next;
+    EXPECT_EQ(next.commandPanel().history().entries(),
+              (QStringList{QStringLiteral("(+ 1 2)"), QStringLiteral("(+ 3 4)")}));
+    EXPECT_EQ(next.commandPanel().history().older(QString()), QStringLiteral("(+ 3 4)"));
+}
+
+TEST_F(MainWindowTest, EscClosesAnotherWindowWhileNothingRuns)
+{
+    auto *status = new QDialog(&interface.window());
+    status->show();
+    QTest::keyClick(status, Qt::Key_Escape);
+    EXPECT_FALSE(status->isVisible());
+    status->show();
+    later([&] { QTest::keyClick(status, Qt::Key_Escape); });
+    type(QStringLiteral("(while T)"));
+    EXPECT_TRUE(status->isVisible());
+    EXPECT_THAT(output(), HasSubstr("error: Function cancelled"));
 }
 
 TEST_F(MainWindowTest, AProgramThatCannotBeReadIsAMessage)
