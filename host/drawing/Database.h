@@ -85,6 +85,7 @@ public:
     // --- changing; every change is remembered by the journal ---
 
     Journal &journal() { return m_journal; }
+    const Journal &journal() const { return m_journal; }
 
     // The record's new groups. Its type and handle stay, whatever the groups say of them. False when a value cannot be
     // written; then nothing is changed.

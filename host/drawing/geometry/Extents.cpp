@@ -3,6 +3,8 @@
 #include "host/drawing/geometry/CurveBox.h"
 #include "host/drawing/geometry/TextLayouts.h"
 
+#include <array>
+
 namespace geometry {
 
 namespace {
@@ -50,14 +52,36 @@ private:
     Box m_box;
 };
 
-} // namespace
-
-std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity)
+std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::RecordId entity)
 {
     BoxSink sink(drawing.database());
     if (!shapesOf(drawing, entity, sink) || sink.box().isEmpty())
         return std::nullopt;
     return sink.box();
+}
+
+// The box that was asked for last in each of a few places. It holds until anything changes in the drawing: a block, a
+// style or a vertex may be a part of it.
+struct Remembered
+{
+    std::uint32_t drawing = 0; // its number; 0: nothing yet
+    drawing::RecordId entity = drawing::NoRecord;
+    std::uint64_t changeCount = 0;
+    std::optional<Box> box;
+};
+constexpr std::size_t Places = 64;
+
+} // namespace
+
+// Programs ask for one entity's box several times, for each corner or side once.
+std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity)
+{
+    thread_local std::array<Remembered, Places> places;
+    const std::uint64_t changeCount = drawing.database().journal().changeCount();
+    Remembered &place = places[entity % Places];
+    if (place.drawing != drawing.number() || place.entity != entity || place.changeCount != changeCount)
+        place = {drawing.number(), entity, changeCount, computedExtents(drawing, entity)};
+    return place.box;
 }
 
 } // namespace geometry

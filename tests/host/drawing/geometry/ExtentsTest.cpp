@@ -184,5 +184,27 @@ TEST_F(Extents, LeadersCountWithTheirArrow)
     expectBox(extents(add(u"LEADER", without)), {0, 0, 0}, {5, 0, 0});
 }
 
+TEST_F(Extents, FollowEveryChangeAndEveryStepBack)
+{
+    const auto line = add(u"LINE", {place(10, 0, 0), place(11, 1, 1)});
+    addIn(addBlock(u"B"), u"POINT", {place(10, 5, 5)});
+    const auto insert = addInsert(u"B");
+    expectBox(extents(line), {0, 0, 0}, {1, 1, 0});
+    expectBox(extents(insert), {5, 5, 0}, {5, 5, 0});
+    database().journal().nextStep();
+    database().replace(line, {place(10, 0, 0), place(11, 7, 1)});
+    addIn(m_drawing.tables().find(drawing::known::Block, u"B"), u"POINT", {place(10, 9, 9)});
+    expectBox(extents(line), {0, 0, 0}, {7, 1, 0});
+    expectBox(extents(insert), {5, 5, 0}, {9, 9, 0});
+    database().journal().undo();
+    expectBox(extents(line), {0, 0, 0}, {1, 1, 0});
+    expectBox(extents(insert), {5, 5, 0}, {5, 5, 0});
+    database().journal().redo();
+    expectBox(extents(line), {0, 0, 0}, {7, 1, 0});
+
+    drawing::Drawing other; // the same number means another entity there
+    EXPECT_NE(extentsOf(other, line), extentsOf(m_drawing, line));
+}
+
 } // namespace
 } // namespace geometry
