@@ -164,7 +164,10 @@ int acetStrReplace()
     QString result = viewOf(text);
     const auto replace = search.syntax == Syntax::Plain ? replacePlain : replaceExpression;
     replace(result, viewOf(pattern), viewOf(replacement), search);
-    returnText(result);
+    if (isViewOf(result, text)) // nothing was replaced
+        activeLispHost()->retWStr(text->resval.string);
+    else
+        returnText(result);
     activeLispHost()->releaseRb(last);
     return StatusNormal;
 }

@@ -35,6 +35,11 @@ QString viewOf(const resbuf *node)
     return QString::fromRawData(units.data(), units.size());
 }
 
+bool isViewOf(const QString &text, const resbuf *node)
+{
+    return text.constData() == QStringView(node->resval.string, 0).data();
+}
+
 void returnText(const QString &text)
 {
     const CFxString result(text);

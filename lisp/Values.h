@@ -8,6 +8,9 @@
 QString textOf(const resbuf *node);
 QString viewOf(const resbuf *node); // the same without a copy: only until the node is released
 
+// Whether the text still is the view that viewOf() gave: no copy was made to change it.
+bool isViewOf(const QString &text, const resbuf *node);
+
 // Set the call's result.
 void returnText(const QString &text);
 void returnTruth(bool value); // T or nil

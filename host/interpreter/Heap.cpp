@@ -118,10 +118,11 @@ std::pair<Value, char16_t *> Heap::newString(std::size_t length)
 {
     if (length > std::numeric_limits<std::int32_t>::max())
         fail(u"string too long");
-    const std::size_t size = sizeof(String) + length * sizeof(char16_t);
+    const std::size_t size = sizeof(String) + (length + 1) * sizeof(char16_t);
     checkLimit(size);
     auto *string = new (::operator new(size)) String;
     auto *characters = reinterpret_cast<char16_t *>(string + 1);
+    characters[length] = 0;
     string->length = static_cast<std::uint32_t>(length);
     string->characters = characters;
     link(string, size);
@@ -258,7 +259,7 @@ std::size_t Heap::sizeOf(const Object *object)
         return sizeof(Builtin);
     const auto *string = static_cast<const String *>(object);
     const std::size_t characters =
-        string->buffer ? string->buffer->capacity / string->buffer->references : string->length;
+        string->buffer ? string->buffer->capacity / string->buffer->references : string->length + 1;
     return sizeof(String) + characters * sizeof(char16_t);
 }
 

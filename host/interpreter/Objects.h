@@ -33,7 +33,7 @@ struct StringBuffer
     char16_t *characters() { return reinterpret_cast<char16_t *>(this + 1); }
 };
 
-// An immutable UTF-16 text. Not NUL-terminated; unpaired surrogates are allowed.
+// An immutable UTF-16 text; unpaired surrogates are allowed. NUL-terminated when it shares no buffer.
 struct String : Object
 {
     String() : Object(ObjectKind::String) {}
@@ -41,6 +41,7 @@ struct String : Object
     std::u16string_view view() const { return {characters, length}; }
 
     std::uint32_t length = 0;
+    bool isKnownText = false; // somebody has looked: there is no NUL in it
     const char16_t *characters = nullptr;
     StringBuffer *buffer = nullptr; // null: the characters stand behind the object itself
 };

@@ -7,6 +7,8 @@
 #include "host/kernel/drawing/SelectionSet.h"
 #include "lisp/TypeCode.h"
 
+#include <QStringView>
+
 #include <cstdint>
 #include <limits>
 
@@ -19,7 +21,7 @@ void ArgumentList::add(Value value)
     else if (value.isReal())
         addNode(TypeReal)->resval.real = value.asReal();
     else if (value.isString())
-        addString(value.asString()->view());
+        addString(*value.asString());
     else if (value.isNil())
         addNode(TypeNil);
     else if (value == m_machine.boolean(true))
@@ -48,13 +50,25 @@ void ArgumentList::addInteger(std::int32_t number)
     addNode(isShort ? TypeShort : TypeLong)->resval.longInteger = number;
 }
 
-void ArgumentList::addString(std::u16string_view text)
+bool isLent(lisp::String &string)
+{
+    constexpr std::uint32_t Long = 4096;
+    if (string.length < Long || string.buffer)
+        return false;
+    if (!string.isKnownText)
+        string.isKnownText = QStringView(string.characters).size() == string.length;
+    return string.isKnownText;
+}
+
+void ArgumentList::addString(lisp::String &string)
 {
     resbuf *node = addNode(TypeString);
-    if (m_width == TextWidth::Wide)
-        node->resval.string = duplicateWide(text);
+    if (m_width == TextWidth::Narrow)
+        node->resval.narrowString = duplicateNarrow(string.view());
+    else if (isLent(string))
+        m_pool.lend(node, string.characters);
     else
-        node->resval.narrowString = duplicateNarrow(text);
+        node->resval.string = duplicateWide(string.view());
 }
 
 void ArgumentList::addObject(Value object)

@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
+#include <string_view>
 
 #if __has_include(<sanitizer/asan_interface.h>)
 #include <sanitizer/asan_interface.h> // its macros do nothing without the sanitizer
@@ -41,6 +43,11 @@ void closeNode(resbuf &node)
     std::abort();
 }
 
+std::size_t hashOf(const char16_t *text)
+{
+    return std::hash<std::u16string_view>()(text);
+}
+
 } // namespace
 
 // A node and its place in the list of its frame or of the free nodes.
@@ -50,6 +57,8 @@ struct NodePool::Slot
     Slot *previous;
     Slot *next;
     const CallFrame *owner; // null: free
+    const char16_t *lent;   // the node's text, when it is not its own
+    std::size_t lentHash;   // of that text, in builds with assertions
 };
 
 NodePool::NodePool() = default;
@@ -71,6 +80,7 @@ resbuf *NodePool::allocate(CallFrame &owner, int typeCode)
     std::memset(&slot->node, 0, sizeof(resbuf));
     slot->node.restype = static_cast<std::int16_t>(typeCode);
     slot->owner = &owner;
+    slot->lent = nullptr;
     slot->previous = nullptr;
     slot->next = static_cast<Slot *>(owner.m_nodes);
     if (slot->next)
@@ -78,6 +88,15 @@ resbuf *NodePool::allocate(CallFrame &owner, int typeCode)
     owner.m_nodes = slot;
     ++m_live;
     return &slot->node;
+}
+
+void NodePool::lend(resbuf *node, const char16_t *text)
+{
+    auto *slot = reinterpret_cast<Slot *>(node);
+    node->resval.string = const_cast<char16_t *>(text); // a node's texts are not for handlers to change
+    slot->lent = text;
+    if constexpr (Checked)
+        slot->lentHash = hashOf(text);
 }
 
 void NodePool::release(CallFrame &owner, resbuf *list)
@@ -107,11 +126,19 @@ void NodePool::reclaim(CallFrame &owner)
     owner.m_nodes = nullptr;
 }
 
+void NodePool::releaseText(Slot &slot)
+{
+    if (Checked && slot.lent && hashOf(slot.lent) != slot.lentHash)
+        abortWith("a text that was lent was changed");
+    if (slot.node.resval.string != slot.lent)
+        std::free(slot.node.resval.string);
+}
+
 void NodePool::retire(Slot *slot)
 {
     if (slot->node.restype == TypeString ||
         (slot->node.restype < TypeNone && valueKind(slot->node.restype) == ValueKind::Text))
-        std::free(slot->node.resval.string);
+        releaseText(*slot);
     closeNode(slot->node);
     slot->owner = nullptr;
     slot->next = m_free;

@@ -22,6 +22,9 @@ public:
 
     // A node with all-zero value and no successor.
     resbuf *allocate(CallFrame &owner, int typeCode);
+    // Gives a node a NUL-terminated text that stays the caller's and outlives the node's frame. Nobody may change it:
+    // builds with assertions abort on a text that was changed.
+    void lend(resbuf *node, const char16_t *text);
     // From this node to the end of its list, with the strings; null is allowed.
     void release(CallFrame &owner, resbuf *list);
     // Everything that the frame still owns.
@@ -35,6 +38,7 @@ private:
 
     void grow();
     void retire(Slot *slot);
+    static void releaseText(Slot &slot);
     void checkOwned(const CallFrame &owner, const resbuf *node) const;
 
     std::vector<std::unique_ptr<Slot[]>> m_slabs;

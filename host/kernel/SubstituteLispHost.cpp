@@ -24,6 +24,19 @@ using lisp::LispError;
 using lisp::Machine;
 using lisp::Value;
 
+namespace {
+
+// The argument whose own text, which was lent, comes back as the result; null when it is another text.
+const Value *lenderOf(const char16_t *text, const Args &arguments)
+{
+    const auto lent = std::find_if(arguments.begin(), arguments.end(), [text](Value value) {
+        return value.isString() && value.asString()->characters == text && isLent(*value.asString());
+    });
+    return lent != arguments.end() ? lent : nullptr;
+}
+
+} // namespace
+
 SubstituteLispHost::SubstituteLispHost(Machine &machine, HostServices &services, SystemVariables &variables)
     : m_machine(machine), m_services(services), m_variables(variables), m_prompter(services, machine)
 {
@@ -116,6 +129,8 @@ int SubstituteLispHost::retStr(const char *text)
 
 int SubstituteLispHost::retWStr(const char16_t *text)
 {
+    if (const Value *lender = m_frame ? lenderOf(text, m_frame->arguments()) : nullptr)
+        return setResult(*lender);
     const QStringView units(text); // measures the text faster than std::u16string_view does
     return setResult(m_machine.string({units.utf16(), static_cast<std::size_t>(units.size())}));
 }

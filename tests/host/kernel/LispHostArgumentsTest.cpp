@@ -144,3 +144,31 @@ TEST_F(LispHostArguments, evaluatedValuesComeAsNodes)
     EXPECT_EQ(found, "5100 5016 5001:1.5 5005:x 5017");
     EXPECT_EQ(evaluate("hits"), "1");
 }
+
+TEST_F(LispHostArguments, longTextsAreLentAndComeBackAsTheyAre)
+{
+    resbuf *node = nullptr;
+    body = [&] {
+        node = m_host.getArgs();
+        m_host.retWStr(node->resval.string);
+        m_host.releaseRb(node);
+        return StatusNormal;
+    };
+    EXPECT_EQ(evaluate("(setq long \"0123456789abcdef\") (repeat 10 (setq long (strcat long long)))"
+                       "(setq long (substr long 1)) (list (strlen long) (equal (test long) long))"),
+              "(16384 T)");
+}
+
+TEST_F(LispHostArguments, aLongTextEndsAtANulInIt)
+{
+    std::u16string text(5000, u'x');
+    text[4998] = u'\0';
+    m_machine.intern(u"LONG")->value = m_machine.string(text);
+    std::size_t length = 0;
+    body = [&] {
+        length = std::u16string_view(m_host.getArgs()->resval.string).size();
+        return StatusNormal;
+    };
+    evaluate("(test long)");
+    EXPECT_EQ(length, 4998U);
+}

@@ -107,6 +107,18 @@ TEST_F(NodeChecksDeathTest, secondResult)
     EXPECT_DEATH(evaluate("(test)"), "second result");
 }
 
+TEST_F(NodeChecksDeathTest, changeOfALentText)
+{
+    body = [&] {
+        resbuf *node = m_host.getArgs();
+        node->resval.string[0] = u'y';
+        m_host.releaseRb(node);
+        return int(StatusNormal);
+    };
+    evaluate("(setq long \"x\") (repeat 13 (setq long (strcat long long)))");
+    EXPECT_DEATH(evaluate("(test (substr long 1))"), "lent was changed");
+}
+
 #endif
 
 #ifdef ADDRESS_SANITIZER
