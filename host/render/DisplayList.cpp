@@ -60,14 +60,15 @@ QRectF DisplayList::bounds() const
 {
     constexpr float Far = std::numeric_limits<float>::max();
     float left = Far, bottom = Far, right = -Far, top = -Far;
-    for (const DisplayPoint &point : m_points) { // comparisons with what is no number are false
-        left = point.x < left ? point.x : left;
-        right = point.x > right ? point.x : right;
-        if (!isLoopEnd(point)) {
+    for (const DisplayItem &item : m_items)
+        for (const DisplayPoint &point : points(item)) {
+            if (isLoopEnd(point) || item.isEndless)
+                continue;
+            left = std::min(left, point.x);
+            right = std::max(right, point.x);
             bottom = std::min(bottom, point.y);
             top = std::max(top, point.y);
         }
-    }
     return left <= right ? QRectF(QPointF(left, bottom) + m_origin, QPointF(right, top) + m_origin) : QRectF();
 }
 

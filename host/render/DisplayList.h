@@ -49,6 +49,7 @@ struct DisplayItem
     drawing::RecordId entity = drawing::NoRecord; // the outermost, which a pick selects
     std::uint32_t detail = 0;
     Kind kind = Kind::Line;
+    bool isEndless = false; // drawn through the whole window; it does not count for the bounds
 };
 
 class DisplayList
@@ -71,7 +72,7 @@ public:
     }
     const Gradient &gradient(const DisplayItem &item) const { return m_gradients[item.detail]; }
     const Picture &picture(const DisplayItem &item) const { return m_pictures[item.detail]; }
-    QRectF bounds() const; // of all points; null when there are none
+    QRectF bounds() const; // of all points but those of endless lines; null when there are none
 
     static bool isLoopEnd(const DisplayPoint &point) { return point.x != point.x; }
 

@@ -3,9 +3,7 @@
 #include "host/drawing/geometry/Flatten.h"
 #include "host/render/Gradients.h"
 #include "host/render/ImageFiles.h"
-#include "host/render/ParagraphTexts.h"
 #include "host/render/TextMask.h"
-#include "host/render/TextPlacement.h"
 
 #include <QPolygonF>
 
@@ -152,6 +150,7 @@ void DisplayListBuilder::ray(const geometry::Ray &ray, const Origin &origin)
     const double start = ray.isEndless ? middle - half : std::max(0.0, middle - half), end = middle + half;
     if (end <= start)
         return;
+    m_item.isEndless = true;
     const Vector ends[] = {ray.origin + ray.direction * start, ray.origin + ray.direction * end};
     addLine(ends, false);
 }
@@ -305,8 +304,7 @@ void DisplayListBuilder::text(const geometry::Text &text, const Origin &origin)
 {
     if (!begin(origin))
         return;
-    const text::Layout line = text::layOutLine(text.string, m_styles.of(text.style).fontName());
-    addLayout(placed(line, text), text.insertion, text.right, text.up);
+    addLayout(layOut(text, m_styles.of(text.style)), text.insertion, text.right, text.up);
 }
 
 void DisplayListBuilder::addBackground(const text::Layout &layout, const geometry::Paragraphs &paragraphs,

@@ -1,8 +1,6 @@
 #include "host/render/VisibleBounds.h"
 
 #include "host/drawing/geometry/Flatten.h"
-#include "host/render/ParagraphTexts.h"
-#include "host/render/TextPlacement.h"
 
 namespace render {
 
@@ -77,27 +75,21 @@ void VisibleBounds::face(const geometry::Face &face, const Origin &origin)
             add(corner);
 }
 
-void VisibleBounds::add(const text::Layout &layout, const Vector &insertion, const Vector &right, const Vector &up)
+template <class AnyText> void VisibleBounds::addInk(const AnyText &text, const Origin &origin)
 {
-    const text::Bounds bounds = layout.bounds();
-    if (bounds.isEmpty())
-        return;
-    for (const double x : {bounds.left, bounds.right})
-        for (const double y : {bounds.bottom, bounds.top})
-            add(insertion + right * x + up * y);
+    const auto corners = isSeen(origin) ? inkCorners(text, m_styles.of(text.style)) : std::nullopt;
+    for (std::size_t i = 0; corners && i < corners->size(); ++i)
+        add((*corners)[i]);
 }
 
 void VisibleBounds::text(const geometry::Text &text, const Origin &origin)
 {
-    if (isSeen(origin))
-        add(placed(text::layOutLine(text.string, m_styles.of(text.style).fontName()), text), text.insertion, text.right,
-            text.up);
+    addInk(text, origin);
 }
 
 void VisibleBounds::paragraphs(const geometry::Paragraphs &paragraphs, const Origin &origin)
 {
-    if (isSeen(origin))
-        add(layOut(paragraphs, m_styles.of(paragraphs.style)), paragraphs.insertion, paragraphs.right, paragraphs.up);
+    addInk(paragraphs, origin);
 }
 
 void VisibleBounds::point(const Vector &place, const Origin &origin)

@@ -29,8 +29,7 @@ public:
 private:
     void add(const geometry::Vector &place);
     void add(const geometry::Curve &curve);
-    void add(const text::Layout &layout, const geometry::Vector &insertion, const geometry::Vector &right,
-             const geometry::Vector &up);
+    template <class AnyText> void addInk(const AnyText &text, const geometry::Origin &origin);
     bool isSeen(const geometry::Origin &origin) { return m_appearances.of(origin).has_value(); }
 
     const drawing::Drawing &m_drawing;

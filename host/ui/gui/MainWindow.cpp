@@ -1,11 +1,14 @@
 #include "host/ui/gui/MainWindow.h"
 
+#include "host/ui/view/DrawingArea.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -14,7 +17,8 @@ constexpr int CommandLineHeight = 210; // until somebody changes it
 } // namespace
 
 MainWindow::MainWindow()
-    : m_documentArea(new QWidget), m_commandPanel(new CommandPanel), m_progressPanel(new ProgressPanel)
+    : m_documentArea(new QWidget), m_commandPanel(new CommandPanel), m_progressPanel(new ProgressPanel),
+      m_coordinates(new QLabel)
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("lisphost"));
@@ -30,6 +34,8 @@ MainWindow::MainWindow()
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
     resizeDocks({dock}, {CommandLineHeight}, Qt::Vertical);
+    m_coordinates->setObjectName(QStringLiteral("coordinates"));
+    statusBar()->addWidget(m_coordinates);
     statusBar()->addPermanentWidget(m_progressPanel);
     makeMenus();
     m_state.restore(*this, m_commandPanel->history());
@@ -82,6 +88,24 @@ void MainWindow::addPanel(const QString &title, QWidget *panel)
     dock->show();
     m_panels.append(dock);
     resizeDocks(m_panels, QList<int>(m_panels.size(), 1), Qt::Vertical); // equal shares
+}
+
+void MainWindow::showDrawing(DrawingArea &area)
+{
+    auto *column = new QVBoxLayout(m_documentArea);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(&area);
+    DrawingView *view = &area.view();
+    constexpr double Step = 2;
+    const auto zoom = [view](double factor) { view->zoom(factor, QRectF(view->rect()).center()); };
+    m_viewMenu->addAction(tr("Zoom to &Extents"), QKeySequence(Qt::CTRL | Qt::Key_0), view, &DrawingView::zoomExtents);
+    m_viewMenu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, view, [zoom] { zoom(Step); });
+    m_viewMenu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, view, [zoom] { zoom(1 / Step); });
+    m_viewMenu->addSeparator();
+    connect(view, &DrawingView::cursorMoved, this, [this](const QPointF &place) {
+        m_coordinates->setText(QStringLiteral("%1, %2").arg(place.x(), 0, 'f', 4).arg(place.y(), 0, 'f', 4));
+    });
+    connect(view, &DrawingView::cursorLeft, m_coordinates, &QLabel::clear);
 }
 
 void MainWindow::setRunning(bool running)

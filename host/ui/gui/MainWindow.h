@@ -4,7 +4,10 @@
 #include "host/ui/gui/ProgressPanel.h"
 #include "host/ui/gui/WindowState.h"
 
+#include <QLabel>
 #include <QMainWindow>
+
+class DrawingArea;
 
 // The window of the host: the drawing's place, the command line below, menus, the progress meter. It shows and tells
 // what the person wants; what happens then is somebody else's business.
@@ -20,6 +23,7 @@ public:
     QWidget *documentArea() { return m_documentArea; }
     // At the right, below those that are there; the View menu shows and hides it. The window takes it over.
     void addPanel(const QString &title, QWidget *panel);
+    void showDrawing(DrawingArea &area); // in the document's place, with its menu and the cursor's coordinates
 
     // While a program runs the menus can be seen but not used.
     void setRunning(bool running);
@@ -58,5 +62,6 @@ private:
     QMenu *m_commandMenu = nullptr;
     QList<QDockWidget *> m_panels;
     bool m_isRunning = false;
+    QLabel *m_coordinates;
     WindowState m_state;
 };

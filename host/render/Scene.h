@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/drawing/Layouts.h"
+#include "host/render/Appearance.h"
+#include "host/render/DisplayList.h"
+#include "host/render/ListPainter.h"
+#include "host/render/SceneIndex.h"
+
+#include <QPolygonF>
+
+#include <optional>
+
+namespace render {
+
+// One space of a drawing as it is shown in a window: made once, drawn many times. The model is in drawing units, a
+// layout in millimetres of its paper.
+class Scene
+{
+public:
+    static Scene ofModel(const drawing::Drawing &drawing, const Surface &surface);
+    static Scene ofLayout(const drawing::Drawing &drawing, const drawing::Layout &layout);
+
+    QRectF bounds() const { return m_bounds; } // null when there is nothing
+    QRectF paper() const { return m_paper; }   // null for the model
+    std::size_t itemCount() const;
+
+    // Draws what the image shows. Lines of about a pixel are drawn without smoothing, and what is smaller than a pixel
+    // is a dot.
+    void paint(const DeviceView &view, QImage &image) const;
+
+    // The entities with something in the rectangle, in drawing order, each once; none when there are more than `most`.
+    std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const;
+    double tolerance() const { return m_tolerance; } // how far curves are off
+    // The same entities with curves as fine as this, around a place.
+    static Scene ofEntities(const drawing::Drawing &drawing, const Surface &surface,
+                            const std::vector<drawing::RecordId> &entities, const QRectF &window, double tolerance);
+
+private:
+    struct Part
+    {
+        DisplayList list;
+        SceneIndex index;
+        QPolygonF outline; // empty: no clip
+    };
+    void add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre);
+    void paintParts(const DeviceView &view, QImage &image) const;
+    static void paintInside(const Part &part, const DeviceView &view, QImage &image);
+
+    std::vector<Part> m_parts;
+    QRectF m_bounds, m_paper;
+    double m_tolerance = 0;
+};
+
+} // namespace render

@@ -1,0 +1,195 @@
+#include "host/ui/view/DrawingView.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+
+constexpr double Border = 0.95;                        // of the widget, when all is shown
+constexpr double LeastScale = 1e-12, MostScale = 1e12; // beyond them numbers have no digits left
+constexpr double WheelStep = 120, ZoomOfStep = 1.25;   // an eighth of a degree each
+constexpr double VisibleError = 0.5;                   // of a curve, in pixels
+constexpr double MillimetresPerInch = 25.4;
+
+} // namespace
+
+DrawingView::DrawingView(QWidget *parent) : QWidget(parent), m_scene(std::make_shared<render::Scene>())
+{
+    setObjectName(QStringLiteral("drawingView"));
+    setMouseTracking(true);
+    setCursor(Qt::BlankCursor); // the crosshair is drawn
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(100, 100);
+}
+
+void DrawingView::setScene(std::shared_ptr<const render::Scene> scene, Place place)
+{
+    m_scene = std::move(scene);
+    m_detail.reset();
+    if (place == Place::ShowAll)
+        zoomExtents();
+    changeView();
+}
+
+void DrawingView::zoomExtents()
+{
+    const QRectF bounds = m_scene->bounds();
+    m_showsAll = true;
+    m_centre = bounds.center();
+    const double across = bounds.width() > 0 ? width() / bounds.width() : MostScale;
+    const double up = bounds.height() > 0 ? height() / bounds.height() : MostScale;
+    const double scale = std::min(across, up);
+    m_scale = scale < MostScale ? std::max(scale * Border, LeastScale) : 1;
+    changeView();
+}
+
+void DrawingView::zoom(double factor, const QPointF &about)
+{
+    const QPointF fixed = worldAt(about);
+    m_scale = std::clamp(m_scale * factor, LeastScale, MostScale);
+    m_centre += fixed - worldAt(about);
+    m_showsAll = false;
+    changeView();
+}
+
+void DrawingView::changeView()
+{
+    m_isFrameValid = false;
+    update();
+}
+
+QTransform DrawingView::toWidget() const
+{
+    return {m_scale, 0, 0, -m_scale, width() / 2.0 - m_centre.x() * m_scale, height() / 2.0 + m_centre.y() * m_scale};
+}
+
+QPointF DrawingView::positionOf(const QPointF &world) const
+{
+    return toWidget().map(world);
+}
+
+QPointF DrawingView::worldAt(const QPointF &position) const
+{
+    return {m_centre.x() + (position.x() - width() / 2.0) / m_scale,
+            m_centre.y() - (position.y() - height() / 2.0) / m_scale};
+}
+
+QRectF DrawingView::visibleWorld() const
+{
+    return QRectF(worldAt(QPointF(0, 0)), worldAt(QPointF(width(), height()))).normalized();
+}
+
+// The scene itself, or a finer one for where the view is; which is kept as long as the view stays in it.
+const render::Scene &DrawingView::sceneForFrame()
+{
+    const double pixelsPerUnit = m_scale * devicePixelRatioF();
+    if (!m_refiner || m_scene->tolerance() * pixelsPerUnit <= VisibleError)
+        return *m_scene;
+    const QRectF visible = visibleWorld();
+    const bool fits =
+        m_detail && m_detailWindow.contains(visible) && m_detail->tolerance() * pixelsPerUnit <= VisibleError;
+    if (!fits) {
+        m_detailWindow = visible.adjusted(-visible.width(), -visible.height(), visible.width(), visible.height());
+        m_detail = m_refiner(m_detailWindow, VisibleError / 2 / pixelsPerUnit);
+    }
+    return m_detail ? *m_detail : *m_scene;
+}
+
+void DrawingView::drawFrame()
+{
+    const double ratio = devicePixelRatioF();
+    const QSize pixels = (QSizeF(size()) * ratio).toSize();
+    if (m_frame.size() != pixels)
+        m_frame = QImage(pixels, QImage::Format_RGB32);
+    const bool hasPaper = !m_scene->paper().isNull();
+    m_frame.setDevicePixelRatio(1);
+    m_frame.fill(palette().color(hasPaper ? QPalette::Mid : QPalette::Base));
+    render::DeviceView view;
+    view.toDevice = toWidget() * QTransform::fromScale(ratio, ratio);
+    view.thinnest = ratio;
+    view.pixelsPerMillimetre = hasPaper ? m_scale * ratio : 0; // the model's lines are thin
+    if (hasPaper) {
+        QPainter painter(&m_frame);
+        painter.fillRect(view.toDevice.mapRect(m_scene->paper()), Qt::white);
+    }
+    sceneForFrame().paint(view, m_frame);
+    m_frame.setDevicePixelRatio(ratio);
+    m_isFrameValid = true;
+}
+
+void DrawingView::drawCrosshair(QPainter &painter)
+{
+    if (!m_cursor || m_dragged)
+        return;
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawLine(QPointF(0, m_cursor->y()), QPointF(width(), m_cursor->y()));
+    painter.drawLine(QPointF(m_cursor->x(), 0), QPointF(m_cursor->x(), height()));
+}
+
+void DrawingView::paintEvent(QPaintEvent *)
+{
+    if (!m_isFrameValid)
+        drawFrame();
+    QPainter painter(this);
+    painter.drawImage(0, 0, m_frame);
+    drawCrosshair(painter);
+}
+
+void DrawingView::resizeEvent(QResizeEvent *)
+{
+    if (m_showsAll)
+        zoomExtents();
+    changeView();
+}
+
+void DrawingView::wheelEvent(QWheelEvent *event)
+{
+    zoom(std::pow(ZoomOfStep, event->angleDelta().y() / WheelStep), event->position());
+    event->accept();
+}
+
+void DrawingView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::MiddleButton)
+        return;
+    m_dragged = event->position();
+    setCursor(Qt::ClosedHandCursor);
+}
+
+void DrawingView::mouseMoveEvent(QMouseEvent *event)
+{
+    m_cursor = event->position();
+    if (m_dragged) {
+        m_centre += worldAt(*m_dragged) - worldAt(*m_cursor);
+        m_dragged = m_cursor;
+        m_showsAll = false;
+        changeView();
+    }
+    Q_EMIT cursorMoved(worldAt(*m_cursor));
+    update();
+}
+
+void DrawingView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::MiddleButton)
+        return;
+    m_dragged.reset();
+    setCursor(Qt::BlankCursor);
+    update();
+}
+
+void DrawingView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::MiddleButton)
+        zoomExtents();
+}
+
+void DrawingView::leaveEvent(QEvent *)
+{
+    m_cursor.reset();
+    Q_EMIT cursorLeft();
+    update();
+}
