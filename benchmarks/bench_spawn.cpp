@@ -21,6 +21,7 @@ void bareProcess(benchmark::State &state)
 
 void spawn(benchmark::State &state)
 {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     Workplace workplace;
     const HeadlessInterface windows(workplace.services()); // which own the processes
     const QString program = QStringLiteral("(defun work () (acet-sys-spawn 1 \"%1\" \"-\"))").arg(child);
