@@ -67,6 +67,17 @@ Command breakObject(Context &context); // BreakCommand.cpp
 
 Command editPolyline(Context &context); // PolylineEditCommand.cpp
 
+// ShapeCommands.cpp
+Command ellipse(Context &context);
+Command polygon(Context &context);
+Command donut(Context &context);
+Command xline(Context &context);
+
+// MatchCommands.cpp
+Command matchProperties(Context &context);
+Command renameObject(Context &context);
+Command delay(Context &context);
+
 // FileCommands.cpp
 Command save(Context &context);
 Command saveAs(Context &context);

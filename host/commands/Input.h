@@ -22,7 +22,8 @@ struct PickedEntity
     std::optional<Point> at; // where it was picked, if it was
 };
 
-// One answer to a command. Points are in the user's coordinate system. The empty text is Enter.
+// One answer to a command. Points are in the user's coordinate system; those of two coordinates lie at the current
+// elevation. The empty text is Enter.
 using Input = std::variant<std::u16string, std::int64_t, double, Point, PickedEntity, Selection>;
 
 enum class InputKind { Point, Distance, Angle, Integer, Real, String, Keyword, Entity, Objects };

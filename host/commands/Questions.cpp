@@ -1,5 +1,6 @@
 #include "host/commands/Questions.h"
 
+#include "host/commands/Picking.h"
 #include "host/commands/Session.h"
 #include "host/drawing/Blocks.h"
 
@@ -56,9 +57,11 @@ AngleRequest Questions::direction(const Question &question)
 
 Request::Outcome PointRequest::read(const Input &input)
 {
-    const std::optional<Point> point = pointOf(input, m_session);
+    std::optional<Point> point = pointOf(input, m_session);
     if (!point)
         return refuse(u"Point or option keyword required.");
+    if (point->dimensions == 2)
+        point = Point{point->x, point->y, m_session.real(u"ELEVATION")};
     m_session.assign(u"LASTPOINT", *point);
     return answer(*point);
 }
@@ -137,6 +140,8 @@ Request::Outcome EntityRequest::read(const Input &input)
         picked.entity = selection->front();
     else if (const auto *text = std::get_if<std::u16string>(&input); text && lisp::Keywords(u"Last").match(*text))
         picked.entity = drawing::lastEntity(database);
+    else if (const std::optional<Point> place = pointOf(input, m_session))
+        picked = {entityAt(m_session, *place), place};
     const drawing::Record &record = database.record(picked.entity);
     if (record.kind != drawing::RecordKind::Entity || record.isGone())
         return refuse(u"No object found.");

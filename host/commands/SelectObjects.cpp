@@ -1,27 +1,18 @@
 #include "host/commands/SelectObjects.h"
 
+#include "host/commands/Picking.h"
 #include "host/drawing/Blocks.h"
+#include "host/drawing/selection/Candidates.h"
 
 #include <QString>
 
 #include <algorithm>
+#include <array>
+#include <unordered_set>
 
 namespace commands {
 
 namespace {
-
-constexpr int LayerFlagsCode = 70;
-constexpr std::int64_t FrozenLayer = 1, LockedLayer = 4;
-
-std::int64_t layerFlags(const drawing::Drawing &drawing, RecordId entity)
-{
-    const RecordId layer = drawing.tables().find(drawing::known::Layer, drawing.database().name(entity));
-    if (layer == drawing::NoRecord)
-        return 0;
-    const std::optional<drawing::Group> flags = drawing.database().firstGroup(layer, LayerFlagsCode);
-    const auto *value = flags ? std::get_if<std::int64_t>(&flags->value) : nullptr;
-    return value ? *value : 0;
-}
 
 // The selection as it grows.
 class Collected
@@ -36,12 +27,21 @@ public:
             if (!isThere(entity))
                 continue;
             ++found;
-            if (m_purpose == Purpose::Edit && (layerFlags(m_context.drawing(), entity) & LockedLayer) != 0)
+            if (m_purpose == Purpose::Edit && selection::isOnLockedLayer(m_context.drawing(), entity))
                 ++locked;
             else if (!change(entity))
                 ++duplicates;
         }
+        if (isRemoving)
+            dropRemoved();
         tell(found, duplicates, locked);
+    }
+    void takeLastBack()
+    {
+        if (entities.empty())
+            return;
+        m_members.erase(entities.back());
+        entities.pop_back();
     }
     bool isRemoving = false;
     Selection entities;
@@ -54,14 +54,16 @@ private:
     }
     bool change(RecordId entity)
     {
-        const auto place = std::find(entities.begin(), entities.end(), entity);
-        if (isRemoving == (place == entities.end()))
-            return false;
         if (isRemoving)
-            entities.erase(place);
-        else
-            entities.push_back(entity);
+            return m_members.erase(entity) != 0;
+        if (!m_members.insert(entity).second)
+            return false;
+        entities.push_back(entity);
         return true;
+    }
+    void dropRemoved()
+    {
+        std::erase_if(entities, [this](RecordId entity) { return m_members.count(entity) == 0; });
     }
     void tell(std::size_t found, std::size_t duplicates, std::size_t locked)
     {
@@ -77,25 +79,8 @@ private:
 
     Context &m_context;
     Purpose m_purpose;
+    std::unordered_set<RecordId> m_members; // those of `entities`
 };
-
-// All of the current space that is not on frozen layers.
-Selection allEntities(Context &context)
-{
-    Selection entities;
-    const drawing::Database &database = context.database();
-    const RecordId section = database.section(drawing::known::Entities);
-    if (section == drawing::NoRecord)
-        return entities;
-    const bool onPaper = context.session().isPaperSpaceCurrent();
-    for (RecordId id = database.firstIn(section); id != drawing::NoRecord; id = database.nextIn(id)) {
-        const drawing::Record &record = database.record(id);
-        if (!record.isGone() && !database.isPart(id) && record.has(drawing::Record::PaperSpace) == onPaper &&
-            (layerFlags(context.drawing(), id) & FrozenLayer) == 0)
-            entities.push_back(id);
-    }
-    return entities;
-}
 
 Selection lastEntity(Context &context)
 {
@@ -111,6 +96,72 @@ Selection entitiesOf(const Input &input)
     return selection ? *selection : Selection();
 }
 
+Task<Point> oppositeCorner(Context &context, const Point first)
+{
+    const auto corner = co_await context.ask().corner({u"Specify opposite corner: ", {}, Enter::Refused, first});
+    co_return corner.value;
+}
+
+// A place: what is there, or the first corner of a rectangle. Drawn to the right it takes what lies in it, to the left
+// also what it crosses.
+Task<Selection> picked(Context &context, const Point place)
+{
+    if (const RecordId entity = entityAt(context.session(), place); entity != drawing::NoRecord)
+        co_return Selection{entity};
+    const Point other = co_await oppositeCorner(context, place);
+    co_return entitiesIn(context.session(), rectangle(place, other),
+                         other.x < place.x ? Reach::Crossing : Reach::Inside);
+}
+
+Task<Selection> inRectangle(Context &context, Reach reach)
+{
+    const auto first = co_await context.ask().point({u"Specify first corner: ", {}, Enter::Refused});
+    const Point other = co_await oppositeCorner(context, first.value);
+    co_return entitiesIn(context.session(), rectangle(first.value, other), reach);
+}
+
+Task<std::vector<Point>> askPlaces(Context &context)
+{
+    std::vector<Point> places;
+    for (;;) {
+        const auto place = co_await context.ask().point({u"Specify next point or [Undo]: ", u"Undo"});
+        if (place.isNothing())
+            co_return places;
+        if (place.hasValue())
+            places.push_back(place.value);
+        else if (!places.empty())
+            places.pop_back();
+    }
+}
+
+Task<Selection> inPolygon(Context &context, Reach reach)
+{
+    const std::vector<Point> places = co_await askPlaces(context);
+    co_return places.size() > 2 ? entitiesIn(context.session(), places, reach) : Selection();
+}
+
+Task<Selection> alongFence(Context &context)
+{
+    const std::vector<Point> places = co_await askPlaces(context);
+    co_return places.size() > 1 ? entitiesCrossed(context.session(), places) : Selection();
+}
+
+bool isRegion(const std::u16string &keyword)
+{
+    constexpr std::array<std::u16string_view, 5> regions = {u"Window", u"Crossing", u"WPolygon", u"CPolygon", u"Fence"};
+    return std::ranges::find(regions, keyword) != regions.end();
+}
+
+// What one of the keywords that ask for places takes.
+Task<Selection> inRegion(Context &context, const std::u16string &keyword)
+{
+    if (keyword == u"Fence")
+        return alongFence(context);
+    const bool isCrossing = keyword.starts_with(u'C');
+    const Reach reach = isCrossing ? Reach::Crossing : Reach::Inside;
+    return keyword.ends_with(u"olygon") ? inPolygon(context, reach) : inRectangle(context, reach);
+}
+
 enum class Answers { UntilEnter, One };
 
 Task<Selection> select(Context &context, Purpose purpose, Answers answers)
@@ -123,7 +174,9 @@ Task<Selection> select(Context &context, Purpose purpose, Answers answers)
     while (wantsMore) {
         const std::u16string_view prompt = collected.isRemoving ? u"Remove objects: " : u"Select objects: ";
         const Reply<Input> reply = co_await context.ask().any(
-            InputKind::Objects, {prompt, u"Last Previous ALL Add Remove Undo AUto SIngle Multiple Group"});
+            InputKind::Objects,
+            {prompt,
+             u"Window Crossing WPolygon CPolygon Fence Last Previous ALL Add Remove Undo AUto SIngle Multiple Group"});
         if (reply.isNothing())
             wantsMore = false;
         else if (reply.is(u"Add") || reply.is(u"Remove"))
@@ -133,10 +186,17 @@ Task<Selection> select(Context &context, Purpose purpose, Answers answers)
         else if (reply.is(u"Previous"))
             collected.take(context.session().previousSelection());
         else if (reply.is(u"ALL"))
-            collected.take(allEntities(context));
-        else if (reply.is(u"Undo") && !collected.entities.empty())
-            collected.entities.pop_back();
-        else if (const Selection entities = entitiesOf(reply.value); reply.hasValue() && !entities.empty())
+            collected.take(thawedEntities(context.session()));
+        else if (reply.is(u"Undo"))
+            collected.takeLastBack();
+        else if (isRegion(reply.keyword)) {
+            const Selection entities = co_await inRegion(context, reply.keyword);
+            collected.take(entities);
+        } else if (const std::optional<Point> place = pointOf(reply.value, context.session());
+                   reply.hasValue() && place) {
+            const Selection entities = co_await picked(context, *place);
+            collected.take(entities);
+        } else if (const Selection entities = entitiesOf(reply.value); reply.hasValue() && !entities.empty())
             collected.take(entities);
         else if (reply.hasValue())
             context.session().print(u"\nInvalid selection\n");

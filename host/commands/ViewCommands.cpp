@@ -1,7 +1,7 @@
 // What is seen: ZOOM, PAN, PLAN, REGEN. The view is kept in VIEWCTR and VIEWSIZE; windows look there.
 
 #include "host/commands/Commands.h"
-#include "host/commands/NewEntity.h"
+#include "host/commands/Picking.h"
 #include "host/commands/SelectObjects.h"
 #include "host/drawing/geometry/Extents.h"
 
@@ -56,20 +56,6 @@ Box extentsOfAll(Context &context, const Selection &entities)
     return box;
 }
 
-Selection everything(Context &context)
-{
-    Selection entities;
-    const drawing::Database &database = context.database();
-    const RecordId section = database.section(drawing::known::Entities);
-    const bool onPaper = context.session().isPaperSpaceCurrent();
-    for (RecordId id = section != drawing::NoRecord ? database.firstIn(section) : drawing::NoRecord;
-         id != drawing::NoRecord; id = database.nextIn(id))
-        if (!database.record(id).isGone() && !database.isPart(id) &&
-            database.record(id).has(drawing::Record::PaperSpace) == onPaper)
-            entities.push_back(id);
-    return entities;
-}
-
 void showBox(Context &context, const Box &box)
 {
     if (!box.isEmpty())
@@ -78,7 +64,7 @@ void showBox(Context &context, const Box &box)
 
 void showExtents(Context &context, bool withLimits)
 {
-    Box box = extentsOfAll(context, everything(context));
+    Box box = extentsOfAll(context, thawedEntities(context.session()));
     if (!box.isEmpty()) {
         context.session().assign(u"EXTMIN", Point{box.minimum.x, box.minimum.y, box.minimum.z});
         context.session().assign(u"EXTMAX", Point{box.maximum.x, box.maximum.y, box.maximum.z});

@@ -23,7 +23,7 @@ std::optional<Input> inputOf(Document &document, const resbuf &token)
     case TypeReal:
         return token.resval.real;
     case TypePoint2d:
-        return commands::Point{token.resval.point.x, token.resval.point.y, 0};
+        return commands::Point{token.resval.point.x, token.resval.point.y, 0, 2};
     case TypePoint3d:
         return commands::Point{token.resval.point.x, token.resval.point.y, token.resval.point.z};
     case TypeEntity:

@@ -4,6 +4,8 @@
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
 
+#include <algorithm>
+
 using commands::InputKind;
 using commands::Point;
 
@@ -107,7 +109,13 @@ bool DocumentSession::isPaperSpaceCurrent() const
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
 {
     const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());
-    return point ? std::optional(pointOfValue(*point)) : std::nullopt;
+    if (!point)
+        return std::nullopt;
+    Point found = pointOfValue(*point);
+    const bool isRelative = text.find(u'@') != text.npos;
+    if (!isRelative && std::ranges::count(text, u',') < 2)
+        found.dimensions = 2;
+    return found;
 }
 
 std::optional<double> DocumentSession::distanceOf(std::u16string_view text) const

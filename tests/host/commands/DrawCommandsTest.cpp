@@ -65,6 +65,18 @@ TEST_F(DrawCommands, PointAndSolid)
     EXPECT_THAT(types(), ElementsAre("POINT", "SOLID"));
 }
 
+TEST_F(DrawCommands, PlacesOfTwoCoordinatesLieAtTheCurrentElevation)
+{
+    evaluate("(setvar \"ELEVATION\" 7.0) (command \"_.point\" \"1,2\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{1, 2, 7}));
+    evaluate("(command \"_.point\" '(1 2))");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{1, 2, 7}));
+    evaluate("(command \"_.point\" \"1,2,3\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{1, 2, 3}));
+    evaluate("(command \"_.point\" \"@1,0\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{2, 2, 3}));
+}
+
 TEST_F(DrawCommands, CircleByRadiusDiameterAndPoints)
 {
     evaluate("(command \"_.circle\" \"1,2\" 3)");

@@ -63,6 +63,46 @@ TEST_F(SelectObjects, WhatIsNoObjectIsComplainedAbout)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
 }
 
+TEST_F(SelectObjects, AWindowTakesWhatLiesInIt)
+{
+    evaluate("(command \"_.erase\" \"_w\" \"0.5,0.5\" \"3.5,3.5\" \"\")"); // the line begins outside
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(SelectObjects, ACrossingTakesWhatItTouches)
+{
+    evaluate("(command \"_.erase\" \"_c\" \"2.4,2.4\" \"2.6,2.6\" \"\")"); // within the circle, which it does not touch
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    evaluate("(command \"_.erase\" \"_c\" '(2.9 1.9) '(5 2.1) \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+}
+
+TEST_F(SelectObjects, PolygonsAndFences)
+{
+    evaluate("(command \"_.erase\" \"_wp\" \"0.5,0.5\" \"1.5,0.6\" \"0.9,1.6\" \"\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE", "LINE"));
+    evaluate("(command \"_.erase\" \"_f\" \"0,1\" \"0.5,0\" \"\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE"));
+    evaluate("(command \"_.erase\" \"_cp\" \"2.5,2\" \"5,1\" \"5,3\" \"\" \"\")");
+    EXPECT_THAT(types(), ElementsAre());
+}
+
+TEST_F(SelectObjects, APlaceTakesWhatIsThereOrBeginsARectangle)
+{
+    evaluate("(command \"_.zoom\" \"_w\" '(0 0) '(8 5))");
+    evaluate("(command \"_.erase\" '(3 2) \"\")"); // on the circle
+    EXPECT_THAT(types(), ElementsAre("POINT", "LINE"));
+    evaluate("(command \"_.erase\" '(1.5 0.5) '(0.5 1.6) \"\")"); // to the left: the line is touched
+    EXPECT_THAT(types(), ElementsAre());
+}
+
+TEST_F(SelectObjects, AnEntityIsPickedByAPlace)
+{
+    evaluate("(command \"_.zoom\" \"_w\" '(0 0) '(8 5))");
+    evaluate("(command \"_.area\" \"_o\" '(2 3))");
+    EXPECT_EQ(evaluate("(rtos (getvar \"AREA\") 2 4)"), "\"3.1416\"");
+}
+
 TEST_F(SelectObjects, ObjectsOnLockedLayersStay)
 {
     database().replace(m_document.drawing().tables().find(drawing::known::Layer, u"0"),

@@ -1,0 +1,85 @@
+#include "host/commands/Picking.h"
+
+#include "host/commands/WorkPlane.h"
+#include "host/drawing/selection/Candidates.h"
+#include "host/drawing/selection/Region.h"
+
+#include <algorithm>
+
+namespace commands {
+
+namespace {
+
+constexpr std::int64_t FrozenLayer = 1;
+
+bool isOnFrozenLayer(const drawing::Drawing &drawing, RecordId entity)
+{
+    const RecordId layer = drawing.tables().find(drawing::known::Layer, drawing.database().name(entity));
+    if (layer == drawing::NoRecord)
+        return false;
+    const std::optional<drawing::Group> flags = drawing.database().firstGroup(layer, drawing::groupcode::Count);
+    const auto *value = flags ? std::get_if<std::int64_t>(&flags->value) : nullptr;
+    return value && (*value & FrozenLayer) != 0;
+}
+
+Selection visibleEntities(Session &session)
+{
+    return selection::visibleEntities(session.drawing(), session.isPaperSpaceCurrent() ? selection::Space::Paper
+                                                                                       : selection::Space::Model);
+}
+
+std::vector<selection::Place> seen(const Session &session, const std::vector<Point> &points)
+{
+    const WorkPlane plane(session);
+    std::vector<selection::Place> places;
+    for (const Point &point : points) {
+        const Vector world = plane.world(point);
+        places.push_back({world.x, world.y});
+    }
+    return places;
+}
+
+} // namespace
+
+Selection thawedEntities(Session &session)
+{
+    const drawing::Drawing &drawing = session.drawing();
+    const bool onPaper = session.isPaperSpaceCurrent();
+    Selection entities = selection::allEntities(drawing);
+    std::erase_if(entities, [&](RecordId entity) {
+        return drawing.database().record(entity).has(drawing::Record::PaperSpace) != onPaper ||
+               isOnFrozenLayer(drawing, entity);
+    });
+    return entities;
+}
+
+RecordId entityAt(Session &session, const Point &place)
+{
+    const double pixel = session.real(u"VIEWSIZE") / session.point(u"SCREENSIZE").y;
+    const double distance = pixel * std::max(session.integer(u"PICKBOX"), 1);
+    return selection::entityAt(session.drawing(), visibleEntities(session), seen(session, {place}).front(), distance);
+}
+
+std::vector<Point> rectangle(const Point &corner, const Point &opposite)
+{
+    return {corner, {opposite.x, corner.y, corner.z}, opposite, {corner.x, opposite.y, corner.z}};
+}
+
+Selection entitiesIn(Session &session, const std::vector<Point> &polygon, Reach reach)
+{
+    const selection::Polygon places = seen(session, polygon);
+    const auto how = reach == Reach::Inside ? selection::Reach::Inside : selection::Reach::Crossing;
+    Selection entities = visibleEntities(session);
+    std::erase_if(entities, [&](RecordId entity) { return !selection::takes(session.drawing(), entity, places, how); });
+    return entities;
+}
+
+Selection entitiesCrossed(Session &session, const std::vector<Point> &fence)
+{
+    const std::vector<selection::Place> places = seen(session, fence);
+    Selection entities = visibleEntities(session);
+    std::erase_if(entities, [&](RecordId entity) { return !selection::isCrossed(session.drawing(), entity, places); });
+    return entities;
+}
+
+} // namespace commands

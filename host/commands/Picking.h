@@ -1,0 +1,20 @@
+#pragma once
+
+#include "host/commands/Session.h"
+
+// What lies where a person points. Places are in the user's coordinate system.
+namespace commands {
+
+// All of the current space but what is on frozen layers, in drawing order.
+Selection thawedEntities(Session &session);
+
+// The entity within the pick box that is nearest; NoRecord when there is none.
+RecordId entityAt(Session &session, const Point &place);
+
+enum class Reach { Inside, Crossing };
+
+std::vector<Point> rectangle(const Point &corner, const Point &opposite);
+Selection entitiesIn(Session &session, const std::vector<Point> &polygon, Reach reach);
+Selection entitiesCrossed(Session &session, const std::vector<Point> &fence);
+
+} // namespace commands
