@@ -1,7 +1,7 @@
 #include "functions/help.h"
 
-#include "platform/Shell.h"
 #include "tests/support/HandlerTest.h"
+#include "tests/support/Observers.h"
 
 namespace {
 

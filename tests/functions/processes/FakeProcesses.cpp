@@ -1,5 +1,7 @@
 #include "tests/functions/processes/FakeProcesses.h"
 
+#include "tests/support/StandIn.h"
+
 namespace FakeProcesses {
 
 std::vector<std::string> calls;
@@ -19,20 +21,20 @@ std::string numberOf(HANDLE handle)
 
 } // namespace
 
-HANDLE OpenProcess(DWORD access, BOOL inherit, DWORD processId)
+STAND_IN(HANDLE, OpenProcess, (DWORD access, BOOL inherit, DWORD processId))
 {
     FakeProcesses::calls.push_back("OpenProcess " + std::to_string(access) + ' ' + std::to_string(inherit) + ' ' +
                                    std::to_string(processId));
     return reinterpret_cast<HANDLE>(OpenedHandle);
 }
 
-DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds)
+STAND_IN(DWORD, WaitForSingleObject, (HANDLE handle, DWORD milliseconds))
 {
     FakeProcesses::calls.push_back("WaitForSingleObject " + numberOf(handle) + ' ' + std::to_string(milliseconds));
     return WAIT_OBJECT_0;
 }
 
-BOOL GetExitCodeProcess(HANDLE process, DWORD *exitCode)
+STAND_IN(BOOL, GetExitCodeProcess, (HANDLE process, DWORD *exitCode))
 {
     FakeProcesses::calls.push_back("GetExitCodeProcess " + numberOf(process));
     if (FakeProcesses::answer == TRUE)
@@ -40,13 +42,13 @@ BOOL GetExitCodeProcess(HANDLE process, DWORD *exitCode)
     return FakeProcesses::answer;
 }
 
-BOOL TerminateProcess(HANDLE process, UINT exitCode)
+STAND_IN(BOOL, TerminateProcess, (HANDLE process, UINT exitCode))
 {
     FakeProcesses::calls.push_back("TerminateProcess " + numberOf(process) + ' ' + std::to_string(exitCode));
     return FakeProcesses::answer;
 }
 
-BOOL CloseHandle(HANDLE handle)
+STAND_IN(BOOL, CloseHandle, (HANDLE handle))
 {
     FakeProcesses::calls.push_back("CloseHandle " + numberOf(handle));
     return TRUE;

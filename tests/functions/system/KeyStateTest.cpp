@@ -1,7 +1,7 @@
 #include "functions/system.h"
 
-#include "platform/KeyState.h"
 #include "tests/support/HandlerTest.h"
+#include "tests/support/Observers.h"
 
 #include <map>
 

@@ -128,7 +128,7 @@ TEST_F(LispHostCalls, smallServices)
     char16_t path[FoundPathUnits];
     EXPECT_EQ(m_host.findFile(u"no such file", path), StatusError);
     char16_t value[4];
-    ::setenv("KERNEL_TEST_VALUE", "abcdef", 1);
+    qputenv("KERNEL_TEST_VALUE", "abcdef");
     EXPECT_EQ(m_host.getEnvVar("KERNEL_TEST_VALUE", 0, 0, 4, value), StatusNormal);
     EXPECT_EQ(utf8(value), "abc");
     EXPECT_EQ(m_host.getEnvVar("KERNEL_TEST_MISSING", 0, 0, 4, value), StatusError);
