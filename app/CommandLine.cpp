@@ -50,6 +50,7 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
 
     CLI::App app("Runs, tests and debugs AutoLISP programs.", "lisphost");
     app.set_version_flag("--version", "lisphost " LISPHOST_VERSION);
+    app.allow_windows_style_options(false); // "/folder/file.lsp" is a path on every system
     app.fallthrough();
     app.require_subcommand(0, 1);
     std::vector<std::string> files, expressions, modules;

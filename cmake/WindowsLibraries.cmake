@@ -5,10 +5,13 @@ function(provide package)
   file(WRITE "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/${package}Config.cmake" "set(${package}_FOUND TRUE)\n")
 endfunction()
 
-# A folder with a link, because everything else in /usr/include is for Linux.
+# A folder with links, because everything else in /usr/include is for Linux.
 set(header_folder "${CMAKE_BINARY_DIR}/headers")
 file(MAKE_DIRECTORY "${header_folder}")
-file(CREATE_LINK /usr/include/CLI "${header_folder}/CLI" SYMBOLIC)
+foreach(headers CLI stb)
+  file(CREATE_LINK /usr/include/${headers} "${header_folder}/${headers}" SYMBOLIC)
+endforeach()
+set(STB_INCLUDE_DIRECTORY "${header_folder}")
 add_library(CLI11::CLI11 INTERFACE IMPORTED GLOBAL)
 target_include_directories(CLI11::CLI11 SYSTEM INTERFACE "${header_folder}")
 provide(CLI11)

@@ -110,7 +110,7 @@ TEST_F(SsDragRotate, TheTransformTurnsByTheAngleFromTheCursorToTheBasePoint)
     const double expected[4][4] = {{1, 0, 0, 0}, {0, cosine, -sine, 0}, {0, sine, cosine, 0}, {0, 0, 0, 1}};
     for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 4; ++column)
-            EXPECT_DOUBLE_EQ(matrix.rows[row][column], expected[row][column]) << row << ' ' << column;
+            EXPECT_NEAR(matrix.rows[row][column], expected[row][column], 1e-15) << row << ' ' << column;
 }
 
 TEST_F(SsDragRotate, AMissingOrWrongSelectionSetIsRefusedAndNothingIsDragged)

@@ -36,8 +36,10 @@ TEST_F(SysBeep, Of0Sounds700HertzFor300Milliseconds)
     QElapsedTimer timer;
     timer.start();
     EXPECT_EQ(frequencyOf(0), 700U);
-    EXPECT_GE(timer.elapsed(), 299);
     EXPECT_EQ(m_milliseconds, 300U);
+#ifndef _WIN32 // Wine does not wait for the end of a tone
+    EXPECT_GE(timer.elapsed(), 299);
+#endif
 }
 
 TEST_F(SysBeep, EveryOtherToneIsSoManyTimes400Hertz)

@@ -1,32 +1,28 @@
 #include "functions/ui.h"
 #include "tests/functions/ui/UiTest.h"
+#include "tests/support/FileReport.h"
 
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 
 namespace {
 
 class EditRtext : public UiTest
 {
 protected:
-    // A program that writes its arguments, each in brackets, into a file beside it.
-    QString writer()
+    EditRtext() { qputenv("TESTCHILD_FILE", m_report.path().toUtf8()); }
+    ~EditRtext() override { qunsetenv("TESTCHILD_FILE"); }
+
+    Argument program() { return text(QStringLiteral(TEST_CHILD)); }
+
+    // What the program that has ended was given; one that has not been started was given "not started".
+    QStringList written()
     {
-        QFile script(m_folder.filePath(u"editor"_qs));
-        EXPECT_TRUE(script.open(QFile::WriteOnly));
-        script.write("#!/bin/sh\nfor argument in \"$@\"; do printf '[%s]' \"$argument\"; done > \"$0.out\"\n");
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        return script.fileName();
+        const QStringList lines = QFile::exists(m_report.path()) ? m_report.lines() : QStringList{u"not started"_qs};
+        QFile::remove(m_report.path());
+        return lines;
     }
 
-    QByteArray written()
-    {
-        QFile output(m_folder.filePath(u"editor.out"_qs));
-        return output.open(QFile::ReadOnly) ? output.readAll() : QByteArray("not started");
-    }
-
-    QTemporaryDir m_folder;
+    FileReport m_report;
 };
 
 const Operations started = {"getArgs", "retInt 32", "releaseRb 2"};
@@ -35,33 +31,33 @@ const Operations started = {"getArgs", "retInt 32", "releaseRb 2"};
 
 TEST_F(EditRtext, StartsTheProgramWithThreeArgumentsOfWhichOneIsEmptyAndReturns32)
 {
-    EXPECT_EQ(call(editRtext, {text(writer()), text(u"a.txt,,b.txt")}), started);
-    EXPECT_EQ(written(), "[a.txt][][b.txt]");
+    EXPECT_EQ(call(editRtext, {program(), text(u"a.txt,,b.txt")}), started);
+    EXPECT_EQ(written(), (QStringList{u"a.txt"_qs, QString(), u"b.txt"_qs}));
 }
 
 TEST_F(EditRtext, DoesNotTrimItsArguments)
 {
-    EXPECT_EQ(call(editRtext, {text(writer()), text(u" a b , c")}), started);
-    EXPECT_EQ(written(), "[ a b ][ c]");
+    EXPECT_EQ(call(editRtext, {program(), text(u" a b , c")}), started);
+    EXPECT_EQ(written(), (QStringList{u" a b "_qs, u" c"_qs}));
 }
 
 TEST_F(EditRtext, WithoutArgumentTextPassesOneEmptyArgument)
 {
-    EXPECT_EQ(call(editRtext, {text(writer())}), (Operations{"getArgs", "retInt 32", "releaseRb null"}));
-    EXPECT_EQ(written(), "[]");
-    EXPECT_EQ(call(editRtext, {text(writer()), shortInteger(5)}), started) << "and no message for a wrong one";
-    EXPECT_EQ(written(), "[]");
+    EXPECT_EQ(call(editRtext, {program()}), (Operations{"getArgs", "retInt 32", "releaseRb null"}));
+    EXPECT_EQ(written(), QStringList{QString()});
+    EXPECT_EQ(call(editRtext, {program(), shortInteger(5)}), started) << "and no message for a wrong one";
+    EXPECT_EQ(written(), QStringList{QString()});
 }
 
 TEST_F(EditRtext, Returns32ForAProgramThatCannotBeStarted)
 {
-    EXPECT_EQ(call(editRtext, {text(m_folder.filePath(u"missing"_qs)), text(u"a")}), started);
-    EXPECT_EQ(written(), "not started");
+    EXPECT_EQ(call(editRtext, {text(m_report.path() + u"-missing"_qs), text(u"a")}), started);
+    EXPECT_EQ(written(), QStringList{u"not started"_qs});
 }
 
 TEST_F(EditRtext, LeavesTheProcessToTheMainWindow)
 {
-    call(editRtext, {text(writer()), text(u"a")});
+    call(editRtext, {program(), text(u"a")});
     EXPECT_EQ(mainWindow().findChildren<QProcess *>().size(), 1);
 }
 

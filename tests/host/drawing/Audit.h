@@ -1,12 +1,7 @@
 #pragma once
 
 #include "host/drawing/DrawingWriter.h"
-
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include <string>
+#include "tests/support/PythonScript.h"
 
 namespace drawing {
 
@@ -18,13 +13,8 @@ inline std::string auditOf(const Database &database)
     QString failure;
     if (!saveDrawing(database, path, Backup::None, failure))
         return failure.toStdString();
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral(EZDXF_PYTHON), {QStringLiteral(AUDIT_SCRIPT), path});
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return "the audit did not run: " + process.errorString().toStdString();
-    const std::string output = process.readAll().toStdString();
-    return process.exitCode() == 0 ? output : output + "(exit code " + std::to_string(process.exitCode()) + ")";
+    const std::string output = outputOfScript(QStringLiteral(AUDIT_SCRIPT), {path});
+    return output == "status 0\n" ? std::string() : output;
 }
 
 } // namespace drawing

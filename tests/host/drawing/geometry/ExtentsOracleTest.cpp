@@ -1,7 +1,5 @@
 #include "host/drawing/geometry/Extents.h"
-
-#include <QProcess>
-#include <QTemporaryDir>
+#include "tests/support/PythonScript.h"
 
 #include <gtest/gtest.h>
 
@@ -36,12 +34,8 @@ TEST(ExtentsOracle, DifferByLessThanABillionthOfTheSize)
     const QTemporaryDir folder;
     const QString drawingPath = folder.filePath(QStringLiteral("random.dxf")),
                   boxesPath = folder.filePath(QStringLiteral("boxes.txt"));
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral(EZDXF_PYTHON),
-                  {QStringLiteral(RANDOM_ENTITIES), drawingPath, boxesPath, QString::number(OfEachKind)});
-    ASSERT_TRUE(process.waitForFinished(300'000));
-    ASSERT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
+    ASSERT_EQ(outputOfScript(QStringLiteral(RANDOM_ENTITIES), {drawingPath, boxesPath, QString::number(OfEachKind)}),
+              "status 0\n");
 
     const drawing::Drawing drawing(drawingPath);
     std::ifstream boxes(boxesPath.toStdString());
