@@ -1,6 +1,6 @@
 // A program for tests to start. testchild FILE ARGUMENT... writes its arguments behind the first to the file, one a
-// line, and ends with 0; "exit:N" ends it with N, "wait:N" lets it run N milliseconds longer. "-" for FILE: no file. When
-// the environment has TESTCHILD_FILE, that is the file, and all arguments are written.
+// line, and ends with 0; "exit:N" ends it with N, "wait:N" lets it run N milliseconds longer. "-" for FILE: no file.
+// When the environment has TESTCHILD_FILE, that is the file, and all arguments are written.
 
 #include <chrono>
 #include <cstdio>
