@@ -160,7 +160,7 @@ private:
             if (old && old->origin == ListedGroup::Derived && old->group == *group)
                 continue;
             if (!old && m_commonEnd > 0 && isCommonCode(group->code)) {
-                m_placed.push_back({m_commonEnd, static_cast<int>(m_placed.size()), *group});
+                m_placed.push_back({m_commonEnd, static_cast<int>(m_placed.size()), inDegrees(*group)});
                 continue;
             }
             if (old && old->origin > last) {
@@ -169,7 +169,7 @@ private:
             } else {
                 ++order;
             }
-            m_placed.push_back({last, order, old ? inRecord(*group, *old) : *group});
+            m_placed.push_back({last, order, old ? inRecord(*group, *old) : inDegrees(*group)});
         }
     }
 
@@ -182,14 +182,14 @@ private:
     Group inRecord(Group group, const ListedGroup &old) const
     {
         if (old.origin == ListedGroup::Derived)
-            return group;
+            return inDegrees(std::move(group));
         if (group == old.group)
             return recorded(old);
         auto *point = std::get_if<Point>(&group.value);
         const auto *oldPoint = std::get_if<Point>(&recorded(old).value);
         if (point && oldPoint && oldPoint->dimensions == 2 && (point->z == 0 || m_isFlat))
             *point = {point->x, point->y, 0, 2};
-        return group;
+        return inDegrees(std::move(group));
     }
 
     // New groups of a list that begins with one follow the head.

@@ -4,7 +4,8 @@
 
 namespace drawing {
 
-// Changes a record to what a program's list says of it. `wanted` is in the form of listing(), extended data included,
+// Changes a record to what a program's list says of it. `wanted` is in the form of listing(), radians and all, with
+// extended data,
 // and may be a part of it: groups whose code is not in the list stay as they are. Of groups that are there several
 // times, as the points of a polyline, the list's replace all. The type, the handle, the owner and what stands between
 // braces never change. Values that listing() had only added are not written while they are unchanged.

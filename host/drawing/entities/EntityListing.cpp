@@ -5,6 +5,7 @@
 #include "host/drawing/entities/EntitySchema.h"
 
 #include <algorithm>
+#include <numbers>
 
 namespace drawing {
 
@@ -265,11 +266,38 @@ private:
     std::vector<Section> m_sections;
 };
 
+constexpr double HalfTurn = 180;
+
+// Null for what is no angle.
+double *angleOf(Group &group)
+{
+    constexpr int FirstAngle = 50, LastAngle = 58;
+    return group.code >= FirstAngle && group.code <= LastAngle ? std::get_if<double>(&group.value) : nullptr;
+}
+
 } // namespace
+
+Group inRadians(Group group)
+{
+    if (double *angle = angleOf(group))
+        *angle *= std::numbers::pi / HalfTurn;
+    return group;
+}
+
+Group inDegrees(Group group)
+{
+    if (double *angle = angleOf(group))
+        *angle *= HalfTurn / std::numbers::pi;
+    return group;
+}
 
 std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record)
 {
-    return Lister(drawing, record).list();
+    std::vector<ListedGroup> listed = Lister(drawing, record).list();
+    for (ListedGroup &one : listed)
+        if (angleOf(one.group))
+            one.group = inRadians(std::move(one.group));
+    return listed;
 }
 
 std::u16string layoutOf(const Drawing &drawing, RecordId entity)

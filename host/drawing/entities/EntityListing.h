@@ -17,7 +17,11 @@ struct ListedGroup
     int origin = Derived; // its place in Database::groups()
 };
 
-// Without extended data (1000 and above).
+// Angles (groups 50 to 58) are degrees in a drawing and radians for programs. Other groups stay as they are.
+Group inRadians(Group group);
+Group inDegrees(Group group);
+
+// Without extended data (1000 and above). Angles are in radians.
 std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record);
 
 // The name of the layout that an entity stands in; empty for those of other blocks.

@@ -2,6 +2,7 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
+#include "host/drawing/entities/EntityListing.h"
 #include "host/drawing/entities/ExtendedData.h"
 
 #include <algorithm>
@@ -68,8 +69,10 @@ EntityMaker::Outcome outcome(RecordId added)
 
 } // namespace
 
-EntityMaker::Outcome EntityMaker::make(const GroupList &list, const Placement &placement)
+EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &placement)
 {
+    GroupList list;
+    std::ranges::transform(given, std::back_inserter(list), drawing::inDegrees);
     const std::u16string type = typeOf(list);
     if (type == u"BLOCK")
         return beginBlock(list);

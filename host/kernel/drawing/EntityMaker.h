@@ -23,8 +23,9 @@ public:
     };
     using Outcome = std::variant<Failed, Pending, BlockMade, drawing::RecordId>;
 
-    // `placement` is where an entity goes that is not in a block. After a failure nothing is pending.
-    Outcome make(const drawing::GroupList &list, const drawing::Placement &placement);
+    // The list's angles are radians. `placement` is where an entity goes that is not in a block. After a failure
+    // nothing is pending.
+    Outcome make(const drawing::GroupList &given, const drawing::Placement &placement);
     void cancel();
 
 private:

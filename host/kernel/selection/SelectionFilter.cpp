@@ -231,7 +231,7 @@ public:
             if (item.code != m_group.code)
                 continue;
             isThere = true;
-            if (fits(reader.group(item).value))
+            if (fits(drawing::inRadians(reader.group(item)).value))
                 return true;
         }
         const std::optional<GroupValue> implied = isThere ? std::nullopt : impliedValue(m_group.code);

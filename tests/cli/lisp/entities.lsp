@@ -8,6 +8,11 @@
             (cdr (assoc 11 (entget line)))
             (cdr (assoc 10 (entget line)))))
 
+(title "angles are radians")
+(setq arc (entmakex (list '(0 . "ARC") '(10 0 0) '(40 . 1) (cons 50 (/ pi 2)) (cons 51 pi))))
+(show-all '((assoc 51 (entget arc)) (acet-ent-geomextents arc) (null (entmod (list (cons -1 arc) '(50 . 0.0))))
+            (acet-ent-geomextents arc) (null (entdel arc))))
+
 (title "what is no group of an entity is refused")
 (foreach bad '((62 . "red") (10 . 5) ("LINE") (40))
   (show (list 'vl-catch-all-error-message (list 'vl-catch-all-apply ''entmod (list 'quote (list (list bad)))))))

@@ -117,6 +117,14 @@ TEST_F(Change, replacesTheExtendedDataOfItsApplicationsAlone)
     EXPECT_EQ(written(line).find("OTHER"), std::string::npos);
 }
 
+TEST_F(Change, ofAnglesIsInRadiansAndWritesDegrees)
+{
+    const RecordId arc = open("AC1009", "0\nARC\n8\n0\n10\n1.0\n20\n2.0\n40\n5.0\n50\n33.3\n51\n90.00\n");
+    EXPECT_NEAR(std::get<double>(findGroup(groupsOf(listing(drawing(), arc)), 50)->value), 0.5811946409141118, 1e-15);
+    changeRecord(drawing(), arc, withValue(groupsOf(listing(drawing(), arc)), 51, 3.141592653589793));
+    EXPECT_EQ(written(arc), "0 ARC,8 0,10 1.0,20 2.0,40 5.0,50 33.3,51 180.0");
+}
+
 TEST_F(Change, isUndoneToTheLastByte)
 {
     const RecordId line = openLine();
