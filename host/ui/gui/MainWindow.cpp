@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int CommandLineHeight = 210; // until somebody changes it
+constexpr int CommandLineHeight = 210, PanelWidth = 260; // until somebody changes them
 
 } // namespace
 
@@ -87,6 +87,7 @@ void MainWindow::addPanel(const QString &title, QWidget *panel)
     addDockWidget(Qt::RightDockWidgetArea, dock); // it was never there before
     dock->show();
     m_panels.append(dock);
+    resizeDocks({dock}, {PanelWidth}, Qt::Horizontal);
     resizeDocks(m_panels, QList<int>(m_panels.size(), 1), Qt::Vertical); // equal shares
 }
 

@@ -64,6 +64,19 @@ TEST_F(MainWindowTest, RecentFilesAreRememberedFromRunToRun)
     EXPECT_EQ(next.size(), QSize(900, 640));
 }
 
+TEST_F(MainWindowTest, PanelsThatAreThereBeforeTheWindowIsShownAreWideEnough)
+{
+    MainWindow next;
+    auto *first = new QWidget, *second = new QWidget;
+    next.addPanel(QStringLiteral("First"), first);
+    next.addPanel(QStringLiteral("Second"), second);
+    next.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&next));
+    EXPECT_GE(first->width(), 240);
+    EXPECT_GE(first->height(), 200);
+    EXPECT_GE(second->height(), 200);
+}
+
 TEST_F(MainWindowTest, WhatWasTypedIsRememberedFromRunToRun)
 {
     type(QStringLiteral("(+ 1 2)"));
