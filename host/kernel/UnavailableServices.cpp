@@ -9,11 +9,6 @@ int SubstituteLispHost::menuCmd(const char16_t *)
     return StatusError;
 }
 
-int SubstituteLispHost::dragSelection(const LispName *, const char16_t *, int, DragTransform, LispPoint *)
-{
-    return StatusError;
-}
-
 void SubstituteLispHost::setTabletMode(int) {}
 
 int SubstituteLispHost::compileShape(const char16_t *, const char16_t *)

@@ -133,6 +133,33 @@ int Prompter::askPoint(Kind kind, std::u16string_view prompt, LispPoint &value)
     });
 }
 
+int Prompter::drag(std::u16string_view prompt, const std::function<void(const LispPoint &)> &cursorAt,
+                   LispPoint &picked)
+{
+    const InputOptions options = takeOptions();
+    for (;;) {
+        const InputReply reply = m_services.input->request({Kind::Drag, std::u16string(prompt)});
+        if (reply.kind == InputReply::Kind::Cancelled)
+            return StatusCancelled;
+        const std::optional<LispPoint> point = pointFromText(reply.text, context());
+        if (point)
+            cursorAt(*point);
+        if (reply.kind == InputReply::Kind::Moved) {
+            if (!point)
+                m_services.print(std::u16string(InvalidPoint) + u'\n');
+            continue;
+        }
+        if (point) {
+            picked = lastPoint = *point;
+            return StatusNormal;
+        }
+        if (reply.text.empty())
+            return StatusNoInput;
+        m_lastInput = options.keywords.match(reply.text).value_or(reply.text);
+        return StatusText;
+    }
+}
+
 int Prompter::point(std::u16string_view prompt, const LispPoint *, LispPoint &value)
 {
     return askPoint(Kind::Point, prompt, value);

@@ -41,6 +41,10 @@ public:
     int string(bool allowBlanks, std::u16string_view prompt, std::u16string &value);
     int keyword(std::u16string_view prompt); // the keyword is lastInput(), the status StatusNormal
 
+    // Calls `cursorAt` for each place of the cursor until a point is picked there, which is one more. Any other text
+    // ends the drag with StatusText: lastInput() is the keyword that it means, or the text as it stands.
+    int drag(std::u16string_view prompt, const std::function<void(const LispPoint &)> &cursorAt, LispPoint &picked);
+
     // `base` may be null. It is where a rubber band begins.
     int point(std::u16string_view prompt, const LispPoint *base, LispPoint &value);
     int corner(std::u16string_view prompt, const LispPoint &base, LispPoint &value);
