@@ -68,7 +68,7 @@ void ArgumentList::addString(lisp::String &string)
     else if (isLent(string))
         m_pool.lend(node, string.characters);
     else
-        node->resval.string = duplicateWide(string.view());
+        NodePool::setText(node, string.view());
 }
 
 void ArgumentList::addObject(Value object)

@@ -1,6 +1,7 @@
 #include "host/kernel/NodePool.h"
 
 #include "host/kernel/CallFrame.h"
+#include "host/kernel/TextFormat.h"
 #include "host/kernel/ValueKind.h"
 #include "lisp/TypeCode.h"
 
@@ -21,6 +22,7 @@
 namespace {
 
 constexpr std::size_t SlabSize = 256;
+constexpr std::size_t ShortText = 64;  // UTF-16 units, terminator included: what stands in the slot itself
 constexpr unsigned char Poison = 0xD5; // what a released node holds in builds with assertions
 
 #ifdef NDEBUG
@@ -59,6 +61,7 @@ struct NodePool::Slot
     const CallFrame *owner; // null: free
     const char16_t *lent;   // the node's text, when it is not its own
     std::size_t lentHash;   // of that text, in builds with assertions
+    char16_t shortText[ShortText];
 };
 
 NodePool::NodePool() = default;
@@ -88,6 +91,18 @@ resbuf *NodePool::allocate(CallFrame &owner, int typeCode)
     owner.m_nodes = slot;
     ++m_live;
     return &slot->node;
+}
+
+void NodePool::setText(resbuf *node, std::u16string_view text)
+{
+    if (text.size() >= ShortText) {
+        node->resval.string = duplicateWide(text);
+        return;
+    }
+    auto *slot = reinterpret_cast<Slot *>(node);
+    ASAN_UNPOISON_MEMORY_REGION(slot->shortText, sizeof slot->shortText);
+    *std::copy(text.begin(), text.end(), slot->shortText) = u'\0';
+    node->resval.string = slot->shortText;
 }
 
 void NodePool::lend(resbuf *node, const char16_t *text)
@@ -130,7 +145,7 @@ void NodePool::releaseText(Slot &slot)
 {
     if (Checked && slot.lent && hashOf(slot.lent) != slot.lentHash)
         abortWith("a text that was lent was changed");
-    if (slot.node.resval.string != slot.lent)
+    if (slot.node.resval.string != slot.lent && slot.node.resval.string != slot.shortText)
         std::free(slot.node.resval.string);
 }
 
@@ -139,6 +154,7 @@ void NodePool::retire(Slot *slot)
     if (slot->node.restype == TypeString ||
         (slot->node.restype < TypeNone && valueKind(slot->node.restype) == ValueKind::Text))
         releaseText(*slot);
+    ASAN_POISON_MEMORY_REGION(slot->shortText, sizeof slot->shortText);
     closeNode(slot->node);
     slot->owner = nullptr;
     slot->next = m_free;

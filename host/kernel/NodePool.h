@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 class CallFrame;
@@ -22,6 +23,8 @@ public:
 
     // A node with all-zero value and no successor.
     resbuf *allocate(CallFrame &owner, int typeCode);
+    // Gives a node a copy of the text. A short one stands beside the node, which spares an allocation.
+    static void setText(resbuf *node, std::u16string_view text);
     // Gives a node a NUL-terminated text that stays the caller's and outlives the node's frame. Nobody may change it:
     // builds with assertions abort on a text that was changed.
     void lend(resbuf *node, const char16_t *text);

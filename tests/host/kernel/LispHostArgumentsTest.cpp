@@ -172,3 +172,25 @@ TEST_F(LispHostArguments, aLongTextEndsAtANulInIt)
     evaluate("(test long)");
     EXPECT_EQ(length, 4998U);
 }
+
+TEST_F(LispHostArguments, ShortAndLongerTextsAreTheNodesOwnAndCanBeChanged)
+{
+    lisp::Symbol *variable = m_machine.intern(u"some-text");
+    for (const std::size_t length : {0U, 1U, 62U, 63U, 64U, 65U, 1000U}) {
+        const std::u16string text(length, u'y');
+        variable->value = m_machine.string(text);
+        body = [&] {
+            resbuf *list = m_host.getArgs();
+            EXPECT_NE(list->resval.string, variable->value.asString()->view().data());
+            EXPECT_EQ(list->resval.string, text);
+            EXPECT_EQ(list->rbnext->resval.string, text); // each node has a text of its own
+            if (length > 0)
+                list->resval.string[0] = u'z';
+            EXPECT_EQ(list->rbnext->resval.string, text);
+            m_host.releaseRb(list);
+            return int(StatusNormal);
+        };
+        EXPECT_EQ(evaluate("(test some-text some-text)"), "nil") << length;
+        EXPECT_EQ(variable->value.asString()->view(), text);
+    }
+}
