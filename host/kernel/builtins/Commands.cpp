@@ -16,7 +16,8 @@ namespace {
 std::optional<commands::Point> pointOf(Value value)
 {
     const std::optional<PointList> list = pointListOf(value);
-    return list ? std::optional(commands::Point{list->point.x, list->point.y, list->point.z, list->count}) : std::nullopt;
+    return list ? std::optional(commands::Point{list->point.x, list->point.y, list->point.z, list->count})
+                : std::nullopt;
 }
 
 // An entity name, alone or in a list with the point where it was picked, as entsel gives it.
