@@ -2,6 +2,7 @@
 
 #include "storage/SyncedWrite.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,9 +66,16 @@ QString syncFolder([[maybe_unused]] const QString &folder)
 #endif
 }
 
-QString replaceTarget(const QFileInfo &target, const ContentWriter &write)
+QString nameBeside(const QFileInfo &target, Writers writers)
 {
-    QFile beside(target.filePath() + QStringLiteral(".new"));
+    const QString own =
+        writers == Writers::Free ? QStringLiteral(".%1").arg(QCoreApplication::applicationPid()) : QString();
+    return target.filePath() + own + QStringLiteral(".new");
+}
+
+QString replaceTarget(const QFileInfo &target, const ContentWriter &write, Writers writers)
+{
+    QFile beside(nameBeside(target, writers));
     QString reason = beside.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
                          ? writeAndSync(beside, write)
                          : beside.errorString();
@@ -86,18 +94,18 @@ QString replaceTarget(const QFileInfo &target, const ContentWriter &write)
 
 } // namespace
 
-bool replaceFile(const QString &path, const QByteArray &content, QString &failure)
+bool replaceFile(const QString &path, const QByteArray &content, QString &failure, Writers writers)
 {
     return replaceFile(
-        path, [&content](QIODevice &file) { return writeAll(file, content); }, failure);
+        path, [&content](QIODevice &file) { return writeAll(file, content); }, failure, writers);
 }
 
-bool replaceFile(const QString &path, const ContentWriter &write, QString &failure)
+bool replaceFile(const QString &path, const ContentWriter &write, QString &failure, Writers writers)
 {
     const QString linked = QFileInfo(path).canonicalFilePath(); // empty when there is no file
     const QFileInfo target(linked.isEmpty() ? path : linked);
     const QString reason = target.exists() && !target.isWritable() ? QStringLiteral("it may not be written")
-                                                                   : replaceTarget(target, write);
+                                                                   : replaceTarget(target, write, writers);
     if (!reason.isNull())
         failure = QStringLiteral("%1: %2").arg(path, reason);
     return reason.isNull();

@@ -10,11 +10,13 @@
 // content is on the disk to stay. Otherwise `failure` says why, naming the file, and nothing has changed, except that
 // after a folder that cannot be synced a power cut may bring the old content back.
 //
-// The caller holds the file's FileLock. So the new content always goes to the same file beside, FILE.new, and what a
-// killed process left there is overwritten. QSaveFile would leave a file of another name behind each time, and takes a
+// Where the caller holds the file's FileLock, the new content always goes to the same file beside, FILE.new, and what a
+// killed process left there is overwritten. Without a lock each process has a file beside of its own, and the last one
+// to write has its say. QSaveFile would leave a file of another name behind each time, and takes a
 // failed sync for a success. A symbolic link stays one; what it leads to is replaced, and keeps its permissions. A file
 // that may not be written is not replaced, though its folder would allow it.
-bool replaceFile(const QString &path, const QByteArray &content, QString &failure);
+enum class Writers { Locked, Free };
+bool replaceFile(const QString &path, const QByteArray &content, QString &failure, Writers writers = Writers::Locked);
 
 // The same for content that is written piece by piece.
-bool replaceFile(const QString &path, const ContentWriter &write, QString &failure);
+bool replaceFile(const QString &path, const ContentWriter &write, QString &failure, Writers writers = Writers::Locked);

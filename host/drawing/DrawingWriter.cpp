@@ -4,7 +4,6 @@
 #include "host/drawing/GroupMerge.h"
 #include "host/drawing/HeaderVariables.h"
 #include "storage/AtomicFile.h"
-#include "storage/FileLock.h"
 
 #include <QDir>
 #include <QFile>
@@ -164,17 +163,12 @@ std::string writtenDrawing(const Database &database)
 
 bool saveDrawing(const Database &database, const QString &path, Backup backup, QString &failure)
 {
-    const FileLock lock(path);
-    if (!lock.isHeld()) {
-        failure = lock.failure();
-        return false;
-    }
     if (backup == Backup::Keep && QFileInfo::exists(path) && !copyFile(path, backupPath(path), failure))
         return false;
     const auto write = [&database](QIODevice &file) {
         return writeDrawing(database, [&file](std::string_view piece) { return writeAll(file, piece); });
     };
-    return replaceFile(path, write, failure);
+    return replaceFile(path, write, failure, Writers::Free);
 }
 
 } // namespace drawing

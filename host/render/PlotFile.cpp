@@ -100,7 +100,7 @@ bool writePlot(const Sheet &sheet, PlotFormat format, const QString &path, QStri
         return false;
     }
     buffer.close();
-    return replaceFile(path, buffer.data(), failure);
+    return replaceFile(path, buffer.data(), failure, Writers::Free);
 }
 
 } // namespace render

@@ -59,6 +59,12 @@ class Drawing(LispHostTest):
         self.assertEqual(self.lisphost("eval", "--drawing", "old.dxf", "--save", "old.dxf", change).status, 0)
         self.assertEqual((self.folder / "old.dxf").read_text(), R12.replace(" 10\n1.\n", " 10\n5.0\n"))
 
+    def test_nothing_is_left_beside_the_drawing(self):
+        self.write("old.dxf", R12)
+        self.lisphost("eval", "--drawing", "old.dxf", "--save", "old.dxf", "(entdel (entnext))")
+        self.lisphost("eval", "--drawing", "old.dxf", "--save", "new.dxf", "1")
+        self.assertEqual(sorted(path.name for path in self.folder.glob("*.dxf*")), ["new.dxf", "old.dxf"])
+
     def test_a_program_that_fails_saves_nothing(self):
         self.write("old.dxf", R12)
         outcome = self.lisphost("eval", "--drawing", "old.dxf", "--save", "old.dxf", "(entdel (entnext))", "(car 5)")
