@@ -141,7 +141,7 @@ bool copyFile(const QString &from, const QString &to, QString &failure)
                 return false;
         return length == 0;
     };
-    return replaceFile(to, copy, failure);
+    return replaceFile(to, copy, failure, Writers::Free);
 }
 
 } // namespace
