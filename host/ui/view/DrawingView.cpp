@@ -12,7 +12,6 @@ constexpr double Border = 0.95;                        // of the widget, when al
 constexpr double LeastScale = 1e-12, MostScale = 1e12; // beyond them numbers have no digits left
 constexpr double WheelStep = 120, ZoomOfStep = 1.25;   // an eighth of a degree each
 constexpr double VisibleError = 0.5;                   // of a curve, in pixels
-constexpr double MillimetresPerInch = 25.4;
 
 } // namespace
 
