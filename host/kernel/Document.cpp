@@ -1,6 +1,5 @@
 #include "host/kernel/Document.h"
 
-#include "host/drawing/selection/Candidates.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/variables/DrawingVariables.h"
@@ -64,16 +63,6 @@ std::u16string Document::currentLayer() const
 bool Document::isPaperSpaceCurrent() const
 {
     return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0;
-}
-
-drawing::RecordId Document::entityAt(selection::Place place)
-{
-    constexpr double ScreenHeight = 1000; // in pixels, which PICKBOX counts
-    const double viewSize = std::get<double>(m_variables.get(*findVariable(u"VIEWSIZE")));
-    const int pickBox = std::get<int>(m_variables.get(*findVariable(u"PICKBOX")));
-    const auto space = isPaperSpaceCurrent() ? selection::Space::Paper : selection::Space::Model;
-    return selection::entityAt(drawing(), selection::visibleEntities(drawing(), space), place,
-                               viewSize * pickBox / ScreenHeight);
 }
 
 QWidget *Document::window()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "host/commands/CommandLine.h"
-#include "host/drawing/selection/Region.h"
 #include "host/interpreter/Machine.h"
 #include "host/kernel/SubstituteLispHost.h"
 #include "host/kernel/commands/DocumentSession.h"
@@ -40,8 +39,6 @@ public:
     bool isPaperSpaceCurrent() const;
     SelectionSets &selectionSets() { return m_selectionSets; }
     DocumentSession &session() { return m_session; }
-    // The entity that a pick at this place takes; NoRecord for none.
-    drawing::RecordId entityAt(selection::Place place);
     commands::CommandLine &commandLine() { return m_commandLine; }
 
 private:

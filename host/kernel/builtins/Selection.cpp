@@ -1,7 +1,7 @@
 // Selection sets.
 
+#include "host/commands/Picking.h"
 #include "host/drawing/selection/Candidates.h"
-#include "host/drawing/selection/Region.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/PointValues.h"
 #include "host/kernel/builtins/HostBuiltins.h"
@@ -10,13 +10,13 @@
 #include "host/kernel/selection/SelectionMode.h"
 #include "lisp/LispStatus.h"
 
+using commands::Point;
 using drawing::Drawing;
 using drawing::NoRecord;
 using drawing::RecordId;
 using lisp::Args;
 using lisp::Machine;
 using lisp::Value;
-using selection::Place;
 
 namespace {
 
@@ -43,17 +43,17 @@ RecordId entityArgument(Document &document, Args arguments, std::uint32_t index)
     return record;
 }
 
-Place placeOf(Value value)
+Point placeOf(Value value)
 {
     const std::optional<PointList> point = pointListOf(value);
     if (!point)
         lisp::fail(u"bad SSGET list");
-    return {point->point.x, point->point.y};
+    return {point->point.x, point->point.y, point->point.z};
 }
 
-std::vector<Place> placesOf(Value list)
+std::vector<Point> placesOf(Value list)
 {
-    std::vector<Place> places;
+    std::vector<Point> places;
     for (const Value point : lisp::ListItems(list))
         places.push_back(placeOf(point));
     return places;
@@ -104,16 +104,14 @@ private:
             return m_document.session().impliedSelection();
         case Kind::Window:
         case Kind::Crossing: {
-            const Place corner = placeOf(next());
-            return within(selection::rectangle(corner, placeOf(next())));
+            const Point corner = placeOf(next());
+            return within(commands::rectangle(corner, placeOf(next())));
         }
         case Kind::WindowPolygon:
         case Kind::CrossingPolygon:
             return within(placesOf(next()));
-        case Kind::Fence: {
-            const std::vector<Place> fence = placesOf(next());
-            return those([&](RecordId entity) { return selection::isCrossed(m_document.drawing(), entity, fence); });
-        }
+        case Kind::Fence:
+            return newestFirst(commands::entitiesCrossed(m_document.session(), placesOf(next())));
         case Kind::Interactive:
             break;
         }
@@ -133,17 +131,10 @@ private:
         return newestFirst(selection::visibleEntities(m_document.drawing(), space));
     }
 
-    template <class Test> std::vector<RecordId> those(Test test) const
+    std::vector<RecordId> within(const std::vector<Point> &polygon) const
     {
-        std::vector<RecordId> entities = visible();
-        std::erase_if(entities, [&test](RecordId entity) { return !test(entity); });
-        return entities;
-    }
-
-    std::vector<RecordId> within(const selection::Polygon &polygon) const
-    {
-        const auto reach = m_mode.crosses() ? selection::Reach::Crossing : selection::Reach::Inside;
-        return those([&](RecordId entity) { return selection::takes(m_document.drawing(), entity, polygon, reach); });
+        const auto reach = m_mode.crosses() ? commands::Reach::Crossing : commands::Reach::Inside;
+        return newestFirst(commands::entitiesIn(m_document.session(), polygon, reach));
     }
 
     std::vector<RecordId> last() const
@@ -152,9 +143,9 @@ private:
         return entities.empty() ? entities : std::vector<RecordId>{entities.front()};
     }
 
-    std::vector<RecordId> under(Place place) const
+    std::vector<RecordId> under(const Point &place) const
     {
-        const RecordId found = m_document.entityAt(place);
+        const RecordId found = commands::entityAt(m_document.session(), place);
         return found != NoRecord ? std::vector<RecordId>{found} : std::vector<RecordId>();
     }
 
@@ -281,7 +272,7 @@ Value entsel(Machine &machine, Args arguments)
     default:
         lisp::fail(u"Function cancelled");
     }
-    const RecordId found = document.entityAt({point.x, point.y});
+    const RecordId found = commands::entityAt(document.session(), {point.x, point.y, point.z});
     if (found == NoRecord)
         return Value::nil();
     lisp::ListBuilder both(machine.heap());
