@@ -73,7 +73,8 @@ TEST_F(Change, neverTouchesTypeHandleAndOwner)
 
 TEST_F(Change, makesALayerThatIsNotThere)
 {
-    changeRecord(drawing(), openLine(), {{8, u"walls"}});
+    const RecordId line = openLine();
+    changeRecord(drawing(), line, {{8, u"walls"}});
     EXPECT_NE(drawing().tables().find(known::Layer, u"WALLS"), NoRecord);
 }
 
