@@ -3,6 +3,7 @@
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/selection/Candidates.h"
 #include "host/drawing/selection/Region.h"
+#include "host/drawing/snap/Snap.h"
 
 #include <algorithm>
 
@@ -39,6 +40,11 @@ std::vector<selection::Place> seen(const Session &session, const std::vector<Poi
     return places;
 }
 
+double pixelSize(const Session &session)
+{
+    return session.real(u"VIEWSIZE") / session.point(u"SCREENSIZE").y;
+}
+
 } // namespace
 
 Selection thawedEntities(Session &session)
@@ -55,8 +61,7 @@ Selection thawedEntities(Session &session)
 
 RecordId entityAt(Session &session, const Point &place)
 {
-    const double pixel = session.real(u"VIEWSIZE") / session.point(u"SCREENSIZE").y;
-    const double distance = pixel * std::max(session.integer(u"PICKBOX"), 1);
+    const double distance = pixelSize(session) * std::max(session.integer(u"PICKBOX"), 1);
     return selection::entityAt(session.drawing(), visibleEntities(session), seen(session, {place}).front(), distance);
 }
 
@@ -80,6 +85,16 @@ Selection entitiesCrossed(Session &session, const std::vector<Point> &fence)
     Selection entities = visibleEntities(session);
     std::erase_if(entities, [&](RecordId entity) { return !selection::isCrossed(session.drawing(), entity, places); });
     return entities;
+}
+
+std::optional<Point> snapped(Session &session, const Point &near, snap::Modes modes, const std::optional<Point> &from)
+{
+    const WorkPlane plane(session);
+    snap::Aim aim{plane.world(near), pixelSize(session) * session.integer(u"APERTURE"), std::nullopt};
+    if (from)
+        aim.from = plane.world(*from);
+    const auto found = snap::snapAt(session.drawing(), visibleEntities(session), aim, modes);
+    return found ? std::optional(plane.user(found->place)) : std::nullopt;
 }
 
 } // namespace commands

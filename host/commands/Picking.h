@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/Session.h"
+#include "host/drawing/snap/Modes.h"
 
 // What lies where a person points. Places are in the user's coordinate system.
 namespace commands {
@@ -16,5 +17,9 @@ enum class Reach { Inside, Crossing };
 std::vector<Point> rectangle(const Point &corner, const Point &opposite);
 Selection entitiesIn(Session &session, const std::vector<Point> &polygon, Reach reach);
 Selection entitiesCrossed(Session &session, const std::vector<Point> &fence);
+
+// The place that a point near it means, within the aperture; perpendiculars and tangents begin at `from`. None: nothing
+// there has such a place.
+std::optional<Point> snapped(Session &session, const Point &near, snap::Modes modes, const std::optional<Point> &from);
 
 } // namespace commands

@@ -57,9 +57,9 @@ AngleRequest Questions::direction(const Question &question)
 
 Request::Outcome PointRequest::read(const Input &input)
 {
-    std::optional<Point> point = pointOf(input, m_session);
+    std::optional<Point> point = readPlace(input);
     if (!point)
-        return refuse(u"Point or option keyword required.");
+        return refusePlace(u"Point or option keyword required.");
     if (point->dimensions == 2)
         point = Point{point->x, point->y, m_session.real(u"ELEVATION")};
     m_session.assign(u"LASTPOINT", *point);
@@ -70,9 +70,9 @@ Request::Outcome DistanceRequest::read(const Input &input)
 {
     if (const std::optional<double> number = numberOf(input, m_session))
         return answer(*number);
-    if (const std::optional<Point> point = pointOf(input, m_session))
+    if (const std::optional<Point> point = readPlace(input))
         return readPoint(*point);
-    return refuse(u"Requires numeric distance or two points.");
+    return refusePlace(u"Requires numeric distance or two points.");
 }
 
 Request::Outcome DistanceRequest::readPoint(const Point &point)
@@ -90,9 +90,9 @@ Request::Outcome AngleRequest::read(const Input &input)
     if (const std::optional<std::u16string> text = typedText(input))
         if (const std::optional<double> angle = m_session.angleOf(*text))
             return answer(*angle + m_origin);
-    if (const std::optional<Point> point = pointOf(input, m_session))
+    if (const std::optional<Point> point = readPlace(input))
         return readPoint(*point);
-    return refuse(u"Requires valid numeric angle or two points.");
+    return refusePlace(u"Requires valid numeric angle or two points.");
 }
 
 Request::Outcome AngleRequest::readPoint(const Point &point)

@@ -1,5 +1,8 @@
 #include "host/commands/Request.h"
 
+#include "host/commands/Picking.h"
+#include "host/commands/Questions.h"
+
 #include <algorithm>
 
 namespace commands {
@@ -37,6 +40,39 @@ Request::Outcome Request::refuse(std::u16string_view complaint)
     return Outcome::Refused;
 }
 
+bool Request::takesPoints() const
+{
+    return m_kind == InputKind::Point || m_kind == InputKind::Distance || m_kind == InputKind::Angle;
+}
+
+// "_end" and the like: the next point lies near what is meant.
+Request::Outcome Request::startSnap(snap::Modes modes)
+{
+    m_snap = {modes, m_snap ? m_snap->prompt : std::exchange(m_prompt, u"of ")};
+    return Outcome::WantsMore;
+}
+
+std::optional<Point> Request::readPlace(const Input &input)
+{
+    const std::optional<Point> point = pointOf(input, m_session);
+    if (!point || !m_snap)
+        return point;
+    const TypedSnap snap = *std::exchange(m_snap, std::nullopt);
+    m_prompt = snap.prompt;
+    if (snap.modes == snap::None)
+        return point;
+    const std::optional<Point> from = m_base ? m_base : m_session.point(u"LASTPOINT");
+    const std::optional<Point> place = snapped(m_session, *point, snap.modes, from);
+    if (!place)
+        m_failedSnap = u"No " + snap::namesOf(snap.modes) + u" found for specified point.";
+    return place;
+}
+
+Request::Outcome Request::refusePlace(std::u16string_view complaint)
+{
+    return refuse(m_failedSnap.empty() ? complaint : std::exchange(m_failedSnap, {}));
+}
+
 // Where blanks are no text of their own, one alone is Enter, as the space bar is.
 Request::Outcome Request::offer(const Input &input)
 {
@@ -53,6 +89,9 @@ Request::Outcome Request::offer(const Input &input)
             return Outcome::Answered;
         }
     }
+    if (text && takesPoints())
+        if (const std::optional<snap::Modes> modes = snap::modesFromText(*text))
+            return startSnap(*modes);
     return read(input);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/Input.h"
+#include "host/drawing/snap/Modes.h"
 #include "host/interpreter/text/Keywords.h"
 
 #include <coroutine>
@@ -74,6 +75,9 @@ protected:
     virtual void setNothing() = 0;
     virtual void setKeyword(std::u16string keyword) = 0;
     Outcome refuse(std::u16string_view complaint);
+    // The point that an answer is, put to the place that the snap typed before it names. None: no point, or none there.
+    std::optional<Point> readPlace(const Input &input);
+    Outcome refusePlace(std::u16string_view complaint); // what readPlace() had against it, else the complaint
 
     void wait(std::coroutine_handle<> waiting);
     void checkCancelled() const;
@@ -83,6 +87,9 @@ protected:
     std::u16string m_prompt;
 
 private:
+    bool takesPoints() const;
+    Outcome startSnap(snap::Modes modes);
+
     InputKind m_kind;
     lisp::Keywords m_keywords;
     Enter m_enter;
@@ -90,6 +97,14 @@ private:
     std::u16string m_complaint;
     std::coroutine_handle<> m_waiting;
     bool m_isCancelled = false;
+
+    struct TypedSnap
+    {
+        snap::Modes modes;
+        std::u16string prompt; // that it interrupts
+    };
+    std::optional<TypedSnap> m_snap;
+    std::u16string m_failedSnap; // what was not found
 };
 
 // The awaitable with the answer's type; what reads the answers derives from it.

@@ -1,5 +1,6 @@
 #include "host/kernel/Document.h"
 
+#include "host/commands/Picking.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/variables/DrawingVariables.h"
@@ -37,6 +38,9 @@ Document::Document(HostServices &services)
         [this](const VariableRow &row, const VariableValue &value) { keepVariable(drawing(), row, value); });
     m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });
     m_variables.compute(u"DWGPREFIX", [this] { return folderOf(drawing()); });
+    prompter().snapper = [this](const LispPoint &near, snap::Modes modes, const LispPoint &from) {
+        return snapped(near, modes, from);
+    };
     readVariables();
     defineHostBuiltins(m_machine);
 }
@@ -63,6 +67,13 @@ std::u16string Document::currentLayer() const
 bool Document::isPaperSpaceCurrent() const
 {
     return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0;
+}
+
+std::optional<LispPoint> Document::snapped(const LispPoint &near, snap::Modes modes, const LispPoint &from)
+{
+    const auto found =
+        commands::snapped(m_session, {near.x, near.y, near.z}, modes, drawing::Point{from.x, from.y, from.z});
+    return found ? std::optional(LispPoint{found->x, found->y, found->z}) : std::nullopt;
 }
 
 QWidget *Document::window()

@@ -37,6 +37,8 @@ public:
     void readVariables();           // those that the drawing keeps, after it has changed otherwise than by setvar
     std::u16string currentLayer() const;
     bool isPaperSpaceCurrent() const;
+    // The place of an entity that a point near it means, in the user's coordinates; perpendiculars begin at `from`.
+    std::optional<LispPoint> snapped(const LispPoint &near, snap::Modes modes, const LispPoint &from);
     SelectionSets &selectionSets() { return m_selectionSets; }
     DocumentSession &session() { return m_session; }
     commands::CommandLine &commandLine() { return m_commandLine; }

@@ -106,12 +106,26 @@ Vector Bezier::at(double t) const
     return values[0].point * (1 / values[0].weight);
 }
 
-std::pair<Bezier, Bezier> Bezier::halves() const
+// Of (P / w) by the quotient rule; both are polynomials, whose slope is the degree times that of the last two values.
+Vector Bezier::slope(double t) const
+{
+    std::vector<Weighted> values = weighted(points, weights);
+    for (std::size_t count = values.size() - 1; count > 1; --count)
+        for (std::size_t i = 0; i < count; ++i)
+            values[i] = between(values[i], values[i + 1], t);
+    const Weighted place = between(values[0], values[1], t);
+    const double degree = static_cast<double>(points.size() - 1);
+    const Vector along = (values[1].point - values[0].point) * degree;
+    const double growth = (values[1].weight - values[0].weight) * degree;
+    return (along - place.point * (growth / place.weight)) * (1 / place.weight);
+}
+
+std::pair<Bezier, Bezier> Bezier::split(double t) const
 {
     std::vector<Weighted> values = weighted(points, weights), first{values.front()}, second{values.back()};
     for (std::size_t count = values.size() - 1; count > 0; --count) {
         for (std::size_t i = 0; i < count; ++i)
-            values[i] = between(values[i], values[i + 1], 0.5);
+            values[i] = between(values[i], values[i + 1], t);
         first.push_back(values[0]);
         second.push_back(values[count - 1]);
     }

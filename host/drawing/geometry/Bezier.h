@@ -11,7 +11,9 @@ struct Bezier
     std::vector<double> weights;
 
     Vector at(double t) const;
-    std::pair<Bezier, Bezier> halves() const;
+    Vector slope(double t) const; // the first derivative
+    std::pair<Bezier, Bezier> split(double t) const;
+    std::pair<Bezier, Bezier> halves() const { return split(0.5); }
 };
 
 // The same curve, from knot to knot.

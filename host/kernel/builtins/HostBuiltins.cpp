@@ -3,7 +3,7 @@
 void defineHostBuiltins(lisp::Machine &machine)
 {
     for (const auto family :
-         {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), inputBuiltins(), registryBuiltins(),
-          selectionBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
+         {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), geometryBuiltins(), inputBuiltins(),
+          registryBuiltins(), selectionBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

@@ -48,8 +48,9 @@ CoordinateContext Prompter::context() const
 
 int Prompter::ask(Kind kind, std::u16string_view prompt, const InputOptions &options, const Reader &read)
 {
+    std::u16string_view shown = prompt;
     for (;;) {
-        const InputReply reply = m_services.input->request({kind, std::u16string(prompt)});
+        const InputReply reply = m_services.input->request({kind, std::u16string(shown)});
         if (reply.kind != InputReply::Kind::Text)
             return StatusCancelled;
         if (reply.text.empty() && !(options.bits & InputOptions::NoEmptyInput))
@@ -58,7 +59,14 @@ int Prompter::ask(Kind kind, std::u16string_view prompt, const InputOptions &opt
             m_lastInput = std::move(*keyword);
             return StatusKeyword;
         }
+        if (const std::optional<snap::Modes> modes = snapOf(kind, reply.text)) {
+            m_snap = *modes;
+            shown = u"of ";
+            continue;
+        }
         const Complaint complaint = read(reply.text);
+        m_snap = snap::None;
+        shown = prompt;
         if (!complaint)
             return StatusNormal;
         if (options.bits & InputOptions::ArbitraryInput && !reply.text.empty()) {
@@ -67,6 +75,20 @@ int Prompter::ask(Kind kind, std::u16string_view prompt, const InputOptions &opt
         }
         m_services.print(std::u16string(*complaint) + u'\n');
     }
+}
+
+// The snap that stands before a point, where one is asked for.
+std::optional<snap::Modes> Prompter::snapOf(Kind kind, std::u16string_view text) const
+{
+    const bool takesPoints =
+        kind == Kind::Point || kind == Kind::Corner || kind == Kind::Distance || kind == Kind::Angle;
+    return takesPoints && snapper ? snap::modesFromText(text) : std::nullopt;
+}
+
+std::optional<LispPoint> Prompter::pointOf(std::u16string_view text)
+{
+    const std::optional<LispPoint> point = pointFromText(text, context());
+    return point && m_snap != snap::None ? snapper(*point, m_snap, lastPoint) : point;
 }
 
 int Prompter::integer(std::u16string_view prompt, std::int32_t &value)
@@ -125,7 +147,7 @@ int Prompter::askPoint(Kind kind, std::u16string_view prompt, LispPoint &value)
 {
     const InputOptions options = takeOptions();
     return ask(kind, prompt, options, [&](std::u16string_view text) -> Complaint {
-        const std::optional<LispPoint> point = pointFromText(text, context());
+        const std::optional<LispPoint> point = pointOf(text);
         if (!point)
             return InvalidPoint;
         value = lastPoint = *point;
@@ -180,7 +202,7 @@ int Prompter::askSecondPoint(LispPoint first, LispPoint &second)
     lastPoint = first;
     return ask(Kind::Point, u"Specify second point: ", {InputOptions::NoEmptyInput, {}},
                [&](std::u16string_view text) -> Complaint {
-                   const std::optional<LispPoint> point = pointFromText(text, context());
+                   const std::optional<LispPoint> point = pointOf(text);
                    if (!point)
                        return InvalidPoint;
                    second = lastPoint = *point;
@@ -194,7 +216,7 @@ int Prompter::distance(std::u16string_view prompt, const LispPoint *base, double
     std::optional<LispPoint> picked;
     const int status = ask(Kind::Distance, prompt, options, [&](std::u16string_view text) -> Complaint {
         std::optional<double> length = distanceFromText(text, context());
-        picked = length ? std::nullopt : pointFromText(text, context());
+        picked = length ? std::nullopt : pointOf(text);
         if (picked && base)
             length = distanceBetween(*base, *picked);
         if (!length)
@@ -239,7 +261,7 @@ int Prompter::askDirection(std::u16string_view prompt, const LispPoint *base, do
     std::optional<LispPoint> picked;
     const int status = ask(Kind::Angle, prompt, options, [&](std::u16string_view text) -> Complaint {
         const std::optional<double> typed = angleFromText(text, context());
-        picked = typed ? std::nullopt : pointFromText(text, context());
+        picked = typed ? std::nullopt : pointOf(text);
         if (!typed)
             return picked ? Complaint() : u"Requires valid numeric angle or two points.";
         if (options.bits & InputOptions::NoZero && *typed == 0)

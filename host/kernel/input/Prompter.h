@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/drawing/snap/Modes.h"
 #include "host/interpreter/text/Keywords.h"
 #include "host/kernel/input/PointText.h"
 #include "host/kernel/input/UserInput.h"
@@ -64,6 +65,11 @@ public:
 
     LispPoint lastPoint{0, 0, 0}; // where "@" begins
     double angleBase = 0;         // radians
+    // Puts a point to the place near it that was asked for by "_end" and the like, in front of the point; nothing:
+    // there is no such place.
+    using Snapper =
+        std::function<std::optional<LispPoint>(const LispPoint &near, snap::Modes modes, const LispPoint &from)>;
+    Snapper snapper;
     bool clockwise = false;
 
 private:
@@ -73,6 +79,8 @@ private:
 
     int ask(InputRequest::Kind kind, std::u16string_view prompt, const InputOptions &options, const Reader &read);
     int askPoint(InputRequest::Kind kind, std::u16string_view prompt, LispPoint &value);
+    std::optional<LispPoint> pointOf(std::u16string_view text);
+    std::optional<snap::Modes> snapOf(InputRequest::Kind kind, std::u16string_view text) const;
     int askSecondPoint(LispPoint first, LispPoint &second);
     int askDirection(std::u16string_view prompt, const LispPoint *base, double &direction);
     InputOptions takeOptions() { return std::exchange(m_options, {}); }
@@ -81,4 +89,5 @@ private:
     lisp::Machine &m_machine;
     InputOptions m_options;
     std::u16string m_lastInput;
+    snap::Modes m_snap = snap::None; // for the next point
 };

@@ -55,6 +55,22 @@ TEST_F(PrompterTest, IntegersHaveSixteenBits)
     EXPECT_EQ(m_printed, u"?32768\n" + range + u"?-32769\n" + range + u"?1.5\n" + kind + u"?x\n" + kind + u"?-32768\n");
 }
 
+TEST_F(PrompterTest, ASnapStandsBeforeAPoint)
+{
+    m_prompter.snapper = [](const LispPoint &near, snap::Modes modes,
+                            const LispPoint &from) -> std::optional<LispPoint> {
+        if (near.x > 50)
+            return std::nullopt;
+        return LispPoint{near.x + modes, near.y, from.z};
+    };
+    m_prompter.lastPoint = {0, 0, 9};
+    answer(u"_end\n60,2\n_mid\n1,2\n");
+    EXPECT_EQ(m_prompter.point(u"?", nullptr, m_point), StatusNormal);
+    EXPECT_EQ(m_point.x, 1 + snap::Middle);
+    EXPECT_EQ(m_point.z, 9);
+    EXPECT_EQ(m_printed, u"?_end\nof 60,2\nInvalid point.\n?_mid\nof 1,2\n");
+}
+
 TEST_F(PrompterTest, LimitsComplainAndAskAgain)
 {
     answer(u"0\n-1\n3\n");
