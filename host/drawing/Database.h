@@ -90,6 +90,10 @@ public:
     // The record's new groups. Its type and handle stay, whatever the groups say of them. False when a value cannot be
     // written; then nothing is changed.
     bool replace(RecordId id, const GroupList &groups);
+    // The same in two steps.
+    std::optional<std::string> bytesWith(RecordId id, const GroupList &groups) const;
+    enum class Fields : std::uint8_t { Changed, Kept }; // what a Record says of its bytes
+    void replaceBytes(RecordId id, std::string bytes, Fields fields = Fields::Changed); // of the same type and handle
 
     // A new record before `before`, which is a record of the same container or the end mark. The groups begin with the
     // type (0); a handle is put after it for the kinds that have one. A handle that they bring stays in its place, and
@@ -112,7 +116,6 @@ private:
     void readHeader();
     void giveHandles();
     void takeFields(RecordId id);
-    void setBytes(RecordId id, std::string bytes);
     RecordId insert(Record record, std::string bytes, RecordId before);
     RecordId lastRecord() const;
     void setErased(RecordId id, bool erased);

@@ -48,7 +48,7 @@ void setFirst(GroupList &groups, int code, GroupValue value)
 
 } // namespace
 
-bool Database::replace(RecordId id, const GroupList &groups)
+std::optional<std::string> Database::bytesWith(RecordId id, const GroupList &groups) const
 {
     const Record &old = record(id);
     GroupList changed = groups;
@@ -58,21 +58,28 @@ bool Database::replace(RecordId id, const GroupList &groups)
         setFirst(changed, type->code, type->value);
     if (handle && hasHandle(old.kind))
         setFirst(changed, handle->code, handle->value);
-    std::optional<std::string> bytes = merged(this->bytes(id), changed, m_format, m_codec);
+    return merged(bytes(id), changed, m_format, m_codec);
+}
+
+bool Database::replace(RecordId id, const GroupList &groups)
+{
+    std::optional<std::string> bytes = bytesWith(id, groups);
     if (!bytes)
         return false;
-    if (*bytes != this->bytes(id))
-        setBytes(id, std::move(*bytes));
+    replaceBytes(id, std::move(*bytes));
     return true;
 }
 
-void Database::setBytes(RecordId id, std::string bytes)
+void Database::replaceBytes(RecordId id, std::string bytes, Fields fields)
 {
+    if (bytes == this->bytes(id))
+        return;
     m_journal.remember(id);
     Record &record = m_store.records[id];
     m_store.texts.release(record.text);
     record.text = m_store.texts.add(std::move(bytes));
-    takeFields(id);
+    if (fields == Fields::Changed)
+        takeFields(id);
 }
 
 // What the record says of its bytes, read anew.

@@ -20,8 +20,8 @@ enum class ValueKind : std::uint8_t {
 
 namespace groupcode {
 inline constexpr int Type = 0, PrimaryText = 1, Name = 2, EntryName = 3, Handle = 5, Layer = 8, VariableName = 9;
-inline constexpr int FirstX = 10, Space = 67, Count = 70, Subclass = 100, EmbeddedObject = 101, Braces = 102,
-                     DimStyleHandle = 105;
+inline constexpr int FirstX = 10, Space = 67, Count = 70, VertexCount = 90, Subclass = 100, EmbeddedObject = 101,
+                     Braces = 102, DimStyleHandle = 105;
 inline constexpr int Owner = 330, SoftEntry = 350, HardEntry = 360;
 inline constexpr int Comment = 999, ExtendedString = 1000, Application = 1001, ExtendedBinary = 1004;
 inline constexpr int YOffset = 10, ZOffset = 20; // from the code of a point's x to those of its y and z

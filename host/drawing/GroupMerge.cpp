@@ -1,7 +1,6 @@
 #include "host/drawing/GroupMerge.h"
 
-#include "host/drawing/GroupReader.h"
-#include "host/drawing/GroupWriter.h"
+#include "host/drawing/ItemValues.h"
 
 #include <algorithm>
 
@@ -16,8 +15,7 @@ public:
     std::optional<std::string> run(const GroupList &groups);
 
 private:
-    bool isSame(const Item &item, const Group &group) const;
-    bool isSameNumber(double old, const GroupValue &value) const;
+    bool isSame(const Item &item, const Group &group) const { return m_values.isSame(item, group); }
     std::size_t commonEnd(const GroupList &groups, std::size_t start) const;
     bool place(const Group &group);
     std::size_t findAhead(const Group &group) const;
@@ -28,8 +26,7 @@ private:
 
     std::string_view m_old;
     const FileFormat &m_format;
-    const TextCodec &m_codec;
-    GroupWriter m_writer;
+    ItemValues m_values;
     std::vector<Item> m_items;
     std::size_t m_item = 0;  // the next item that is not passed yet
     std::size_t m_limit = 0; // items from here on belong to the common end
@@ -38,7 +35,7 @@ private:
 };
 
 Merge::Merge(std::string_view old, const FileFormat &format, const TextCodec &codec)
-    : m_old(old), m_format(format), m_codec(codec), m_writer(format, codec), m_position(old.data())
+    : m_old(old), m_format(format), m_values(format, codec), m_position(old.data())
 {
     constexpr std::size_t BytesPerItem = 16; // about
     m_items.reserve(old.size() / BytesPerItem + 8);
@@ -83,7 +80,7 @@ bool Merge::place(const Group &group)
     const std::size_t found = findAhead(group);
     if (found == m_limit) {
         std::string bytes;
-        const bool written = m_writer.append(bytes, group.code, group.value);
+        const bool written = m_values.writer().append(bytes, group.code, group.value);
         add(bytes);
         return written;
     }
@@ -102,32 +99,14 @@ std::size_t Merge::findAhead(const Group &group) const
     return found == to ? m_limit : static_cast<std::size_t>(found - m_items.begin());
 }
 
-// Of a point, the coordinates that are not changed keep their bytes.
 bool Merge::writeReplaced(const Group &group)
 {
     const Item &item = m_items[m_item];
     passUntil(m_item + 1);
     std::string bytes;
-    const Point *point = std::get_if<Point>(&group.value);
-    if (!point || item.kind != ValueKind::Point || point->dimensions != item.point.dimensions) {
-        const bool written = m_writer.append(bytes, group.code, group.value);
-        add(bytes);
-        return written;
-    }
-    const double before[] = {item.point.x, item.point.y, item.point.z};
-    const double after[] = {point->x, point->y, point->z};
-    GroupCursor cursor(item.bytes, m_format);
-    RawGroup raw;
-    for (std::size_t i = 0; cursor.next(raw);) {
-        const bool isComment = raw.code == groupcode::Comment;
-        if (isComment || before[i] == after[i])
-            bytes.append(raw.bytes);
-        else if (!m_writer.append(bytes, raw.code, after[i]))
-            return false;
-        i += isComment ? 0 : 1;
-    }
+    const bool written = m_values.appendChanged(bytes, item, group);
     add(bytes);
-    return true;
+    return written;
 }
 
 void Merge::passUntil(std::size_t item)
@@ -154,45 +133,6 @@ void Merge::add(std::string_view bytes)
     if (m_format.kind == FileFormat::Kind::Text && !m_bytes.empty() && m_bytes.back() != m_format.lineEndMark())
         m_bytes.append(m_format.lineEnd);
     m_bytes.append(bytes);
-}
-
-bool Merge::isSame(const Item &item, const Group &group) const
-{
-    if (item.code != group.code)
-        return false;
-    switch (item.kind) {
-    case ValueKind::Text:
-    case ValueKind::Handle:
-        if (const auto *text = std::get_if<std::u16string>(&group.value))
-            return m_codec.decode(item.raw.value) == *text;
-        [[fallthrough]];
-    case ValueKind::Reference: {
-        const Handle *handle = std::get_if<Handle>(&group.value);
-        return handle && handle->value == item.handle && item.kind != ValueKind::Text;
-    }
-    case ValueKind::Real:
-        return isSameNumber(item.real, group.value);
-    case ValueKind::Point: {
-        const Point *point = std::get_if<Point>(&group.value);
-        return point && *point == item.point;
-    }
-    case ValueKind::Binary: {
-        // Only whole groups are compared: a value that is spread over several is written anew.
-        const Bytes *bytes = std::get_if<Bytes>(&group.value);
-        return bytes && GroupReader(item.bytes, m_format, m_codec).group(item).value == group.value;
-    }
-    default: {
-        const auto *integer = std::get_if<std::int64_t>(&group.value);
-        return integer && *integer == item.integer;
-    }
-    }
-}
-
-bool Merge::isSameNumber(double old, const GroupValue &value) const
-{
-    const double *real = std::get_if<double>(&value);
-    const auto *integer = std::get_if<std::int64_t>(&value);
-    return (real && *real == old) || (integer && static_cast<double>(*integer) == old);
 }
 
 } // namespace

@@ -16,12 +16,6 @@ constexpr char16_t RawByte =
     0xDC00; // with a byte of 0x80 and above: one that is no UTF-8; a lone surrogate is no character
 constexpr int ControlOffset = 0x40; // ^A is 1
 
-bool isPlain(std::string_view bytes)
-{
-    return std::none_of(bytes.begin(), bytes.end(),
-                        [](char byte) { return static_cast<signed char>(byte) < 0 || byte == '^' || byte == '\\'; });
-}
-
 // Takes an escaped character off the front when there is one.
 bool takeEscape(std::string_view &bytes, char16_t &unit)
 {
@@ -101,6 +95,22 @@ void appendEscape(char16_t unit, std::string &bytes)
 }
 
 } // namespace
+
+bool TextCodec::isPlain(std::string_view bytes)
+{
+    bool isSpecial = false; // without an early end, so that many bytes are looked at at once
+    for (const char byte : bytes)
+        isSpecial |= static_cast<signed char>(byte) < 0 || byte == '^' || byte == '\\';
+    return !isSpecial;
+}
+
+bool TextCodec::decodesTo(std::string_view bytes, std::u16string_view text) const
+{
+    if (!isPlain(bytes))
+        return decode(bytes) == text;
+    return std::equal(bytes.begin(), bytes.end(), text.begin(), text.end(),
+                      [](char byte, char16_t unit) { return static_cast<unsigned char>(byte) == unit; });
+}
 
 std::u16string TextCodec::decode(std::string_view bytes) const
 {

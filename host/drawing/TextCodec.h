@@ -17,6 +17,8 @@ public:
     explicit TextCodec(const CodePage &codePage) : m_codePage(&codePage) {}
 
     std::u16string decode(std::string_view bytes) const;
+    bool decodesTo(std::string_view bytes, std::u16string_view text) const; // without memory of its own for ASCII
+    static bool isPlain(std::string_view bytes);                            // decodes to the same ASCII characters
     std::string encode(std::u16string_view text) const;
 
 private:

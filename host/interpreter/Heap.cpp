@@ -114,6 +114,13 @@ Value Heap::string(std::u16string_view text)
     return value;
 }
 
+Value Heap::asciiString(std::string_view text)
+{
+    const auto [value, characters] = newString(text.size());
+    std::copy(text.begin(), text.end(), characters);
+    return value;
+}
+
 std::pair<Value, char16_t *> Heap::newString(std::size_t length)
 {
     if (length > std::numeric_limits<std::int32_t>::max())
@@ -177,6 +184,7 @@ void Heap::collect(const RootVisitor &roots)
     for (Block *block : m_blocks)
         std::fill(std::begin(block->marks), std::end(block->marks), 0);
     m_live = 0;
+    m_shared.clear();
     Marker marker(*this);
     roots(marker);
     sweepObjects();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/interpreter/Code.h"
+#include "host/interpreter/SharedStrings.h"
 
 #include <cstdint>
 #include <functional>
@@ -38,6 +39,9 @@ public:
         return Value::cons(cell);
     }
     Value string(std::u16string_view text);
+    Value asciiString(std::string_view text);
+    // Perhaps a string that somebody has already.
+    Value sharedAsciiString(std::string_view text) { return m_shared.string(text); }
     // A string of this length; the caller fills the characters before anybody else sees the value.
     std::pair<Value, char16_t *> newString(std::size_t length);
     // first followed by rest; repeated appending to the latest result costs only the appended part.
@@ -109,6 +113,7 @@ private:
     std::size_t m_block = 0; // where the search for free runs stands
     std::size_t m_cell = 0;
     Object *m_objects = nullptr;
+    SharedStrings m_shared{*this};
     std::size_t m_allocated = 0; // bytes since the last collection
     std::size_t m_threshold;
     std::size_t m_limit = Unlimited;

@@ -122,9 +122,7 @@ int SubstituteLispHost::retStr(const char *text)
     const std::string_view bytes(text);
     if (std::any_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; }))
         return retWStr(CFxString::from_ansi_str(text).wide_strU());
-    const auto [value, characters] = m_machine.heap().newString(bytes.size());
-    std::copy(bytes.begin(), bytes.end(), characters);
-    return setResult(value);
+    return setResult(m_machine.heap().asciiString(bytes));
 }
 
 int SubstituteLispHost::retWStr(const char16_t *text)

@@ -1,7 +1,9 @@
 #include "host/drawing/entities/EntityChange.h"
 
+#include "host/drawing/entities/Braces.h"
 #include "host/drawing/entities/EntityListing.h"
 #include "host/drawing/entities/EntitySchema.h"
+#include "host/drawing/entities/ValueChange.h"
 
 #include <algorithm>
 #include <map>
@@ -11,20 +13,12 @@ namespace drawing {
 
 namespace {
 
-constexpr int VertexCountCode = 90;
-
 // Where a group stands in the changed record: by its place in the old one, new ones behind the group before them.
 struct Placed
 {
     int origin, order;
     Group group;
 };
-
-// The groups that a program's list cannot change: up to the first subclass, and everything between braces.
-bool isFixed(int code)
-{
-    return code == groupcode::Type || code == groupcode::Handle || code == groupcode::DimStyleHandle;
-}
 
 bool isFlat(const std::vector<ListedGroup> &listed)
 {
@@ -97,16 +91,13 @@ private:
         const bool hasMarkers =
             std::ranges::any_of(wanted, [](const Group &group) { return group.code == groupcode::Subclass; });
         bool isInHead = hasMarkers;
-        int depth = 0;
+        Braces braces;
         for (const Group &group : wanted) {
             if (group.code >= groupcode::ExtendedString)
                 break;
             isInHead = isInHead && group.code != groupcode::Subclass;
-            const auto *text = std::get_if<std::u16string>(&group.value);
-            const bool isBrace = group.code == groupcode::Braces && text;
-            if (isBrace)
-                depth += text->starts_with(u'{') ? 1 : -1;
-            if (isInHead || isBrace || depth > 0 || isFixed(group.code))
+            const bool isBetweenBraces = braces.enclose(group);
+            if (isInHead || isBetweenBraces || isFixed(group.code))
                 continue;
             m_wanted.push_back(&group);
             m_wantedCodes.insert(group.code);
@@ -134,14 +125,10 @@ private:
 
     void keepWhatIsNotListed()
     {
-        int depth = 0;
+        Braces braces;
         for (std::size_t place = m_head; place < m_listed.size(); ++place) {
             ListedGroup &listed = m_listed[place];
-            const auto *text = std::get_if<std::u16string>(&listed.group.value);
-            const bool isBrace = listed.group.code == groupcode::Braces && text;
-            if (isBrace)
-                depth += text->starts_with(u'{') ? 1 : -1;
-            const bool isBetweenBraces = isBrace || depth > 0;
+            const bool isBetweenBraces = braces.enclose(listed.group);
             const bool isGoverned =
                 m_wantedCodes.count(listed.group.code) != 0 || (m_replacesRepeated && isRepeated(listed.group.code));
             if (isBetweenBraces || !isGoverned)
@@ -163,14 +150,25 @@ private:
                 m_placed.push_back({m_commonEnd, static_cast<int>(m_placed.size()), inDegrees(*group)});
                 continue;
             }
-            if (old && old->origin > last) {
-                last = old->origin;
-                order = 0;
-            } else {
+            if (!old || (isRepeated(group->code) && originOf(*old) <= last)) {
                 ++order;
+            } else {
+                const int origin = originOf(*old);
+                const bool isBehindIt = old->origin == ListedGroup::Derived;
+                order = isBehindIt ? (origin == last ? order + 1 : 1) : 0;
+                last = origin;
             }
             m_placed.push_back({last, order, old ? inRecord(*group, *old) : inDegrees(*group)});
         }
+    }
+
+    // The group's own place, or that of the one before it.
+    int originOf(const ListedGroup &listed) const
+    {
+        const ListedGroup *recorded = &listed;
+        while (recorded != m_listed.data() && recorded->origin == ListedGroup::Derived)
+            --recorded;
+        return std::max(recorded->origin, 0);
     }
 
     const Group &recorded(const ListedGroup &listed) const
@@ -232,7 +230,7 @@ void countVertices(GroupList &groups)
         return;
     const auto count = std::ranges::count(groups, groupcode::FirstX, &Group::code);
     for (Group &group : groups)
-        if (group.code == VertexCountCode)
+        if (group.code == groupcode::VertexCount)
             group.value = static_cast<std::int64_t>(count);
 }
 
@@ -260,9 +258,7 @@ void putExtendedData(GroupList &groups, const GroupList &old, const GroupList &w
     }
 }
 
-} // namespace
-
-bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
+bool changeGroups(Drawing &drawing, RecordId record, const GroupList &wanted)
 {
     Database &database = drawing.database();
     const bool isEntity = database.record(record).kind == RecordKind::Entity;
@@ -270,10 +266,18 @@ bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
     GroupList changed = Change(listing(drawing, record), recorded, wanted, isEntity).result();
     countVertices(changed);
     putExtendedData(changed, recorded, wanted);
+    return database.replace(record, changed);
+}
+
+} // namespace
+
+bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
+{
+    const Database &database = drawing.database();
     const NameId oldName = database.record(record).name;
-    if (!database.replace(record, changed))
+    if (!changeValues(drawing, record, wanted) && !changeGroups(drawing, record, wanted))
         return false;
-    if (isEntity && database.record(record).name != oldName)
+    if (database.record(record).kind == RecordKind::Entity && database.record(record).name != oldName)
         ensureLayer(drawing, database.name(record));
     return true;
 }

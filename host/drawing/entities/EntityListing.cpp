@@ -2,317 +2,415 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Layouts.h"
+#include "host/drawing/entities/Braces.h"
 #include "host/drawing/entities/EntitySchema.h"
 
 #include <algorithm>
 #include <numbers>
+#include <numeric>
 
 namespace drawing {
 
 namespace {
 
-constexpr int LayoutCode = 410, ConstantWidthCode = 43, StartWidthCode = 40, EndWidthCode = 41;
-constexpr std::u16string_view EntityMarker = u"AcDbEntity";
-constexpr std::size_t UsualGroups = 16; // of an entity, at most; more only cost more
+constexpr int LayoutCode = 410, ConstantWidthCode = 43, StartWidthCode = 40, EndWidthCode = 41, FlagsCode = 70;
+constexpr std::string_view EntityMarker = "AcDbEntity";
+constexpr double HalfTurn = 180;
 
-using Listing = std::vector<ListedGroup>;
-
-const std::u16string *textOf(const Group &group)
+bool isAngle(int code)
 {
-    return std::get_if<std::u16string>(&group.value);
+    constexpr int FirstAngle = 50, LastAngle = 58;
+    return code >= FirstAngle && code <= LastAngle;
 }
 
-ListedGroup derived(int code, GroupValue value)
+Item textItem(int code, std::string_view text)
 {
-    return {{code, std::move(value)}};
+    Item item;
+    item.code = code;
+    item.raw.value = text;
+    return item;
 }
 
-// A subclass of a record: its marker and the groups behind it.
-struct Section
+Item integerItem(int code, std::int64_t value)
 {
-    Listing groups; // the marker first, when there is one
+    Item item;
+    item.code = code;
+    item.kind = valueKind(code);
+    item.integer = value;
+    return item;
+}
 
-    bool isOf(std::u16string_view marker) const
-    {
-        const Group &first = groups.front().group;
-        return first.code == groupcode::Subclass && *textOf(first) == marker;
+Item realItem(int code, double value)
+{
+    Item item;
+    item.code = code;
+    item.kind = ValueKind::Real;
+    item.real = value;
+    return item;
+}
+
+Item pointItem(int code, const Point &point)
+{
+    Item item;
+    item.code = code;
+    item.kind = ValueKind::Point;
+    item.point = point;
+    return item;
+}
+
+Item referenceItem(int code, Handle handle)
+{
+    Item item;
+    item.code = code;
+    item.kind = ValueKind::Reference;
+    item.handle = handle.value;
+    return item;
+}
+
+Item defaultOf(const SchemaRow &row)
+{
+    if (mayBeginPoint(row.code))
+        return pointItem(row.code, {0, 0, row.number});
+    switch (valueKind(row.code)) {
+    case ValueKind::Text:
+        return textItem(row.code, row.text);
+    case ValueKind::Real:
+        return realItem(row.code, row.number);
+    default:
+        return integerItem(row.code, static_cast<std::int64_t>(row.number));
     }
-};
+}
 
+bool repeats(const SubclassSchema &subclass, int code)
+{
+    return std::ranges::any_of(subclass.rows,
+                               [code](const SchemaRow &row) { return row.repeatsAfterVertex && row.code == code; });
+}
+
+} // namespace
+
+// Reads the record's items, and brings them into the order of a listing subclass after subclass.
 class Lister
 {
 public:
-    Lister(const Drawing &drawing, RecordId id)
+    Lister(const Drawing &drawing, RecordId id, EntityListing &listing)
         : m_drawing(drawing), m_id(id), m_record(drawing.database().record(id)),
           m_isEntity(m_record.kind == RecordKind::Entity || m_record.kind == RecordKind::BlockStart ||
                      m_record.kind == RecordKind::BlockEnd),
-          m_schema(m_isEntity ? schemaOf(drawing.database().type(id), flags()) : nullptr)
+          m_listing(listing), m_order(listing.m_order)
     {
     }
 
-    Listing list()
+    void list()
     {
-        cut(m_drawing.database().groups(m_id));
+        read();
         if (m_isEntity) {
-            if (m_sections.empty())
+            m_schema = schemaOf(m_drawing.database().names().text(m_record.type), flags());
+            if (m_firstMarker == m_order.size())
                 divide();
-            completeCommonPart();
         }
-        if (m_schema) {
-            completeSubclasses();
-            completePoints();
+        putOwnerBehindType();
+        for (m_begin = m_firstMarker; m_begin < m_order.size(); m_begin = m_end) {
+            m_end = nextMarker(m_begin + 1);
+            completeSubclass();
         }
-        return joined();
     }
 
 private:
+    using Order = decltype(EntityListing::m_order);
+
+    const Item &item(int number) const { return m_listing.item(number); }
+    int derived(const Item &item)
+    {
+        m_listing.m_derived.push_back(item);
+        return -static_cast<int>(m_listing.m_derived.size());
+    }
+
+    void read()
+    {
+        auto &items = m_listing.m_recorded;
+        for (;;) {
+            Item &next = items.emplace_back();
+            if (!m_listing.m_reader.next(next) || next.code >= groupcode::ExtendedString)
+                break;
+            if (next.kind == ValueKind::Real && isAngle(next.code))
+                next.real *= std::numbers::pi / HalfTurn;
+        }
+        items.removeLast();
+        m_order.resize(items.size());
+        std::iota(m_order.begin(), m_order.end(), 0);
+        m_firstMarker = nextMarker(0);
+    }
+
+    // From there on; the end when there is none.
+    qsizetype nextMarker(qsizetype place) const
+    {
+        const auto isMarker = [this](int number) {
+            return item(number).code == groupcode::Subclass && item(number).kind == ValueKind::Text;
+        };
+        return std::find_if(m_order.begin() + place, m_order.end(), isMarker) - m_order.begin();
+    }
+
     // Only types that come in several kinds are told apart by them.
     std::int64_t flags() const
     {
         if (m_record.type != known::Polyline && m_record.type != known::Vertex)
             return 0;
-        const std::optional<Group> group = m_drawing.database().firstGroup(m_id, groupcode::Count);
-        const auto *value = group ? std::get_if<std::int64_t>(&group->value) : nullptr;
-        return value ? *value : 0;
-    }
-
-    // Into what stands before the first marker, and the subclasses.
-    void cut(GroupList &&groups)
-    {
-        m_head.reserve(UsualGroups);
-        m_sections.reserve(UsualGroups);
-        for (std::size_t place = 0; place < groups.size() && groups[place].code < groupcode::ExtendedString; ++place) {
-            ListedGroup listed{std::move(groups[place]), static_cast<int>(place)};
-            if (listed.group.code == groupcode::Subclass && textOf(listed.group))
-                beginSection(std::move(listed));
-            else if (m_sections.empty())
-                m_head.push_back(std::move(listed));
-            else
-                m_sections.back().groups.push_back(std::move(listed));
-        }
-    }
-
-    void beginSection(ListedGroup &&marker)
-    {
-        Listing &groups = m_sections.emplace_back().groups;
-        groups.reserve(UsualGroups);
-        groups.push_back(std::move(marker));
+        const auto found = std::ranges::find(m_listing.m_recorded, FlagsCode, &Item::code);
+        return found != m_listing.m_recorded.end() ? found->integer : 0;
     }
 
     // Drawings before R2000 have no markers: each group goes where the type's schema has it.
     void divide()
     {
-        Listing all = std::move(m_head);
-        m_head.clear();
-        beginSection(derived(groupcode::Subclass, std::u16string(EntityMarker)));
-        for (std::size_t index = 0; m_schema && index < m_schema->subclasses.size(); ++index)
-            beginSection(derived(groupcode::Subclass, m_schema->subclasses[index].marker));
-        for (ListedGroup &listed : all)
-            listOf(listed.group.code).push_back(std::move(listed));
+        const auto subclasses = m_schema ? m_schema->subclasses : std::span<const SubclassSchema>();
+        m_order.clear();
+        takePart(Head);
+        m_firstMarker = m_order.size();
+        m_order.push_back(derived(textItem(groupcode::Subclass, EntityMarker)));
+        takePart(Common);
+        for (int part = 0; part < static_cast<int>(subclasses.size()); ++part) {
+            const std::string_view marker = subclasses[static_cast<std::size_t>(part)].marker;
+            m_order.push_back(derived(textItem(groupcode::Subclass, marker)));
+            takePart(part);
+        }
     }
 
-    Listing &listOf(int code)
+    void takePart(int part)
+    {
+        for (int number = 0; number < static_cast<int>(m_listing.m_recorded.size()); ++number)
+            if (partOf(item(number).code) == part)
+                m_order.push_back(number);
+    }
+
+    // The number of the subclass; the last one for a code that none has.
+    int partOf(int code) const
     {
         if (code == groupcode::Type || code == groupcode::Handle)
-            return m_head;
-        if (isCommonCode(code))
-            return m_sections.front().groups;
-        for (std::size_t index = 0; m_schema && index < m_schema->subclasses.size(); ++index)
-            if (m_schema->subclasses[index].has(code))
-                return m_sections[index + 1].groups;
-        return m_sections.back().groups;
+            return Head;
+        if (isCommonCode(code) || !m_schema)
+            return Common;
+        const auto subclasses = m_schema->subclasses;
+        const auto found =
+            std::ranges::find_if(subclasses, [code](const SubclassSchema &subclass) { return subclass.has(code); });
+        return static_cast<int>((found != subclasses.end() ? found : subclasses.end() - 1) - subclasses.begin());
+    }
+
+    // Files have it after the handle.
+    void putOwnerBehindType()
+    {
+        const auto begin = m_order.begin(), end = begin + m_firstMarker;
+        const auto owner = std::find_if(begin, end, [this, braces = Braces()](int number) mutable {
+            return !braces.enclose(item(number)) && item(number).code == groupcode::Owner;
+        });
+        const qsizetype place = begin != end && item(*begin).code == groupcode::Type ? 1 : 0;
+        if (owner != end) {
+            std::rotate(begin + place, owner, owner + 1);
+        } else if (const Handle handle = ownerOf(m_drawing, m_id); handle.value != 0) {
+            m_order.insert(place, derived(referenceItem(groupcode::Owner, handle)));
+            ++m_firstMarker;
+        }
+    }
+
+    void completeSubclass()
+    {
+        const std::string_view marker = item(m_order[m_begin]).raw.value;
+        if (m_isEntity && m_begin == m_firstMarker && marker == EntityMarker)
+            completeCommonPart();
+        if (!m_schema)
+            return;
+        const auto subclasses = m_schema->subclasses;
+        if (m_nextSubclass < subclasses.size() && marker == subclasses[m_nextSubclass].marker)
+            complete(subclasses[m_nextSubclass++]);
+        completePoints();
     }
 
     void completeCommonPart()
     {
-        if (m_sections.empty() || !m_sections.front().isOf(EntityMarker))
-            return;
-        Listing &common = m_sections.front().groups;
-        const auto has = [&common](int code) {
-            return std::ranges::any_of(common, [code](const ListedGroup &one) { return one.group.code == code; });
-        };
-        auto place = common.begin() + 1;
-        if (!has(groupcode::Space))
-            place = common.insert(place, derived(groupcode::Space, std::int64_t{0})) + 1;
-        else if (place != common.end() && place->group.code == groupcode::Space)
+        qsizetype place = m_begin + 1;
+        if (lastOf(groupcode::Space) == NotThere)
+            insert(place++, integerItem(groupcode::Space, 0));
+        else if (place != m_end && item(m_order[place]).code == groupcode::Space)
             ++place;
-        std::u16string layout = has(LayoutCode) ? std::u16string() : layoutOf(m_drawing, m_id);
+        if (lastOf(LayoutCode) != NotThere)
+            return;
+        const std::string_view layout = layoutName();
         if (!layout.empty())
-            common.insert(place, derived(LayoutCode, std::move(layout)));
+            insert(place, textItem(LayoutCode, layout));
     }
 
-    void completeSubclasses()
+    std::string_view layoutName()
     {
-        std::size_t next = 0;
-        for (Section &section : m_sections) {
-            if (next < m_schema->subclasses.size() && section.isOf(m_schema->subclasses[next].marker))
-                complete(section.groups, m_schema->subclasses[next++]);
-        }
+        if (isInModelSpace(m_drawing.database(), m_id))
+            return "Model";
+        m_listing.m_layout = m_drawing.database().codec().encode(layoutOf(m_drawing, m_id));
+        return m_listing.m_layout;
     }
 
     // Puts each default that is missing behind the groups that come before it in the schema.
-    static void complete(Listing &groups, const SubclassSchema &subclass)
+    void complete(const SubclassSchema &subclass)
     {
-        std::size_t place = 1;
+        qsizetype place = m_begin + 1;
         for (const SchemaRow &row : subclass.rows) {
             if (row.repeatsAfterVertex)
                 continue;
-            const auto last = std::find_if(groups.rbegin(), groups.rend(),
-                                           [&row](const ListedGroup &one) { return one.group.code == row.code; });
-            if (last != groups.rend())
-                place = static_cast<std::size_t>(groups.rend() - last);
+            const qsizetype last = lastOf(row.code);
+            if (last != NotThere)
+                place = last + 1;
             else if (row.presence == SchemaRow::Presence::Default)
-                groups.insert(groups.begin() + static_cast<std::ptrdiff_t>(place++),
-                              derived(row.code, defaultValue(row)));
+                insert(place++, defaultOf(row));
         }
         if (std::ranges::any_of(subclass.rows, &SchemaRow::repeatsAfterVertex))
-            completeVertices(groups, subclass);
+            completeVertices(subclass);
     }
 
     // The groups from one point to the next get what is missing there.
-    static void completeVertices(Listing &groups, const SubclassSchema &subclass)
+    void completeVertices(const SubclassSchema &subclass)
     {
-        double width = 0;
-        for (const ListedGroup &one : groups)
-            if (one.group.code == ConstantWidthCode)
-                width = std::get<double>(one.group.value);
-        Listing complete;
-        for (std::size_t place = 0; place < groups.size();) {
-            const bool isVertex = groups[place].group.code == groupcode::FirstX;
-            complete.push_back(std::move(groups[place++]));
+        const qsizetype constant = lastOf(ConstantWidthCode);
+        const double width = constant != NotThere ? item(m_order[constant]).real : 0;
+        const Order groups(m_order.begin() + m_begin, m_order.begin() + m_end);
+        const Order rest(m_order.begin() + m_end, m_order.end());
+        m_order.resize(m_begin);
+        for (auto next = groups.begin(); next != groups.end();) {
+            const bool isVertex = item(*next).code == groupcode::FirstX;
+            m_order.push_back(*next++);
             if (!isVertex)
                 continue;
-            const auto ends = [&subclass](int code) { return !repeats(subclass, code); };
-            std::size_t end = place;
-            while (end < groups.size() && !ends(groups[end].group.code))
-                ++end;
-            for (const SchemaRow &row : subclass.rows) {
-                if (!row.repeatsAfterVertex)
-                    continue;
-                const auto found = std::find_if(groups.begin() + static_cast<std::ptrdiff_t>(place),
-                                                groups.begin() + static_cast<std::ptrdiff_t>(end),
-                                                [&row](const ListedGroup &one) { return one.group.code == row.code; });
-                const bool isThere = found != groups.begin() + static_cast<std::ptrdiff_t>(end);
-                const bool isWidth = row.code == StartWidthCode || row.code == EndWidthCode;
-                complete.push_back(isThere ? std::move(*found)
-                                           : derived(row.code, isWidth ? GroupValue(width) : defaultValue(row)));
-            }
-            place = end;
+            const auto end =
+                std::find_if(next, groups.end(), [&](int number) { return !repeats(subclass, item(number).code); });
+            completeVertex(subclass, next, end, width);
+            next = end;
         }
-        groups = std::move(complete);
+        m_end = m_order.size();
+        m_order.append(rest.data(), rest.size());
+    }
+
+    void completeVertex(const SubclassSchema &subclass, Order::const_iterator begin, Order::const_iterator end,
+                        double width)
+    {
+        for (const SchemaRow &row : subclass.rows) {
+            if (!row.repeatsAfterVertex)
+                continue;
+            const auto found = std::find_if(begin, end, [&](int number) { return item(number).code == row.code; });
+            const bool isWidth = row.code == StartWidthCode || row.code == EndWidthCode;
+            if (found != end)
+                m_order.push_back(*found);
+            else
+                m_order.push_back(derived(isWidth ? realItem(row.code, width) : defaultOf(row)));
+        }
     }
 
     // Points have three coordinates; those of polylines of light weight lie in their plane.
     void completePoints()
     {
-        if (m_schema->type == std::u16string_view(u"LWPOLYLINE"))
+        if (m_schema->type == "LWPOLYLINE")
             return;
-        for (Section &section : m_sections)
-            for (ListedGroup &listed : section.groups)
-                if (auto *point = std::get_if<Point>(&listed.group.value))
-                    point->dimensions = 3;
+        for (qsizetype place = m_begin; place < m_end; ++place)
+            if (const int number = m_order[place]; number >= 0)
+                m_listing.m_recorded[number].point.dimensions = 3;
     }
 
-    static bool repeats(const SubclassSchema &subclass, int code)
+    // In the subclass.
+    qsizetype lastOf(int code) const
     {
-        return std::ranges::any_of(subclass.rows,
-                                   [code](const SchemaRow &row) { return row.repeatsAfterVertex && row.code == code; });
+        qsizetype place = m_end;
+        while (place-- > m_begin)
+            if (item(m_order[place]).code == code)
+                return place;
+        return NotThere;
     }
 
-    Listing joined()
+    void insert(qsizetype place, const Item &item)
     {
-        Listing all;
-        std::size_t count = m_head.size() + 1;
-        for (const Section &section : m_sections)
-            count += section.groups.size();
-        all.reserve(count);
-        moveOwnerForward(all);
-        for (ListedGroup &listed : m_head)
-            all.push_back(std::move(listed));
-        for (Section &section : m_sections)
-            std::ranges::move(section.groups, std::back_inserter(all));
-        return all;
+        m_order.insert(place, derived(item));
+        ++m_end;
     }
 
-    // Takes the type, and behind it the owner, which files have after the handle.
-    void moveOwnerForward(Listing &all)
-    {
-        const auto owner = std::find_if(m_head.begin(), m_head.end(), [depth = 0](const ListedGroup &one) mutable {
-            if (one.group.code == groupcode::Braces && textOf(one.group))
-                depth += textOf(one.group)->starts_with(u'{') ? 1 : -1;
-            return one.group.code == groupcode::Owner && depth == 0;
-        });
-        std::optional<ListedGroup> found;
-        if (owner != m_head.end()) {
-            found = std::move(*owner);
-            m_head.erase(owner);
-        } else if (const Handle handle = ownerOf(m_drawing, m_id); handle.value != 0) {
-            found = derived(groupcode::Owner, handle);
-        }
-        if (!m_head.empty() && m_head.front().group.code == groupcode::Type) {
-            all.push_back(std::move(m_head.front()));
-            m_head.erase(m_head.begin());
-        }
-        if (found)
-            all.push_back(std::move(*found));
-    }
+    static constexpr int Head = -2, Common = -1; // parts of a record besides its subclasses
+    static constexpr qsizetype NotThere = -1;
 
     const Drawing &m_drawing;
     RecordId m_id;
     const Record &m_record;
     bool m_isEntity;
-    const EntitySchema *m_schema;
-    Listing m_head;
-    std::vector<Section> m_sections;
+    const EntitySchema *m_schema = nullptr;
+    EntityListing &m_listing;
+    Order &m_order;
+    qsizetype m_firstMarker = 0;
+    qsizetype m_begin = 0, m_end = 0; // of the subclass that is being completed
+    std::size_t m_nextSubclass = 0;
 };
 
-constexpr double HalfTurn = 180;
-
-// Null for what is no angle.
-double *angleOf(Group &group)
+EntityListing::EntityListing(const Drawing &drawing, RecordId record) : m_reader(drawing.database().reader(record))
 {
-    constexpr int FirstAngle = 50, LastAngle = 58;
-    return group.code >= FirstAngle && group.code <= LastAngle ? std::get_if<double>(&group.value) : nullptr;
+    Lister(drawing, record, *this).list();
+}
+
+std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record)
+{
+    const EntityListing items(drawing, record);
+    std::vector<ListedGroup> groups;
+    groups.reserve(items.size());
+    for (const ListedItem listed : items)
+        groups.push_back({items.group(listed), listed.origin});
+    return groups;
+}
+
+namespace {
+
+Group withAngle(Group group, double factor)
+{
+    if (double *angle = isAngle(group.code) ? std::get_if<double>(&group.value) : nullptr)
+        *angle *= factor;
+    return group;
 }
 
 } // namespace
 
 Group inRadians(Group group)
 {
-    if (double *angle = angleOf(group))
-        *angle *= std::numbers::pi / HalfTurn;
-    return group;
+    return withAngle(std::move(group), std::numbers::pi / HalfTurn);
 }
 
 Group inDegrees(Group group)
 {
-    if (double *angle = angleOf(group))
-        *angle *= HalfTurn / std::numbers::pi;
-    return group;
+    return withAngle(std::move(group), HalfTurn / std::numbers::pi);
 }
 
-std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record)
+namespace {
+
+// The block, entities section or other place that an entity stands in, with the polylines and inserts that have parts.
+RecordId outermostContainer(const Database &database, RecordId entity)
 {
-    std::vector<ListedGroup> listed = Lister(drawing, record).list();
-    for (ListedGroup &one : listed)
-        if (angleOf(one.group))
-            one.group = inRadians(std::move(one.group));
-    return listed;
+    RecordId container = database.record(entity).container;
+    while (container != NoRecord && database.record(container).kind == RecordKind::Entity)
+        container = database.record(container).container;
+    return container;
+}
+
+bool isInBlock(const Database &database, RecordId container)
+{
+    return database.record(container).kind == RecordKind::BlockStart;
+}
+
+} // namespace
+
+bool isInModelSpace(const Database &database, RecordId entity)
+{
+    const RecordId container = outermostContainer(database, entity);
+    return container != NoRecord && !isInBlock(database, container) && !database.record(entity).has(Record::PaperSpace);
 }
 
 std::u16string layoutOf(const Drawing &drawing, RecordId entity)
 {
     const Database &database = drawing.database();
-    const Record &record = database.record(entity);
-    RecordId container = record.container;
-    while (container != NoRecord && database.record(container).kind == RecordKind::Entity)
-        container = database.record(container).container;
+    if (isInModelSpace(database, entity))
+        return u"Model";
+    const RecordId container = outermostContainer(database, entity);
     if (container == NoRecord)
         return {};
-    const bool isInBlock = database.record(container).kind == RecordKind::BlockStart;
-    if (!isInBlock && !record.has(Record::PaperSpace))
-        return u"Model";
-    const std::u16string block = isInBlock ? database.name(container) : std::u16string(PaperSpace);
+    const std::u16string block = isInBlock(database, container) ? database.name(container) : std::u16string(PaperSpace);
     const RecordId blockRecord = drawing.tables().find(known::BlockRecord, block);
     if (blockRecord != NoRecord)
         for (const Layout &layout : layouts(database))

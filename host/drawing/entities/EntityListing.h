@@ -2,27 +2,87 @@
 
 #include "host/drawing/Drawing.h"
 
-#include <vector>
+#include <QVarLengthArray>
 
 namespace drawing {
 
-// What programs see of a record: its groups in one customary form, whatever the file has. The type stands first, then
-// the owner and the handle; an entity has its subclass markers, its space (67) and layout (410), and the groups that
-// files leave out where they have their default.
-struct ListedGroup
+// One group of a listing.
+struct ListedItem
 {
     static constexpr int Derived = -1; // not in the record
 
-    Group group;
-    int origin = Derived; // its place in Database::groups()
+    const Item &item;
+    int origin; // its place in Database::groups(), or Derived
 };
 
-// Angles (groups 50 to 58) are degrees in a drawing and radians for programs. Other groups stay as they are.
+// What programs see of a record: its groups in one customary form, whatever the file has. The type stands first, then
+// the owner and the handle; an entity has its subclass markers, its space (67) and layout (410), and the groups that
+// files leave out where they have their default. Angles (50 to 58) are radians; in a drawing they are degrees. Without
+// extended data (1000 and above).
+//
+// Texts are not decoded; those of the record point into its bytes, so that a listing is good until the record changes.
+class EntityListing
+{
+public:
+    class Iterator
+    {
+    public:
+        Iterator(const EntityListing &listing, qsizetype place) : m_listing(listing), m_place(place) {}
+        ListedItem operator*() const { return m_listing.at(m_place); }
+        Iterator &operator++()
+        {
+            ++m_place;
+            return *this;
+        }
+        bool operator==(const Iterator &other) const { return m_place == other.m_place; }
+
+    private:
+        const EntityListing &m_listing;
+        qsizetype m_place;
+    };
+
+    EntityListing(const Drawing &drawing, RecordId record);
+    EntityListing(const EntityListing &) = delete;
+    EntityListing &operator=(const EntityListing &) = delete;
+
+    Iterator begin() const { return {*this, 0}; }
+    Iterator end() const { return {*this, m_order.size()}; }
+    std::size_t size() const { return static_cast<std::size_t>(m_order.size()); }
+
+    Group group(const ListedItem &listed) const { return m_reader.group(listed.item); } // with its value decoded
+
+private:
+    friend class Lister;
+    static constexpr qsizetype UsualItems = 24, UsualDefaults = 8; // of an entity, at most; more only cost more
+
+    ListedItem at(qsizetype place) const { return {item(m_order[place]), originOf(m_order[place])}; }
+    // By the numbers in m_order: items of the record from 0 up, derived ones from -1 down.
+    const Item &item(int number) const { return number >= 0 ? m_recorded[number] : m_derived[-1 - number]; }
+    static int originOf(int number) { return number >= 0 ? number : ListedItem::Derived; }
+
+    QVarLengthArray<int, UsualItems + UsualDefaults> m_order;
+    QVarLengthArray<Item, UsualItems> m_recorded;
+    QVarLengthArray<Item, UsualDefaults> m_derived;
+    std::string m_layout; // what the group 410 points to when the record has none
+    GroupReader m_reader;
+};
+
+// The same with all values decoded.
+struct ListedGroup
+{
+    static constexpr int Derived = ListedItem::Derived;
+
+    Group group;
+    int origin = Derived;
+};
+std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record);
+
+// Other groups than angles stay as they are.
 Group inRadians(Group group);
 Group inDegrees(Group group);
 
-// Without extended data (1000 and above). Angles are in radians.
-std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record);
+// Whether an entity stands in the entities section and not in paper space.
+bool isInModelSpace(const Database &database, RecordId entity);
 
 // The name of the layout that an entity stands in; empty for those of other blocks.
 std::u16string layoutOf(const Drawing &drawing, RecordId entity);

@@ -25,9 +25,18 @@ std::int64_t integerOf(const GroupList &list, int code)
     return value ? *value : 0;
 }
 
+// Of a type of the schemas, which are ASCII; another text stays none of them.
+std::string narrowed(std::u16string_view type)
+{
+    std::string text(type.size(), '\0');
+    std::ranges::transform(type, text.begin(),
+                           [](char16_t unit) { return unit < 0x80 ? static_cast<char>(unit) : '?'; });
+    return text;
+}
+
 const EntitySchema *schemaFor(const GroupList &list)
 {
-    return schemaOf(typeOf(list), integerOf(list, FlagsCode));
+    return schemaOf(narrowed(typeOf(list)), integerOf(list, FlagsCode));
 }
 
 bool isMarker(const Group &group, std::u16string_view marker)
@@ -134,7 +143,7 @@ private:
                 take(group);
         const auto subclasses = m_schema ? m_schema->subclasses : std::span<const SubclassSchema>();
         for (const SubclassSchema &subclass : subclasses) {
-            addMarker(subclass.marker);
+            addMarker(widened(subclass.marker));
             for (const Group &group : m_list)
                 if (isOwn(group) && subclassOf(group.code) == &subclass)
                     take(group);
@@ -168,7 +177,7 @@ bool hasRequired(const GroupList &list, const EntitySchema &schema)
         for (const SchemaRow &row : subclass.rows)
             if (row.presence == SchemaRow::Presence::Required && !findGroup(list, row.code))
                 return false;
-        const auto isItsMarker = [&subclass](const Group &group) { return isMarker(group, subclass.marker); };
+        const auto isItsMarker = [&subclass](const Group &group) { return isMarker(group, widened(subclass.marker)); };
         if (schema.markers == Markers::Needed && std::ranges::none_of(list, isItsMarker))
             return false;
     }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "host/drawing/Group.h"
-
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -20,13 +19,13 @@ struct SchemaRow
     int code;
     Presence presence = Presence::Optional;
     double number = 0;               // of a default; of a point the z: (0 0 number)
-    const char16_t *text = u"";      // of a default text
+    std::string_view text = {};      // of a default text, ASCII
     bool repeatsAfterVertex = false; // once for each point (10) of the entity
 };
 
 struct SubclassSchema
 {
-    const char16_t *marker;
+    std::string_view marker;
     std::span<const SchemaRow> rows;
 
     bool has(int code) const;
@@ -38,18 +37,16 @@ enum class Markers : std::uint8_t { Needed, Added };
 
 struct EntitySchema
 {
-    const char16_t *type;
+    std::string_view type;
     std::span<const SubclassSchema> subclasses;
     Markers markers = Markers::Added;
     std::int64_t flags = 0; // of the groups 70 that tell kinds of a type apart: POLYLINE and VERTEX
 };
 
 // Null for a type that is not described. `flags` is the entity's group 70.
-const EntitySchema *schemaOf(std::u16string_view type, std::int64_t flags = 0);
+const EntitySchema *schemaOf(std::string_view type, std::int64_t flags = 0);
 
 // Groups that any entity may have, in its subclass AcDbEntity: layer, colour, linetype and so on.
 bool isCommonCode(int code);
-
-GroupValue defaultValue(const SchemaRow &row);
 
 } // namespace drawing

@@ -63,7 +63,7 @@ Value dictsearch(Machine &machine, Args arguments)
         }
         placeIn(machine, dictionary) = place;
     }
-    return entityList(machine, drawing, found);
+    return entityList(machine, drawing, found, entityName(machine, drawing, found));
 }
 
 Value dictnext(Machine &machine, Args arguments)
@@ -79,7 +79,7 @@ Value dictnext(Machine &machine, Args arguments)
     while (place < entries.size()) {
         const RecordId object = drawing.database().find(entries[place++].object);
         if (object != NoRecord && !drawing.database().record(object).isGone())
-            return entityList(machine, drawing, object);
+            return entityList(machine, drawing, object, entityName(machine, drawing, object));
     }
     return Value::nil();
 }

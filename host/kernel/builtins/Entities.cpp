@@ -57,7 +57,7 @@ Value entget(Machine &machine, Args arguments)
     const RecordId record = recordArgument(drawing, arguments, 0);
     if (record == NoRecord || drawing.database().record(record).isGone())
         return Value::nil();
-    return entityList(machine, drawing, record,
+    return entityList(machine, drawing, record, arguments[0],
                       arguments[1].isTrue() ? filterOf(arguments.list(1)) : ApplicationFilter());
 }
 
@@ -69,7 +69,8 @@ Value entmod(Machine &machine, Args arguments)
     if (record == NoRecord || drawing.database().record(record).isGone())
         return Value::nil();
     const auto *type = drawing::findValue<std::u16string>(request.groups, drawing::groupcode::Type);
-    if (type && *type != drawing.database().type(record))
+    const std::string_view oldType = drawing.database().names().text(drawing.database().record(record).type);
+    if (type && !drawing.database().codec().decodesTo(oldType, *type))
         return Value::nil();
     return drawing::changeRecord(drawing, record, request.groups) ? arguments[0] : Value::nil();
 }

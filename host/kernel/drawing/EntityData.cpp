@@ -13,11 +13,12 @@
 #include <limits>
 
 using drawing::Drawing;
+using drawing::EntityListing;
 using drawing::Group;
 using drawing::GroupList;
 using drawing::GroupValue;
 using drawing::Handle;
-using drawing::ListedGroup;
+using drawing::ListedItem;
 using drawing::Point;
 using drawing::RecordId;
 using drawing::ValueKind;
@@ -70,6 +71,31 @@ private:
     const Drawing &m_drawing;
     int m_code;
 };
+
+// The value of a group that is listed; as ValueMaker makes it, with less effort for what is frequent.
+Value itemValue(Machine &machine, const Drawing &drawing, const EntityListing &listing, const ListedItem &listed)
+{
+    const ValueMaker make(machine, drawing, listed.item.code);
+    switch (listed.item.kind) {
+    case ValueKind::Text:
+        if (drawing::TextCodec::isPlain(listed.item.raw.value))
+            return machine.heap().sharedAsciiString(listed.item.raw.value);
+        break;
+    case ValueKind::Handle:
+        if (drawing::TextCodec::isPlain(listed.item.raw.value))
+            return machine.heap().asciiString(listed.item.raw.value);
+        break;
+    case ValueKind::Real:
+        return make(listed.item.real);
+    case ValueKind::Point:
+        return make(listed.item.point);
+    case ValueKind::Reference:
+        return make(Handle{listed.item.handle});
+    default:
+        break;
+    }
+    return std::visit(make, listing.group(listed).value);
+}
 
 void addExtendedData(Machine &machine, const Drawing &drawing, const GroupList &data, ListBuilder &items)
 {
@@ -133,12 +159,19 @@ std::optional<GroupValue> valueOf(int code, Value value)
     }
 }
 
+// Of a pair, or a list for a point, with a code; nothing for anything else.
+std::optional<GroupValue> valueOf(Value group)
+{
+    const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
+    return hasCode ? valueOf(group.asCons()->car.asInteger(), group.asCons()->cdr) : std::nullopt;
+}
+
 void addGroup(Value group, GroupList &groups)
 {
-    std::optional<Group> decoded = groupOf(group);
-    if (!decoded)
+    std::optional<GroupValue> value = valueOf(group);
+    if (!value)
         badGroup(group);
-    groups.push_back(std::move(*decoded));
+    groups.push_back({group.asCons()->car.asInteger(), std::move(*value)});
 }
 
 // ("APP" (1000 . "text") …) …
@@ -157,10 +190,8 @@ void addApplications(Value list, GroupList &data)
 
 std::optional<Group> groupOf(Value group)
 {
-    const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
-    const std::optional<GroupValue> value =
-        hasCode ? valueOf(group.asCons()->car.asInteger(), group.asCons()->cdr) : std::nullopt;
-    return value ? std::optional(Group{group.asCons()->car.asInteger(), *value}) : std::nullopt;
+    std::optional<GroupValue> value = valueOf(group);
+    return value ? std::optional(Group{group.asCons()->car.asInteger(), std::move(*value)}) : std::nullopt;
 }
 
 std::optional<GroupValue> handleValue(std::u16string_view text)
@@ -208,12 +239,13 @@ std::optional<RecordId> secondName(const Drawing &drawing, RecordId id)
     return first != drawing::NoRecord ? std::optional(first) : std::nullopt;
 }
 
-Value entityList(Machine &machine, const Drawing &drawing, RecordId record, const ApplicationFilter &filter)
+Value entityList(Machine &machine, const Drawing &drawing, RecordId record, Value name, const ApplicationFilter &filter)
 {
+    const EntityListing listing(drawing, record);
     ListBuilder items(machine.heap());
-    items.add(pair(machine, NameCode, entityName(machine, drawing, record)));
-    for (const ListedGroup &listed : listing(drawing, record))
-        items.add(groupPair(machine, drawing, listed.group));
+    items.add(pair(machine, NameCode, name));
+    for (const ListedItem listed : listing)
+        items.add(pair(machine, listed.item.code, itemValue(machine, drawing, listing, listed)));
     if (const std::optional<RecordId> second = secondName(drawing, record))
         items.add(pair(machine, SecondNameCode, entityName(machine, drawing, *second)));
     if (filter)
@@ -233,7 +265,9 @@ Value tableRecordList(Machine &machine, const Drawing &drawing, RecordId record)
 
 EntityRequest entityRequest(Value list)
 {
+    constexpr std::size_t UsualGroups = 24;
     EntityRequest request;
+    request.groups.reserve(UsualGroups);
     GroupList data;
     for (const Value group : lisp::ListItems(list)) {
         const bool hasCode = group.isCons() && group.asCons()->car.isInteger();

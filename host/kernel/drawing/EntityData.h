@@ -15,10 +15,10 @@ inline constexpr int NameCode = -1, SecondNameCode = -2, ExtendedDataCode = -3;
 // Which applications' extended data is wanted.
 using ApplicationFilter = std::function<bool(std::u16string_view)>;
 
-// The list of a record that is not erased. With a filter, (-3 ("APP" (1000 . "text") …) …) stands last when there is
-// such data.
+// The list of a record that is not erased; `name` is its entity name. With a filter, (-3 ("APP" (1000 . "text") …) …)
+// stands last when there is such data.
 lisp::Value entityList(lisp::Machine &machine, const drawing::Drawing &drawing, drawing::RecordId record,
-                       const ApplicationFilter &filter = {});
+                       lisp::Value name, const ApplicationFilter &filter = {});
 
 // The list of a table record, as tblsearch and tblnext give it: no handle, no owner, no markers.
 lisp::Value tableRecordList(lisp::Machine &machine, const drawing::Drawing &drawing, drawing::RecordId record);

@@ -65,8 +65,9 @@ void EntityNodes::addSecondName(RecordId record)
 resbuf *EntityNodes::record(RecordId record, const ApplicationFilter &filter)
 {
     add(NameCode)->resval.name = nodeName(m_drawing, record);
-    for (const drawing::ListedGroup &listed : drawing::listing(m_drawing, record))
-        add(listed.group);
+    const drawing::EntityListing items(m_drawing, record);
+    for (const drawing::ListedItem listed : items)
+        add(items.group(listed));
     addSecondName(record);
     const drawing::GroupList data = filter ? drawing::extendedData(m_drawing, record, filter) : drawing::GroupList();
     if (!data.empty())

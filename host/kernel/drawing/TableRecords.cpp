@@ -1,6 +1,7 @@
 #include "host/kernel/drawing/TableRecords.h"
 
 #include "host/drawing/TextCodec.h"
+#include "host/drawing/entities/Braces.h"
 #include "host/drawing/entities/EntityListing.h"
 
 #include <algorithm>
@@ -71,15 +72,16 @@ std::vector<drawing::RecordId> tableRecords(const drawing::Drawing &drawing, dra
 drawing::GroupList tableRecordGroups(const drawing::Drawing &drawing, drawing::RecordId record)
 {
     drawing::GroupList groups;
+    const drawing::EntityListing items(drawing, record);
     const bool isBlock = drawing.database().record(record).kind == drawing::RecordKind::BlockStart;
-    int depth = 0;
-    for (drawing::ListedGroup &listed : drawing::listing(drawing, record)) {
-        const auto *text = std::get_if<std::u16string>(&listed.group.value);
-        if (listed.group.code == drawing::groupcode::Braces && text)
-            depth += text->starts_with(u'{') ? 1 : -1;
-        const bool isWanted = isShown(listed.group.code) && (!isBlock || isShownOfBlock(listed.group));
-        if (depth == 0 && listed.origin != drawing::ListedGroup::Derived && isWanted)
-            groups.push_back(std::move(listed.group));
+    drawing::Braces braces;
+    for (const drawing::ListedItem listed : items) {
+        const bool isInBraces = braces.enclose(listed.item);
+        if (isInBraces || listed.origin == drawing::ListedItem::Derived || !isShown(listed.item.code))
+            continue;
+        drawing::Group group = items.group(listed);
+        if (!isBlock || isShownOfBlock(group))
+            groups.push_back(std::move(group));
     }
     return groups;
 }

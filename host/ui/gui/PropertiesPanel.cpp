@@ -65,7 +65,7 @@ void PropertiesPanel::refresh()
         if (static_cast<std::size_t>(m_lists.size()) == MostEntities)
             break;
         if (!drawing.database().record(entity).isGone())
-            add(entityList(m_document.machine(), drawing, entity));
+            add(entityList(m_document.machine(), drawing, entity, entityName(m_document.machine(), drawing, entity)));
     }
     if (m_groups->topLevelItemCount() == 1)
         m_groups->expandAll();

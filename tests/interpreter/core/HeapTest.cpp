@@ -102,3 +102,16 @@ TEST(Heap, aProgramThatCatchesOutOfMemoryGoesOn)
                                     "(list (length l) (vl-catch-all-error-message r))"),
               "(100000 \"out of memory\")");
 }
+
+TEST(Heap, sharesShortStringsUntilTheNextCollection)
+{
+    lisp::Machine machine;
+    lisp::Heap &heap = machine.heap();
+    const lisp::Value first = heap.sharedAsciiString("AcDbLine");
+    EXPECT_EQ(heap.sharedAsciiString("AcDbLine"), first);
+    EXPECT_NE(heap.sharedAsciiString("AcDbLin"), first);
+    machine.collectGarbage();
+    EXPECT_EQ(heap.sharedAsciiString("AcDbLine").asString()->view(), u"AcDbLine");
+    const std::string longText(100, 'x');
+    EXPECT_NE(heap.sharedAsciiString(longText), heap.sharedAsciiString(longText));
+}

@@ -38,6 +38,51 @@ TEST_F(Change, writesTheChangedGroupAlone)
               "1001 ACME,1000 kept,1001 OTHER,1070      5");
 }
 
+// Another value of the same type.
+GroupValue otherValue(const GroupValue &value)
+{
+    if (const auto *real = std::get_if<double>(&value))
+        return *real + 0.25;
+    if (const auto *integer = std::get_if<std::int64_t>(&value))
+        return *integer + 1;
+    if (const auto *point = std::get_if<Point>(&value))
+        return Point{point->x, point->y - 0.5, point->z, point->dimensions};
+    return u"other";
+}
+
+TEST_F(Change, byAWholeListWritesWhatTheChangedGroupAloneWrites)
+{
+    const std::pair<const char *, std::string_view> entities[] = {
+        {"AC1015", Line},
+        {"AC1009", "0\nLINE\n10\n1.0\n20\n2.0\n11\n3.0\n999\nremark\n21\n4.0\n8\n0\n62\n1\n"},
+        {"AC1009", "0\nTEXT\n8\nNotes\n10\n1.0\n20\n2.0\n30\n0.0\n40\n2.5\n1\nDoor\n50\n30.0\n72\n1\n"},
+        {"AC1015", "0\nARC\n5\n2F\n100\nAcDbEntity\n6\nDASHED\n8\n0\n100\nAcDbCircle\n10\n1.0\n20\n2.0\n30\n0\n"
+                   "40\n5.0\n100\nAcDbArc\n50\n0.0\n51\n90.0\n"}};
+    int changes = 0;
+    for (const auto &[version, entity] : entities) {
+        const GroupList list = groupsOf(listing(drawing(), open(version, entity)));
+        for (std::size_t place = 0; place < list.size(); ++place) {
+            const int code = list[place].code;
+            const auto isCode = [code](const Group &group) { return group.code == code; };
+            if (code == groupcode::Type || code == groupcode::Subclass || code == groupcode::Owner ||
+                code == groupcode::Handle || std::count_if(list.begin(), list.end(), isCode) > 1)
+                continue;
+            const Group changed{code, otherValue(list[place].value)};
+            RecordId id = open(version, entity);
+            EXPECT_TRUE(changeRecord(drawing(), id, {changed}));
+            const std::string alone = written(id);
+            id = open(version, entity);
+            EXPECT_NE(written(id), alone);
+            GroupList whole = list;
+            whole[place] = changed;
+            EXPECT_TRUE(changeRecord(drawing(), id, whole));
+            EXPECT_EQ(written(id), alone) << code;
+            ++changes;
+        }
+    }
+    EXPECT_GT(changes, 20);
+}
+
 TEST_F(Change, toADefaultThatIsChangedWritesIt)
 {
     const RecordId line = openLine();

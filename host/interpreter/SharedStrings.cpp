@@ -1,0 +1,47 @@
+#include "host/interpreter/SharedStrings.h"
+
+#include "host/interpreter/Heap.h"
+#include "host/interpreter/Objects.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace lisp {
+
+namespace {
+
+constexpr std::size_t MostShared = 32; // characters
+
+// Of the length and the last eight characters, in which names of a kind differ.
+std::size_t placeOf(std::string_view text, std::size_t places)
+{
+    constexpr std::uint64_t Multiplier = 0x9E37'79B9'7F4A'7C15; // spreads small differences over the upper bits
+    std::uint64_t end = 0;
+    const std::size_t count = std::min(text.size(), sizeof end);
+    std::memcpy(&end, text.data() + text.size() - count, count);
+    return ((end + text.size()) * Multiplier >> 32) % places;
+}
+
+// Looks at all characters, which for short texts is faster than to stop at the first difference.
+bool isSame(std::u16string_view text, std::string_view ascii)
+{
+    unsigned difference = text.size() == ascii.size() ? 0 : 1;
+    for (std::size_t i = 0; i < std::min(text.size(), ascii.size()); ++i)
+        difference |= text[i] ^ static_cast<unsigned char>(ascii[i]);
+    return difference == 0;
+}
+
+} // namespace
+
+Value SharedStrings::string(std::string_view ascii)
+{
+    if (ascii.size() > MostShared)
+        return m_heap.asciiString(ascii);
+    Value &shared = m_strings[placeOf(ascii, m_strings.size())];
+    if (!shared.isString() || !isSame(shared.asString()->view(), ascii))
+        shared = m_heap.asciiString(ascii);
+    return shared;
+}
+
+} // namespace lisp
