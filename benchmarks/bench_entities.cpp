@@ -10,6 +10,10 @@ constexpr const char16_t *Preparation = uR"(
 (setq data (entget line))
 (setq owner (cdr (assoc 330 data)))
 (setq handle (cdr (assoc 5 data)))
+(repeat 1000
+  (setq lines (cons (entmakex '((0 . "LINE") (8 . "Walls") (10 1.5 -7.25 0.0) (11 34.567891 8.765432 0.0))) lines)))
+(setq rest lines)
+(defun next-line () (car (setq rest (cdr (if (cdr rest) rest lines)))))
 (defun build ()
   (list (cons -1 line) (cons 0 "LINE") (cons 330 owner) (cons 5 handle) (cons 100 "AcDbEntity") (cons 67 0)
         (cons 410 "Model") (cons 8 "Walls") (cons 62 3) (cons 100 "AcDbLine") (cons 10 (list 12.5 -7.25 0.0))
@@ -44,4 +48,6 @@ BENCHMARK_CAPTURE(work, entmod,
 BENCHMARK_CAPTURE(work, substitution,
                   u"(setq data (subst (cons 10 (list (1+ (cadr (assoc 10 data))) 0.0 0.0)) (assoc 10 data) data))");
 BENCHMARK_CAPTURE(work, extents, u"(acet-ent-geomextents line)");
+BENCHMARK_CAPTURE(work, extentsOfAnotherLine, u"(acet-ent-geomextents (next-line))");
+BENCHMARK_CAPTURE(work, anotherLine, u"(next-line)");
 BENCHMARK_CAPTURE(work, version, u"(acet-util-ver)");

@@ -3,7 +3,6 @@
 
 namespace geometry {
 
-using drawing::Item;
 using drawing::RecordId;
 
 void lineShapes(ShapeWalk &walk, RecordId id)
@@ -11,24 +10,8 @@ void lineShapes(ShapeWalk &walk, RecordId id)
     Line line;
     double thickness = 0;
     Vector extrusion{0, 0, 1};
-    EntityReader reader(walk.database(), id);
-    for (Item item; reader.next(item);)
-        switch (item.code) {
-        case 10:
-            line.start = vectorOf(item.point);
-            break;
-        case 11:
-            line.end = vectorOf(item.point);
-            break;
-        case code::Thickness:
-            thickness = item.real;
-            break;
-        case code::Extrusion:
-            extrusion = vectorOf(item.point);
-            break;
-        default:
-            break;
-        }
+    EntityReader(walk.database(), id)
+        .readInto({{10, line.start}, {11, line.end}, {code::Thickness, thickness}, {code::Extrusion, extrusion}});
     const Curve curve = line; // in world coordinates, also with an extrusion direction
     walk.thickPath({&curve, 1}, false, normalized(extrusion) * thickness);
 }
@@ -37,12 +20,8 @@ void rayShapes(ShapeWalk &walk, RecordId id)
 {
     Ray ray;
     ray.isEndless = walk.database().names().text(walk.database().record(id).type) == "XLINE";
-    EntityReader reader(walk.database(), id);
-    for (Item item; reader.next(item);)
-        if (item.code == 10)
-            ray.origin = vectorOf(item.point);
-        else if (item.code == 11)
-            ray.direction = normalized(vectorOf(item.point), {1, 0, 0});
+    EntityReader(walk.database(), id).readInto({{10, ray.origin}, {11, ray.direction}});
+    ray.direction = normalized(ray.direction, {1, 0, 0});
     walk.ray(ray);
 }
 
@@ -50,14 +29,8 @@ void pointShapes(ShapeWalk &walk, RecordId id)
 {
     Vector place, extrusion{0, 0, 1};
     double thickness = 0;
-    EntityReader reader(walk.database(), id);
-    for (Item item; reader.next(item);)
-        if (item.code == 10)
-            place = vectorOf(item.point);
-        else if (item.code == code::Thickness)
-            thickness = item.real;
-        else if (item.code == code::Extrusion)
-            extrusion = vectorOf(item.point);
+    EntityReader(walk.database(), id)
+        .readInto({{10, place}, {code::Thickness, thickness}, {code::Extrusion, extrusion}});
     walk.point(place);
     if (thickness != 0)
         walk.line(place, place + normalized(extrusion) * thickness);
@@ -67,30 +40,13 @@ void circleShapes(ShapeWalk &walk, RecordId id)
 {
     Vector centre, extrusion{0, 0, 1};
     double radius = 0, start = 0, end = 360, thickness = 0;
-    EntityReader reader(walk.database(), id);
-    for (Item item; reader.next(item);)
-        switch (item.code) {
-        case 10:
-            centre = vectorOf(item.point);
-            break;
-        case 40:
-            radius = item.real;
-            break;
-        case 50:
-            start = item.real;
-            break;
-        case 51:
-            end = item.real;
-            break;
-        case code::Thickness:
-            thickness = item.real;
-            break;
-        case code::Extrusion:
-            extrusion = vectorOf(item.point);
-            break;
-        default:
-            break;
-        }
+    EntityReader(walk.database(), id)
+        .readInto({{10, centre},
+                   {40, radius},
+                   {50, start},
+                   {51, end},
+                   {code::Thickness, thickness},
+                   {code::Extrusion, extrusion}});
     const bool isArc = walk.database().names().text(walk.database().record(id).type) == "ARC";
     const double from = isArc ? reducedAngle(radians(start)) : 0;
     const double sweep = isArc ? counterclockwise(from, radians(end)) : FullTurn;
@@ -103,30 +59,8 @@ void ellipseShapes(ShapeWalk &walk, RecordId id)
 {
     Vector centre, major{1, 0, 0}, extrusion{0, 0, 1};
     double ratio = 1, start = 0, end = FullTurn;
-    EntityReader reader(walk.database(), id);
-    for (Item item; reader.next(item);)
-        switch (item.code) {
-        case 10:
-            centre = vectorOf(item.point);
-            break;
-        case 11:
-            major = vectorOf(item.point);
-            break;
-        case 40:
-            ratio = item.real;
-            break;
-        case 41:
-            start = item.real;
-            break;
-        case 42:
-            end = item.real;
-            break;
-        case code::Extrusion:
-            extrusion = vectorOf(item.point);
-            break;
-        default:
-            break;
-        }
+    EntityReader(walk.database(), id)
+        .readInto({{10, centre}, {11, major}, {40, ratio}, {41, start}, {42, end}, {code::Extrusion, extrusion}});
     // All in world coordinates. The minor axis has its length also where the axes are not quite upright.
     const Vector minor = normalized(cross(extrusion, major), {}) * (length(major) * ratio);
     const double from = reducedAngle(start), sweep = counterclockwise(from, end);

@@ -21,45 +21,20 @@ struct InsertGroups
 InsertGroups readInsert(const drawing::Database &database, RecordId id)
 {
     InsertGroups groups;
-    EntityReader reader(database, id);
-    for (Item item; reader.next(item);)
-        switch (item.code) {
-        case drawing::groupcode::Name:
-            groups.block = reader.text(item);
-            break;
-        case 10:
-            groups.insertion = vectorOf(item.point);
-            break;
-        case 41:
-            groups.scale.x = item.real;
-            break;
-        case 42:
-            groups.scale.y = item.real;
-            break;
-        case 43:
-            groups.scale.z = item.real;
-            break;
-        case 44:
-            groups.columnSpacing = item.real;
-            break;
-        case 45:
-            groups.rowSpacing = item.real;
-            break;
-        case 50:
-            groups.rotation = item.real;
-            break;
-        case 70:
-            groups.columns = std::max<std::int64_t>(1, item.integer);
-            break;
-        case 71:
-            groups.rows = std::max<std::int64_t>(1, item.integer);
-            break;
-        case code::Extrusion:
-            groups.extrusion = vectorOf(item.point);
-            break;
-        default:
-            break;
-        }
+    EntityReader(database, id)
+        .readInto({{drawing::groupcode::Name, groups.block},
+                   {10, groups.insertion},
+                   {41, groups.scale.x},
+                   {42, groups.scale.y},
+                   {43, groups.scale.z},
+                   {44, groups.columnSpacing},
+                   {45, groups.rowSpacing},
+                   {50, groups.rotation},
+                   {70, groups.columns},
+                   {71, groups.rows},
+                   {code::Extrusion, groups.extrusion}});
+    groups.columns = std::max<std::int64_t>(1, groups.columns);
+    groups.rows = std::max<std::int64_t>(1, groups.rows);
     return groups;
 }
 
@@ -121,14 +96,9 @@ void dimensionShapes(ShapeWalk &walk, RecordId id)
 {
     std::u16string block;
     Vector offset, extrusion{0, 0, 1};
-    EntityReader reader(walk.database(), id);
-    for (Item item; reader.next(item);)
-        if (item.code == drawing::groupcode::Name)
-            block = reader.text(item);
-        else if (item.code == 12)
-            offset = vectorOf(item.point); // of a copy that shares its block
-        else if (item.code == code::Extrusion)
-            extrusion = vectorOf(item.point);
+    constexpr int OffsetCode = 12; // of a copy that shares its block
+    EntityReader(walk.database(), id)
+        .readInto({{drawing::groupcode::Name, block}, {OffsetCode, offset}, {code::Extrusion, extrusion}});
     // The block is in the coordinates of the dimension's space.
     walk.block(walk.drawing().tables().find(drawing::known::Block, block),
                Matrix::translation(Matrix::ofExtrusion(extrusion).direction(offset)));

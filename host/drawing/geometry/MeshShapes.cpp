@@ -61,42 +61,19 @@ PolylineGroups readPolyline(const drawing::Database &database, RecordId id)
 {
     PolylineGroups groups;
     groups.id = id;
-    EntityReader reader(database, id);
-    for (Item item; reader.next(item);)
-        switch (item.code) {
-        case 10:
-            groups.elevation = item.point.z;
-            break;
-        case code::Thickness:
-            groups.thickness = item.real;
-            break;
-        case 40:
-            groups.startWidth = item.real;
-            break;
-        case 41:
-            groups.endWidth = item.real;
-            break;
-        case 70:
-            groups.flags = item.integer;
-            break;
-        case 71:
-            groups.countM = item.integer;
-            break;
-        case 72:
-            groups.countN = item.integer;
-            break;
-        case 73:
-            groups.densityM = item.integer;
-            break;
-        case 74:
-            groups.densityN = item.integer;
-            break;
-        case code::Extrusion:
-            groups.extrusion = vectorOf(item.point);
-            break;
-        default:
-            break;
-        }
+    Vector place;
+    EntityReader(database, id)
+        .readInto({{10, place},
+                   {code::Thickness, groups.thickness},
+                   {40, groups.startWidth},
+                   {41, groups.endWidth},
+                   {70, groups.flags},
+                   {71, groups.countM},
+                   {72, groups.countN},
+                   {73, groups.densityM},
+                   {74, groups.densityN},
+                   {code::Extrusion, groups.extrusion}});
+    groups.elevation = place.z;
     return groups;
 }
 
