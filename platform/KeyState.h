@@ -2,9 +2,10 @@
 
 #include "platform/WindowsTypes.h"
 
-#ifndef _WIN32
-
+#include <cstdint>
 #include <functional>
+
+#ifndef _WIN32
 
 // Virtual-key codes: https://learn.microsoft.com/windows/win32/inputdev/virtual-key-codes
 inline constexpr int VK_LBUTTON = 0x01;
@@ -16,8 +17,8 @@ inline constexpr int VK_MBUTTON = 0x04;
 // DISPLAY names one that answers.
 std::int16_t GetKeyState(int virtualKey);
 
+#endif
+
 // Takes the place of the X server: a window system that knows better, or a test. An empty function ends that.
 using KeyStateSource = std::function<std::int16_t(int virtualKey)>;
 void setKeyStateSource(KeyStateSource source);
-
-#endif

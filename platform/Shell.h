@@ -2,11 +2,11 @@
 
 #include "platform/WindowsTypes.h"
 
-#ifndef _WIN32
-
 #include <QString>
 
 #include <functional>
+
+#ifndef _WIN32
 
 // The shell's calls: https://learn.microsoft.com/windows/win32/api/shellapi
 //
@@ -27,6 +27,8 @@ HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result);
 // is the kind's own. `owner` and `show` are not used here. Does not wait for the program.
 HINSTANCE ShellExecuteW(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int show);
 
+#endif
+
 // One call of ShellExecuteW; texts that were null are empty.
 struct ShellLaunch
 {
@@ -34,8 +36,7 @@ struct ShellLaunch
     int result;
 };
 
-// Is told of each call of ShellExecuteW when its result is known; an empty function ends that.
+// Is told of each call of ShellExecuteW when its result is known; an empty function ends that. On Windows
+// ObservedCalls.h says whose calls these are.
 using ShellObserver = std::function<void(const ShellLaunch &launch)>;
 void setShellObserver(ShellObserver observer);
-
-#endif

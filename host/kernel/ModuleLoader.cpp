@@ -3,7 +3,7 @@
 #include "sdk/oda/OdRxModule.h"
 
 #ifdef _WIN32
-#include <windows.h>
+#include "platform/ObservedCalls.h"
 #else
 #include "host/kernel/LibraryFile.h"
 
@@ -31,6 +31,7 @@ public:
         m_handle = LoadLibraryW(reinterpret_cast<const wchar_t *>(path.utf16()));
         if (!m_handle)
             throw ModuleError("cannot load the module " + path.toStdString());
+        observeCallsOf(static_cast<HMODULE>(m_handle));
 #else
         if (QFileInfo(path).isFile() && QFileInfo(path).isReadable() && !isWholeLibrary(path))
             throw ModuleError(path.toStdString() + ": not a library of this system, or not all of it");

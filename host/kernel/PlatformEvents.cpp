@@ -4,14 +4,6 @@
 #include "platform/Beep.h"
 #include "platform/Shell.h"
 
-#ifdef _WIN32
-
-PlatformEvents::PlatformEvents(HostServices &) {}
-
-PlatformEvents::~PlatformEvents() = default;
-
-#else
-
 PlatformEvents::PlatformEvents(HostServices &services)
 {
     setShellObserver([&services](const ShellLaunch &launch) {
@@ -33,5 +25,3 @@ PlatformEvents::~PlatformEvents()
     setShellObserver({});
     setBeepObserver({});
 }
-
-#endif

@@ -2,8 +2,7 @@
 
 struct HostServices;
 
-// Writes what the platform library launches and sounds into the transcript, as long as it lives. On Windows those calls
-// are the system's own, and nobody hears of them.
+// Writes what the modules launch and sound into the transcript, as long as it lives.
 class PlatformEvents
 {
 public:

@@ -1,6 +1,7 @@
 #include "host/ui/DialogDriver.h"
 
 #include "host/kernel/HostServices.h"
+#include "host/ui/AnsweredDialog.h"
 #include "host/ui/DialogActions.h"
 #include "host/ui/DialogDescription.h"
 
@@ -9,6 +10,26 @@
 #include <QEvent>
 
 #include <algorithm>
+
+namespace {
+
+class QtDialog final : public AnsweredDialog
+{
+public:
+    explicit QtDialog(QDialog &dialog) : m_dialog(&dialog) {}
+
+    bool isOpen() const override { return m_dialog && m_dialog->isVisible(); }
+    void describe(TranscriptEvent &event) const override { describeDialog(event, *m_dialog); }
+    QString name() const override { return dialogName(*m_dialog); }
+    bool suits(const Answer &answer) const override { return ::suits(answer, *m_dialog); }
+    void perform(const Answer &answer) override { ::perform(answer, *m_dialog); }
+    void dismiss() override { ::dismiss(*m_dialog); }
+
+private:
+    QPointer<QDialog> m_dialog;
+};
+
+} // namespace
 
 DialogDriver::DialogDriver(HostServices &services) : m_services(services)
 {
@@ -21,49 +42,14 @@ bool DialogDriver::eventFilter(QObject *watched, QEvent *event)
     if (dialog && dialog->isModal()) {
         // Its event loop, which runs the answer, begins when it is shown.
         QMetaObject::invokeMethod(
-            this, [this, shown = QPointer(dialog)] { answer(shown); }, Qt::QueuedConnection);
+            this, [this, shown = QtDialog(*dialog)]() mutable { answerDialog(shown, m_services); },
+            Qt::QueuedConnection);
     } else if (dialog && dialog->isWindow()) {
         const auto isThis = [dialog](const Window &window) { return window.dialog == dialog; };
         if (std::none_of(m_windows.begin(), m_windows.end(), isThis))
             m_windows.append(Window{dialog, {}});
     }
     return false;
-}
-
-void DialogDriver::answer(QPointer<QDialog> dialog)
-{
-    while (dialog && dialog->isVisible())
-        answerOnce(*dialog);
-}
-
-// The dialog is written down as it was before it was answered, and before what the answer opens. Texts typed into it
-// come first and belong to the same entry.
-void DialogDriver::answerOnce(QDialog &dialog)
-{
-    TranscriptEvent event(u"dialog");
-    describeDialog(event, dialog);
-    const QString name = dialogName(dialog);
-    std::optional<Answer> answer = m_services.answers.take();
-    std::optional<QString> typed;
-    while (answer && answer->kind == Answer::Kind::Text && suits(*answer, dialog)) {
-        typed = answer->argument;
-        perform(*answer, dialog);
-        answer = m_services.answers.take();
-    }
-    if (typed)
-        event.add(u"typed", *typed);
-    m_services.transcript.write(event.add(u"answer", answer ? QJsonValue(answerLine(*answer)) : QJsonValue()));
-    if (answer && suits(*answer, dialog)) {
-        perform(*answer, dialog);
-        return;
-    }
-    if (!answer)
-        m_services.warn(QStringLiteral("no answer left for the dialog ") + name);
-    else
-        m_services.warn(QStringLiteral("the answer of line %1, %2, does not suit the dialog %3")
-                            .arg(answer->line)
-                            .arg(answerLine(*answer), name));
-    dismiss(dialog);
 }
 
 void DialogDriver::noteWindows()

@@ -27,8 +27,6 @@ private:
         QByteArray lastLine; // as last written
     };
 
-    void answer(QPointer<QDialog> dialog);
-    void answerOnce(QDialog &dialog);
     void note(Window &window);
 
     HostServices &m_services;

@@ -7,6 +7,7 @@
 #include "host/ui/FileChooser.h"
 #include "host/ui/HtmlDialog.h"
 #include "host/ui/SpawnedProcesses.h"
+#include "host/ui/SystemBoxes.h"
 #include "host/ui/TextBrowserView.h"
 
 #include <QApplication>
@@ -40,7 +41,8 @@ template <class Application> std::unique_ptr<Application> makeApplication(int &c
 } // namespace
 
 HeadlessInterface::HeadlessInterface(HostServices &services)
-    : m_services(services), m_application(makeApplication<QCoreApplication>(plainArgumentCount, plainArguments.data()))
+    : m_services(services), m_application(makeApplication<QCoreApplication>(plainArgumentCount, plainArguments.data())),
+      m_systemBoxes(driveSystemBoxes(services))
 {
     services.userInterface = this;
     HostSdk::installWebViewMaker(makeTextBrowserView);

@@ -6,6 +6,7 @@
 
 class QCoreApplication;
 class DialogDriver;
+class SystemBoxDriver;
 struct HostServices;
 
 // Windows for runs without a person: real ones, on a screen that only exists in memory, driven by the answers file.
@@ -34,6 +35,7 @@ private:
 
     HostServices &m_services;
     std::unique_ptr<QCoreApplication> m_application; // a QApplication as soon as a window is asked for
+    std::unique_ptr<SystemBoxDriver> m_systemBoxes;
     std::unique_ptr<DialogDriver> m_driver;
     std::unique_ptr<QWidget> m_mainWindow;
 };

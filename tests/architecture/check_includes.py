@@ -42,7 +42,7 @@ GUI_ROOMS = ["sdk/fx/ui", "platform/ui", "host/sdk/ui", "host/ui"]
 
 # The folders and sources that may compile to something else on another system.
 MAY_BRANCH = ["platform/", "storage/", "sdk/fx/FxExport.h", "sdk/fx/ui/FxUiExport.h", "sdk/oda/OdRxExport.h",
-              "host/interpreter/NativeStack.cpp", "host/kernel/ModuleLoader.cpp", "host/kernel/PlatformEvents.cpp"]
+              "host/interpreter/NativeStack.cpp", "host/kernel/ModuleLoader.cpp"]
 
 BRANCH = re.compile(r"^\s*#\s*(?:el)?if.*\b(?:_WIN|WIN32|Q_OS_|__linux|__unix|__MINGW|_MSC_VER)", re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)

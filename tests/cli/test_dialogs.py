@@ -33,7 +33,7 @@ class Dialogs(LispHostTest):
         self.assertEqual(events[1]["labels"], {"labelSubtitle": "&Remark"})
         self.assertEqual((events[3]["width"], events[3]["height"]), (640, 480))
 
-    def test_a_native_box_is_a_message_box_of_qt(self):
+    def test_a_native_box_stands_in_the_transcript_like_a_message_box_of_qt(self):
         outcome, events = self.run_with("@press Continue\n", '(acet-ui-message "Again?" "Copy" 54)')
         self.assert_gives(outcome, "11\n")
         self.assertEqual(events[0]["class"], "QMessageBox")

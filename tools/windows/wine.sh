@@ -14,16 +14,20 @@ export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
 export LC_ALL=C.UTF-8 # file names and arguments reach Windows through this
 
+complete=$WINEPREFIX/.complete-2 # the number changes with what make_prefix does
+
 make_prefix() {
     mkdir -p "$WINEPREFIX"
     exec 9>"$WINEPREFIX/.lock"
     flock 9
-    [ -f "$WINEPREFIX/.complete" ] && return
+    [ -f "$complete" ] && return
     # As long as nobody is asked for a display, nothing waits for a window to be closed.
     env -u DISPLAY "$wine" wineboot --init >"$WINEPREFIX.log" 2>&1 9>&-
+    # Without a display the system's message boxes are there all the same, on a screen that nobody sees.
+    env -u DISPLAY "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d x11,null /f >>"$WINEPREFIX.log" 2>&1 9>&-
     env -u DISPLAY /usr/lib/wine/wineserver -w 9>&-
-    touch "$WINEPREFIX/.complete"
+    touch "$complete"
 }
 
-[ -f "$WINEPREFIX/.complete" ] || (make_prefix)
+[ -f "$complete" ] || (make_prefix)
 exec "$wine" "$@"

@@ -3,6 +3,7 @@
 #include "host/interpreter/Machine.h"
 #include "host/kernel/input/UserInput.h"
 #include "host/kernel/windows/UserInterface.h"
+#include "host/ui/gui/HeldKeys.h"
 #include "host/ui/gui/MainWindow.h"
 
 #include <QElapsedTimer>
@@ -50,6 +51,7 @@ private:
     void accept(const QString &text);
 
     HostServices &m_services;
+    HeldKeys m_heldKeys; // for programs that ask which keys are down
     MainWindow m_window;
     lisp::Machine *m_machine = nullptr; // that runs
     QString m_pending;                  // printed, but not shown yet

@@ -1,7 +1,7 @@
 #include "functions/help.h"
 
+#include "platform/ObservedCalls.h"
 #include "tests/support/HandlerTest.h"
-#include "tests/support/Observers.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "functions/processes.h"
 
+#include "platform/ObservedCalls.h"
 #include "tests/functions/processes/ProcessTest.h"
-#include "tests/support/Observers.h"
 
 #include <vector>
 

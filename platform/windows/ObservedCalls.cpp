@@ -1,15 +1,16 @@
-#include "tests/support/Observers.h"
+#include "platform/ObservedCalls.h"
 
-#include "tests/support/StandIn.h"
+#include "platform/windows/ImportTable.h"
 
 #include <utility>
 
 namespace {
 
-std::function<void(const ShellLaunch &)> shellObserver;
-std::function<void(DWORD, DWORD)> beepObserver;
-std::function<std::int16_t(int)> keyStateSource;
+ShellObserver shellObserver;
+BeepObserver beepObserver;
+KeyStateSource keyStateSource;
 
+// By way of the library: in programs of tests the plain names lead here.
 template <typename Function> Function systemsOwn(const char *library, const char *name)
 {
     return reinterpret_cast<Function>(reinterpret_cast<void *>(GetProcAddress(LoadLibraryA(library), name)));
@@ -22,8 +23,8 @@ QString textOf(LPCWSTR text)
 
 } // namespace
 
-STAND_IN(HINSTANCE, ShellExecuteW,
-         (HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, INT show))
+HINSTANCE WINAPI observedShellExecute(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder,
+                                      INT show)
 {
     static const auto execute = systemsOwn<decltype(&ShellExecuteW)>("shell32", "ShellExecuteW");
     const HINSTANCE instance = execute(owner, verb, file, parameters, folder, show);
@@ -33,7 +34,7 @@ STAND_IN(HINSTANCE, ShellExecuteW,
     return instance;
 }
 
-STAND_IN(WINBOOL, Beep, (DWORD frequency, DWORD milliseconds))
+WINBOOL WINAPI observedBeep(DWORD frequency, DWORD milliseconds)
 {
     static const auto beep = systemsOwn<decltype(&Beep)>("kernel32", "Beep");
     const bool sounds = frequency >= 37 && frequency <= 32767; // Wine gives TRUE for the others too
@@ -42,23 +43,30 @@ STAND_IN(WINBOOL, Beep, (DWORD frequency, DWORD milliseconds))
     return beep(frequency, milliseconds);
 }
 
-STAND_IN(SHORT, GetKeyState, (int virtualKey))
+SHORT WINAPI sourcedKeyState(int virtualKey)
 {
     static const auto keyState = systemsOwn<decltype(&GetKeyState)>("user32", "GetKeyState");
     return keyStateSource ? keyStateSource(virtualKey) : keyState(virtualKey);
 }
 
-void setShellObserver(std::function<void(const ShellLaunch &)> observer)
+void observeCallsOf(HMODULE library)
+{
+    replaceImport(library, "ShellExecuteW", reinterpret_cast<void *>(&observedShellExecute));
+    replaceImport(library, "Beep", reinterpret_cast<void *>(&observedBeep));
+    replaceImport(library, "GetKeyState", reinterpret_cast<void *>(&sourcedKeyState));
+}
+
+void setShellObserver(ShellObserver observer)
 {
     shellObserver = std::move(observer);
 }
 
-void setBeepObserver(std::function<void(DWORD, DWORD)> observer)
+void setBeepObserver(BeepObserver observer)
 {
     beepObserver = std::move(observer);
 }
 
-void setKeyStateSource(std::function<std::int16_t(int)> source)
+void setKeyStateSource(KeyStateSource source)
 {
     keyStateSource = std::move(source);
 }
