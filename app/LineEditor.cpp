@@ -1,14 +1,11 @@
 #include "app/LineEditor.h"
 
-#include "host/interpreter/Machine.h"
+#include "app/NameCompletion.h"
 
 #include <QFile>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <cstring>
-#include <vector>
 
 #include <histedit.h>
 
@@ -88,8 +85,6 @@ struct LineEditor::State
     }
     static unsigned char complete(EditLine *editLine, int);
 
-    std::vector<QByteArray> namesWith(const QByteArray &beginning) const;
-
     lisp::Machine &machine;
     QByteArray historyFile;
     Prompt shown = Prompt::First;
@@ -97,41 +92,19 @@ struct LineEditor::State
     EditLine *editor;
 };
 
-std::vector<QByteArray> LineEditor::State::namesWith(const QByteArray &beginning) const
-{
-    std::vector<QByteArray> names;
-    for (const lisp::Symbol &symbol : machine.symbols().all()) {
-        if (symbol.value.isNil())
-            continue;
-        const QByteArray name = QString::fromStdU16String(symbol.name).toLower().toUtf8();
-        if (name.startsWith(beginning.toLower()))
-            names.push_back(name);
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 // Inserts what all names with this beginning have in common; lists them when that is nothing new.
 unsigned char LineEditor::State::complete(EditLine *editLine, int)
 {
     const LineInfo *line = el_line(editLine);
-    const char *start = line->cursor;
-    while (start > line->buffer && !std::strchr("()'\" \t\n", start[-1]))
-        --start;
-    const QByteArray beginning(start, static_cast<qsizetype>(line->cursor - start));
-    const std::vector<QByteArray> names = of(editLine).namesWith(beginning);
-    if (beginning.isEmpty() || names.empty())
-        return CC_ERROR;
-    const QByteArray &first = names.front(), &last = names.back();
-    const auto common = std::mismatch(first.begin(), first.end(), last.begin(), last.end()).first - first.begin();
-    if (common > beginning.size()) {
-        el_insertstr(editLine, first.mid(beginning.size(), common - beginning.size()).constData());
+    const NameCompletion completion =
+        completeName(of(editLine).machine, QString::fromLocal8Bit(line->buffer, line->cursor - line->buffer));
+    if (!completion.insertion.isEmpty()) {
+        el_insertstr(editLine, completion.insertion.toLocal8Bit().constData());
         return CC_REFRESH;
     }
-    std::fputc('\n', stdout);
-    for (const QByteArray &name : names)
-        std::fprintf(stdout, "%s  ", name.constData());
-    std::fputc('\n', stdout);
+    if (completion.choices.isEmpty())
+        return CC_ERROR;
+    std::fprintf(stdout, "\n%s\n", completion.choices.join(QStringLiteral("  ")).toLocal8Bit().constData());
     return CC_REDISPLAY;
 }
 

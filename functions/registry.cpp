@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <string_view>
 
 namespace {
 
@@ -18,7 +17,7 @@ constexpr DWORD BufferBytes = 4096; // longer data cannot be read
 
 struct RootPrefix
 {
-    std::u16string_view text;
+    QStringView text;
     HKEY root;
     std::size_t cutFrom;
 };
@@ -58,9 +57,10 @@ ValuePlace::ValuePlace(const resbuf *pathNode) : m_path(pathNode->resval.string)
                                                         {u"HKEY_CLASSES_ROOT\\", HKEY_CLASSES_ROOT, 1},
                                                         {u"HKEY_USERS\\", HKEY_USERS, 1},
                                                         {u"HKEY_CURRENT_CONFIG\\", HKEY_CURRENT_CONFIG, 1}}};
-    const std::u16string_view path = m_path;
-    const auto found = std::ranges::find_if(
-        prefixes, [path](const RootPrefix &prefix) { return path.find(prefix.text) != path.npos; });
+    const QStringView path(m_path);
+    const auto found = std::ranges::find_if(prefixes, [path](const RootPrefix &prefix) {
+        return path.startsWith(prefix.text) || path.contains(prefix.text); // nearly always the first
+    });
     if (found == prefixes.end())
         return;
     cut(*found);
@@ -79,7 +79,7 @@ void ValuePlace::cut(const RootPrefix &prefix)
         return;
     }
     m_changedPath = m_path;
-    m_changedPath.erase(prefix.cutFrom, prefix.text.size());
+    m_changedPath.erase(prefix.cutFrom, static_cast<std::size_t>(prefix.text.size()));
     m_path = m_changedPath.c_str();
 }
 

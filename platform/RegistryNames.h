@@ -19,11 +19,25 @@ inline char16_t foldedUnit(char16_t unit)
     return static_cast<char16_t>(QChar::toUpper(static_cast<char32_t>(unit)));
 }
 
-// Up to four units in upper case, each in 16 bits of the number.
+// Up to four units, each in 16 bits of the number. They are put together from loads of fixed sizes: a processor waits
+// for what was stored in pieces and is loaded whole.
+inline std::uint64_t packedUnits(const char16_t *units, std::size_t count)
+{
+    if (count == 4) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, units, sizeof word);
+        return word;
+    }
+    std::uint64_t word = 0;
+    for (std::size_t index = count; index > 0; --index)
+        word = word << 16 | units[index - 1];
+    return word;
+}
+
+// The same in upper case.
 inline std::uint64_t foldedUnits(const char16_t *units, std::size_t count)
 {
-    std::uint64_t word = 0;
-    std::memcpy(&word, units, count * sizeof(char16_t));
+    std::uint64_t word = packedUnits(units, count);
     constexpr std::uint64_t Ones = 0x0001000100010001;
     if ((word & 0xff80 * Ones) == 0) {
         // Bit 7 of each 16 is set by the first sum from 'a' on, by the second behind 'z'.
@@ -32,8 +46,7 @@ inline std::uint64_t foldedUnits(const char16_t *units, std::size_t count)
     }
     char16_t folded[4] = {};
     std::transform(units, units + count, folded, foldedUnit);
-    std::memcpy(&word, folded, sizeof word);
-    return word;
+    return packedUnits(folded, 4);
 }
 
 struct RegistryNameHash

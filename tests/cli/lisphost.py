@@ -9,6 +9,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 LISPHOST = os.environ["LISPHOST"]
+WINDOWS = os.environ.get("LISPHOST_SYSTEM") == "Windows"  # the program is one for Windows, run under Wine
 
 # Far beyond what any test takes: a build with sanitizers on a busy machine is slow.
 TIMEOUT = 120

@@ -10,12 +10,20 @@ import time
 
 from lisphost import LISPHOST, TIMEOUT
 
+CURSOR_RIGHT = re.compile(r"\x1b\[(\d+)C")  # over what is blank
 CONTROL_SEQUENCE = re.compile(r"\x1b(\[[0-?]*[ -/]*[@-~]|\][^\x07]*\x07|[@-Z\\-_])")
+UNFINISHED_SEQUENCE = re.compile(r"\x1b(\[[0-?]*[ -/]*)?$")
+
+
+def plain_text(data: str) -> str:
+    spaced = CURSOR_RIGHT.sub(lambda match: " " * int(match[1]), data)
+    return CONTROL_SEQUENCE.sub("", spaced).replace("\r", "")
 
 
 class Terminal:
     def __init__(self, arguments: list[str], folder: str, environment: dict[str, str]) -> None:
         self.shown = ""
+        self.unfinished = ""  # a control sequence whose end is still to come
         self.process, self.terminal = pty.fork()
         if self.process == 0:
             signal.signal(signal.SIGINT, signal.SIG_DFL)
@@ -23,7 +31,7 @@ class Terminal:
             os.execve(LISPHOST, [LISPHOST, *arguments], environment | {"TERM": "dumb"})
 
     def type(self, text: str) -> None:
-        os.write(self.terminal, text.encode())
+        os.write(self.terminal, text.replace("\n", "\r").encode())  # what the Enter key sends
 
     def wait_for(self, pattern: str) -> str:
         """Waits until what was shown since the last call matches, and gives the match."""
@@ -69,5 +77,8 @@ class Terminal:
             data = os.read(self.terminal, 65536)
         except OSError:  # how Linux reports that the other side is closed
             return False
-        self.shown += CONTROL_SEQUENCE.sub("", data.decode(errors="replace")).replace("\r", "")
+        text = self.unfinished + data.decode(errors="replace")
+        match = UNFINISHED_SEQUENCE.search(text)
+        self.unfinished = match.group() if match else ""
+        self.shown += plain_text(text.removesuffix(self.unfinished))
         return bool(data)

@@ -1,10 +1,31 @@
 import unittest
+from random import Random
 
 from lisphost import LispHostTest, Outcome
 
 HEADER = "Windows Registry Editor Version 5.00\r\n\r\n"
 KEY = r"HKEY_CURRENT_USER\Software\Test"
 LISP_KEY = KEY.replace("\\", "\\\\")
+
+
+def spoiled(content, random):
+    """The bytes with something wrong: some changed, some gone, some doubled, or the end cut off."""
+    content = bytearray(content)
+    for _ in range(random.randint(1, 6)):
+        start = random.randrange(2, len(content))
+        end = min(len(content), start + random.choice((1, 2, 7, 60)))
+        kind = random.randrange(4)
+        if kind == 0:
+            content[start:end] = random.randbytes(end - start)
+        elif kind == 1:
+            del content[start:end]
+        elif kind == 2:
+            content[start:start] = content[start:end] * random.choice((1, 500))
+        else:
+            del content[start:]
+        if len(content) < 3:
+            break
+    return bytes(content)
 
 
 def registry_text(*lines):
@@ -62,6 +83,22 @@ class Import(Registry):
         self.assert_fails(self.import_text("[HKEY_CURRENT_USER\\x]\n"), 1, "line 1: the first line does not say")
         self.assert_fails(self.import_text(b"\0\1\2"), 3, "in.reg: is not a text file")
         self.assert_fails(self.lisphost("registry", "import", "missing.reg"), 3, "missing.reg: no such file")
+
+    def test_garbage_is_refused_with_a_reason_and_changes_nothing_or_is_understood(self):
+        text = registry_text(f"[{KEY}]", '"t"="text"', '"d"=dword:0000002a', '"b"=hex:01,02,\\', "  03",
+                             f"[{KEY}\\Below]", '"m"=hex(7):61,00,00,00,00,00')
+        self.assert_gives(self.import_text(text), "")
+        before, statuses = self.exported(), set()
+        for seed in range(25):
+            outcome = self.import_text(spoiled(text, Random(seed)))
+            statuses.add(outcome.status)
+            after = self.exported()
+            with self.subTest(seed=seed, outcome=outcome):
+                self.assertIn(outcome.status, (0, 1, 3))
+                self.assertEqual(outcome.errors != "", outcome.status != 0)
+                self.assertTrue(outcome.status == 0 or after == before)
+            before = after
+        self.assertIn(1, statuses)
 
     def test_a_registry_that_cannot_be_written_is_left_as_it_was(self):
         folder = self.profile / "lisphost" / "registry"

@@ -3,10 +3,37 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+// A suffix that has a program in the user's part of the registry, where the shell's calls look for it first, until the
+// end of the process.
+class RegisteredProgram
+{
+public:
+    RegisteredProgram(const QString &suffix, const QString &program)
+    {
+        QSettings classes(u"HKEY_CURRENT_USER\\Software\\Classes"_qs, QSettings::NativeFormat);
+        const QString kind = suffix + u"-file"_qs;
+        m_keys = {u'.' + suffix, kind};
+        classes.setValue(u'.' + suffix + u"/."_qs, kind);
+        classes.setValue(kind + u"/shell/open/command/."_qs, u"\"%1\" \"%2\""_qs.arg(program, u"%1"_qs));
+    }
+    ~RegisteredProgram()
+    {
+        QSettings classes(u"HKEY_CURRENT_USER\\Software\\Classes"_qs, QSettings::NativeFormat);
+        for (const QString &key : m_keys)
+            classes.remove(key);
+    }
+    RegisteredProgram(const RegisteredProgram &) = delete;
+    RegisteredProgram &operator=(const RegisteredProgram &) = delete;
+
+private:
+    QStringList m_keys;
+};
 
 // Desktop settings of a test's own in which a suffix has a type and the type a program. They take the place of the
 // user's. The library that reads them looks once in a process: make one, and keep it.

@@ -8,10 +8,16 @@ namespace {
 class AssociatedApp : public HandlerTest
 {
 protected:
+#ifdef _WIN32
+    static inline const QString program = QStringLiteral("C:\\windows\\notepad.exe");
+    const RegisteredProgram m_association{QStringLiteral("lhtest"), program};
+#else
+    static inline const QString program = QStringLiteral("/bin/true");
     static void SetUpTestSuite()
     {
-        static const DesktopSettings settings(u"text/x-lisphost-test"_qs, u"lhtest"_qs, u"/bin/true"_qs);
+        static const DesktopSettings settings(u"text/x-lisphost-test"_qs, u"lhtest"_qs, program);
     }
+#endif
 
     QString write(const QString &name)
     {
@@ -28,7 +34,7 @@ protected:
 TEST_F(AssociatedApp, IsTheFullPathOfTheAssociatedProgram)
 {
     EXPECT_EQ(call(acetFilenameAssociatedApp, {text(write(u"a.lhtest"_qs))}),
-              (Operations{"getArgs", operation("retWStr", "/bin/true"), "releaseRb 1"}));
+              (Operations{"getArgs", operation("retWStr", program), "releaseRb 1"}));
 }
 
 TEST_F(AssociatedApp, OnAMissingFileYields2)
