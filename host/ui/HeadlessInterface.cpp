@@ -23,12 +23,12 @@ int plainArgumentCount = 1;
 std::array<char *, 2> plainArguments = {program, nullptr};
 
 // The style is named so that no setting of the environment changes what runs look like.
-int argumentCount = 5;
+int argumentCount = 0;
 char platformOption[] = "-platform";
 char platform[] = "offscreen";
 char styleOption[] = "-style";
 char style[] = "fusion";
-std::array<char *, 6> arguments = {program, platformOption, platform, styleOption, style, nullptr};
+std::array<char *, 6> arguments;
 
 // An application takes the user's locale for the whole process. Numbers in files and in LISP have a point all the same.
 template <class Application> std::unique_ptr<Application> makeApplication(int &count, char **texts)
@@ -62,6 +62,8 @@ void HeadlessInterface::start()
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication::setDesktopSettingsAware(false);
     QApplication::setQuitOnLastWindowClosed(false);
+    arguments = {program, platformOption, platform, styleOption, style, nullptr}; // Qt takes out what it understands
+    argumentCount = 5;
     m_application = makeApplication<QApplication>(argumentCount, arguments.data());
     m_driver = std::make_unique<DialogDriver>(m_services);
     m_mainWindow = std::make_unique<QWidget>();
