@@ -15,16 +15,20 @@ void extend(std::string_view &bytes, std::string_view later)
 
 bool GroupReader::nextRaw(RawGroup &group)
 {
-    if (m_hasAhead) {
-        group = m_ahead;
-        m_hasAhead = false;
-        return true;
-    }
     do {
         if (!m_cursor.next(group))
             return false;
     } while (group.code == groupcode::Comment);
     return true;
+}
+
+bool GroupReader::takeRaw(int code, RawGroup &group)
+{
+    const GroupCursor before = m_cursor;
+    if (nextRaw(group) && group.code == code)
+        return true;
+    m_cursor = before;
+    return false;
 }
 
 bool GroupReader::next(Item &item)
@@ -48,20 +52,17 @@ bool GroupReader::next(Item &item)
 void GroupReader::readPoint(Item &item)
 {
     item.real = realOf(item.raw, m_format.kind);
-    m_hasAhead = nextRaw(m_ahead);
-    if (!m_hasAhead || m_ahead.code != item.code + groupcode::YOffset)
+    RawGroup next;
+    if (!takeRaw(item.code + groupcode::YOffset, next))
         return; // a real on its own
     item.kind = ValueKind::Point;
-    item.point = {item.real, realOf(m_ahead, m_format.kind), 0, 2};
-    extend(item.bytes, m_ahead.bytes);
-    m_hasAhead = false;
-    m_hasAhead = nextRaw(m_ahead);
-    if (!m_hasAhead || m_ahead.code != item.code + groupcode::ZOffset)
+    item.point = {item.real, realOf(next, m_format.kind), 0, 2};
+    extend(item.bytes, next.bytes);
+    if (!takeRaw(item.code + groupcode::ZOffset, next))
         return;
-    item.point.z = realOf(m_ahead, m_format.kind);
+    item.point.z = realOf(next, m_format.kind);
     item.point.dimensions = 3;
-    extend(item.bytes, m_ahead.bytes);
-    m_hasAhead = false;
+    extend(item.bytes, next.bytes);
 }
 
 Group GroupReader::group(const Item &item) const

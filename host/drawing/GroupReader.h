@@ -35,13 +35,12 @@ public:
 
 private:
     bool nextRaw(RawGroup &group);
+    bool takeRaw(int code, RawGroup &group); // the next group when it has this code
     void readPoint(Item &item);
 
     GroupCursor m_cursor;
     FileFormat m_format;
     const TextCodec *m_codec;
-    RawGroup m_ahead;
-    bool m_hasAhead = false;
 };
 
 } // namespace drawing

@@ -18,8 +18,11 @@ std::size_t placeOf(std::string_view text, std::size_t places)
 {
     constexpr std::uint64_t Multiplier = 0x9E37'79B9'7F4A'7C15; // spreads small differences over the upper bits
     std::uint64_t end = 0;
-    const std::size_t count = std::min(text.size(), sizeof end);
-    std::memcpy(&end, text.data() + text.size() - count, count);
+    if (text.size() >= sizeof end)
+        std::memcpy(&end, text.data() + text.size() - sizeof end, sizeof end);
+    else
+        for (const char each : text)
+            end = end << 8 | static_cast<unsigned char>(each);
     return ((end + text.size()) * Multiplier >> 32) % places;
 }
 

@@ -129,14 +129,11 @@ private:
     void read()
     {
         auto &items = m_listing.m_recorded;
-        for (;;) {
-            Item &next = items.emplace_back();
-            if (!m_listing.m_reader.next(next) || next.code >= groupcode::ExtendedString)
-                break;
+        for (Item next; m_listing.m_reader.next(next) && next.code < groupcode::ExtendedString;) {
             if (next.kind == ValueKind::Real && isAngle(next.code))
                 next.real *= std::numbers::pi / HalfTurn;
+            items.push_back(next);
         }
-        items.removeLast();
         m_order.resize(items.size());
         std::iota(m_order.begin(), m_order.end(), 0);
         m_firstMarker = nextMarker(0);
