@@ -63,14 +63,20 @@ struct RegistryNameHash
     }
 };
 
+// Case counts.
+inline bool isSameText(std::u16string_view left, std::u16string_view right)
+{
+    return left.size() == right.size() && std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0;
+}
+
 struct RegistryNameEqual
 {
     bool operator()(std::u16string_view left, std::u16string_view right) const
     {
+        if (isSameText(left, right))
+            return true;
         if (left.size() != right.size())
             return false;
-        if (std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0)
-            return true;
         for (std::size_t index = 0; index < left.size(); index += 4) {
             const std::size_t count = std::min<std::size_t>(4, left.size() - index);
             if (foldedUnits(left.data() + index, count) != foldedUnits(right.data() + index, count))

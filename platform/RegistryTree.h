@@ -23,8 +23,13 @@ public:
 
     Thing *find(std::u16string_view name) const
     {
+        if (m_lastFound < m_things.size() && isSameText(m_things[m_lastFound]->name, name))
+            return m_things[m_lastFound].get();
         const auto place = m_places.find(name);
-        return place == m_places.end() ? nullptr : m_things[place->second].get();
+        if (place == m_places.end())
+            return nullptr;
+        m_lastFound = place->second;
+        return m_things[m_lastFound].get();
     }
     // There must be none of the name.
     Thing &add(std::unique_ptr<Thing> thing)
@@ -51,6 +56,7 @@ public:
 private:
     std::vector<std::unique_ptr<Thing>> m_things;
     std::unordered_map<std::u16string_view, std::size_t, RegistryNameHash, RegistryNameEqual> m_places;
+    mutable std::size_t m_lastFound = 0; // programs that poll ask for one name again and again
 };
 
 struct RegistryValue

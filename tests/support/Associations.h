@@ -9,14 +9,14 @@
 
 #include <gtest/gtest.h>
 
-// A suffix that has a program in the user's part of the registry, where the shell's calls look for it first, until the
-// end of the process.
+// A suffix that has a program in the registry, as long as the object lives. Not in the user's part of the classes,
+// which Wine's shell does not look at.
 class RegisteredProgram
 {
 public:
     RegisteredProgram(const QString &suffix, const QString &program)
     {
-        QSettings classes(u"HKEY_CURRENT_USER\\Software\\Classes"_qs, QSettings::NativeFormat);
+        QSettings classes(u"HKEY_CLASSES_ROOT"_qs, QSettings::NativeFormat);
         const QString kind = suffix + u"-file"_qs;
         m_keys = {u'.' + suffix, kind};
         classes.setValue(u'.' + suffix + u"/."_qs, kind);
@@ -24,7 +24,7 @@ public:
     }
     ~RegisteredProgram()
     {
-        QSettings classes(u"HKEY_CURRENT_USER\\Software\\Classes"_qs, QSettings::NativeFormat);
+        QSettings classes(u"HKEY_CLASSES_ROOT"_qs, QSettings::NativeFormat);
         for (const QString &key : m_keys)
             classes.remove(key);
     }

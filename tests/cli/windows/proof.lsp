@@ -2,7 +2,7 @@
 ;;; show.lsp in front of it and proof.answers.
 
 (setq user (strcat "HKEY_CURRENT_USER\\" (acet-reg-user-prodkey)))
-(setq classes "HKEY_CURRENT_USER\\Software\\Classes")
+(setq classes "HKEY_CLASSES_ROOT")
 
 (title "the registry of the system: half of a text is stored, and other programs see it")
 (show-all '((vl-registry-write user "Proof" "whole")
@@ -10,7 +10,7 @@
             (acet-reg-put user "Proof" "abcdef")
             (acet-reg-get user "PROOF")
             (acet-sys-command (strcat "reg query \"" user "\" /v Proof > query.txt"))
-            (vl-string-search "abc" (apply 'strcat (lines-of "query.txt")))
+            (numberp (vl-string-search "abc" (apply 'strcat (lines-of "query.txt"))))
             (acet-reg-del user "Proof")
             (acet-reg-get user "Proof")
             (acet-sys-command (strcat "reg query \"" user "\" /v Proof > query.txt 2>&1"))))
@@ -21,7 +21,7 @@
             (vl-string-search "/" (acet-file-cwd))
             (acet-file-attr "plan.TXT")
             (acet-file-attr "Plan.txt" 1)
-            (acet-file-attr "Plan.txt")
+            (logand 1 (acet-file-attr "Plan.txt"))
             (acet-file-remove "Plan.txt")
             (acet-file-remove "Plan.txt" T)
             (acet-file-mkdir "a/b")
@@ -40,16 +40,17 @@
             (acet-sys-wait (acet-sys-procid) 0)
             (acet-sys-term 0)
             (acet-sys-spawn 1 "cmd" "/c,exit 0")
-            (startapp "cmd" "/c exit 0")
+            (> (startapp "cmd" "/c exit 0") 32)
             (startapp "no-such-program")))
 
 (title "the program of a document")
 (vl-registry-write (strcat classes "\\.proof") nil "proof-file")
 (vl-registry-write (strcat classes "\\proof-file\\shell\\open\\command") nil "C:\\windows\\notepad.exe \"%1\"")
 (write-file "a.proof" "")
+(write-file "a.noproof" "")
 (show-all '((acet_filename_associated_app "a.proof")
             (acet_filename_associated_app "missing.proof")
-            (acet_filename_associated_app "by-command.txt.none")))
+            (acet_filename_associated_app "a.noproof")))
 (foreach key '("\\.proof" "\\proof-file\\shell\\open\\command" "\\proof-file\\shell\\open" "\\proof-file\\shell"
                "\\proof-file")
   (vl-registry-delete (strcat classes key)))
