@@ -60,7 +60,8 @@ TEST_F(Change, byAWholeListWritesWhatTheChangedGroupAloneWrites)
                    "40\n5.0\n100\nAcDbArc\n50\n0.0\n51\n90.0\n"}};
     int changes = 0;
     for (const auto &[version, entity] : entities) {
-        const GroupList list = groupsOf(listing(drawing(), open(version, entity)));
+        const RecordId first = open(version, entity);
+        const GroupList list = groupsOf(listing(drawing(), first));
         for (std::size_t place = 0; place < list.size(); ++place) {
             const int code = list[place].code;
             const auto isCode = [code](const Group &group) { return group.code == code; };
