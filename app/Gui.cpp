@@ -7,7 +7,7 @@
 #include "host/ui/gui/DrawingFiles.h"
 #include "host/ui/gui/DrawingPanels.h"
 #include "host/ui/gui/WindowInterface.h"
-#include "host/ui/view/DrawingArea.h"
+#include "host/ui/interaction/InteractiveDrawing.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -31,10 +31,7 @@ int runGui(const Options &options)
     CommandRunner runner(interface, document);
     DrawingFiles files(interface.window(), document);
     QObject::connect(&runner, &CommandRunner::ended, &files, &DrawingFiles::showTitle);
-    auto *area = new DrawingArea([&document]() -> const drawing::Drawing & { return document.drawing(); });
-    interface.window().showDrawing(*area);
-    QObject::connect(&files, &DrawingFiles::opened, area, &DrawingArea::refresh);
-    QObject::connect(&runner, &CommandRunner::ended, area, &DrawingArea::refresh);
+    const InteractiveDrawing drawing(interface, runner, files, document);
     const DrawingPanels panels(interface.window(), runner, files, document);
     interface.window().show();
     // When the event loop runs: programs may ask for input.

@@ -118,7 +118,7 @@ CommandLine::Result CommandLine::offer(const Input &input, Source source)
 CommandLine::Result CommandLine::askPerson()
 {
     const Request &request = *running().context.ask().waiting();
-    const std::optional<std::u16string> reply = m_session.request(request.kind(), u'\n' + request.prompt());
+    const std::optional<Input> reply = m_session.request(request.kind(), u'\n' + request.prompt(), request.base());
     if (!reply) {
         cancel();
         return Result::Cancelled;

@@ -26,7 +26,7 @@ struct PickedEntity
 // elevation. The empty text is Enter.
 using Input = std::variant<std::u16string, std::int64_t, double, Point, PickedEntity, Selection>;
 
-enum class InputKind { Point, Distance, Angle, Integer, Real, String, Keyword, Entity, Objects };
+enum class InputKind { Point, Corner, Distance, Angle, Integer, Real, String, Keyword, Entity, Objects };
 
 // How an answer looks where it is echoed.
 std::u16string shown(const Input &input);

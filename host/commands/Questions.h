@@ -130,7 +130,7 @@ public:
     explicit Questions(Session &session) : m_session(session) {}
 
     PointRequest point(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
-    PointRequest corner(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
+    PointRequest corner(const Question &question) { return {InputKind::Corner, question, m_session, m_waiting}; }
     DistanceRequest distance(const Question &question) { return {question, m_session, m_waiting}; }
     AngleRequest angle(const Question &question) { return {question, 0, m_session, m_waiting}; }
     AngleRequest direction(const Question &question);

@@ -61,6 +61,7 @@ public:
     Request &operator=(const Request &) = delete;
 
     InputKind kind() const { return m_kind; }
+    const std::optional<Point> &base() const { return m_base; }
     const std::u16string &prompt() const { return m_prompt; }
     const std::u16string &complaint() const { return m_complaint; } // of the answer that was refused last
     Outcome offer(const Input &input);

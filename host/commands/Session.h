@@ -36,8 +36,10 @@ public:
     virtual std::u16string distanceText(double distance) const = 0;
 
     virtual void print(std::u16string_view text) = 0;
-    // What a person answers; none: the request was cancelled. Shows the prompt and the answer itself.
-    virtual std::optional<std::u16string> request(InputKind kind, const std::u16string &prompt) = 0;
+    // What a person answers; none: the request was cancelled. Shows the prompt and the answer itself. The base is where
+    // distances, directions and rectangles begin.
+    virtual std::optional<Input> request(InputKind kind, const std::u16string &prompt,
+                                         const std::optional<Point> &base) = 0;
 
     // The entities that "Previous" means; some may be erased. The implied ones are selected before a command begins.
     virtual const Selection &previousSelection() const = 0;

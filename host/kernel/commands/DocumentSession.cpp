@@ -44,6 +44,8 @@ InputRequest::Kind requestKind(InputKind kind)
     switch (kind) {
     case InputKind::Point:
         return Kind::Point;
+    case InputKind::Corner:
+        return Kind::Corner;
     case InputKind::Distance:
         return Kind::Distance;
     case InputKind::Angle:
@@ -144,10 +146,16 @@ void DocumentSession::print(std::u16string_view text)
     m_document.services().print(text);
 }
 
-std::optional<std::u16string> DocumentSession::request(InputKind kind, const std::u16string &prompt)
+std::optional<commands::Input> DocumentSession::request(InputKind kind, const std::u16string &prompt,
+                                                        const std::optional<Point> &base)
 {
-    const InputReply reply = m_document.services().input->request({requestKind(kind), prompt});
-    return reply.kind == InputReply::Kind::Text ? std::optional(reply.text) : std::nullopt;
+    InputRequest request{requestKind(kind), prompt};
+    if (base)
+        request.base = LispPoint{base->x, base->y, base->z};
+    const InputReply reply = m_document.services().input->request(request);
+    if (reply.kind == InputReply::Kind::Picked)
+        return pointOfValue(reply.place);
+    return reply.kind == InputReply::Kind::Text ? std::optional<commands::Input>(reply.text) : std::nullopt;
 }
 
 void DocumentSession::forgetSelections()

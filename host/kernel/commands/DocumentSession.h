@@ -22,7 +22,8 @@ public:
     std::optional<double> angleOf(std::u16string_view text) const override;
     std::u16string distanceText(double distance) const override;
     void print(std::u16string_view text) override;
-    std::optional<std::u16string> request(commands::InputKind kind, const std::u16string &prompt) override;
+    std::optional<commands::Input> request(commands::InputKind kind, const std::u16string &prompt,
+                                           const std::optional<commands::Point> &base) override;
     const commands::Selection &previousSelection() const override { return m_previousSelection; }
     void setPreviousSelection(commands::Selection selection) override { m_previousSelection = std::move(selection); }
     commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }

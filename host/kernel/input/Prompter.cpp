@@ -39,6 +39,11 @@ double distanceBetween(const LispPoint &from, const LispPoint &to)
     return std::hypot(to.x - from.x, to.y - from.y, to.z - from.z);
 }
 
+InputRequest requestFor(Kind kind, std::u16string_view prompt, const LispPoint *base = nullptr)
+{
+    return {kind, std::u16string(prompt), base ? std::optional(*base) : std::nullopt};
+}
+
 } // namespace
 
 CoordinateContext Prompter::context() const
@@ -46,27 +51,28 @@ CoordinateContext Prompter::context() const
     return {m_machine.unitVariables(), lastPoint, angleBase, clockwise};
 }
 
-int Prompter::ask(Kind kind, std::u16string_view prompt, const InputOptions &options, const Reader &read)
+int Prompter::ask(const InputRequest &request, const InputOptions &options, const Reader &read)
 {
-    std::u16string_view shown = prompt;
+    InputRequest shown = request;
     for (;;) {
-        const InputReply reply = m_services.input->request({kind, std::u16string(shown)});
-        if (reply.kind != InputReply::Kind::Text)
+        const InputReply reply = m_services.input->request(shown);
+        const bool isText = reply.kind == InputReply::Kind::Text;
+        if (!isText && reply.kind != InputReply::Kind::Picked)
             return StatusCancelled;
-        if (reply.text.empty() && !(options.bits & InputOptions::NoEmptyInput))
+        if (isText && reply.text.empty() && !(options.bits & InputOptions::NoEmptyInput))
             return StatusNoInput;
         if (std::optional<std::u16string> keyword = options.keywords.match(reply.text)) {
             m_lastInput = std::move(*keyword);
             return StatusKeyword;
         }
-        if (const std::optional<snap::Modes> modes = snapOf(kind, reply.text)) {
+        if (const std::optional<snap::Modes> modes = snapOf(request.kind, reply.text)) {
             m_snap = *modes;
-            shown = u"of ";
+            shown.prompt = u"of ";
             continue;
         }
-        const Complaint complaint = read(reply.text);
+        const Complaint complaint = read(reply);
         m_snap = snap::None;
-        shown = prompt;
+        shown.prompt = request.prompt;
         if (!complaint)
             return StatusNormal;
         if (options.bits & InputOptions::ArbitraryInput && !reply.text.empty()) {
@@ -85,18 +91,19 @@ std::optional<snap::Modes> Prompter::snapOf(Kind kind, std::u16string_view text)
     return takesPoints && snapper ? snap::modesFromText(text) : std::nullopt;
 }
 
-std::optional<LispPoint> Prompter::pointOf(std::u16string_view text)
+std::optional<LispPoint> Prompter::pointOf(const InputReply &reply)
 {
-    const std::optional<LispPoint> point = pointFromText(text, context());
+    const bool isPicked = reply.kind == InputReply::Kind::Picked;
+    const std::optional<LispPoint> point = isPicked ? reply.place : pointFromText(reply.text, context());
     return point && m_snap != snap::None ? snapper(*point, m_snap, lastPoint) : point;
 }
 
 int Prompter::integer(std::u16string_view prompt, std::int32_t &value)
 {
     const InputOptions options = takeOptions();
-    return ask(Kind::Integer, prompt, options, [&](std::u16string_view text) -> Complaint {
+    return ask(requestFor(Kind::Integer, prompt), options, [&](const InputReply &reply) -> Complaint {
         bool isNumber = false;
-        const int number = QStringView(text.data(), static_cast<qsizetype>(text.size())).trimmed().toInt(&isNumber);
+        const int number = QStringView(reply.text).trimmed().toInt(&isNumber);
         if (!isNumber)
             return u"Requires an integer value.";
         using Short = std::numeric_limits<std::int16_t>;
@@ -112,8 +119,8 @@ int Prompter::integer(std::u16string_view prompt, std::int32_t &value)
 int Prompter::real(std::u16string_view prompt, double &value)
 {
     const InputOptions options = takeOptions();
-    return ask(Kind::Real, prompt, options, [&](std::u16string_view text) -> Complaint {
-        const std::optional<double> number = distanceFromText(text, context());
+    return ask(requestFor(Kind::Real, prompt), options, [&](const InputReply &reply) -> Complaint {
+        const std::optional<double> number = distanceFromText(reply.text, context());
         if (!number)
             return u"Requires numeric value.";
         if (const Complaint complaint = complaintAbout(*number, options.bits))
@@ -126,7 +133,7 @@ int Prompter::real(std::u16string_view prompt, double &value)
 int Prompter::string(bool allowBlanks, std::u16string_view prompt, std::u16string &value)
 {
     takeOptions();
-    InputReply reply = m_services.input->request({Kind::String, std::u16string(prompt)});
+    InputReply reply = m_services.input->request(requestFor(Kind::String, prompt));
     if (reply.kind != InputReply::Kind::Text)
         return StatusCancelled;
     if (!allowBlanks) // the blank ends the input as Enter does
@@ -138,16 +145,16 @@ int Prompter::string(bool allowBlanks, std::u16string_view prompt, std::u16strin
 int Prompter::keyword(std::u16string_view prompt)
 {
     const InputOptions options = takeOptions();
-    const auto refuse = [](std::u16string_view) -> Complaint { return u"Invalid option keyword."; };
-    const int status = ask(Kind::Keyword, prompt, options, refuse);
+    const auto refuse = [](const InputReply &) -> Complaint { return u"Invalid option keyword."; };
+    const int status = ask(requestFor(Kind::Keyword, prompt), options, refuse);
     return status == StatusKeyword ? StatusNormal : status;
 }
 
-int Prompter::askPoint(Kind kind, std::u16string_view prompt, LispPoint &value)
+int Prompter::askPoint(const InputRequest &request, LispPoint &value)
 {
     const InputOptions options = takeOptions();
-    return ask(kind, prompt, options, [&](std::u16string_view text) -> Complaint {
-        const std::optional<LispPoint> point = pointOf(text);
+    return ask(request, options, [&](const InputReply &reply) -> Complaint {
+        const std::optional<LispPoint> point = pointOf(reply);
         if (!point)
             return InvalidPoint;
         value = lastPoint = *point;
@@ -160,10 +167,10 @@ int Prompter::drag(std::u16string_view prompt, const std::function<void(const Li
 {
     const InputOptions options = takeOptions();
     for (;;) {
-        const InputReply reply = m_services.input->request({Kind::Drag, std::u16string(prompt)});
+        const InputReply reply = m_services.input->request(requestFor(Kind::Drag, prompt));
         if (reply.kind == InputReply::Kind::Cancelled)
             return StatusCancelled;
-        const std::optional<LispPoint> point = pointFromText(reply.text, context());
+        const std::optional<LispPoint> point = pointOf(reply);
         if (point)
             cursorAt(*point);
         if (reply.kind == InputReply::Kind::Moved) {
@@ -182,27 +189,27 @@ int Prompter::drag(std::u16string_view prompt, const std::function<void(const Li
     }
 }
 
-int Prompter::point(std::u16string_view prompt, const LispPoint *, LispPoint &value)
+int Prompter::point(std::u16string_view prompt, const LispPoint *base, LispPoint &value)
 {
-    return askPoint(Kind::Point, prompt, value);
+    return askPoint(requestFor(Kind::Point, prompt, base), value);
 }
 
-int Prompter::corner(std::u16string_view prompt, const LispPoint &, LispPoint &value)
+int Prompter::corner(std::u16string_view prompt, const LispPoint &base, LispPoint &value)
 {
-    return askPoint(Kind::Corner, prompt, value);
+    return askPoint(requestFor(Kind::Corner, prompt, &base), value);
 }
 
 int Prompter::entity(std::u16string_view prompt, LispPoint &picked)
 {
-    return askPoint(Kind::Entity, prompt, picked);
+    return askPoint(requestFor(Kind::Entity, prompt), picked);
 }
 
 int Prompter::askSecondPoint(LispPoint first, LispPoint &second)
 {
     lastPoint = first;
-    return ask(Kind::Point, u"Specify second point: ", {InputOptions::NoEmptyInput, {}},
-               [&](std::u16string_view text) -> Complaint {
-                   const std::optional<LispPoint> point = pointOf(text);
+    return ask(requestFor(Kind::Point, u"Specify second point: ", &first), {InputOptions::NoEmptyInput, {}},
+               [&](const InputReply &reply) -> Complaint {
+                   const std::optional<LispPoint> point = pointOf(reply);
                    if (!point)
                        return InvalidPoint;
                    second = lastPoint = *point;
@@ -214,18 +221,19 @@ int Prompter::distance(std::u16string_view prompt, const LispPoint *base, double
 {
     const InputOptions options = takeOptions();
     std::optional<LispPoint> picked;
-    const int status = ask(Kind::Distance, prompt, options, [&](std::u16string_view text) -> Complaint {
-        std::optional<double> length = distanceFromText(text, context());
-        picked = length ? std::nullopt : pointOf(text);
-        if (picked && base)
-            length = distanceBetween(*base, *picked);
-        if (!length)
-            return picked ? Complaint() : u"Requires numeric distance or two points.";
-        if (const Complaint complaint = complaintAbout(*length, options.bits))
-            return complaint;
-        value = *length;
-        return std::nullopt;
-    });
+    const int status =
+        ask(requestFor(Kind::Distance, prompt, base), options, [&](const InputReply &reply) -> Complaint {
+            std::optional<double> length = distanceFromText(reply.text, context());
+            picked = length ? std::nullopt : pointOf(reply);
+            if (picked && base)
+                length = distanceBetween(*base, *picked);
+            if (!length)
+                return picked ? Complaint() : u"Requires numeric distance or two points.";
+            if (const Complaint complaint = complaintAbout(*length, options.bits))
+                return complaint;
+            value = *length;
+            return std::nullopt;
+        });
     if (status != StatusNormal || !picked)
         return status;
     if (base) {
@@ -259,9 +267,9 @@ int Prompter::askDirection(std::u16string_view prompt, const LispPoint *base, do
 {
     const InputOptions options = takeOptions();
     std::optional<LispPoint> picked;
-    const int status = ask(Kind::Angle, prompt, options, [&](std::u16string_view text) -> Complaint {
-        const std::optional<double> typed = angleFromText(text, context());
-        picked = typed ? std::nullopt : pointOf(text);
+    const int status = ask(requestFor(Kind::Angle, prompt, base), options, [&](const InputReply &reply) -> Complaint {
+        const std::optional<double> typed = angleFromText(reply.text, context());
+        picked = typed ? std::nullopt : pointOf(reply);
         if (!typed)
             return picked ? Complaint() : u"Requires valid numeric angle or two points.";
         if (options.bits & InputOptions::NoZero && *typed == 0)

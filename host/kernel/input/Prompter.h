@@ -74,13 +74,14 @@ public:
 
 private:
     using Complaint = std::optional<std::u16string_view>;
-    // Keeps the value that the text says, or complains.
-    using Reader = std::function<Complaint(std::u16string_view text)>;
+    // Keeps the value that the answer says, or complains.
+    using Reader = std::function<Complaint(const InputReply &reply)>;
 
-    int ask(InputRequest::Kind kind, std::u16string_view prompt, const InputOptions &options, const Reader &read);
-    int askPoint(InputRequest::Kind kind, std::u16string_view prompt, LispPoint &value);
-    std::optional<LispPoint> pointOf(std::u16string_view text);
+    std::optional<LispPoint> pointOf(const InputReply &reply);
     std::optional<snap::Modes> snapOf(InputRequest::Kind kind, std::u16string_view text) const;
+
+    int ask(const InputRequest &request, const InputOptions &options, const Reader &read);
+    int askPoint(const InputRequest &request, LispPoint &value);
     int askSecondPoint(LispPoint first, LispPoint &second);
     int askDirection(std::u16string_view prompt, const LispPoint *base, double &direction);
     InputOptions takeOptions() { return std::exchange(m_options, {}); }

@@ -14,6 +14,20 @@ namespace {
 constexpr qint64 PulseInterval = 30;        // milliseconds; a screen shows no more
 constexpr qsizetype PendingLimit = 1 << 16; // characters, before a program that prints much is shown
 
+QString echoOf(const InputReply &reply)
+{
+    switch (reply.kind) {
+    case InputReply::Kind::Text:
+        return QString::fromStdU16String(reply.text);
+    case InputReply::Kind::Picked:
+        return QStringLiteral("%1,%2").arg(reply.place.x, 0, 'f', 4).arg(reply.place.y, 0, 'f', 4);
+    case InputReply::Kind::Cancelled:
+    case InputReply::Kind::Moved:
+        break;
+    }
+    return QCoreApplication::translate("WindowInterface", "*Cancel*");
+}
+
 } // namespace
 
 WindowInterface::WindowInterface(HostServices &services) : m_services(services)
@@ -67,12 +81,10 @@ void WindowInterface::pulse()
 
 void WindowInterface::escape()
 {
-    if (m_waiting) {
-        m_reply = InputReply{};
-        m_waiting->quit();
-    } else if (m_machine) {
+    if (m_waiting)
+        answer({});
+    else if (m_machine)
         m_machine->interrupt();
-    }
 }
 
 void WindowInterface::write(std::u16string_view text)
@@ -118,24 +130,27 @@ InputReply WindowInterface::request(const InputRequest &request)
 
     QEventLoop loop;
     m_waiting = &loop;
-    const QMetaObject::Connection entered = connect(&panel, &CommandPanel::entered, this, &WindowInterface::accept);
+    const QMetaObject::Connection entered = connect(&panel, &CommandPanel::entered, this, [this](const QString &text) {
+        answer({InputReply::Kind::Text, text.toStdU16String()});
+    });
+    Q_EMIT requestBegan(request);
     loop.exec();
     disconnect(entered);
     m_waiting = nullptr;
+    Q_EMIT requestEnded();
 
     panel.setTyping(false);
     panel.print(prompt.mid(lastLine));
     const InputReply reply = std::exchange(m_reply, std::nullopt).value_or(InputReply{});
-    const QString echo = reply.kind == InputReply::Kind::Text ? QString::fromStdU16String(reply.text) : tr("*Cancel*");
-    panel.print(echo + u'\n', CommandPanel::Voice::Person);
+    panel.print(echoOf(reply) + u'\n', CommandPanel::Voice::Person);
     return reply;
 }
 
-void WindowInterface::accept(const QString &text)
+void WindowInterface::answer(const InputReply &reply)
 {
     if (!m_waiting)
         return;
-    m_reply = InputReply{InputReply::Kind::Text, text.toStdU16String()};
+    m_reply = reply;
     m_waiting->quit();
 }
 

@@ -17,6 +17,8 @@ struct HostServices;
 // thread; a running program lets the window live on at its safe points (see pulse).
 class WindowInterface final : public QObject, public UserInterface, public UserInput, public lisp::Console
 {
+    Q_OBJECT
+
 public:
     // It is the host's interface as long as it lives. There must be an application.
     explicit WindowInterface(HostServices &services);
@@ -37,6 +39,8 @@ public:
     void flush();
 
     InputReply request(const InputRequest &request) override;
+    // Of the request that waits, instead of a typed text; nothing when none waits.
+    void answer(const InputReply &reply);
 
     QWidget *mainWindow() override { return &m_window; }
     QWidget *documentWindow() override { return m_window.documentArea(); }
@@ -46,9 +50,12 @@ public:
     void showProgress(const Progress &progress) override;
     void endProgress() override;
 
+Q_SIGNALS:
+    void requestBegan(const InputRequest &request);
+    void requestEnded();
+
 private:
     void escape();
-    void accept(const QString &text);
 
     HostServices &m_services;
     HeldKeys m_heldKeys; // for programs that ask which keys are down

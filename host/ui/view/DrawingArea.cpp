@@ -40,6 +40,11 @@ bool DrawingArea::isCurrent() const
     return drawing.number() == m_drawingNumber && drawing.database().journal().changeCount() == m_changeCount;
 }
 
+bool DrawingArea::showsModel() const
+{
+    return m_tabs->currentIndex() <= ModelTab;
+}
+
 void DrawingArea::refresh()
 {
     if (isCurrent())
@@ -88,7 +93,7 @@ void DrawingArea::showTab(DrawingView::Place place)
 
 std::optional<render::Scene> DrawingArea::refined(const QRectF &window, double tolerance)
 {
-    if (m_tabs->currentIndex() > ModelTab || !isCurrent())
+    if (!showsModel() || !isCurrent())
         return std::nullopt;
     const auto entities = m_scene->entitiesIn(window, MostRefined);
     if (!entities)

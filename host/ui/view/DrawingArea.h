@@ -17,6 +17,7 @@ public:
 
     DrawingView &view() { return *m_view; }
     QTabBar &tabs() { return *m_tabs; }
+    bool showsModel() const; // else a layout
 
     // Shows what the drawing is now; nothing when it has not changed. Another drawing is shown as a whole.
     void refresh();

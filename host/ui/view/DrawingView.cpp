@@ -54,9 +54,25 @@ void DrawingView::zoom(double factor, const QPointF &about)
     changeView();
 }
 
+void DrawingView::show(const QPointF &centre, double height)
+{
+    m_centre = centre;
+    m_scale = std::clamp(this->height() / height, LeastScale, MostScale);
+    m_showsAll = false;
+    changeView();
+}
+
 void DrawingView::changeView()
 {
     m_isFrameValid = false;
+    update();
+    Q_EMIT viewChanged();
+}
+
+void DrawingView::setMarks(Marks marks, int pickBox)
+{
+    m_marks = marks;
+    m_pickBox = pickBox;
     update();
 }
 
@@ -119,13 +135,18 @@ void DrawingView::drawFrame()
     m_isFrameValid = true;
 }
 
-void DrawingView::drawCrosshair(QPainter &painter)
+void DrawingView::drawMarks(QPainter &painter)
 {
     if (!m_cursor || m_dragged)
         return;
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawLine(QPointF(0, m_cursor->y()), QPointF(width(), m_cursor->y()));
-    painter.drawLine(QPointF(m_cursor->x(), 0), QPointF(m_cursor->x(), height()));
+    painter.setBrush(Qt::NoBrush);
+    if (m_marks != Marks::PickBox) {
+        painter.drawLine(QPointF(0, m_cursor->y()), QPointF(width(), m_cursor->y()));
+        painter.drawLine(QPointF(m_cursor->x(), 0), QPointF(m_cursor->x(), height()));
+    }
+    if (m_marks != Marks::Crosshair)
+        painter.drawRect(QRectF(m_cursor->x() - m_pickBox, m_cursor->y() - m_pickBox, 2 * m_pickBox, 2 * m_pickBox));
 }
 
 void DrawingView::paintEvent(QPaintEvent *)
@@ -134,7 +155,12 @@ void DrawingView::paintEvent(QPaintEvent *)
         drawFrame();
     QPainter painter(this);
     painter.drawImage(0, 0, m_frame);
-    drawCrosshair(painter);
+    for (ViewOverlay *overlay : m_overlays) {
+        painter.save();
+        overlay->paint(painter, *this);
+        painter.restore();
+    }
+    drawMarks(painter);
 }
 
 void DrawingView::resizeEvent(QResizeEvent *)
@@ -152,6 +178,11 @@ void DrawingView::wheelEvent(QWheelEvent *event)
 
 void DrawingView::mousePressEvent(QMouseEvent *event)
 {
+    m_cursor = event->position();
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT pressed(worldAt(*m_cursor), event->modifiers());
+    else if (event->button() == Qt::RightButton)
+        Q_EMIT rightClicked();
     if (event->button() != Qt::MiddleButton)
         return;
     m_dragged = event->position();
@@ -173,6 +204,8 @@ void DrawingView::mouseMoveEvent(QMouseEvent *event)
 
 void DrawingView::mouseReleaseEvent(QMouseEvent *event)
 {
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT released(worldAt(event->position()));
     if (event->button() != Qt::MiddleButton)
         return;
     m_dragged.reset();
@@ -184,6 +217,8 @@ void DrawingView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::MiddleButton)
         zoomExtents();
+    else
+        mousePressEvent(event); // two quick clicks are two
 }
 
 void DrawingView::leaveEvent(QEvent *)

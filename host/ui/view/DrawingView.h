@@ -7,8 +7,20 @@
 
 #include <functional>
 
+class DrawingView;
+
+// Something that is drawn over the picture of the drawing, anew with each frame. A view does not own it.
+class ViewOverlay
+{
+public:
+    virtual void paint(QPainter &painter, const DrawingView &view) = 0;
+
+protected:
+    ~ViewOverlay() = default;
+};
+
 // Shows a scene: the wheel zooms about the cursor, dragging with the middle button pans, a double click with it shows
-// all. A crosshair follows the cursor.
+// all. A crosshair follows the cursor, or a box as large as what a click takes in. What clicks mean is for others.
 class DrawingView final : public QWidget
 {
     Q_OBJECT
@@ -26,11 +38,24 @@ public:
     void zoom(double factor, const QPointF &about); // the place in the widget stays where it is
     QPointF worldAt(const QPointF &position) const;
     QPointF positionOf(const QPointF &world) const;
-    double scale() const { return m_scale; } // logical pixels for a unit of the scene
+    double scale() const { return m_scale; }         // logical pixels for a unit of the scene
+    void show(const QPointF &centre, double height); // of what is seen, in the scene
+    QPointF centre() const { return m_centre; }
+    QTransform toWidget() const;                               // from the scene
+    std::optional<QPointF> cursor() const { return m_cursor; } // in the widget; none: it is elsewhere
+
+    void addOverlay(ViewOverlay &overlay) { m_overlays.push_back(&overlay); } // later ones above; see removeOverlay
+    void removeOverlay(ViewOverlay &overlay) { std::erase(m_overlays, &overlay); }
+    enum class Marks { Crosshair, PickBox, CrosshairAndPickBox };
+    void setMarks(Marks marks, int pickBox); // pickBox: pixels from its middle to its edge
 
 Q_SIGNALS:
     void cursorMoved(const QPointF &world);
     void cursorLeft();
+    void pressed(const QPointF &world, Qt::KeyboardModifiers modifiers); // the left button
+    void released(const QPointF &world);
+    void rightClicked();
+    void viewChanged(); // another part is seen, or another scene
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -45,9 +70,8 @@ protected:
 private:
     void changeView();
     void drawFrame();
-    void drawCrosshair(QPainter &painter);
+    void drawMarks(QPainter &painter);
     const render::Scene &sceneForFrame();
-    QTransform toWidget() const;
     QRectF visibleWorld() const;
 
     std::shared_ptr<const render::Scene> m_scene;
@@ -60,4 +84,7 @@ private:
     bool m_isFrameValid = false;
     bool m_showsAll = true; // as long as nobody has panned or zoomed
     std::optional<QPointF> m_cursor, m_dragged;
+    std::vector<ViewOverlay *> m_overlays;
+    Marks m_marks = Marks::Crosshair;
+    int m_pickBox = 0;
 };

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "lisp/resbuf.h"
+
+#include <QPointF>
+
+class Document;
+
+// Places of the view, which is seen from above, in the coordinates of programs and commands: those of the user's
+// coordinate system. What is pointed at lies in its plane, at the current elevation.
+class ViewCoordinates
+{
+public:
+    explicit ViewCoordinates(Document &document) : m_document(document) {}
+
+    LispPoint user(const QPointF &world) const;
+    QPointF world(const LispPoint &user) const;
+
+private:
+    Document &m_document;
+};
