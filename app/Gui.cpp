@@ -33,6 +33,7 @@ int runGui(const Options &options)
     QObject::connect(&runner, &CommandRunner::ended, &files, &DrawingFiles::showTitle);
     const InteractiveDrawing drawing(interface, runner, files, document);
     const DrawingPanels panels(interface.window(), runner, files, document);
+    QObject::connect(&drawing, &InteractiveDrawing::selectionChanged, &panels, &DrawingPanels::refresh);
     interface.window().show();
     // When the event loop runs: programs may ask for input.
     QTimer::singleShot(0, &runner, [&] {

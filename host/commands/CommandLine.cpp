@@ -82,6 +82,7 @@ template <class Step> void CommandLine::proceed(Step step)
     const std::unique_ptr<Running> ended = std::move(m_running.back());
     m_running.pop_back();
     m_lastName = ended->context.name();
+    m_session.showSelected({});
     try {
         ended->task.takeResult();
     } catch (const Cancelled &) {

@@ -42,7 +42,8 @@ Request::Outcome Request::refuse(std::u16string_view complaint)
 
 bool Request::takesPoints() const
 {
-    return m_kind == InputKind::Point || m_kind == InputKind::Distance || m_kind == InputKind::Angle;
+    return m_kind == InputKind::Point || m_kind == InputKind::Corner || m_kind == InputKind::Distance ||
+           m_kind == InputKind::Angle;
 }
 
 // "_end" and the like: the next point lies near what is meant.

@@ -34,6 +34,7 @@ public:
         }
         if (isRemoving)
             dropRemoved();
+        m_context.session().showSelected(entities);
         tell(found, duplicates, locked);
     }
     void takeLastBack()
@@ -42,6 +43,7 @@ public:
             return;
         m_members.erase(entities.back());
         entities.pop_back();
+        m_context.session().showSelected(entities);
     }
     bool isRemoving = false;
     Selection entities;

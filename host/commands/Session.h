@@ -46,6 +46,9 @@ public:
     virtual void setPreviousSelection(Selection selection) = 0;
     virtual Selection takeImpliedSelection() = 0;
 
+    // What the running command has been given so far, for the person to see; none at its end.
+    virtual void showSelected(const Selection &entities) = 0;
+
     int integer(std::u16string_view name) const { return std::get<int>(*variable(name)); }
     double real(std::u16string_view name) const { return std::get<double>(*variable(name)); }
     std::u16string text(std::u16string_view name) const { return std::get<std::u16string>(*variable(name)); }

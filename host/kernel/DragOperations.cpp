@@ -8,11 +8,13 @@
 int SubstituteLispHost::dragSelection(const LispName *selection, const char16_t *prompt, int, DragTransform transform,
                                       LispPoint *result)
 {
-    if (!m_machine.owner() || !Document::of(m_machine).selectionSets().find(*selection))
+    const SelectionSet *set = m_machine.owner() ? Document::of(m_machine).selectionSets().find(*selection) : nullptr;
+    if (!set)
         return StatusError;
-    const auto cursorAt = [transform](const LispPoint &cursor) {
+    const auto transformAt = [transform](const LispPoint &cursor) {
         LispMatrix shown{};
         transform(&cursor, &shown);
+        return shown;
     };
-    return m_prompter.drag(prompt ? prompt : u"", cursorAt, *result);
+    return m_prompter.drag(prompt ? prompt : u"", {set->entities(), transformAt}, *result);
 }

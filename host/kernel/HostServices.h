@@ -5,6 +5,7 @@
 #include "host/kernel/input/ScriptedInput.h"
 #include "host/kernel/input/Transcript.h"
 #include "host/kernel/profile/ProfileStore.h"
+#include "host/kernel/windows/DrawingOverlay.h"
 #include "host/kernel/windows/ProgressMeter.h"
 #include "host/kernel/windows/UserInterface.h"
 #include "storage/ProfileFolder.h"
@@ -30,5 +31,7 @@ struct HostServices
     UserInput *input = &scriptedInput; // never null, not owned
     NoUserInterface noWindows;
     UserInterface *userInterface = &noWindows; // never null, not owned
+    NoDrawingOverlay noOverlay;
+    DrawingOverlay *overlay = &noOverlay; // never null, not owned
     ProgressMeter progressMeter{*this};
 };

@@ -85,6 +85,8 @@ void AppearanceResolver::setFrozen(std::unordered_set<drawing::RecordId> layers)
 std::uint32_t AppearanceResolver::rgbOf(const NamedColor &color) const
 {
     constexpr int Foreground = 7;
+    if (m_surface.ink)
+        return *m_surface.ink;
     if (color.trueColor)
         return *color.trueColor;
     const bool isNamed = color.index > 0 && color.index < static_cast<int>(palette::Count);
@@ -96,6 +98,8 @@ std::uint32_t AppearanceResolver::rgbOf(const NamedColor &color) const
 
 std::uint32_t AppearanceResolver::colorOf(const NamedColor &color, const Layer &layer, const Resolved *insert) const
 {
+    if (m_surface.ink)
+        return *m_surface.ink;
     if (color.trueColor)
         return *color.trueColor;
     if (color.index == NamedColor::ByBlock)

@@ -35,7 +35,8 @@ struct Appearance
 struct Surface
 {
     std::uint32_t background = 0xffffff;
-    bool isPlot = true; // layers that are not plotted are left out
+    bool isPlot = true;                    // layers that are not plotted are left out
+    std::optional<std::uint32_t> ink = {}; // for everything, instead of its own colour
 };
 
 // Follows BYLAYER and BYBLOCK to what they mean. An entity on layer "0" of a block takes the layer of the insert.

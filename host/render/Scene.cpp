@@ -51,10 +51,11 @@ void Scene::add(DisplayList list, const QPolygonF &outline, double unitsPerMilli
 }
 
 Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface, const std::vector<RecordId> &entities,
-                        const QRectF &window, double tolerance)
+                        const QRectF &window, double tolerance, const geometry::Matrix &transform)
 {
     AppearanceResolver appearances(drawing, surface);
     Projection projection;
+    projection.toPage = transform;
     projection.tolerance = tolerance;
     projection.window = window;
     DisplayList list(window.center());

@@ -31,9 +31,10 @@ public:
     // The entities with something in the rectangle, in drawing order, each once; none when there are more than `most`.
     std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const;
     double tolerance() const { return m_tolerance; } // how far curves are off
-    // The same entities with curves as fine as this, around a place.
+    // Some entities of the model with curves as fine as this, around a place, somewhere else than they are.
     static Scene ofEntities(const drawing::Drawing &drawing, const Surface &surface,
-                            const std::vector<drawing::RecordId> &entities, const QRectF &window, double tolerance);
+                            const std::vector<drawing::RecordId> &entities, const QRectF &window, double tolerance,
+                            const geometry::Matrix &transform = {});
 
 private:
     struct Part

@@ -2,8 +2,8 @@
 
 void defineHostBuiltins(lisp::Machine &machine)
 {
-    for (const auto family :
-         {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), geometryBuiltins(), inputBuiltins(),
-          registryBuiltins(), selectionBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
+    for (const auto family : {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), geometryBuiltins(),
+                              graphicsBuiltins(), inputBuiltins(), registryBuiltins(), selectionBuiltins(),
+                              tableBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

@@ -8,6 +8,7 @@ std::span<const lisp::BuiltinRow> commandBuiltins();    // Commands.cpp
 std::span<const lisp::BuiltinRow> dictionaryBuiltins(); // Dictionaries.cpp
 std::span<const lisp::BuiltinRow> entityBuiltins();     // Entities.cpp
 std::span<const lisp::BuiltinRow> geometryBuiltins();   // Geometry.cpp
+std::span<const lisp::BuiltinRow> graphicsBuiltins();   // Graphics.cpp
 std::span<const lisp::BuiltinRow> inputBuiltins();      // Input.cpp
 std::span<const lisp::BuiltinRow> registryBuiltins();   // Registry.cpp
 std::span<const lisp::BuiltinRow> selectionBuiltins();  // Selection.cpp

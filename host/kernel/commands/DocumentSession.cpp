@@ -158,6 +158,11 @@ std::optional<commands::Input> DocumentSession::request(InputKind kind, const st
     return reply.kind == InputReply::Kind::Text ? std::optional<commands::Input>(reply.text) : std::nullopt;
 }
 
+void DocumentSession::showSelected(const commands::Selection &entities)
+{
+    m_document.services().overlay->showSelected(entities);
+}
+
 void DocumentSession::forgetSelections()
 {
     m_previousSelection.clear();

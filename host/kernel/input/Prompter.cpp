@@ -65,14 +65,14 @@ int Prompter::ask(const InputRequest &request, const InputOptions &options, cons
             m_lastInput = std::move(*keyword);
             return StatusKeyword;
         }
-        if (const std::optional<snap::Modes> modes = snapOf(request.kind, reply.text)) {
-            m_snap = *modes;
+        if (const auto modes = isText ? snapOf(request.kind, reply.text) : std::nullopt) {
+            shown.snap = m_snap = *modes;
             shown.prompt = u"of ";
             continue;
         }
         const Complaint complaint = read(reply);
         m_snap = snap::None;
-        shown.prompt = request.prompt;
+        shown = request;
         if (!complaint)
             return StatusNormal;
         if (options.bits & InputOptions::ArbitraryInput && !reply.text.empty()) {
@@ -93,8 +93,8 @@ std::optional<snap::Modes> Prompter::snapOf(Kind kind, std::u16string_view text)
 
 std::optional<LispPoint> Prompter::pointOf(const InputReply &reply)
 {
-    const bool isPicked = reply.kind == InputReply::Kind::Picked;
-    const std::optional<LispPoint> point = isPicked ? reply.place : pointFromText(reply.text, context());
+    const bool isPlace = reply.kind != InputReply::Kind::Text && reply.text.empty();
+    const std::optional<LispPoint> point = isPlace ? reply.place : pointFromText(reply.text, context());
     return point && m_snap != snap::None ? snapper(*point, m_snap, lastPoint) : point;
 }
 
@@ -162,17 +162,18 @@ int Prompter::askPoint(const InputRequest &request, LispPoint &value)
     });
 }
 
-int Prompter::drag(std::u16string_view prompt, const std::function<void(const LispPoint &)> &cursorAt,
-                   LispPoint &picked)
+int Prompter::drag(std::u16string_view prompt, const Dragged &dragged, LispPoint &picked)
 {
     const InputOptions options = takeOptions();
+    InputRequest request = requestFor(Kind::Drag, prompt);
+    request.dragged = &dragged;
     for (;;) {
-        const InputReply reply = m_services.input->request(requestFor(Kind::Drag, prompt));
+        const InputReply reply = m_services.input->request(request);
         if (reply.kind == InputReply::Kind::Cancelled)
             return StatusCancelled;
         const std::optional<LispPoint> point = pointOf(reply);
         if (point)
-            cursorAt(*point);
+            dragged.transformAt(*point);
         if (reply.kind == InputReply::Kind::Moved) {
             if (!point)
                 m_services.print(std::u16string(InvalidPoint) + u'\n');
@@ -187,6 +188,29 @@ int Prompter::drag(std::u16string_view prompt, const std::function<void(const Li
         m_lastInput = options.keywords.match(reply.text).value_or(reply.text);
         return StatusText;
     }
+}
+
+int Prompter::event(Moves moves, Event &event)
+{
+    InputRequest request = requestFor(Kind::Event, u"");
+    request.tellsMoves = moves == Moves::Told;
+    while (m_keys.empty()) {
+        const InputReply reply = m_services.input->request(request);
+        if (reply.kind == InputReply::Kind::Cancelled)
+            return StatusCancelled;
+        const bool isMove = reply.kind == InputReply::Kind::Moved;
+        const bool isKey = reply.kind == InputReply::Kind::Text && reply.text.size() == 1; // "@" too, which is a point
+        const std::optional<LispPoint> point = isKey ? std::nullopt : pointOf(reply);
+        if (point && (!isMove || request.tellsMoves)) {
+            event = {isMove ? Event::Kind::Move : Event::Kind::Pick, 0, *point};
+            return StatusNormal;
+        }
+        if (reply.kind == InputReply::Kind::Text)
+            m_keys = isKey ? reply.text : reply.text + u'\r';
+    }
+    event = {Event::Kind::Key, m_keys.front(), {}};
+    m_keys.erase(0, 1);
+    return StatusNormal;
 }
 
 int Prompter::point(std::u16string_view prompt, const LispPoint *base, LispPoint &value)

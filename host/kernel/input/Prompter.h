@@ -42,9 +42,22 @@ public:
     int string(bool allowBlanks, std::u16string_view prompt, std::u16string &value);
     int keyword(std::u16string_view prompt); // the keyword is lastInput(), the status StatusNormal
 
-    // Calls `cursorAt` for each place of the cursor until a point is picked there, which is one more. Any other text
-    // ends the drag with StatusText: lastInput() is the keyword that it means, or the text as it stands.
-    int drag(std::u16string_view prompt, const std::function<void(const LispPoint &)> &cursorAt, LispPoint &picked);
+    // Asks where what is dragged is shown for each place of the cursor until a point is picked there, which is one
+    // more. Any other text ends the drag with StatusText: lastInput() is the keyword that it means, or the text as it
+    // stands.
+    int drag(std::u16string_view prompt, const Dragged &dragged, LispPoint &picked);
+
+    // What the person does next, without a prompt. A typed point is a pick. Of other typed text each character is a key
+    // of its own; Enter follows, unless it is a single character.
+    struct Event
+    {
+        enum class Kind { Key, Pick, Move };
+        Kind kind;
+        char16_t key = 0;
+        LispPoint place = {};
+    };
+    enum class Moves { Ignored, Told };
+    int event(Moves moves, Event &event);
 
     // `base` may be null. It is where a rubber band begins.
     int point(std::u16string_view prompt, const LispPoint *base, LispPoint &value);
@@ -90,5 +103,6 @@ private:
     lisp::Machine &m_machine;
     InputOptions m_options;
     std::u16string m_lastInput;
+    std::u16string m_keys;           // typed, but not told as events yet
     snap::Modes m_snap = snap::None; // for the next point
 };

@@ -30,6 +30,8 @@ QString kindName(InputRequest::Kind kind)
         return QStringLiteral("selection");
     case Kind::Drag:
         return QStringLiteral("drag");
+    case Kind::Event:
+        return QStringLiteral("event");
     }
     return {};
 }
@@ -37,7 +39,8 @@ QString kindName(InputRequest::Kind kind)
 bool fits(const Answer &answer, InputRequest::Kind kind)
 {
     return answer.kind == Answer::Kind::Typed || answer.kind == Answer::Kind::Escape ||
-           (answer.kind == Answer::Kind::Move && kind == InputRequest::Kind::Drag);
+           (answer.kind == Answer::Kind::Move &&
+            (kind == InputRequest::Kind::Drag || kind == InputRequest::Kind::Event));
 }
 
 InputReply replyOf(const Answer &answer)
@@ -70,7 +73,7 @@ InputReply ScriptedInput::request(const InputRequest &request)
                             .arg(answerLine(*answer), asked));
         return {};
     }
-    if (answer->kind == Answer::Kind::Typed)
+    if (answer->kind == Answer::Kind::Typed && request.kind != InputRequest::Kind::Event)
         m_services.print(answer->argument.toStdU16String() + u'\n');
     return replyOf(*answer);
 }

@@ -168,13 +168,22 @@ bool CommandPanel::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_input || event->type() != QEvent::KeyPress || m_completer->popup()->isVisible())
         return QWidget::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent *>(event)->key()) {
+    const auto *press = static_cast<QKeyEvent *>(event);
+    if (m_keysAreWanted && !press->text().isEmpty()) {
+        Q_EMIT keyTyped(press->text());
+        return true;
+    }
+    switch (press->key()) {
     case Qt::Key_Up:
         m_input->setText(m_history.older(m_input->text()));
         return true;
     case Qt::Key_Down:
         m_input->setText(m_history.newer(m_input->text()));
         return true;
+    case Qt::Key_Delete:
+        if (m_input->text().isEmpty())
+            Q_EMIT deletePressed();
+        return QWidget::eventFilter(watched, event);
     default:
         return QWidget::eventFilter(watched, event);
     }

@@ -27,6 +27,7 @@ public:
     void startFreshLine();
     void setPrompt(const QString &prompt);
     void setTyping(bool allowed); // while a program runs and asks for nothing it is not
+    void setKeysWanted(bool wanted) { m_keysAreWanted = wanted; }
     // What the word at the cursor may become; asked for when typing begins a new word.
     void setCompletions(std::function<QStringList()> completions) { m_completions = std::move(completions); }
     void focusInput();
@@ -35,6 +36,8 @@ public:
 
 Q_SIGNALS:
     void entered(const QString &text);
+    void deletePressed();                    // in an empty line
+    void keyTyped(const QString &character); // instead of going into the line, while keys are wanted
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -52,5 +55,6 @@ private:
     QCompleter *m_completer;
     QStringListModel *m_names;
     CommandHistory m_history;
+    bool m_keysAreWanted = false;
     std::function<QStringList()> m_completions;
 };

@@ -115,6 +115,8 @@ void WindowInterface::flush()
 // The prompt's last line stands in front of the input; what was typed joins it above when it is entered.
 InputReply WindowInterface::request(const InputRequest &request)
 {
+    if (request.kind == InputRequest::Kind::Event)
+        return wait(request);
     CommandPanel &panel = m_window.commandPanel();
     QString prompt = QString::fromStdU16String(request.prompt);
     if (prompt.startsWith(u'\n')) {
@@ -128,27 +130,38 @@ InputReply WindowInterface::request(const InputRequest &request)
     panel.setTyping(true);
     panel.focusInput();
 
-    QEventLoop loop;
-    m_waiting = &loop;
-    const QMetaObject::Connection entered = connect(&panel, &CommandPanel::entered, this, [this](const QString &text) {
-        answer({InputReply::Kind::Text, text.toStdU16String()});
-    });
-    Q_EMIT requestBegan(request);
-    loop.exec();
-    disconnect(entered);
-    m_waiting = nullptr;
-    Q_EMIT requestEnded();
+    const InputReply reply = wait(request);
 
     panel.setTyping(false);
     panel.print(prompt.mid(lastLine));
-    const InputReply reply = std::exchange(m_reply, std::nullopt).value_or(InputReply{});
     panel.print(echoOf(reply) + u'\n', CommandPanel::Voice::Person);
     return reply;
 }
 
+InputReply WindowInterface::wait(const InputRequest &request)
+{
+    CommandPanel &panel = m_window.commandPanel();
+    const bool wantsKeys = request.kind == InputRequest::Kind::Event;
+    const auto accept = [this](const QString &text) { answer({InputReply::Kind::Text, text.toStdU16String()}); };
+    QEventLoop loop;
+    m_waiting = &loop;
+    panel.setKeysWanted(wantsKeys);
+    const QMetaObject::Connection typed =
+        connect(&panel, wantsKeys ? &CommandPanel::keyTyped : &CommandPanel::entered, this, accept);
+    flush();
+    Q_EMIT requestBegan(request);
+    loop.exec();
+    disconnect(typed);
+    panel.setKeysWanted(false);
+    m_waiting = nullptr;
+    Q_EMIT requestEnded();
+    return std::exchange(m_reply, std::nullopt).value_or(InputReply{});
+}
+
 void WindowInterface::answer(const InputReply &reply)
 {
-    if (!m_waiting)
+    const bool isAnswered = m_reply && m_reply->kind != InputReply::Kind::Moved; // a click that follows a move counts
+    if (!m_waiting || isAnswered)
         return;
     m_reply = reply;
     m_waiting->quit();

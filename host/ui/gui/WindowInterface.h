@@ -56,6 +56,7 @@ Q_SIGNALS:
 
 private:
     void escape();
+    InputReply wait(const InputRequest &request); // for an answer
 
     HostServices &m_services;
     HeldKeys m_heldKeys; // for programs that ask which keys are down

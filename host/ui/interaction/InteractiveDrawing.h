@@ -1,24 +1,36 @@
 #pragma once
 
+#include "host/ui/interaction/OverlayPictures.h"
 #include "host/ui/interaction/ViewInput.h"
+#include "host/ui/interaction/ViewSelection.h"
 #include "host/ui/interaction/ViewVariables.h"
 
 class CommandRunner;
 class DrawingFiles;
 
-// The drawing in the window as a person works with it: shown as it is, answering requests by clicks.
+// The drawing in the window as a person works with it: shown as it is, answering requests by clicks, with what is
+// selected in it.
 class InteractiveDrawing final : public QObject
 {
+    Q_OBJECT
+
 public:
     // The window takes over what is shown.
     InteractiveDrawing(WindowInterface &interface, CommandRunner &runner, DrawingFiles &files, Document &document);
+    ~InteractiveDrawing() override;
 
     DrawingArea &area() { return m_area; }
 
-private:
-    void showWhatIs(); // after a program or a command, and before it asks
+Q_SIGNALS:
+    void selectionChanged(); // by a person's clicks
 
+private:
+    void showWhatIs(); // the drawing after a change, in a view that commands may have changed
+
+    Document &m_document;
     DrawingArea &m_area;
+    OverlayPictures m_pictures;
     ViewVariables m_variables;
+    ViewSelection m_selection;
     ViewInput m_input;
 };

@@ -26,6 +26,12 @@ LispPoint ViewCoordinates::user(const QPointF &world) const
     return {below.x + height * step.x, below.y + height * step.y, elevation};
 }
 
+LispPoint ViewCoordinates::user(const Vector &world) const
+{
+    const commands::Point place = commands::WorkPlane(m_document.session()).user(world);
+    return {place.x, place.y, place.z};
+}
+
 QPointF ViewCoordinates::world(const LispPoint &user) const
 {
     const Vector place = commands::WorkPlane(m_document.session()).world({user.x, user.y, user.z});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/drawing/geometry/Vector.h"
 #include "lisp/resbuf.h"
 
 #include <QPointF>
@@ -14,6 +15,7 @@ public:
     explicit ViewCoordinates(Document &document) : m_document(document) {}
 
     LispPoint user(const QPointF &world) const;
+    LispPoint user(const geometry::Vector &world) const; // where it lies itself
     QPointF world(const LispPoint &user) const;
 
 private:

@@ -1,5 +1,6 @@
 #include "host/ui/interaction/ViewInput.h"
 
+#include "host/commands/WorkPlane.h"
 #include "host/kernel/Document.h"
 #include "host/ui/gui/WindowInterface.h"
 #include "host/ui/view/DrawingArea.h"
@@ -12,7 +13,8 @@ using Kind = InputRequest::Kind;
 
 namespace {
 
-constexpr double HeldDistance = 4; // pixels: nearer, the button was not held but clicked
+constexpr double HeldDistance = 4;       // pixels: nearer, the button was not held but clicked
+constexpr std::size_t MostSnapped = 200; // entities about the cursor
 
 bool asksForPlace(Kind kind)
 {
@@ -24,6 +26,7 @@ bool asksForPlace(Kind kind)
     case Kind::Entity:
     case Kind::Selection:
     case Kind::Drag:
+    case Kind::Event:
         return true;
     case Kind::Integer:
     case Kind::Real:
@@ -34,6 +37,21 @@ bool asksForPlace(Kind kind)
     return false;
 }
 
+// Without what only a perspective would need.
+geometry::Matrix affine(const LispMatrix &matrix)
+{
+    const auto column = [&](int number) {
+        return geometry::Vector{matrix.rows[0][number], matrix.rows[1][number], matrix.rows[2][number]};
+    };
+    return {column(0), column(1), column(2), column(3)};
+}
+
+bool takesSnaps(Kind kind)
+{
+    return kind == Kind::Point || kind == Kind::Corner || kind == Kind::Distance || kind == Kind::Angle ||
+           kind == Kind::Drag;
+}
+
 bool asksForObject(Kind kind)
 {
     return kind == Kind::Entity || kind == Kind::Selection;
@@ -42,10 +60,13 @@ bool asksForObject(Kind kind)
 } // namespace
 
 ViewInput::ViewInput(WindowInterface &interface, DrawingArea &area, Document &document)
-    : m_interface(interface), m_area(area), m_document(document), m_coordinates(document)
+    : m_interface(interface), m_area(area), m_document(document), m_coordinates(document),
+      m_draggedPicture([&document]() -> const drawing::Drawing & { return document.drawing(); })
 {
     DrawingView &view = area.view();
+    view.addOverlay(m_draggedPicture);
     view.addOverlay(m_rubberBand);
+    view.addOverlay(m_marker);
     connect(&interface, &WindowInterface::requestBegan, this, &ViewInput::begin);
     connect(&interface, &WindowInterface::requestEnded, this, &ViewInput::end);
     connect(&view, &DrawingView::pressed, this, &ViewInput::press);
@@ -57,7 +78,9 @@ ViewInput::ViewInput(WindowInterface &interface, DrawingArea &area, Document &do
 
 ViewInput::~ViewInput()
 {
+    m_area.view().removeOverlay(m_marker);
     m_area.view().removeOverlay(m_rubberBand);
+    m_area.view().removeOverlay(m_draggedPicture);
 }
 
 void ViewInput::begin(const InputRequest &request)
@@ -66,6 +89,9 @@ void ViewInput::begin(const InputRequest &request)
         return;
     m_kind = request.kind;
     m_base = request.base;
+    m_dragged = request.dragged;
+    m_tellsMoves = request.tellsMoves;
+    m_snapModes = request.snap;
     if (m_base)
         m_rubberBand.begin(request.kind == Kind::Corner ? RubberBand::Shape::Rectangle : RubberBand::Shape::Line,
                            m_coordinates.world(*m_base));
@@ -76,7 +102,11 @@ void ViewInput::end()
 {
     m_kind.reset();
     m_base.reset();
+    m_dragged = nullptr;
+    m_tellsMoves = false;
+    m_draggedPicture.hide();
     m_rubberBand.end();
+    m_marker.show(std::nullopt);
     showMarks();
 }
 
@@ -90,17 +120,42 @@ void ViewInput::showMarks()
 }
 
 // To the nearer axis of the user's coordinate system.
-QPointF ViewInput::constrained(const QPointF &world) const
+LispPoint ViewInput::constrained(LispPoint place) const
 {
     const bool isConstrained = m_base && m_kind != Kind::Corner && m_document.session().integer(u"ORTHOMODE") != 0;
     if (!isConstrained)
-        return world;
-    LispPoint place = m_coordinates.user(world);
+        return place;
     if (std::abs(place.x - m_base->x) < std::abs(place.y - m_base->y))
         place.x = m_base->x;
     else
         place.y = m_base->y;
-    return m_coordinates.world(place);
+    return place;
+}
+
+// None, where as much lies as nobody can tell apart.
+std::optional<snap::Snap> ViewInput::snapAt(const QPointF &world) const
+{
+    const DocumentSession &session = m_document.session();
+    const auto modes = m_snapModes.value_or(static_cast<snap::Modes>(session.integer(u"OSMODE")));
+    if (!m_kind || !takesSnaps(*m_kind) || modes == snap::None || modes & snap::Suppressed)
+        return std::nullopt;
+    const double aperture = session.integer(u"APERTURE") / m_area.view().scale();
+    const QRectF around(world.x() - aperture, world.y() - aperture, 2 * aperture, 2 * aperture);
+    const auto candidates = m_area.entitiesIn(around, MostSnapped);
+    if (!candidates)
+        return std::nullopt;
+    snap::Aim aim{{world.x(), world.y(), 0}, aperture, {}};
+    if (m_base)
+        aim.from = commands::WorkPlane(session).world({m_base->x, m_base->y, m_base->z});
+    return snap::snapAt(m_document.drawing(), *candidates, aim, modes);
+}
+
+void ViewInput::aim(const QPointF &world)
+{
+    const std::optional<snap::Snap> snap = snapAt(world);
+    m_marker.show(snap);
+    m_place = snap ? m_coordinates.user(snap->place) : constrained(m_coordinates.user(world));
+    m_rubberBand.setTo(m_coordinates.world(m_place));
 }
 
 void ViewInput::press(const QPointF &world)
@@ -119,11 +174,19 @@ void ViewInput::release(const QPointF &world)
 
 void ViewInput::move(const QPointF &world)
 {
-    m_rubberBand.setTo(constrained(world));
+    if (!m_kind || !m_area.showsModel())
+        return;
+    aim(world);
+    if (m_tellsMoves)
+        m_interface.answer({InputReply::Kind::Moved, {}, m_place});
+    if (m_dragged)
+        m_draggedPicture.show(m_dragged->entities, affine(m_dragged->transformAt(m_place)));
 }
 
 void ViewInput::pick(const QPointF &world)
 {
-    if (m_kind && m_area.showsModel())
-        m_interface.answer({InputReply::Kind::Picked, {}, m_coordinates.user(constrained(world))});
+    if (!m_kind || !m_area.showsModel())
+        return;
+    aim(world);
+    m_interface.answer({InputReply::Kind::Picked, {}, m_place});
 }

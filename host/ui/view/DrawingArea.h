@@ -18,6 +18,11 @@ public:
     DrawingView &view() { return *m_view; }
     QTabBar &tabs() { return *m_tabs; }
     bool showsModel() const; // else a layout
+    // With something of them in this part of the scene; none when there are more than `most`.
+    std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const
+    {
+        return m_scene->entitiesIn(rectangle, most);
+    }
 
     // Shows what the drawing is now; nothing when it has not changed. Another drawing is shown as a whole.
     void refresh();

@@ -41,7 +41,8 @@ public:
     double scale() const { return m_scale; }         // logical pixels for a unit of the scene
     void show(const QPointF &centre, double height); // of what is seen, in the scene
     QPointF centre() const { return m_centre; }
-    QTransform toWidget() const;                               // from the scene
+    QTransform toWidget() const; // from the scene
+    QRectF visibleWorld() const;
     std::optional<QPointF> cursor() const { return m_cursor; } // in the widget; none: it is elsewhere
 
     void addOverlay(ViewOverlay &overlay) { m_overlays.push_back(&overlay); } // later ones above; see removeOverlay
@@ -72,7 +73,6 @@ private:
     void drawFrame();
     void drawMarks(QPainter &painter);
     const render::Scene &sceneForFrame();
-    QRectF visibleWorld() const;
 
     std::shared_ptr<const render::Scene> m_scene;
     Refiner m_refiner;

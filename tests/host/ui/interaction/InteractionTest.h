@@ -11,7 +11,7 @@ class InteractionTest : public GuiTest
 protected:
     InteractionTest()
     {
-        type("(setvar \"CMDECHO\" 0)");
+        type("(progn (setvar \"CMDECHO\" 0) (setvar \"OSMODE\" 0))");
         QCoreApplication::processEvents();
         view().show({50, 40}, 80); // x from somewhere below 0 to somewhere above 100, y from 0 to 80
     }
@@ -24,10 +24,15 @@ protected:
     QPointF placeOf(double x, double y) { return view().worldAt(at(x, y)); }
     void click(double x, double y, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QTest::mouseMove(&view(), at(x, y));
+        move(x, y);
         QTest::mouseClick(&view(), Qt::LeftButton, modifiers, at(x, y));
     }
-    void move(double x, double y) { QTest::mouseMove(&view(), at(x, y)); }
+    // From beside it: a cursor that is there already would not be heard of.
+    void move(double x, double y)
+    {
+        QTest::mouseMove(&view(), at(x, y) + QPoint(2, 2));
+        QTest::mouseMove(&view(), at(x, y));
+    }
     void rightClick() { QTest::mouseClick(&view(), Qt::RightButton, Qt::NoModifier, at(50, 40)); }
     void escape() { QTest::keyClick(input, Qt::Key_Escape); }
     // The value of an expression as it is printed.
@@ -38,6 +43,16 @@ protected:
         const std::size_t end = all.size() - 1, begin = all.rfind('\n', end - 1) + 1;
         return all.substr(begin, end - begin);
     }
+    // Whether the place, or a pixel beside it, has this colour: the crosshair may lie on the place itself.
+    bool shows(const QColor &color, double x, double y)
+    {
+        const QImage image = picture();
+        for (int i = 0; i < 9; ++i)
+            if (image.pixelColor(at(x, y) + QPoint(i % 3 - 1, i / 3 - 1)) == color)
+                return true;
+        return false;
+    }
+    bool isHighlighted(double x, double y) { return shows(view().palette().color(QPalette::Highlight), x, y); }
     QImage picture() { return view().grab().toImage(); }
 
     DrawingFiles files{interface.window(), document};
