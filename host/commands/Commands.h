@@ -19,6 +19,7 @@ Command color(Context &context);
 Command erase(Context &context);
 Command unerase(Context &context); // OOPS
 Command select(Context &context);
+Command preselect(Context &context); // PSELECT
 
 // LineCommands.cpp
 Command line(Context &context);
@@ -51,7 +52,8 @@ Command pan(Context &context);
 Command plan(Context &context);
 Command regenerate(Context &context);
 
-Command ucs(Context &context); // UcsCommand.cpp
+Command ucs(Context &context);  // UcsCommand.cpp
+Command view(Context &context); // NamedViewCommand.cpp
 
 // InsertCommands.cpp
 Command insert(Context &context);
@@ -64,6 +66,25 @@ Command style(Context &context);  // StyleCommand.cpp
 
 Command purge(Context &context);       // PurgeCommand.cpp
 Command breakObject(Context &context); // BreakCommand.cpp
+
+// TrimCommands.cpp
+Command trim(Context &context);
+Command extend(Context &context);
+
+Command fillet(Context &context); // FilletCommand.cpp
+// HatchCommand.cpp
+Command hatch(Context &context);
+Command boundary(Context &context);
+
+// DimensionCommands.cpp
+Command dimensionLinear(Context &context);
+Command dimensionAligned(Context &context);
+Command dimensionRadius(Context &context);
+Command dimensionDiameter(Context &context);
+Command dimensionOnce(Context &context); // DIM1
+Command dimensions(Context &context);    // DIM
+
+Command array(Context &context); // ArrayCommand.cpp
 
 Command editPolyline(Context &context); // PolylineEditCommand.cpp
 

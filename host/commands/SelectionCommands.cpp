@@ -26,4 +26,11 @@ Command select(Context &context)
     co_await selectObjects(context, Purpose::Look);
 }
 
+// What is selected here, the next command takes without asking.
+Command preselect(Context &context)
+{
+    const Selection entities = co_await selectObjects(context, Purpose::Look);
+    context.session().setImpliedSelection(entities);
+}
+
 } // namespace commands

@@ -45,6 +45,7 @@ public:
     virtual const Selection &previousSelection() const = 0;
     virtual void setPreviousSelection(Selection selection) = 0;
     virtual Selection takeImpliedSelection() = 0;
+    virtual void setImpliedSelection(Selection selection) = 0;
 
     // What the running command has been given so far, for the person to see; none at its end.
     virtual void showSelected(const Selection &entities) = 0;

@@ -7,12 +7,20 @@ namespace commands {
 
 using geometry::Matrix;
 
-WorkPlane::WorkPlane(const Session &session)
+namespace {
+
+Matrix userToWorld(const Session &session)
 {
-    m_toWorld.origin = geometry::vectorOf(session.point(u"UCSORG"));
-    m_toWorld.x = geometry::vectorOf(session.point(u"UCSXDIR"));
-    m_toWorld.y = geometry::vectorOf(session.point(u"UCSYDIR"));
-    m_toWorld.z = geometry::cross(m_toWorld.x, m_toWorld.y);
+    const Vector x = geometry::vectorOf(session.point(u"UCSXDIR")), y = geometry::vectorOf(session.point(u"UCSYDIR"));
+    return {x, y, geometry::cross(x, y), geometry::vectorOf(session.point(u"UCSORG"))};
+}
+
+} // namespace
+
+WorkPlane::WorkPlane(const Session &session) : WorkPlane(userToWorld(session)) {}
+
+WorkPlane::WorkPlane(const Matrix &toWorld) : m_toWorld(toWorld)
+{
     m_toUser = geometry::inverse(m_toWorld);
     m_fromWorldToObject = geometry::inverse(Matrix::ofExtrusion(normal()));
 }

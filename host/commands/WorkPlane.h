@@ -12,6 +12,7 @@ class WorkPlane
 {
 public:
     explicit WorkPlane(const Session &session);
+    explicit WorkPlane(const geometry::Matrix &toWorld); // another plane
 
     const geometry::Matrix &toWorld() const { return m_toWorld; }
     Vector world(const Point &point) const { return m_toWorld.place(geometry::vectorOf(point)); }

@@ -1,5 +1,7 @@
 #include "host/drawing/Blocks.h"
 
+#include <QString>
+
 namespace drawing {
 
 namespace {
@@ -67,6 +69,15 @@ RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinitio
     if (start != NoRecord)
         database.add(RecordKind::BlockEnd, markGroups(database, u"ENDBLK", owner, block), before);
     return start;
+}
+
+std::u16string freeBlockName(const SymbolTables &tables, std::u16string_view prefix)
+{
+    for (int number = 1;; ++number) {
+        std::u16string name = std::u16string(prefix) + QString::number(number).toStdU16String();
+        if (tables.find(known::Block, name) == NoRecord)
+            return name;
+    }
 }
 
 RecordId ensureEntities(Database &database)

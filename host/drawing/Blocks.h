@@ -24,6 +24,9 @@ struct BlockDefinition
 };
 RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
 
+// A name that no block has: the prefix and a number, "*D7".
+std::u16string freeBlockName(const SymbolTables &tables, std::u16string_view prefix);
+
 // The ENTITIES section, which is made when it is missing.
 RecordId ensureEntities(Database &database);
 

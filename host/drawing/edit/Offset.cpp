@@ -1,5 +1,6 @@
 #include "host/drawing/edit/Offset.h"
 
+#include "host/drawing/edit/CurveWay.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/PolylineSegments.h"
 #include "host/drawing/edit/Transform.h"
@@ -249,6 +250,35 @@ RecordId offsetCircle(Drawing &drawing, RecordId entity, double distance, const 
     return copy;
 }
 
+// To the left of the way there, in the plane.
+Vector leftAt(const geometry::Course &course, double parameter)
+{
+    const Vector along = course.slope(parameter);
+    return geometry::normalized({-along.y, along.x, 0}, {0, 1, 0});
+}
+
+// Of a curve with no parallel of its own kind: the spline through parallel places.
+RecordId offsetCurve(Drawing &drawing, RecordId entity, double distance, const Vector &side)
+{
+    constexpr int PlacesPerTurn = 128, PlacesPerPiece = 24;
+    const std::optional<CurveWay> way = CurveWay::of(drawing, entity);
+    if (!way)
+        return NoRecord;
+    const geometry::Course &course = way->pieces().front();
+    const double nearest = course.nearest(side), first = course.first(), whole = course.last() - first;
+    const double sign = dot(side - course.at(nearest), leftAt(course, nearest)) < 0 ? -1 : 1;
+    const int count = course.arc() ? static_cast<int>(std::ceil(PlacesPerTurn * whole / geometry::FullTurn))
+                                   : static_cast<int>(whole) * PlacesPerPiece;
+    std::vector<Vector> places;
+    for (int i = 0; i <= count; ++i) {
+        const double at = first + whole * i / count;
+        places.push_back(course.at(at) + leftAt(course, at) * (sign * distance));
+    }
+    const geometry::Nurbs spline = geometry::splineThrough(places, course.slope(first), course.slope(course.last()));
+    const GroupList groups = splineGroups(commonGroups(drawing.database().groups(entity), u"SPLINE"), spline);
+    return addEntityTo(drawing, groups, destinationOf(drawing.database(), entity));
+}
+
 } // namespace
 
 RecordId offsetEntity(Drawing &drawing, RecordId entity, double distance, const Vector &side)
@@ -258,6 +288,8 @@ RecordId offsetEntity(Drawing &drawing, RecordId entity, double distance, const 
         return offsetLine(drawing, entity, distance, side);
     if (type == u"CIRCLE" || type == u"ARC")
         return offsetCircle(drawing, entity, distance, side);
+    if (type == u"ELLIPSE" || type == u"SPLINE")
+        return offsetCurve(drawing, entity, distance, side);
     return offsetPolyline(drawing, entity, distance, side);
 }
 
@@ -273,6 +305,9 @@ std::optional<double> offsetThrough(const Drawing &drawing, RecordId entity, con
     const Vector inObject = geometry::inverse(Matrix::ofExtrusion(extrusionOf(groups))).place(place);
     if (type == u"CIRCLE" || type == u"ARC")
         return std::abs(std::hypot(inObject.x - first.x, inObject.y - first.y) - realOf(groups, RadiusCode));
+    if (const std::optional<CurveWay> way = CurveWay::of(drawing, entity);
+        way && !polylineOf(drawing.database(), entity))
+        return geometry::length(way->at(way->nearest(place)) - place);
     const std::optional<PolylineData> polyline = polylineOf(drawing.database(), entity);
     const std::vector<Segment> segments = polyline ? segmentsOfPolyline(*polyline) : std::vector<Segment>();
     if (segments.empty())

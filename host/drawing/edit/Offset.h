@@ -6,7 +6,8 @@
 namespace drawing {
 
 // Adds a parallel curve of a LINE, CIRCLE, ARC or plane polyline at a distance, on the side where the place is, and
-// gives it. NoRecord when there is none: the radius would be nothing, or the type has no parallel curves here.
+// gives it. Of an ELLIPSE or SPLINE it is a spline through parallel places. NoRecord when there is none: the radius
+// would be nothing, or the type has no parallel curves here.
 RecordId offsetEntity(Drawing &drawing, RecordId entity, double distance, const geometry::Vector &side);
 
 // How far the place is from the curve, to go through it.

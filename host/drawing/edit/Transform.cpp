@@ -15,6 +15,9 @@ using geometry::Vector;
 
 namespace {
 
+constexpr std::u16string_view DimensionPrefix = u"*D";
+constexpr std::int64_t AnonymousFlag = 1; // of a block
+
 constexpr int ElevationCode = 38, ExtrusionCode = 210, FlagsCode = 70;
 
 class Transformer
@@ -172,6 +175,39 @@ std::optional<GroupList> transformedPart(const Database &database, RecordId part
     return transformed(groups, similarity, isVertex ? std::optional(extrusionOf(whole)) : std::nullopt);
 }
 
+// The entities that a dimension shows. Its block is its own when the name says that it was made for it.
+std::vector<RecordId> pictureOf(const Drawing &drawing, const GroupList &dimension)
+{
+    const std::u16string name = textOf(dimension, groupcode::Name);
+    std::vector<RecordId> entities;
+    if (textOf(dimension, groupcode::Type) != u"DIMENSION" || !name.starts_with(DimensionPrefix))
+        return entities;
+    const Database &database = drawing.database();
+    const RecordId block = drawing.tables().find(known::Block, name);
+    for (RecordId id = block != NoRecord ? database.firstIn(block) : NoRecord; id != NoRecord; id = database.nextIn(id))
+        if (!database.record(id).isGone() && !database.isPart(id))
+            entities.push_back(id);
+    return entities;
+}
+
+// A copied dimension gets a picture of its own, so that the two can be moved apart.
+void givePicture(Drawing &drawing, RecordId dimension)
+{
+    Database &database = drawing.database();
+    GroupList groups = database.groups(dimension);
+    const std::vector<RecordId> picture = pictureOf(drawing, groups);
+    if (picture.empty())
+        return;
+    const std::u16string name = freeBlockName(drawing.tables(), DimensionPrefix);
+    const RecordId block = addBlock(database, drawing.tables(), {name, {}, AnonymousFlag, u"0"});
+    if (block == NoRecord)
+        return;
+    for (const RecordId entity : picture)
+        copyEntity(drawing, entity, {block, false});
+    setGroup(groups, textGroup(groupcode::Name, name));
+    database.replace(dimension, groups);
+}
+
 } // namespace
 
 std::optional<GroupList> transformed(const GroupList &groups, const Similarity &similarity,
@@ -193,6 +229,8 @@ bool transformEntity(Drawing &drawing, RecordId entity, const Similarity &simila
     const std::optional<GroupList> moved = transformed(whole, similarity);
     if (!moved)
         return false;
+    for (const RecordId inPicture : pictureOf(drawing, whole))
+        transformEntity(drawing, inPicture, similarity);
     for (const RecordId part : partsOf(database, entity))
         if (const std::optional<GroupList> groups = transformedPart(database, part, whole, similarity))
             database.replace(part, *groups);
@@ -236,6 +274,7 @@ RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where)
         return NoRecord;
     for (const RecordId part : parts)
         append(part, Handle{database.record(copy).handle});
+    givePicture(drawing, copy);
     return copy;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/Drawing.h"
+#include "host/drawing/geometry/Matrix.h"
 #include "host/drawing/geometry/Shapes.h"
 
 namespace geometry {
@@ -10,6 +11,7 @@ struct Origin
 {
     drawing::RecordId entity = drawing::NoRecord; // whose groups describe it; of polylines the POLYLINE
     std::span<const drawing::RecordId> inserts;   // INSERTs and DIMENSIONs it stands in, the outermost first
+    const Matrix *toWorld = nullptr;              // from the coordinates of what the entity stands in
 
     // What was asked for: a pick selects it.
     drawing::RecordId outermost() const { return inserts.empty() ? entity : inserts.front(); }

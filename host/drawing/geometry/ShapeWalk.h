@@ -38,7 +38,7 @@ public:
     void block(drawing::RecordId block, const Matrix &matrix);
 
 private:
-    Origin origin() const { return {m_entity, m_inserts}; }
+    Origin origin() const { return {m_entity, m_inserts, &m_matrix}; }
     bool takeOne() { return m_rest > 0 && --m_rest > 0; }
 
     static constexpr std::size_t DeepestNesting = 200; // of blocks; each costs stack

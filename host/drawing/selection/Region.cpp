@@ -3,9 +3,11 @@
 #include "host/drawing/geometry/EntityShapes.h"
 #include "host/drawing/geometry/Extents.h"
 #include "host/drawing/geometry/Flatten.h"
+#include "host/drawing/geometry/TextLayouts.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 using drawing::Drawing;
 using drawing::RecordId;
@@ -23,74 +25,71 @@ Place seen(const Vector &place)
     return {place.x, place.y};
 }
 
+using Outline = std::vector<Place>;
+
 // The lines that an entity is seen as. Rays are as long as makes no difference.
 class Outlines : public geometry::ShapeSink
 {
 public:
-    Outlines(const Drawing &drawing, double tolerance, Place centre, double reach)
-        : m_drawing(drawing), m_tolerance(tolerance), m_centre(centre), m_reach(reach)
+    using Taker = std::function<void(Outline &&outline, const Origin &origin)>;
+
+    Outlines(const Drawing &drawing, double tolerance, Place centre, double reach, Taker take)
+        : m_drawing(drawing), m_tolerance(tolerance), m_centre(centre), m_reach(reach), m_take(std::move(take))
     {
     }
 
-    std::vector<std::vector<Place>> lines;
-
-    void path(const geometry::Path &path, const Origin &) override { add(geometry::flattened(path, m_tolerance)); }
-    void area(const geometry::Area &area, const Origin &) override
+    void path(const geometry::Path &path, const Origin &origin) override
+    {
+        add(geometry::flattened(path, m_tolerance), origin);
+    }
+    void area(const geometry::Area &area, const Origin &origin) override
     {
         for (const geometry::Area::Loop &loop : area.loops)
-            add(geometry::flattened({loop, true}, m_tolerance));
+            add(geometry::flattened({loop, true}, m_tolerance), origin);
     }
-    void face(const geometry::Face &face, const Origin &) override
-    {
-        add({face.corners[0], face.corners[1], face.corners[2], face.corners[3], face.corners[0]});
-    }
-    void text(const geometry::Text &, const Origin &origin) override { addBox(origin.entity); }
-    void paragraphs(const geometry::Paragraphs &, const Origin &origin) override { addBox(origin.entity); }
-    void point(const Vector &place, const Origin &) override { add({place}); }
-    void image(const geometry::Image &image, const Origin &) override
-    {
-        std::vector<Vector> outline = image.outline;
-        if (!outline.empty())
-            outline.push_back(outline.front());
-        add(outline);
-    }
-    void ray(const geometry::Ray &ray, const Origin &) override
+    void face(const geometry::Face &face, const Origin &origin) override { addClosed(face.corners, origin); }
+    void text(const geometry::Text &text, const Origin &origin) override { addLetters(text, origin); }
+    void paragraphs(const geometry::Paragraphs &text, const Origin &origin) override { addLetters(text, origin); }
+    void point(const Vector &place, const Origin &origin) override { add({&place, 1}, origin); }
+    void image(const geometry::Image &image, const Origin &origin) override { addClosed(image.outline, origin); }
+    void ray(const geometry::Ray &ray, const Origin &origin) override
     {
         const double length = std::hypot(ray.direction.x, ray.direction.y);
         if (length == 0)
             return;
         const double far = (m_reach + std::hypot(ray.origin.x - m_centre.x, ray.origin.y - m_centre.y)) / length;
         const Vector end = ray.origin + ray.direction * far;
-        add({ray.isEndless ? ray.origin - ray.direction * far : ray.origin, end});
+        const Vector line[] = {ray.isEndless ? ray.origin - ray.direction * far : ray.origin, end};
+        add(line, origin);
     }
-    void window(const geometry::Window &window, const Origin &) override
-    {
-        add({window.corners[0], window.corners[1], window.corners[2], window.corners[3], window.corners[0]});
-    }
+    void window(const geometry::Window &window, const Origin &origin) override { addClosed(window.corners, origin); }
 
 private:
-    void add(const std::vector<Vector> &points)
+    void add(std::span<const Vector> points, const Origin &origin)
     {
-        std::vector<Place> line;
-        std::ranges::transform(points, std::back_inserter(line), seen);
-        if (!line.empty())
-            lines.push_back(std::move(line));
+        Outline outline;
+        std::ranges::transform(points, std::back_inserter(outline), seen);
+        if (!outline.empty())
+            m_take(std::move(outline), origin);
     }
-
-    // Of a text inside a block, the whole text's: an approximation where the block is turned.
-    void addBox(RecordId entity)
+    void addClosed(std::span<const Vector> corners, const Origin &origin)
     {
-        const std::optional<geometry::Box> box = geometry::extentsOf(m_drawing, entity);
-        if (!box)
-            return;
-        const Vector &low = box->minimum, &high = box->maximum;
-        add({low, {high.x, low.y, 0}, high, {low.x, high.y, 0}, low});
+        std::vector<Vector> points(corners.begin(), corners.end());
+        if (!points.empty())
+            points.push_back(points.front());
+        add(points, origin);
+    }
+    template <class AnyText> void addLetters(const AnyText &text, const Origin &origin)
+    {
+        if (const auto corners = inkCorners(text, geometry::textStyleOf(m_drawing.database(), text.style)))
+            addClosed(*corners, origin);
     }
 
     const Drawing &m_drawing;
     double m_tolerance;
     Place m_centre;
     double m_reach;
+    Taker m_take;
 };
 
 struct Frame
@@ -108,13 +107,20 @@ struct Frame
     Place centre() const { return {(low.x + high.x) / 2, (low.y + high.y) / 2}; }
 };
 
-std::vector<std::vector<Place>> outlinesOf(const Drawing &drawing, RecordId entity, const std::vector<Place> &about)
+void takeOutlines(const Drawing &drawing, RecordId entity, const std::vector<Place> &about, Outlines::Taker take)
 {
     const Frame frame(about);
     const double size = std::max(frame.size(), 1e-6);
-    Outlines outlines(drawing, size * Fineness, frame.centre(), size);
+    Outlines outlines(drawing, size * Fineness, frame.centre(), size, std::move(take));
     geometry::shapesOf(drawing, entity, outlines);
-    return std::move(outlines.lines);
+}
+
+std::vector<Outline> outlinesOf(const Drawing &drawing, RecordId entity, const std::vector<Place> &about)
+{
+    std::vector<Outline> outlines;
+    takeOutlines(drawing, entity, about,
+                 [&](Outline &&outline, const Origin &) { outlines.push_back(std::move(outline)); });
+    return outlines;
 }
 
 double side(Place a, Place b, Place c)
@@ -191,6 +197,22 @@ double distanceBetween(Place place, Place a, Place b)
     return std::hypot(place.x - a.x - along * dx, place.y - a.y - along * dy);
 }
 
+double distanceBetween(Place place, const Outline &outline)
+{
+    double nearest = INFINITY;
+    for (std::size_t i = 0; i < outline.size(); ++i)
+        nearest = std::min(nearest, distanceBetween(place, outline[i], outline[std::min(i + 1, outline.size() - 1)]));
+    return nearest;
+}
+
+// What a place and an entity are seen in.
+std::vector<Place> placesAbout(const Drawing &drawing, RecordId entity, Place place)
+{
+    if (const std::optional<geometry::Box> box = geometry::extentsOf(drawing, entity))
+        return {place, seen(box->minimum), seen(box->maximum)};
+    return {place};
+}
+
 // Whether the box of the entity reaches the frame at all; an entity without a box may.
 bool mayReach(const Drawing &drawing, RecordId entity, const std::vector<Place> &places)
 {
@@ -230,17 +252,27 @@ bool isCrossed(const Drawing &drawing, RecordId entity, const std::vector<Place>
 
 std::optional<double> distanceFrom(const Drawing &drawing, RecordId entity, Place place)
 {
-    const std::optional<geometry::Box> box = geometry::extentsOf(drawing, entity);
-    std::vector<Place> about{place};
-    if (box)
-        about.insert(about.end(), {seen(box->minimum), seen(box->maximum)});
     std::optional<double> nearest;
-    for (const std::vector<Place> &line : outlinesOf(drawing, entity, about))
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            const double distance = distanceBetween(place, line[i], line[std::min(i + 1, line.size() - 1)]);
-            nearest = std::min(nearest.value_or(distance), distance);
-        }
+    for (const Outline &outline : outlinesOf(drawing, entity, placesAbout(drawing, entity, place))) {
+        const double distance = distanceBetween(place, outline);
+        nearest = std::min(nearest.value_or(distance), distance);
+    }
     return nearest;
+}
+
+std::optional<Part> nearestPart(const Drawing &drawing, RecordId entity, Place place)
+{
+    std::optional<Part> part;
+    double nearest = INFINITY;
+    const auto take = [&](Outline &&outline, const Origin &origin) {
+        const double distance = distanceBetween(place, outline);
+        if (!(distance < nearest))
+            return;
+        nearest = distance;
+        part = {origin.entity, {origin.inserts.begin(), origin.inserts.end()}, *origin.toWorld};
+    };
+    takeOutlines(drawing, entity, placesAbout(drawing, entity, place), take);
+    return part;
 }
 
 RecordId entityAt(const Drawing &drawing, const std::vector<RecordId> &candidates, Place place, double distance)

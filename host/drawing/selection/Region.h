@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/drawing/Drawing.h"
-#include "host/drawing/geometry/Vector.h"
+#include "host/drawing/geometry/Matrix.h"
 
 #include <optional>
 #include <vector>
@@ -33,5 +33,15 @@ std::optional<double> distanceFrom(const drawing::Drawing &drawing, drawing::Rec
 // the distance. NoRecord when there is none.
 drawing::RecordId entityAt(const drawing::Drawing &drawing, const std::vector<drawing::RecordId> &candidates,
                            Place place, double distance);
+
+// What of an entity lies nearest to a place: the entity that is drawn there, which is a block's where the entity is a
+// block reference.
+struct Part
+{
+    drawing::RecordId entity = drawing::NoRecord;
+    std::vector<drawing::RecordId> inserts; // that it stands in, the outermost first
+    geometry::Matrix toWorld;               // from the coordinates of what it stands in
+};
+std::optional<Part> nearestPart(const drawing::Drawing &drawing, drawing::RecordId entity, Place place);
 
 } // namespace selection

@@ -5,6 +5,7 @@
 #include "host/interpreter/text/AngularUnits.h"
 #include "host/interpreter/text/LinearUnits.h"
 #include "host/interpreter/text/RealText.h"
+#include "host/interpreter/text/Units.h"
 
 namespace lisp {
 
@@ -87,6 +88,24 @@ Value textToReal(Machine &, Args arguments)
     return Value::canonicalReal(leadingReal(arguments.text(0)));
 }
 
+// A number, or each one of a list.
+Value convertUnit(Machine &machine, Args arguments)
+{
+    const std::optional<UnitConversion> conversion = unitConversion(arguments.text(1), arguments.text(2));
+    if (arguments[0].isNumber() && !conversion)
+        return Value::nil();
+    if (arguments[0].isNumber())
+        return Value::canonicalReal(conversion->convert(arguments.number(0)));
+    ListBuilder converted(machine.heap());
+    for (const Value number : ListItems(arguments.list(0))) {
+        if (!number.isNumber())
+            badArgument(u"numberp:", number);
+        if (conversion)
+            converted.add(Value::canonicalReal(conversion->convert(number.asDouble())));
+    }
+    return converted.list();
+}
+
 constexpr BuiltinRow rows[] = {
     {"rtos", "(rtos NUMBER [MODE [PRECISION]])",
      "Writes a distance: 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional.", distanceToText},
@@ -95,6 +114,10 @@ constexpr BuiltinRow rows[] = {
      "Writes an angle in radians as 0 degrees, 1 degrees/minutes/seconds, 2 grads, 3 radians, 4 surveyor's units.",
      angleToText},
     {"angtof", "(angtof STRING [MODE])", "Reads an angle as radians, nil if the text is none.", textToAngle},
+    {"cvunit", "(cvunit VALUE FROM TO)",
+     "Converts a number, or a list of them, between units of one kind, \"inch\" \"mm\"; nil when there is no such unit "
+     "or the kinds differ.",
+     convertUnit},
     {"itoa", "(itoa INTEGER)", "Writes an integer.", integerToText},
     {"atoi", "(atoi STRING)", "Reads the integer that a text begins with, 0 if there is none.", textToInteger},
     {"atof", "(atof STRING)", "Reads the real that a text begins with, 0.0 if there is none.", textToReal},

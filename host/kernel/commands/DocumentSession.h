@@ -28,7 +28,7 @@ public:
     void setPreviousSelection(commands::Selection selection) override { m_previousSelection = std::move(selection); }
     commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }
     void showSelected(const commands::Selection &entities) override;
-    void setImpliedSelection(commands::Selection selection) { m_impliedSelection = std::move(selection); }
+    void setImpliedSelection(commands::Selection selection) override { m_impliedSelection = std::move(selection); }
     const commands::Selection &impliedSelection() const { return m_impliedSelection; }
     void forgetSelections(); // they are of a drawing that is gone
 

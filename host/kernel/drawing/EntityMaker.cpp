@@ -123,7 +123,7 @@ EntityMaker::Outcome EntityMaker::endBlock()
     drawing::BlockDefinition block;
     block.name = *drawing::findValue<std::u16string>(m_block, groupcode::Name);
     if (block.name.size() == 2 && block.name.front() == u'*')
-        block.name = anonymousName(block.name);
+        block.name = drawing::freeBlockName(m_drawing.tables(), block.name);
     if (const auto *point = drawing::findValue<drawing::Point>(m_block, groupcode::FirstX))
         block.basePoint = {point->x, point->y, point->z};
     if (const auto *flags = drawing::findValue<std::int64_t>(m_block, groupcode::Count))
@@ -184,11 +184,3 @@ bool EntityMaker::usesKnownApplications(const GroupList &list) const
 }
 
 // "*U" becomes "*U1", "*U2", …: the first that is free.
-std::u16string EntityMaker::anonymousName(std::u16string_view prefix) const
-{
-    for (int number = 1;; ++number) {
-        std::u16string name = std::u16string(prefix) + QString::number(number).toStdU16String();
-        if (m_drawing.tables().find(known::Block, name) == NoRecord)
-            return name;
-    }
-}

@@ -37,7 +37,6 @@ private:
     Outcome finish(Parts &&entity, const drawing::Placement &placement);
     drawing::RecordId add(const Parts &entity, const drawing::Placement &placement);
     bool usesKnownApplications(const drawing::GroupList &list) const;
-    std::u16string anonymousName(std::u16string_view prefix) const;
 
     drawing::Drawing &m_drawing;
     Parts m_entity; // that a SEQEND ends; empty: none

@@ -54,6 +54,43 @@ TEST_F(BreakCommand, APieceGoesOutOfAnArc)
     EXPECT_NEAR(realOf(lastGroups(), 51), 180, 1e-9);
 }
 
+TEST_F(BreakCommand, APieceGoesOutOfAPolyline)
+{
+    evaluate("(command \"_.pline\" \"0,0\" \"10,0\" \"10,10\" \"20,10\" \"\") (setq a (entlast))"
+             "(command \"_.break\" a \"_f\" \"4,0\" \"10,6\")");
+    EXPECT_THAT(types(), ElementsAre("LWPOLYLINE", "LWPOLYLINE"));
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (reverse (entget a))))"), "(4.0 0.0)");
+    EXPECT_EQ(evaluate("(cdr (assoc 90 (entget (entlast))))"), "3");
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (entget (entlast))))"), "(10.0 6.0)");
+}
+
+TEST_F(BreakCommand, AClosedPolylineIsOpenedFromTheFirstPlaceToTheSecond)
+{
+    evaluate("(command \"_.rectang\" \"0,0\" \"10,10\") (command \"_.break\" (entlast) \"_f\" \"2,0\" \"6,0\")");
+    EXPECT_THAT(types(), ElementsAre("LWPOLYLINE"));
+    EXPECT_EQ(evaluate("(cdr (assoc 90 (entget (entlast))))"), "6");
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (entget (entlast))))"), "(6.0 0.0)");
+}
+
+TEST_F(BreakCommand, ASplineStaysWhereItWas)
+{
+    evaluate("(entmake '((0 . \"SPLINE\") (100 . \"AcDbEntity\") (100 . \"AcDbSpline\") (70 . 8) (71 . 3) (72 . 8)"
+             "(73 . 4) (74 . 0) (40 . 0.0) (40 . 0.0) (40 . 0.0) (40 . 0.0) (40 . 1.0) (40 . 1.0) (40 . 1.0)"
+             "(40 . 1.0) (10 0 0 0) (10 0 10 0) (10 10 10 0) (10 10 0 0)))"
+             "(setq a (entlast)) (command \"_.break\" a \"_f\" \"5,7.5\" \"@\")");
+    EXPECT_THAT(types(), ElementsAre("SPLINE", "SPLINE"));
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (reverse (entget a))))"), "(5.0 7.5 0.0)");
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (entget (entlast))))"), "(5.0 7.5 0.0)");
+}
+
+TEST_F(BreakCommand, OfAnEllipseAnArcIsLeft)
+{
+    evaluate(
+        "(command \"_.ellipse\" \"_c\" \"0,0\" \"10,0\" 5) (command \"_.break\" (entlast) \"_f\" \"10,0\" \"0,5\")");
+    EXPECT_NEAR(realOf(lastGroups(), 41), std::numbers::pi / 2, 1e-9);
+    EXPECT_NEAR(realOf(lastGroups(), 42), 2 * std::numbers::pi, 1e-9);
+}
+
 TEST_F(BreakCommand, WhatCannotBeBrokenIsSaid)
 {
     evaluate("(command \"_.point\" \"0,0\") (command \"_.break\" (entlast) \"_f\" '(0 0) '(1 1))");

@@ -63,6 +63,14 @@ class OffsetCommand : public CommandTest
 {
 };
 
+TEST_F(OffsetCommand, OfAnEllipseIsASplineAtTheDistance)
+{
+    evaluate("(command \"_.ellipse\" \"_c\" \"0,0\" \"10,0\" 5) (command \"_.offset\" 2 (entlast) \"30,0\" \"\")");
+    EXPECT_EQ(types().back(), "SPLINE");
+    const drawing::Group first = *drawing::findGroup(lastGroups(), 10);
+    EXPECT_NEAR(std::get<drawing::Point>(first.value).x, 12, 1e-9);
+}
+
 TEST_F(OffsetCommand, OfALineACircleAndAnArc)
 {
     evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"\") (command \"_.offset\" 2 (entlast) \"5,-1\" \"\")");

@@ -86,3 +86,35 @@ TEST(ConversionBuiltins, integersAndReals)
         {"(atof nil)", "error: bad argument type: stringp nil"},
     });
 }
+
+TEST(ConversionBuiltins, cvunitConvertsNumbersAndPoints)
+{
+    expectAll({
+        {"(cvunit 1 \"minute\" \"second\")", "60.0"},
+        {"(cvunit 1.0 \"inch\" \"cm\")", "2.54"},
+        {"(cvunit '(1.0 2.5) \"ft\" \"in\")", "(12.0 30.0)"},
+        {"(rtos (cvunit 1.0 \"acre\" \"sq yard\") 2 6)", "\"4840.000000\""},
+        {"(rtos (cvunit 1.0 \"cubic feet\" \"gallon\") 2 6)", "\"7.480519\""},
+        {"(rtos (cvunit 212 \"fahrenheit\" \"celsius\") 2 6)", "\"100.000000\""},
+        {"(rtos (cvunit 0 \"kelvin\" \"celsius\") 2 2)", "\"-273.15\""},
+        {"(rtos (cvunit 36 \"km/hour\" \"m/s\") 2 6)", "\"10.000000\""},
+        {"(rtos (cvunit 1 \"lbf/in^2\" \"kPa\") 2 6)", "\"6.894757\""},
+        {"(rtos (cvunit 1 \"horsepower\" \"watts\") 2 4)", "\"745.6999\""},
+        {"(rtos (cvunit 180 \"degrees\" \"radian\") 2 8)", "\"3.14159265\""},
+        {"(cvunit 1 \"Kilometers\" \"METRES\")", "1000.0"},
+    });
+}
+
+TEST(ConversionBuiltins, cvunitKnowsWhatCannotBeConverted)
+{
+    expectAll({
+        {"(cvunit 1 \"gallon\" \"furlong\")", "nil"},
+        {"(cvunit 1 \"nothing\" \"foot\")", "nil"},
+        {"(cvunit '(1 2) \"foot\" \"nothing\")", "nil"},
+        {"(cvunit 1 \"mm\" \"\")", "nil"},
+        {"(cvunit 1 \"mW\" \"MW\")", "1.0e-09"},
+        {"(cvunit \"a\" \"foot\" \"inch\")", "error: bad argument type: listp \"a\""},
+        {"(cvunit '(\"a\") \"foot\" \"inch\")", "error: bad argument type: numberp: \"a\""},
+        {"(cvunit 1 2 \"inch\")", "error: bad argument type: stringp 2"},
+    });
+}

@@ -1,0 +1,291 @@
+// Dimensions: DIMLINEAR, DIMALIGNED, DIMRADIUS, DIMDIAMETER, and the same within DIM and DIM1.
+
+#include "host/commands/Commands.h"
+#include "host/commands/DimensionPicture.h"
+#include "host/commands/NewEntity.h"
+#include "host/drawing/edit/CurveWay.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace commands {
+
+using drawing::integerGroup;
+using drawing::pointGroup;
+using drawing::realGroup;
+using drawing::textGroup;
+
+namespace {
+
+enum class Direction { Free, Horizontal, Vertical, Rotated, Aligned };
+
+// What DIM and DIM1 ask in a way of their own: the text at the end.
+enum class TextQuestion { AsOption, AtEnd };
+
+struct Measured
+{
+    Point first, second;
+};
+
+// Two places, or for Enter the ends of a line, an arc, a polyline's segment, or of a circle's diameter.
+Task<Measured> askOrigins(Context &context)
+{
+    const auto first = co_await context.ask().point({u"Specify first extension line origin or <select object>: "});
+    if (first.hasValue()) {
+        const auto second =
+            co_await context.ask().point({u"Specify second extension line origin: ", {}, Enter::Refused, first.value});
+        co_return Measured{first.value, second.value};
+    }
+    const auto picked = co_await context.ask().entity({u"Select object to dimension: ", {}, Enter::Refused});
+    const std::optional<drawing::CurveWay> way = drawing::CurveWay::of(context.drawing(), picked.value.entity);
+    if (!way)
+        throw CommandError{u"Object selected is not a line, arc, or circle."};
+    const WorkPlane plane(context.session());
+    double piece = 0;
+    if (picked.value.at)
+        piece = std::min(std::floor(way->nearest(plane.world(*picked.value.at))), way->count() - 1);
+    const geometry::Course &course = way->pieces()[static_cast<std::size_t>(piece)];
+    if (course.isClosed()) {
+        const double half = course.first() + geometry::FullTurn / 2;
+        co_return Measured{plane.user(course.at(half)), plane.user(course.at(course.first()))};
+    }
+    co_return Measured{plane.user(course.at(course.first())), plane.user(course.at(course.last()))};
+}
+
+struct LinearDimension
+{
+    Vector first, second, at; // `at` lies on the dimension line
+    Direction direction = Direction::Free;
+    double angle = 0; // radians
+    std::u16string text;
+
+    // A place beside the two is meant for a vertical dimension, above or below for a horizontal one.
+    double lineAngle() const
+    {
+        const Vector across = second - first;
+        if (direction == Direction::Rotated)
+            return angle;
+        if (direction == Direction::Aligned)
+            return std::atan2(across.y, across.x);
+        const double left = std::min(first.x, second.x), right = std::max(first.x, second.x);
+        const double low = std::min(first.y, second.y), high = std::max(first.y, second.y);
+        const double beside = std::max({left - at.x, at.x - right, 0.0}),
+                     above = std::max({low - at.y, at.y - high, 0.0});
+        const bool isVertical = direction == Direction::Vertical || (direction == Direction::Free && beside > above);
+        return isVertical ? geometry::FullTurn / 4 : 0;
+    }
+};
+
+std::u16string shownLength(Context &context, const LinearDimension &dimension)
+{
+    const double angle = dimension.lineAngle();
+    const Vector along{std::cos(angle), std::sin(angle), 0};
+    return dimensionText(context, std::abs(dot(dimension.second - dimension.first, along)), {});
+}
+
+GroupList commonDimension(Context &context, const DimensionPicture &picture, std::int64_t type, const Vector &line,
+                          const Vector &text, const std::u16string &typed, double measurement)
+{
+    constexpr std::int64_t OwnBlock = 32, MiddleCentre = 5;
+    const WorkPlane plane(context.session());
+    GroupList groups = newEntity(context, u"DIMENSION");
+    groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbDimension"));
+    groups.push_back(textGroup(2, picture.blockName()));
+    groups.push_back(pointGroup(10, plane.world({line.x, line.y, line.z})));
+    groups.push_back(pointGroup(11, plane.object({text.x, text.y, text.z})));
+    groups.push_back(integerGroup(70, type | OwnBlock));
+    groups.push_back(textGroup(1, typed));
+    groups.push_back(integerGroup(71, MiddleCentre));
+    groups.push_back(realGroup(42, measurement));
+    groups.push_back(textGroup(3, context.session().text(u"DIMSTYLE")));
+    if (plane.normal() != Vector{0, 0, 1})
+        groups.push_back(pointGroup(210, plane.normal()));
+    return groups;
+}
+
+void addLinear(Context &context, const LinearDimension &dimension)
+{
+    constexpr std::int64_t Rotated = 0, Aligned = 1;
+    const double angle = dimension.lineAngle();
+    const Vector along{std::cos(angle), std::sin(angle), 0}, across{-along.y, along.x, 0};
+    const Vector firstFoot = dimension.first + across * dot(dimension.at - dimension.first, across);
+    const Vector secondFoot = dimension.second + across * dot(dimension.at - dimension.second, across);
+    const double measurement = length(secondFoot - firstFoot);
+
+    DimensionPicture picture(context);
+    picture.extensionLine(dimension.first, firstFoot, u"DIMSE1");
+    picture.extensionLine(dimension.second, secondFoot, u"DIMSE2");
+    const Vector text =
+        picture.dimensionLine(firstFoot, secondFoot, dimensionText(context, measurement, dimension.text));
+    for (const Vector &place : {dimension.first, dimension.second, secondFoot})
+        picture.definitionPoint(place);
+
+    const bool isAligned = dimension.direction == Direction::Aligned;
+    const WorkPlane plane(context.session());
+    GroupList groups =
+        commonDimension(context, picture, isAligned ? Aligned : Rotated, secondFoot, text, dimension.text, measurement);
+    groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbAlignedDimension"));
+    groups.push_back(pointGroup(13, plane.world({dimension.first.x, dimension.first.y, dimension.first.z})));
+    groups.push_back(pointGroup(14, plane.world({dimension.second.x, dimension.second.y, dimension.second.z})));
+    if (!isAligned) {
+        groups.push_back(realGroup(50, degrees(plane.objectAngle(angle))));
+        groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbRotatedDimension"));
+    }
+    addEntity(context, groups);
+}
+
+Task<std::u16string> askText(Context &context, const std::u16string length)
+{
+    const std::u16string prompt = u"Enter dimension text <" + length + u">: ";
+    const auto text = co_await context.ask().string({prompt});
+    co_return text.value;
+}
+
+std::u16string_view linearKeywords(Direction direction)
+{
+    return direction == Direction::Free ? u"Mtext Text Angle Horizontal Vertical Rotated" : u"Mtext Text Angle";
+}
+
+Command linear(Context &context, Direction direction, TextQuestion question)
+{
+    LinearDimension dimension;
+    dimension.direction = direction;
+    if (direction == Direction::Rotated) {
+        const auto angle = co_await context.ask().angle({u"Specify angle of dimension line <0>: "});
+        dimension.angle = angle.value;
+    }
+    const Measured measured = co_await askOrigins(context);
+    dimension.first = geometry::vectorOf(measured.first);
+    dimension.second = geometry::vectorOf(measured.second);
+    for (;;) {
+        const auto place = co_await context.ask().point(
+            {dimension.direction == Direction::Free
+                 ? u"Specify dimension line location or [Mtext/Text/Angle/Horizontal/Vertical/Rotated]: "
+                 : u"Specify dimension line location or [Mtext/Text/Angle]: ",
+             linearKeywords(direction), Enter::Refused, measured.second});
+        if (place.hasValue()) {
+            dimension.at = geometry::vectorOf(place.value);
+            break;
+        }
+        if (place.is(u"Horizontal")) {
+            dimension.direction = Direction::Horizontal;
+        } else if (place.is(u"Vertical")) {
+            dimension.direction = Direction::Vertical;
+        } else if (place.is(u"Rotated")) {
+            const auto angle = co_await context.ask().angle({u"Specify angle of dimension line <0>: "});
+            dimension.direction = Direction::Rotated;
+            dimension.angle = angle.value;
+        } else if (place.is(u"Angle")) {
+            co_await context.ask().angle({u"Specify angle of dimension text: "});
+        } else {
+            dimension.text = co_await askText(context, shownLength(context, dimension));
+        }
+    }
+    if (question == TextQuestion::AtEnd)
+        dimension.text = co_await askText(context, shownLength(context, dimension));
+    addLinear(context, dimension);
+}
+
+enum class Across { Radius, Diameter };
+
+Command radial(Context &context, Across across, TextQuestion question)
+{
+    constexpr std::int64_t DiameterType = 3, RadiusType = 4;
+    const auto picked = co_await context.ask().entity({u"Select arc or circle: ", {}, Enter::Refused});
+    const std::optional<drawing::CurveWay> way = drawing::CurveWay::of(context.drawing(), picked.value.entity);
+    const geometry::EllipticArc *arc = way ? way->pieces().front().arc() : nullptr;
+    const std::u16string type = context.database().type(picked.value.entity);
+    if (!arc || (type != u"ARC" && type != u"CIRCLE"))
+        throw CommandError{u"Object selected is not an arc or circle."};
+    const WorkPlane plane(context.session());
+    const double radius = length(arc->cosineAxis), measurement = across == Across::Radius ? radius : 2 * radius;
+    const std::u16string_view prefix = across == Across::Radius ? u"R" : u"%%c";
+    const auto place = co_await context.ask().point(
+        {u"Specify dimension line location or [Mtext/Text/Angle]: ", u"Mtext Text Angle", Enter::Refused});
+    Point at = place.value;
+    std::u16string typed;
+    if (place.is(u"Mtext") || place.is(u"Text"))
+        typed = co_await askText(context, dimensionText(context, measurement, {}, prefix));
+    if (!place.hasValue()) {
+        const auto again = co_await context.ask().point({u"Specify dimension line location: ", {}, Enter::Refused});
+        at = again.value;
+    } else if (question == TextQuestion::AtEnd) {
+        typed = co_await askText(context, dimensionText(context, measurement, {}, prefix));
+    }
+    const Vector centre = geometry::vectorOf(plane.user(arc->centre)), textSide = geometry::vectorOf(at);
+    const Vector out = normalized(textSide - centre, {1, 0, 0});
+    const Vector tip = centre + out * radius;
+    DimensionPicture picture(context);
+    const Vector text = picture.leaderLine(tip, textSide, dimensionText(context, measurement, typed, prefix));
+    picture.centreMark(centre);
+    const Vector start = across == Across::Radius ? centre : centre - out * radius;
+    picture.definitionPoint(start);
+    picture.definitionPoint(tip);
+    GroupList groups = commonDimension(context, picture, across == Across::Radius ? RadiusType : DiameterType, start,
+                                       text, typed, measurement);
+    groups.push_back(textGroup(drawing::groupcode::Subclass,
+                               across == Across::Radius ? u"AcDbRadialDimension" : u"AcDbDiametricDimension"));
+    groups.push_back(pointGroup(15, plane.world({tip.x, tip.y, tip.z})));
+    groups.push_back(realGroup(40, length(textSide - tip)));
+    addEntity(context, groups);
+}
+
+constexpr std::u16string_view subcommands = u"HORizontal VERtical ALigned ROtated RAdius Diameter Exit";
+
+// One of DIM's own commands; false for Exit and Enter.
+Task<bool> runSubcommand(Context &context)
+{
+    const auto choice = co_await context.ask().keyword({u"Dim: ", subcommands});
+    if (choice.isNothing() || choice.is(u"Exit"))
+        co_return false;
+    constexpr TextQuestion Question = TextQuestion::AtEnd;
+    if (choice.is(u"HORizontal"))
+        co_await linear(context, Direction::Horizontal, Question);
+    else if (choice.is(u"VERtical"))
+        co_await linear(context, Direction::Vertical, Question);
+    else if (choice.is(u"ALigned"))
+        co_await linear(context, Direction::Aligned, Question);
+    else if (choice.is(u"ROtated"))
+        co_await linear(context, Direction::Rotated, Question);
+    else if (choice.is(u"RAdius"))
+        co_await radial(context, Across::Radius, Question);
+    else if (choice.is(u"Diameter"))
+        co_await radial(context, Across::Diameter, Question);
+    co_return true;
+}
+
+} // namespace
+
+Command dimensionLinear(Context &context)
+{
+    return linear(context, Direction::Free, TextQuestion::AsOption);
+}
+
+Command dimensionAligned(Context &context)
+{
+    return linear(context, Direction::Aligned, TextQuestion::AsOption);
+}
+
+Command dimensionRadius(Context &context)
+{
+    return radial(context, Across::Radius, TextQuestion::AsOption);
+}
+
+Command dimensionDiameter(Context &context)
+{
+    return radial(context, Across::Diameter, TextQuestion::AsOption);
+}
+
+Command dimensionOnce(Context &context)
+{
+    co_await runSubcommand(context);
+}
+
+Command dimensions(Context &context)
+{
+    bool goesOn = true;
+    while (goesOn)
+        goesOn = co_await runSubcommand(context);
+}
+
+} // namespace commands

@@ -1,0 +1,260 @@
+// HATCH and BOUNDARY: areas about places, or of selected objects.
+
+#include "host/commands/Commands.h"
+#include "host/commands/Edges.h"
+#include "host/commands/HatchPatterns.h"
+#include "host/commands/NewEntity.h"
+#include "host/commands/Picking.h"
+#include "host/commands/SelectObjects.h"
+#include "host/drawing/edit/Boundary.h"
+#include "host/drawing/edit/CurveWay.h"
+
+#include <QString>
+
+namespace commands {
+
+using drawing::CurveNet;
+using drawing::integerGroup;
+using drawing::Loop;
+using drawing::realGroup;
+
+namespace {
+
+constexpr double Gap = 1e-6; // of the height of the view: ends this near meet
+
+CurveNet netOf(Context &context, const Selection &entities)
+{
+    return CurveNet(Edges(context, entities).courses(), context.session().real(u"VIEWSIZE") * Gap);
+}
+
+// The loops about a place among all that is seen.
+std::vector<Loop> loopsAbout(Context &context, const Point &place, CurveNet::Islands islands)
+{
+    const Vector world = WorkPlane(context.session()).world(place);
+    return netOf(context, thawedEntities(context.session())).loopsAbout(world, islands);
+}
+
+// Closed objects are loops by themselves; others where they enclose something together.
+std::vector<Loop> loopsOf(Context &context, const Selection &entities)
+{
+    std::vector<Loop> loops;
+    Selection open;
+    for (const RecordId entity : entities) {
+        const std::optional<drawing::CurveWay> way = drawing::CurveWay::of(context.drawing(), entity);
+        if (!way || !way->isClosed()) {
+            open.push_back(entity);
+            continue;
+        }
+        Loop loop;
+        for (const geometry::Course &piece : way->pieces())
+            loop.push_back(piece.curve());
+        loops.push_back(std::move(loop));
+    }
+    const std::vector<Loop> enclosed = netOf(context, open).outerLoops();
+    loops.insert(loops.end(), enclosed.begin(), enclosed.end());
+    return loops;
+}
+
+// --- HATCH ---
+
+struct HatchSettings
+{
+    HatchPattern pattern;
+    double scale = 1, angle = 0; // degrees
+};
+
+HatchSettings currentSettings(const Session &session)
+{
+    const std::u16string name = session.text(u"HPNAME");
+    return {hatchPattern(name).value_or(*hatchPattern(u"ANSI31")), session.real(u"HPSCALE"),
+            session.real(u"HPANG") * (360 / geometry::FullTurn)};
+}
+
+Task<void> askUserPattern(Context &context, HatchSettings &settings)
+{
+    const auto angle = co_await context.ask().angle({u"Specify angle for crosshatch lines <0>: "});
+    const auto spacing = co_await context.ask().distance({u"Specify spacing between the lines <1.0000>: "});
+    const auto isDouble = co_await context.ask().keyword({u"Double hatch area? [Yes/No] <N>: ", u"Yes No"});
+    settings.angle = degrees(angle.hasValue() ? angle.value : 0);
+    settings.scale = 1;
+    const double distance = spacing.hasValue() ? spacing.value : 1;
+    if (!(distance > 0))
+        throw CommandError{u"Value must be positive and nonzero."};
+    settings.pattern = userPattern(distance, isDouble.is(u"Yes"));
+}
+
+// "name" or "name,style"; "U" for lines of one's own.
+Task<void> askPattern(Context &context, std::u16string typed, HatchSettings &settings)
+{
+    if (typed.starts_with(u'_'))
+        typed.erase(0, 1);
+    typed.resize(std::min(typed.find(u','), typed.size()));
+    if (typed == u"u" || typed == u"U") {
+        co_await askUserPattern(context, settings);
+        co_return;
+    }
+    const std::optional<HatchPattern> pattern = hatchPattern(typed);
+    if (!pattern)
+        throw CommandError{u"Pattern " + typed + u" was not found."};
+    settings.pattern = *pattern;
+    context.session().set(u"HPNAME", pattern->name);
+    if (pattern->isSolid())
+        co_return;
+    const std::u16string scaleText = QString::number(settings.scale, 'f', 4).toStdU16String();
+    const auto scale = co_await context.ask().real({u"Specify a scale for the pattern <" + scaleText + u">: "});
+    const auto angle = co_await context.ask().angle({u"Specify an angle for the pattern <0>: "});
+    if (scale.hasValue() && !(scale.value > 0))
+        throw CommandError{u"Value must be positive and nonzero."};
+    if (scale.hasValue())
+        settings.scale = scale.value;
+    if (angle.hasValue())
+        settings.angle = degrees(angle.value);
+    context.session().set(u"HPSCALE", settings.scale);
+    context.session().set(u"HPANG", geometry::radians(settings.angle));
+}
+
+void addLoop(const Loop &loop, bool isOutermost, GroupList &groups)
+{
+    constexpr std::int64_t External = 1, Polyline = 2, Outermost = 16;
+    const drawing::PolylineData polyline = drawing::polylineOf(loop);
+    groups.push_back(integerGroup(92, Polyline | (isOutermost ? External : Outermost)));
+    groups.push_back(integerGroup(72, 1)); // with bulges
+    groups.push_back(integerGroup(73, 1)); // closed
+    groups.push_back(integerGroup(93, static_cast<std::int64_t>(polyline.vertices.size())));
+    for (const auto &vertex : polyline.vertices) {
+        groups.push_back(drawing::flatPointGroup(10, vertex.place));
+        groups.push_back(realGroup(42, vertex.bulge));
+    }
+    groups.push_back(integerGroup(97, 0));
+}
+
+void addHatch(Context &context, const std::vector<Loop> &loops, const HatchSettings &settings)
+{
+    const double height = loops.front().empty() ? 0 : geometry::startOf(loops.front().front()).z;
+    GroupList groups = newEntity(context, u"HATCH");
+    groups.push_back(drawing::textGroup(drawing::groupcode::Subclass, u"AcDbHatch"));
+    groups.push_back(drawing::pointGroup(10, {0, 0, height}));
+    groups.push_back(drawing::pointGroup(210, {0, 0, 1}));
+    groups.push_back(drawing::textGroup(2, settings.pattern.name));
+    groups.push_back(integerGroup(70, settings.pattern.isSolid() ? 1 : 0));
+    groups.push_back(integerGroup(71, 0)); // does not follow its boundary
+    groups.push_back(integerGroup(91, static_cast<std::int64_t>(loops.size())));
+    for (std::size_t i = 0; i < loops.size(); ++i)
+        addLoop(loops[i], i == 0, groups);
+    addPattern(groups, settings.pattern, settings.scale, settings.angle);
+    groups.push_back(integerGroup(98, 0));
+    addEntity(context, groups);
+}
+
+// Asks for a pattern's name in the middle of the command.
+Task<void> askProperties(Context &context, HatchSettings &settings)
+{
+    const std::u16string prompt =
+        u"Enter a pattern name or [?/Solid/User defined] <" + context.session().text(u"HPNAME") + u">: ";
+    const auto name = co_await context.ask().string({prompt});
+    std::u16string typed = name.isNothing() ? context.session().text(u"HPNAME") : name.value;
+    if (typed == u"s" || typed == u"S" || typed == u"_s")
+        typed = u"SOLID";
+    co_await askPattern(context, typed, settings);
+}
+
+Command hatchObjects(Context &context, const HatchSettings settings)
+{
+    const Selection entities = co_await selectObjects(context, Purpose::Look);
+    if (entities.empty())
+        co_return;
+    const std::vector<Loop> loops = loopsOf(context, entities);
+    if (loops.empty())
+        throw CommandError{u"Unable to hatch the boundary."};
+    addHatch(context, loops, settings);
+}
+
+// --- BOUNDARY ---
+
+Task<void> askAdvanced(Context &context, CurveNet::Islands &islands)
+{
+    for (;;) {
+        const auto option = co_await context.ask().keyword(
+            {u"Enter an option [Boundary set/Island detection/Object type]: ", u"Boundary Island Object"});
+        if (option.isNothing())
+            co_return;
+        if (option.is(u"Island")) {
+            const auto wanted =
+                co_await context.ask().keyword({u"Do you want island detection? [Yes/No] <Y>: ", u"Yes No"});
+            islands = wanted.is(u"No") ? CurveNet::Islands::Without : CurveNet::Islands::With;
+            if (wanted.is(u"No"))
+                co_await context.ask().string({u"Enter type of ray casting [Nearest/+X/-X/+Y/-Y/Angle] <Nearest>: "});
+        } else if (option.is(u"Object")) {
+            co_await context.ask().keyword(
+                {u"Enter type of boundary object [Region/Polyline] <Polyline>: ", u"Region Polyline"});
+        } else {
+            co_await context.ask().keyword(
+                {u"Specify candidate set for boundary [New/Everything] <Everything>: ", u"New Everything"});
+        }
+    }
+}
+
+} // namespace
+
+// A pattern's name as the first answer is what this command asked for in earlier times; programs still send it.
+Command hatch(Context &context)
+{
+    HatchSettings settings = currentSettings(context.session());
+    std::vector<Loop> loops;
+    for (;;) {
+        const auto answer = co_await context.ask().any(
+            InputKind::Point, {u"Specify internal point or [Properties/Select objects]: ", u"Properties Select"});
+        if (answer.isNothing())
+            break;
+        if (answer.is(u"Properties")) {
+            co_await askProperties(context, settings);
+        } else if (answer.is(u"Select")) {
+            const Selection entities = co_await selectObjects(context, Purpose::Look);
+            const std::vector<Loop> more = loopsOf(context, entities);
+            loops.insert(loops.end(), more.begin(), more.end());
+        } else if (const std::optional<Point> place = pointOf(answer.value, context.session())) {
+            const std::vector<Loop> more = loopsAbout(context, *place, CurveNet::Islands::With);
+            if (more.empty())
+                context.session().print(u"\nValid hatch boundary not found.\n");
+            loops.insert(loops.end(), more.begin(), more.end());
+        } else if (const auto *name = std::get_if<std::u16string>(&answer.value); name && loops.empty()) {
+            co_await askPattern(context, *name, settings);
+            co_await hatchObjects(context, settings);
+            co_return;
+        } else {
+            context.session().print(u"\nPoint or option keyword required.\n");
+        }
+    }
+    if (!loops.empty())
+        addHatch(context, loops, settings);
+}
+
+Command boundary(Context &context)
+{
+    CurveNet::Islands islands = CurveNet::Islands::With;
+    std::vector<Loop> loops;
+    for (;;) {
+        const auto place =
+            co_await context.ask().point({u"Specify internal point or [Advanced options]: ", u"Advanced"});
+        if (place.isNothing())
+            break;
+        if (place.is(u"Advanced")) {
+            co_await askAdvanced(context, islands);
+            continue;
+        }
+        const std::vector<Loop> found = loopsAbout(context, place.value, islands);
+        if (found.empty())
+            context.session().print(u"\nValid hatch boundary not found.\n");
+        loops.insert(loops.end(), found.begin(), found.end());
+    }
+    const WorkPlane world(geometry::Matrix{});
+    for (const Loop &loop : loops)
+        addPolyline(context, world, drawing::polylineOf(loop).vertices, Closing::Closed);
+    if (!loops.empty())
+        context.say(QStringLiteral("BOUNDARY created %1 polyline%2")
+                        .arg(loops.size())
+                        .arg(loops.size() == 1 ? QString() : QStringLiteral("s"))
+                        .toStdU16String());
+}
+
+} // namespace commands

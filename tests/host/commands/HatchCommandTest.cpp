@@ -1,0 +1,106 @@
+#include "tests/host/commands/CommandTest.h"
+
+#include "host/drawing/edit/Area.h"
+
+namespace {
+
+using drawing::integerOf;
+using drawing::realOf;
+using drawing::textOf;
+using testing::ElementsAre;
+
+class HatchCommand : public CommandTest
+{
+protected:
+    HatchCommand() { evaluate("(command \"_.zoom\" \"_w\" \"-50,-50\" \"50,50\")"); }
+    double lastArea() { return drawing::measured(m_document.drawing(), last())->area; }
+};
+
+TEST_F(HatchCommand, BoundaryTakesTheFaceBetweenCrossingLines)
+{
+    evaluate("(command \"_.line\" \"-20,0\" \"20,0\" \"\") (command \"_.line\" \"-20,10\" \"20,10\" \"\")"
+             "(command \"_.line\" \"0,-20\" \"0,20\" \"\") (command \"_.line\" \"12,-20\" \"12,20\" \"\")");
+    evaluate("(command \"_.-boundary\" \"5,5\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "LINE", "LINE", "LWPOLYLINE"));
+    EXPECT_EQ(integerOf(lastGroups(), 70), 1);
+    EXPECT_NEAR(lastArea(), 120, 1e-9);
+}
+
+TEST_F(HatchCommand, BoundaryFollowsArcs)
+{
+    evaluate("(command \"_.circle\" \"0,0\" 10) (command \"_.line\" \"-20,0\" \"20,0\" \"\")");
+    evaluate("(command \"_.-boundary\" \"0,5\" \"\")");
+    EXPECT_NEAR(lastArea(), std::numbers::pi * 50, 1e-6);
+    evaluate("(command \"_.u\") (command \"_.erase\" (entlast) \"\") (command \"_.-boundary\" \"0,5\" \"\")");
+    EXPECT_NEAR(lastArea(), std::numbers::pi * 100, 1e-6);
+}
+
+TEST_F(HatchCommand, BoundaryFindsIslandsUnlessItIsToldNotTo)
+{
+    evaluate("(command \"_.rectang\" \"-20,-20\" \"20,20\") (command \"_.circle\" \"5,5\" 2)");
+    evaluate("(command \"_.-boundary\" \"-10,-10\" \"\")");
+    EXPECT_EQ(types().size(), 4u);
+    evaluate("(command \"_.u\")");
+    evaluate("(command \"_.-boundary\" \"_a\" \"_i\" \"_n\" \"_+x\" \"\" \"-10,-10\" \"\")");
+    EXPECT_EQ(types().size(), 3u);
+    EXPECT_NEAR(lastArea(), 1600, 1e-9);
+}
+
+TEST_F(HatchCommand, WithoutABoundaryNothingIsMade)
+{
+    evaluate("(command \"_.line\" \"-20,0\" \"20,0\" \"\")");
+    takePrinted();
+    evaluate("(command \"_.-boundary\" \"5,5\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nValid hatch boundary not found.\n");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(HatchCommand, APlaceIsHatchedWithItsIslands)
+{
+    evaluate("(command \"_.rectang\" \"-20,-20\" \"20,20\") (command \"_.circle\" \"5,5\" 2)");
+    evaluate("(command \"_.-bhatch\" \"_p\" \"ansi31\" 2 30 \"-10,-10\" \"\")");
+    EXPECT_EQ(types().back(), "HATCH");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"ANSI31");
+    EXPECT_EQ(integerOf(lastGroups(), 91), 2);
+    EXPECT_NEAR(realOf(lastGroups(), 52), 30, 1e-9);
+    EXPECT_NEAR(realOf(lastGroups(), 53), 75, 1e-9);
+    EXPECT_EQ(evaluate("(getvar \"HPSCALE\")"), "2.0");
+}
+
+TEST_F(HatchCommand, ProgramsStillBeginWithThePattern)
+{
+    evaluate("(command \"_.circle\" \"5,5\" 2) (command \"_.hatch\" \"ansi37,o\" 1 0 (entlast) \"\")");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"ANSI37");
+    EXPECT_EQ(integerOf(lastGroups(), 78), 2);
+    evaluate("(command \"_.-hatch\" \"_solid\" (entlast) \"\" )");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"ANSI37");
+    evaluate("(command) (command \"_.-hatch\" \"_solid\" (ssget \"_X\" '((0 . \"CIRCLE\"))) \"\")");
+    EXPECT_EQ(integerOf(lastGroups(), 70), 1);
+    EXPECT_EQ(integerOf(lastGroups(), 93), 2);
+}
+
+TEST_F(HatchCommand, LinesOfOnesOwnHaveADistance)
+{
+    evaluate("(command \"_.circle\" \"5,5\" 2) (command \"_.hatch\" \"_u\" 10 0.5 \"_y\" (entlast) \"\")");
+    EXPECT_EQ(integerOf(lastGroups(), 76), 0);
+    EXPECT_EQ(integerOf(lastGroups(), 77), 1);
+    EXPECT_EQ(integerOf(lastGroups(), 78), 2);
+}
+
+TEST_F(HatchCommand, OpenObjectsThatMeetEncloseAnArea)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"0,10\" \"_c\")");
+    evaluate("(command \"_.hatch\" \"_solid\" (ssget \"_X\") \"\")");
+    EXPECT_EQ(types().back(), "HATCH");
+    EXPECT_EQ(integerOf(lastGroups(), 93), 3);
+}
+
+TEST_F(HatchCommand, AnUnknownPatternIsSaid)
+{
+    evaluate("(command \"_.circle\" \"5,5\" 2)");
+    takePrinted();
+    evaluate("(command \"_.hatch\" \"nowhere\")");
+    EXPECT_EQ(takePrinted(), "\nPattern nowhere was not found.\n");
+}
+
+} // namespace

@@ -1,0 +1,34 @@
+#include "tests/host/commands/CommandTest.h"
+
+namespace {
+
+class NamedViewCommand : public CommandTest
+{
+};
+
+TEST_F(NamedViewCommand, WhatWasSavedComesBack)
+{
+    evaluate("(command \"_.zoom\" \"_c\" \"10,20\" 30) (command \"_.-view\" \"_s\" \"here\")"
+             "(command \"_.zoom\" \"_c\" \"0,0\" 5) (command \"_.view\" \"_r\" \"HERE\")");
+    EXPECT_EQ(evaluate("(list (getvar \"VIEWCTR\") (getvar \"VIEWSIZE\"))"), "((10.0 20.0 0.0) 30.0)");
+}
+
+TEST_F(NamedViewCommand, AWindowIsAView)
+{
+    evaluate("(command \"_.view\" \"_w\" \"corner\" \"0,0\" \"8,6\")");
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (tblsearch \"VIEW\" \"corner\")))"), "(4.0 3.0)");
+    EXPECT_EQ(evaluate("(cdr (assoc 40 (tblsearch \"VIEW\" \"corner\")))"), "6.0");
+}
+
+TEST_F(NamedViewCommand, DeletedOnesAreGoneAndUnknownOnesSaid)
+{
+    evaluate("(command \"_.view\" \"_s\" \"a1\" \"_.view\" \"_s\" \"a2\" \"_.view\" \"_d\" \"a*\")");
+    EXPECT_EQ(evaluate("(tblsearch \"VIEW\" \"a1\")"), "nil");
+    takePrinted();
+    evaluate("(command \"_.view\" \"_r\" \"a1\")");
+    EXPECT_EQ(takePrinted(), "\nCannot find view a1.\n");
+    evaluate("(command \"_.view\" \"_d\" \"b*\")");
+    EXPECT_EQ(takePrinted(), "\nNo matching view names found.\n");
+}
+
+} // namespace
