@@ -22,8 +22,9 @@ struct Shown
         const QString flat = numberText(point.x) + u',' + numberText(point.y);
         return point.z != 0 ? flat + u',' + numberText(point.z) : flat;
     }
-    QString operator()(const PickedEntity &) const { return QStringLiteral("1 found"); }
-    QString operator()(const Selection &selection) const { return QStringLiteral("%1 found").arg(selection.size()); }
+    // Nobody types these; who asks for objects says how many were found.
+    QString operator()(const PickedEntity &) const { return {}; }
+    QString operator()(const Selection &) const { return {}; }
 };
 
 } // namespace

@@ -65,3 +65,8 @@
 (show '(getvar "CMDACTIVE"))
 (setvar "CMDECHO" 1)
 (command "_.select" "_p" "")
+
+;; Objects that a program gives have no text; the command says how many it found.
+(setvar "CMDECHO" 1)
+(command "_.point" "70,70")
+(command "_.erase" (entlast) "")
