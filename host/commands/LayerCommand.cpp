@@ -5,6 +5,7 @@
 #include "host/commands/Linetypes.h"
 #include "host/commands/TableRecords.h"
 
+#include "host/drawing/LayerState.h"
 #include "host/drawing/entities/EntityChange.h"
 
 #include <QString>
@@ -32,7 +33,8 @@ enum Code : int {
     TrueColorCode = 420
 };
 
-constexpr std::int64_t Frozen = 1, Locked = 4;
+using drawing::layerflag::Frozen;
+using drawing::layerflag::Locked;
 
 std::u16string currentLayer(Context &context)
 {

@@ -11,22 +11,9 @@ namespace commands {
 
 namespace {
 
-constexpr std::int64_t FrozenLayer = 1;
-
-bool isOnFrozenLayer(const drawing::Drawing &drawing, RecordId entity)
+selection::Space currentSpace(const Session &session)
 {
-    const RecordId layer = drawing.tables().find(drawing::known::Layer, drawing.database().name(entity));
-    if (layer == drawing::NoRecord)
-        return false;
-    const std::optional<drawing::Group> flags = drawing.database().firstGroup(layer, drawing::groupcode::Count);
-    const auto *value = flags ? std::get_if<std::int64_t>(&flags->value) : nullptr;
-    return value && (*value & FrozenLayer) != 0;
-}
-
-Selection visibleEntities(Session &session)
-{
-    return selection::visibleEntities(session.drawing(), session.isPaperSpaceCurrent() ? selection::Space::Paper
-                                                                                       : selection::Space::Model);
+    return session.isPaperSpaceCurrent() ? selection::Space::Paper : selection::Space::Model;
 }
 
 std::vector<selection::Place> seen(const Session &session, const std::vector<Point> &points)
@@ -49,14 +36,12 @@ double pixelSize(const Session &session)
 
 Selection thawedEntities(Session &session)
 {
-    const drawing::Drawing &drawing = session.drawing();
-    const bool onPaper = session.isPaperSpaceCurrent();
-    Selection entities = selection::allEntities(drawing);
-    std::erase_if(entities, [&](RecordId entity) {
-        return drawing.database().record(entity).has(drawing::Record::PaperSpace) != onPaper ||
-               isOnFrozenLayer(drawing, entity);
-    });
-    return entities;
+    return selection::thawedEntities(session.drawing(), currentSpace(session));
+}
+
+Selection visibleEntities(Session &session)
+{
+    return selection::visibleEntities(session.drawing(), currentSpace(session));
 }
 
 RecordId entityAt(Session &session, const Point &place)

@@ -8,6 +8,8 @@ namespace commands {
 
 // All of the current space but what is on frozen layers, in drawing order.
 Selection thawedEntities(Session &session);
+// What can be seen of it.
+Selection visibleEntities(Session &session);
 
 // The entity within the pick box that is nearest; NoRecord when there is none.
 RecordId entityAt(Session &session, const Point &place);

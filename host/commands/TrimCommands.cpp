@@ -149,7 +149,7 @@ Command changeAtEdges(Context &context, std::u16string_view prompt, Change chang
 {
     Selection edges = co_await selectObjects(context, Purpose::Look);
     if (edges.empty())
-        edges = thawedEntities(context.session());
+        edges = visibleEntities(context.session());
     const WorkPlane plane(context.session());
     for (;;) {
         const auto picked = co_await context.ask().entity({prompt, u"Fence Edge eRase"});

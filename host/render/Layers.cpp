@@ -1,5 +1,7 @@
 #include "host/render/Layers.h"
 
+#include "host/drawing/LayerState.h"
+
 #include <cstdlib>
 
 namespace render {
@@ -8,7 +10,6 @@ namespace {
 
 constexpr int FlagsCode = 70, ColorCode = 62, TrueColorCode = 420, LinetypeCode = 6, PlottedCode = 290,
               WeightCode = 370;
-constexpr std::int64_t Frozen = 1;
 
 } // namespace
 
@@ -31,7 +32,7 @@ Layer Layers::read(drawing::RecordId id) const
     for (drawing::Item item; reader.next(item);) {
         switch (item.code) {
         case FlagsCode:
-            layer.isFrozen = (item.integer & Frozen) != 0;
+            layer.isFrozen = (item.integer & drawing::layerflag::Frozen) != 0;
             break;
         case ColorCode: // negative: the layer is off
             layer.isOn = item.integer >= 0;

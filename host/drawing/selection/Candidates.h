@@ -12,6 +12,9 @@ std::vector<drawing::RecordId> allEntities(const drawing::Drawing &drawing);
 
 enum class Space { Model, Paper };
 
+// Those of one space that are not on frozen layers.
+std::vector<drawing::RecordId> thawedEntities(const drawing::Drawing &drawing, Space space);
+
 // Those of one space that can be seen: not on layers that are off or frozen, and not invisible themselves.
 std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, Space space);
 

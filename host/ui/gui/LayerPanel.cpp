@@ -1,5 +1,6 @@
 #include "host/ui/gui/LayerPanel.h"
 
+#include "host/drawing/LayerState.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/kernel/Document.h"
 #include "host/palette/Palette.h"
@@ -14,7 +15,6 @@
 namespace {
 
 enum Code : int { FlagsCode = 70, ColorCode = 62, TrueColorCode = 420 }; // of the DXF reference, for LAYER
-constexpr std::int64_t FrozenFlag = 1;
 
 constexpr int SwatchSize = 14;
 
@@ -57,7 +57,8 @@ QTreeWidgetItem *makeItem(const QString &name, const drawing::GroupList &groups)
     const std::int64_t color = drawing::integerOf(groups, ColorCode, 7); // negative: the layer is off
     auto *item = new QTreeWidgetItem({name});
     item->setCheckState(LayerPanel::On, checkState(color >= 0));
-    item->setCheckState(LayerPanel::Frozen, checkState((drawing::integerOf(groups, FlagsCode) & FrozenFlag) != 0));
+    item->setCheckState(LayerPanel::Frozen,
+                        checkState((drawing::integerOf(groups, FlagsCode) & drawing::layerflag::Frozen) != 0));
     const bool isTrueColor = drawing::hasGroup(groups, TrueColorCode);
     const auto rgb = static_cast<QRgb>(drawing::integerOf(groups, TrueColorCode)) & 0xFFFFFF;
     item->setIcon(LayerPanel::Color, swatch(isTrueColor ? rgb : paletteColor(std::abs(color))));
