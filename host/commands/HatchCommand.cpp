@@ -27,11 +27,11 @@ CurveNet netOf(Context &context, const Selection &entities)
     return CurveNet(Edges(context, entities).courses(), context.session().real(u"VIEWSIZE") * Gap);
 }
 
-// The loops about a place among all that is seen.
-std::vector<Loop> loopsAbout(Context &context, const Point &place, CurveNet::Islands islands)
+std::vector<Loop> loopsAbout(Context &context, const Point &place, const Selection &candidates,
+                             CurveNet::Islands islands)
 {
     const Vector world = WorkPlane(context.session()).world(place);
-    return netOf(context, thawedEntities(context.session())).loopsAbout(world, islands);
+    return netOf(context, candidates).loopsAbout(world, islands);
 }
 
 // Closed objects are loops by themselves; others where they enclose something together.
@@ -171,26 +171,51 @@ Command hatchObjects(Context &context, const HatchSettings settings)
 
 // --- BOUNDARY ---
 
-Task<void> askAdvanced(Context &context, CurveNet::Islands &islands)
+struct BoundarySettings
+{
+    CurveNet::Islands islands = CurveNet::Islands::With;
+    std::optional<Selection> candidates; // none: all that is seen
+};
+
+// The direction of the first ray is asked for as programs expect; the loop about a place is the same from all sides.
+Task<void> askIslands(Context &context, BoundarySettings &settings)
+{
+    const auto wanted = co_await context.ask().keyword({u"Do you want island detection? [Yes/No] <Y>: ", u"Yes No"});
+    settings.islands = wanted.is(u"No") ? CurveNet::Islands::Without : CurveNet::Islands::With;
+    if (wanted.is(u"No"))
+        co_await context.ask().string({u"Enter type of ray casting [Nearest/+X/-X/+Y/-Y/Angle] <Nearest>: "});
+}
+
+Task<void> askCandidates(Context &context, BoundarySettings &settings)
+{
+    const auto set = co_await context.ask().keyword(
+        {u"Specify candidate set for boundary [New/Everything] <Everything>: ", u"New Everything"});
+    settings.candidates.reset();
+    if (set.is(u"New"))
+        settings.candidates = co_await selectObjects(context, Purpose::Look);
+}
+
+Task<void> askObjectType(Context &context)
+{
+    const auto type = co_await context.ask().keyword(
+        {u"Enter type of boundary object [Region/Polyline] <Polyline>: ", u"Region Polyline"});
+    if (type.is(u"Region"))
+        throw CommandError{u"Regions cannot be made."};
+}
+
+Task<void> askAdvanced(Context &context, BoundarySettings &settings)
 {
     for (;;) {
         const auto option = co_await context.ask().keyword(
             {u"Enter an option [Boundary set/Island detection/Object type]: ", u"Boundary Island Object"});
         if (option.isNothing())
             co_return;
-        if (option.is(u"Island")) {
-            const auto wanted =
-                co_await context.ask().keyword({u"Do you want island detection? [Yes/No] <Y>: ", u"Yes No"});
-            islands = wanted.is(u"No") ? CurveNet::Islands::Without : CurveNet::Islands::With;
-            if (wanted.is(u"No"))
-                co_await context.ask().string({u"Enter type of ray casting [Nearest/+X/-X/+Y/-Y/Angle] <Nearest>: "});
-        } else if (option.is(u"Object")) {
-            co_await context.ask().keyword(
-                {u"Enter type of boundary object [Region/Polyline] <Polyline>: ", u"Region Polyline"});
-        } else {
-            co_await context.ask().keyword(
-                {u"Specify candidate set for boundary [New/Everything] <Everything>: ", u"New Everything"});
-        }
+        if (option.is(u"Island"))
+            co_await askIslands(context, settings);
+        else if (option.is(u"Object"))
+            co_await askObjectType(context);
+        else
+            co_await askCandidates(context, settings);
     }
 }
 
@@ -213,7 +238,8 @@ Command hatch(Context &context)
             const std::vector<Loop> more = loopsOf(context, entities);
             loops.insert(loops.end(), more.begin(), more.end());
         } else if (const std::optional<Point> place = pointOf(answer.value, context.session())) {
-            const std::vector<Loop> more = loopsAbout(context, *place, CurveNet::Islands::With);
+            const std::vector<Loop> more =
+                loopsAbout(context, *place, visibleEntities(context.session()), CurveNet::Islands::With);
             if (more.empty())
                 context.session().print(u"\nValid hatch boundary not found.\n");
             loops.insert(loops.end(), more.begin(), more.end());
@@ -231,7 +257,7 @@ Command hatch(Context &context)
 
 Command boundary(Context &context)
 {
-    CurveNet::Islands islands = CurveNet::Islands::With;
+    BoundarySettings settings;
     std::vector<Loop> loops;
     for (;;) {
         const auto place =
@@ -239,10 +265,11 @@ Command boundary(Context &context)
         if (place.isNothing())
             break;
         if (place.is(u"Advanced")) {
-            co_await askAdvanced(context, islands);
+            co_await askAdvanced(context, settings);
             continue;
         }
-        const std::vector<Loop> found = loopsAbout(context, place.value, islands);
+        const Selection candidates = settings.candidates ? *settings.candidates : visibleEntities(context.session());
+        const std::vector<Loop> found = loopsAbout(context, place.value, candidates, settings.islands);
         if (found.empty())
             context.session().print(u"\nValid hatch boundary not found.\n");
         loops.insert(loops.end(), found.begin(), found.end());

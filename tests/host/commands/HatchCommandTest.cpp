@@ -46,6 +46,43 @@ TEST_F(HatchCommand, BoundaryFindsIslandsUnlessItIsToldNotTo)
     EXPECT_NEAR(lastArea(), 1600, 1e-9);
 }
 
+TEST_F(HatchCommand, BoundaryLooksAtTheCandidatesThatItWasGiven)
+{
+    evaluate("(command \"_.rectang\" \"-20,-20\" \"20,20\") (setq outer (entlast))"
+             "(command \"_.rectang\" \"-5,-5\" \"5,5\")");
+    evaluate("(command \"_.-boundary\" \"_a\" \"_b\" \"_n\" outer \"\" \"\" \"0,0\" \"\")");
+    EXPECT_NEAR(lastArea(), 1600, 1e-9);
+    evaluate("(command \"_.-boundary\" \"_a\" \"_b\" \"_e\" \"\" \"0,0\" \"\")");
+    EXPECT_NEAR(lastArea(), 100, 1e-9);
+}
+
+TEST_F(HatchCommand, BoundaryMakesNoRegions)
+{
+    evaluate("(command \"_.rectang\" \"-20,-20\" \"20,20\")");
+    takePrinted();
+    evaluate("(command \"_.-boundary\" \"_a\" \"_o\" \"_r\")");
+    EXPECT_EQ(takePrinted(), "\nRegions cannot be made.\n");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(types().size(), 1u);
+}
+
+TEST_F(HatchCommand, WhatIsOnALayerThatIsOffOrFrozenBoundsNothing)
+{
+    for (const std::string state : {"_off", "_freeze"}) {
+        SCOPED_TRACE(state);
+        evaluate("(command \"_.layer\" \"_make\" \"hidden\" \"\") (command \"_.circle\" \"0,0\" 10)"
+                 "(command \"_.layer\" \"_set\" \"0\" \"" +
+                 state + "\" \"hidden\" \"\")");
+        takePrinted();
+        evaluate("(command \"_.-boundary\" \"0,0\" \"\")");
+        EXPECT_EQ(takePrinted(), "\nValid hatch boundary not found.\n");
+        evaluate("(command \"_.layer\" \"_on\" \"hidden\" \"_thaw\" \"hidden\" \"\")");
+        evaluate("(command \"_.-boundary\" \"0,0\" \"\")");
+        EXPECT_EQ(types().back(), "LWPOLYLINE");
+        evaluate("(command \"_.erase\" \"_all\" \"\")");
+    }
+}
+
 TEST_F(HatchCommand, WithoutABoundaryNothingIsMade)
 {
     evaluate("(command \"_.line\" \"-20,0\" \"20,0\" \"\")");
