@@ -52,12 +52,19 @@ Task<Measured> askOrigins(Context &context)
     co_return Measured{plane.user(course.at(course.first())), plane.user(course.at(course.last()))};
 }
 
+// What is typed for the text instead of the measurement, and how it is turned.
+struct DimensionLabel
+{
+    std::u16string text;         // empty: the measurement
+    std::optional<double> angle; // radians; none: along the line
+};
+
 struct LinearDimension
 {
     Vector first, second, at; // `at` lies on the dimension line
     Direction direction = Direction::Free;
     double angle = 0; // radians
-    std::u16string text;
+    DimensionLabel label;
 
     // A place beside the two is meant for a vertical dimension, above or below for a horizontal one.
     double lineAngle() const
@@ -84,7 +91,7 @@ std::u16string shownLength(Context &context, const LinearDimension &dimension)
 }
 
 GroupList commonDimension(Context &context, const DimensionPicture &picture, std::int64_t type, const Vector &line,
-                          const Vector &text, const std::u16string &typed, double measurement)
+                          const Vector &text, const DimensionLabel &label, double measurement)
 {
     constexpr std::int64_t OwnBlock = 32, MiddleCentre = 5;
     const WorkPlane plane(context.session());
@@ -94,13 +101,20 @@ GroupList commonDimension(Context &context, const DimensionPicture &picture, std
     groups.push_back(pointGroup(10, plane.world({line.x, line.y, line.z})));
     groups.push_back(pointGroup(11, plane.object({text.x, text.y, text.z})));
     groups.push_back(integerGroup(70, type | OwnBlock));
-    groups.push_back(textGroup(1, typed));
+    groups.push_back(textGroup(1, label.text));
     groups.push_back(integerGroup(71, MiddleCentre));
     groups.push_back(realGroup(42, measurement));
     groups.push_back(textGroup(3, context.session().text(u"DIMSTYLE")));
     if (plane.normal() != Vector{0, 0, 1})
         groups.push_back(pointGroup(210, plane.normal()));
     return groups;
+}
+
+// The file has the angle from how the text would stand otherwise.
+void addTextAngle(GroupList &groups, const DimensionLabel &label, double usual)
+{
+    if (label.angle)
+        groups.push_back(realGroup(53, degrees(*label.angle - usual)));
 }
 
 void addLinear(Context &context, const LinearDimension &dimension)
@@ -115,15 +129,16 @@ void addLinear(Context &context, const LinearDimension &dimension)
     DimensionPicture picture(context);
     picture.extensionLine(dimension.first, firstFoot, u"DIMSE1");
     picture.extensionLine(dimension.second, secondFoot, u"DIMSE2");
-    const Vector text =
-        picture.dimensionLine(firstFoot, secondFoot, dimensionText(context, measurement, dimension.text));
+    const Vector text = picture.dimensionLine(
+        firstFoot, secondFoot, dimensionText(context, measurement, dimension.label.text), dimension.label.angle);
     for (const Vector &place : {dimension.first, dimension.second, secondFoot})
         picture.definitionPoint(place);
 
     const bool isAligned = dimension.direction == Direction::Aligned;
     const WorkPlane plane(context.session());
-    GroupList groups =
-        commonDimension(context, picture, isAligned ? Aligned : Rotated, secondFoot, text, dimension.text, measurement);
+    GroupList groups = commonDimension(context, picture, isAligned ? Aligned : Rotated, secondFoot, text,
+                                       dimension.label, measurement);
+    addTextAngle(groups, dimension.label, angle);
     groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbAlignedDimension"));
     groups.push_back(pointGroup(13, plane.world({dimension.first.x, dimension.first.y, dimension.first.z})));
     groups.push_back(pointGroup(14, plane.world({dimension.second.x, dimension.second.y, dimension.second.z})));
@@ -139,6 +154,12 @@ Task<std::u16string> askText(Context &context, const std::u16string length)
     const std::u16string prompt = u"Enter dimension text <" + length + u">: ";
     const auto text = co_await context.ask().string({prompt});
     co_return text.value;
+}
+
+Task<std::optional<double>> askTextAngle(Context &context)
+{
+    const auto angle = co_await context.ask().angle({u"Specify angle of dimension text: "});
+    co_return angle.hasValue() ? std::optional(angle.value) : std::nullopt;
 }
 
 std::u16string_view linearKeywords(Direction direction)
@@ -162,7 +183,7 @@ Command linear(Context &context, Direction direction, TextQuestion question)
             {dimension.direction == Direction::Free
                  ? u"Specify dimension line location or [Mtext/Text/Angle/Horizontal/Vertical/Rotated]: "
                  : u"Specify dimension line location or [Mtext/Text/Angle]: ",
-             linearKeywords(direction), Enter::Refused, measured.second});
+             linearKeywords(dimension.direction), Enter::Refused, measured.second});
         if (place.hasValue()) {
             dimension.at = geometry::vectorOf(place.value);
             break;
@@ -176,58 +197,83 @@ Command linear(Context &context, Direction direction, TextQuestion question)
             dimension.direction = Direction::Rotated;
             dimension.angle = angle.value;
         } else if (place.is(u"Angle")) {
-            co_await context.ask().angle({u"Specify angle of dimension text: "});
+            dimension.label.angle = co_await askTextAngle(context);
         } else {
-            dimension.text = co_await askText(context, shownLength(context, dimension));
+            dimension.label.text = co_await askText(context, shownLength(context, dimension));
         }
     }
     if (question == TextQuestion::AtEnd)
-        dimension.text = co_await askText(context, shownLength(context, dimension));
+        dimension.label.text = co_await askText(context, shownLength(context, dimension));
     addLinear(context, dimension);
 }
 
 enum class Across { Radius, Diameter };
 
-Command radial(Context &context, Across across, TextQuestion question)
+struct RadialDimension
+{
+    Across across;
+    Vector centre, at; // `at` is where the text hangs
+    double radius = 0;
+    DimensionLabel label;
+
+    double measurement() const { return across == Across::Radius ? radius : 2 * radius; }
+    std::u16string shown(Context &context) const
+    {
+        return dimensionText(context, measurement(), label.text, across == Across::Radius ? u"R" : u"%%c");
+    }
+};
+
+void addRadial(Context &context, const RadialDimension &dimension)
 {
     constexpr std::int64_t DiameterType = 3, RadiusType = 4;
+    const bool isRadius = dimension.across == Across::Radius;
+    const Vector out = normalized(dimension.at - dimension.centre, {1, 0, 0}) * dimension.radius;
+    const Vector tip = dimension.centre + out, start = isRadius ? dimension.centre : dimension.centre - out;
+    DimensionPicture picture(context);
+    const Vector text = picture.leaderLine(tip, dimension.at, dimension.shown(context), dimension.label.angle);
+    picture.centreMark(dimension.centre);
+    picture.definitionPoint(start);
+    picture.definitionPoint(tip);
+
+    GroupList groups = commonDimension(context, picture, isRadius ? RadiusType : DiameterType, start, text,
+                                       dimension.label, dimension.measurement());
+    addTextAngle(groups, dimension.label, 0);
+    groups.push_back(
+        textGroup(drawing::groupcode::Subclass, isRadius ? u"AcDbRadialDimension" : u"AcDbDiametricDimension"));
+    groups.push_back(pointGroup(15, WorkPlane(context.session()).world({tip.x, tip.y, tip.z})));
+    groups.push_back(realGroup(40, length(dimension.at - tip)));
+    addEntity(context, groups);
+}
+
+// Where the text hangs, before which its wording and its angle can be given.
+Task<Point> askRadialPlace(Context &context, RadialDimension &dimension)
+{
+    for (;;) {
+        const auto place = co_await context.ask().point(
+            {u"Specify dimension line location or [Mtext/Text/Angle]: ", u"Mtext Text Angle", Enter::Refused});
+        if (place.hasValue())
+            co_return place.value;
+        if (place.is(u"Angle"))
+            dimension.label.angle = co_await askTextAngle(context);
+        else
+            dimension.label.text = co_await askText(context, dimension.shown(context));
+    }
+}
+
+Command radial(Context &context, Across across, TextQuestion question)
+{
     const auto picked = co_await context.ask().entity({u"Select arc or circle: ", {}, Enter::Refused});
     const std::optional<drawing::CurveWay> way = drawing::CurveWay::of(context.drawing(), picked.value.entity);
     const geometry::EllipticArc *arc = way ? way->pieces().front().arc() : nullptr;
     const std::u16string type = context.database().type(picked.value.entity);
     if (!arc || (type != u"ARC" && type != u"CIRCLE"))
         throw CommandError{u"Object selected is not an arc or circle."};
-    const WorkPlane plane(context.session());
-    const double radius = length(arc->cosineAxis), measurement = across == Across::Radius ? radius : 2 * radius;
-    const std::u16string_view prefix = across == Across::Radius ? u"R" : u"%%c";
-    const auto place = co_await context.ask().point(
-        {u"Specify dimension line location or [Mtext/Text/Angle]: ", u"Mtext Text Angle", Enter::Refused});
-    Point at = place.value;
-    std::u16string typed;
-    if (place.is(u"Mtext") || place.is(u"Text"))
-        typed = co_await askText(context, dimensionText(context, measurement, {}, prefix));
-    if (!place.hasValue()) {
-        const auto again = co_await context.ask().point({u"Specify dimension line location: ", {}, Enter::Refused});
-        at = again.value;
-    } else if (question == TextQuestion::AtEnd) {
-        typed = co_await askText(context, dimensionText(context, measurement, {}, prefix));
-    }
-    const Vector centre = geometry::vectorOf(plane.user(arc->centre)), textSide = geometry::vectorOf(at);
-    const Vector out = normalized(textSide - centre, {1, 0, 0});
-    const Vector tip = centre + out * radius;
-    DimensionPicture picture(context);
-    const Vector text = picture.leaderLine(tip, textSide, dimensionText(context, measurement, typed, prefix));
-    picture.centreMark(centre);
-    const Vector start = across == Across::Radius ? centre : centre - out * radius;
-    picture.definitionPoint(start);
-    picture.definitionPoint(tip);
-    GroupList groups = commonDimension(context, picture, across == Across::Radius ? RadiusType : DiameterType, start,
-                                       text, typed, measurement);
-    groups.push_back(textGroup(drawing::groupcode::Subclass,
-                               across == Across::Radius ? u"AcDbRadialDimension" : u"AcDbDiametricDimension"));
-    groups.push_back(pointGroup(15, plane.world({tip.x, tip.y, tip.z})));
-    groups.push_back(realGroup(40, length(textSide - tip)));
-    addEntity(context, groups);
+    RadialDimension dimension{
+        across, geometry::vectorOf(WorkPlane(context.session()).user(arc->centre)), {}, length(arc->cosineAxis), {}};
+    dimension.at = geometry::vectorOf(co_await askRadialPlace(context, dimension));
+    if (question == TextQuestion::AtEnd)
+        dimension.label.text = co_await askText(context, dimension.shown(context));
+    addRadial(context, dimension);
 }
 
 constexpr std::u16string_view subcommands = u"HORizontal VERtical ALigned ROtated RAdius Diameter Exit";

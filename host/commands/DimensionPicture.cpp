@@ -131,7 +131,8 @@ void DimensionPicture::text(const Vector &place, double angle, const std::u16str
 }
 
 // Arrows stand inside where there is room for them and the text, else outside, pointing at each other.
-Vector DimensionPicture::dimensionLine(const Vector &first, const Vector &second, const std::u16string &string)
+Vector DimensionPicture::dimensionLine(const Vector &first, const Vector &second, const std::u16string &string,
+                                       std::optional<double> textAngle)
 {
     const Session &session = m_context.session();
     const double whole = length(second - first), arrowLength = size(u"DIMTSZ") > 0 ? 0 : size(u"DIMASZ");
@@ -158,11 +159,12 @@ Vector DimensionPicture::dimensionLine(const Vector &first, const Vector &second
         line(middle + along * half, end, u"DIMCLRD");
     }
     const Vector place = isAbove ? middle + up * (gap + height / 2) : middle;
-    text(place, turn, string);
+    text(place, textAngle.value_or(turn), string);
     return place;
 }
 
-Vector DimensionPicture::leaderLine(const Vector &tip, const Vector &textSide, const std::u16string &string)
+Vector DimensionPicture::leaderLine(const Vector &tip, const Vector &textSide, const std::u16string &string,
+                                    std::optional<double> textAngle)
 {
     const Vector towards = normalized(tip - textSide, {-1, 0, 0});
     const double gap = std::abs(size(u"DIMGAP")), side = textSide.x < tip.x ? -1 : 1;
@@ -171,7 +173,7 @@ Vector DimensionPicture::leaderLine(const Vector &tip, const Vector &textSide, c
     line(tip - towards * size(u"DIMASZ"), textSide, u"DIMCLRD");
     line(textSide, hook, u"DIMCLRD");
     const Vector place = hook + Vector{side * (gap + widthOf(string) / 2), 0, 0};
-    text(place, 0, string);
+    text(place, textAngle.value_or(0), string);
     return place;
 }
 

@@ -3,6 +3,8 @@
 #include "host/commands/Context.h"
 #include "host/commands/WorkPlane.h"
 
+#include <optional>
+
 namespace commands {
 
 // What a dimension looks like: a block of lines, arrows and a text, drawn by the DIM… variables. Places are in the
@@ -16,10 +18,13 @@ public:
 
     // A line from a measured place up to the dimension line and over it; nothing when it is suppressed.
     void extensionLine(const Vector &measured, const Vector &foot, std::u16string_view suppressor);
-    // The line with its arrows between two places, and the text at its middle. Gives where the text stands.
-    Vector dimensionLine(const Vector &first, const Vector &second, const std::u16string &text);
-    // An arrow at the place, from a text that stands away from it.
-    Vector leaderLine(const Vector &tip, const Vector &textSide, const std::u16string &text);
+    // The line with its arrows between two places, and the text at its middle, along the line or at an angle of its
+    // own (radians). Gives where the text stands.
+    Vector dimensionLine(const Vector &first, const Vector &second, const std::u16string &text,
+                         std::optional<double> textAngle);
+    // An arrow at the place, from a text that stands away from it, level or at an angle.
+    Vector leaderLine(const Vector &tip, const Vector &textSide, const std::u16string &text,
+                      std::optional<double> textAngle);
     void definitionPoint(const Vector &place);
     void centreMark(const Vector &centre);
 

@@ -54,6 +54,23 @@ TEST_F(DimensionCommands, VariablesChangeThePicture)
     EXPECT_EQ(textOf(lastGroups(), 1), u"L=<>");
 }
 
+TEST_F(DimensionCommands, TheTextIsTurnedAsItIsTold)
+{
+    evaluate("(command \"_.dimlinear\" \"0,0\" \"40,30\" \"_a\" 30 \"_v\" \"70,10\")");
+    EXPECT_NEAR(realOf(lastGroups(), 53), 360 + 30 - 90, 1e-9);
+    EXPECT_EQ(picture("TEXT"), "1");
+    EXPECT_EQ(evaluate("(rtos (* (/ 180 pi) (cdr (assoc 50 (car l)))) 2 6)"), "\"30.000000\"");
+    evaluate("(command \"_.circle\" \"0,0\" 10) (setq a (entlast))"
+             "(command \"_.dimradius\" (list a '(10 0 0)) \"_t\" \"<> about\" \"_a\" 45 \"20,0\")");
+    EXPECT_NEAR(realOf(lastGroups(), 53), 45, 1e-9);
+    EXPECT_EQ(textOf(lastGroups(), 1), u"<> about");
+    EXPECT_EQ(picture("TEXT"), "1");
+    EXPECT_EQ(evaluate("(cdr (assoc 1 (car l)))"), "\"R10.00 about\"");
+    EXPECT_EQ(evaluate("(rtos (* (/ 180 pi) (cdr (assoc 50 (car l)))) 2 6)"), "\"45.000000\"");
+    evaluate("(command \"_.dimlinear\" \"0,0\" \"40,30\" \"20,50\")");
+    EXPECT_EQ(evaluate("(assoc 53 (entget (entlast)))"), "nil");
+}
+
 TEST_F(DimensionCommands, Dim1AsksForTheTextAtTheEnd)
 {
     evaluate("(command \"_.dim1\" \"_hor\" \"0,0\" \"40,30\" \"20,50\" \"\")");
