@@ -50,7 +50,7 @@ Command linetype(Context &context);
 Command zoom(Context &context);
 Command pan(Context &context);
 Command plan(Context &context);
-Command regenerate(Context &context);
+Command changeNothing(Context &context); // REGEN, TEXTSCR and the like
 
 Command ucs(Context &context);  // UcsCommand.cpp
 Command view(Context &context); // NamedViewCommand.cpp

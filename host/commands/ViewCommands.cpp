@@ -187,8 +187,9 @@ Command plan(Context &context)
     showExtents(context, false);
 }
 
-// There is nothing to make anew: what is seen always follows from the drawing.
-Command regenerate(Context &)
+// What is seen always follows from the drawing, and texts and drawings are seen together: nothing is to be made anew,
+// and no screen to be changed.
+Command changeNothing(Context &)
 {
     co_return;
 }
