@@ -1,43 +1,13 @@
 // What the window's view costs with a million lines: making the scene, and one picture of 1600 by 1000 pixels of all
 // of it, of a tenth and of a thousandth. A picture may take 33 milliseconds for 30 of them in a second.
+#include "benchmarks/MillionLines.h"
 #include "host/render/Scene.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <random>
-
 namespace {
 
-constexpr int LineCount = 1000000, Width = 1600, Height = 1000;
-constexpr double Size = 10000;
-
-// Lines of up to a hundredth of the drawing's width in seven colours.
-const drawing::Drawing &million()
-{
-    static const QTemporaryDir folder;
-    static const drawing::Drawing drawing = [] {
-        std::mt19937 random(1);
-        std::uniform_real_distribution<double> place(0, Size), step(-Size / 100, Size / 100);
-        QByteArray bytes("0\nSECTION\n2\nENTITIES\n");
-        for (int i = 0; i < LineCount; ++i) {
-            const double x = place(random), y = place(random) * Height / Width;
-            char line[200];
-            std::snprintf(line, sizeof line, "0\nLINE\n8\n0\n62\n%d\n10\n%.3f\n20\n%.3f\n11\n%.3f\n21\n%.3f\n",
-                          i % 7 + 1, x, y, x + step(random), y + step(random));
-            bytes += line;
-        }
-        bytes += "0\nENDSEC\n0\nEOF\n";
-        QFile file(folder.filePath(QStringLiteral("lines.dxf")));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(bytes);
-        file.close();
-        return drawing::Drawing(file.fileName());
-    }();
-    return drawing;
-}
+constexpr int Width = 1600, Height = 1000;
 
 const render::Scene &scene()
 {

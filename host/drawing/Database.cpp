@@ -45,14 +45,15 @@ QByteArray contentOf(const QString &path)
 
 } // namespace
 
-std::unique_ptr<Database> Database::read(const QString &path)
+std::unique_ptr<Database> Database::read(const QString &path, const ReadWatch &watch)
 {
-    return std::make_unique<Database>(contentOf(path));
+    return std::make_unique<Database>(contentOf(path), watch);
 }
 
-Database::Database(QByteArray bytes) : m_bytes(std::move(bytes)), m_format(detectFormat(fileBytes()))
+Database::Database(QByteArray bytes, const ReadWatch &watch)
+    : m_bytes(std::move(bytes)), m_format(detectFormat(fileBytes()))
 {
-    Index index = indexOf(fileBytes(), m_format);
+    Index index = indexOf(fileBytes(), m_format, watch);
     m_store.records = std::move(index.records);
     m_names = std::move(index.names);
     m_sections = std::move(index.sections);

@@ -28,8 +28,8 @@ class ReadError : public std::runtime_error
 class Database
 {
 public:
-    static std::unique_ptr<Database> read(const QString &path); // throws ReadError
-    explicit Database(QByteArray bytes);                        // takes any bytes
+    static std::unique_ptr<Database> read(const QString &path, const ReadWatch &watch = {}); // throws ReadError
+    explicit Database(QByteArray bytes, const ReadWatch &watch = {});                        // takes any bytes
     Database(const Database &) = delete;
     Database &operator=(const Database &) = delete;
 

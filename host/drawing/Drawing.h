@@ -9,8 +9,8 @@ namespace drawing {
 class Drawing
 {
 public:
-    Drawing();                             // the empty one
-    explicit Drawing(const QString &path); // throws ReadError
+    Drawing();                                                          // the empty one
+    explicit Drawing(const QString &path, const ReadWatch &watch = {}); // throws ReadError
     explicit Drawing(std::unique_ptr<Database> database);
     Drawing(const Drawing &) = delete;
     Drawing &operator=(const Drawing &) = delete;

@@ -13,8 +13,8 @@ namespace {
 class Indexer
 {
 public:
-    Indexer(std::string_view bytes, const FileFormat &format)
-        : m_bytes(bytes), m_format(format), m_fields(m_index.names, format)
+    Indexer(std::string_view bytes, const FileFormat &format, const ReadWatch &watch)
+        : m_bytes(bytes), m_format(format), m_watch(watch), m_fields(m_index.names, format)
     {
     }
 
@@ -34,6 +34,7 @@ private:
 
     std::string_view m_bytes;
     FileFormat m_format;
+    const ReadWatch &m_watch;
     Index m_index;
     Record m_record;
     RecordFields m_fields;
@@ -222,9 +223,9 @@ void Indexer::note(const char *place, std::string_view what)
 
 } // namespace
 
-Index indexOf(std::string_view bytes, const FileFormat &format)
+Index indexOf(std::string_view bytes, const FileFormat &format, const ReadWatch &watch)
 {
-    Indexer indexer(bytes, format);
+    Indexer indexer(bytes, format, watch);
     return format.kind == FileFormat::Kind::Text ? indexer.run<TextGroups>() : indexer.run<BinaryGroups>();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/FileFormat.h"
+#include "host/drawing/ReadWatch.h"
 #include "host/drawing/Record.h"
 
 #include <string>
@@ -34,6 +35,6 @@ struct Index
 };
 
 // One pass over the bytes; takes any bytes.
-Index indexOf(std::string_view bytes, const FileFormat &format);
+Index indexOf(std::string_view bytes, const FileFormat &format, const ReadWatch &watch = {});
 
 } // namespace drawing

@@ -5,9 +5,31 @@
 
 namespace drawing {
 
-void Journal::remember(RecordId id)
+namespace {
+
+constexpr std::size_t MostKnownChanges = 1 << 18; // who wants to know of more looks at everything
+
+} // namespace
+
+void Journal::noteChange(RecordId id)
 {
     ++m_changeCount;
+    if (m_changed.size() == MostKnownChanges)
+        m_changed.clear();
+    m_changed.push_back(id);
+}
+
+std::optional<std::span<const RecordId>> Journal::changedSince(std::uint64_t changeCount) const
+{
+    const std::uint64_t count = m_changeCount - changeCount;
+    if (count > m_changed.size())
+        return std::nullopt;
+    return std::span(m_changed).last(static_cast<std::size_t>(count));
+}
+
+void Journal::remember(RecordId id)
+{
+    noteChange(id);
     if (m_done < m_images.size()) {
         dropFrom(m_done);
         m_steps.resize(m_step + 1);
@@ -59,7 +81,7 @@ std::size_t Journal::stepEnd(std::size_t step) const
 
 void Journal::exchange(Image &image)
 {
-    ++m_changeCount;
+    noteChange(image.id);
     std::swap(image.record, m_store.records[image.id]);
 }
 

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <vector>
 
 namespace drawing {
@@ -59,6 +61,8 @@ public:
 
     // Grows with every change, also one that is undone or redone: who knows it knows whether anything happened since.
     std::uint64_t changeCount() const { return m_changeCount; }
+    // The records that have changed since then, some more than once; none when it is too long ago to be known.
+    std::optional<std::span<const RecordId>> changedSince(std::uint64_t changeCount) const;
 
     std::size_t undoableSteps() const;
     std::size_t redoableSteps() const;
@@ -75,6 +79,7 @@ private:
         bool marked;
     };
 
+    void noteChange(RecordId id);
     void exchange(Image &image);
     void takeBack(std::size_t begin); // the images from there on
     void dropFrom(std::size_t begin);
@@ -91,6 +96,7 @@ private:
     bool m_groupIsOpen = false;
     Recording m_recording = Recording::On;
     std::uint64_t m_changeCount = 0;
+    std::vector<RecordId> m_changed; // by the latest changes
 };
 
 } // namespace drawing

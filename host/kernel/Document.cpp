@@ -47,9 +47,9 @@ Document::Document(HostServices &services)
 
 Document::~Document() = default;
 
-void Document::open(const QString &path)
+void Document::open(const QString &path, const drawing::ReadWatch &watch)
 {
-    m_openDrawing = std::make_unique<OpenDrawing>(path);
+    m_openDrawing = std::make_unique<OpenDrawing>(path, watch);
     m_session.forgetSelections();
     readVariables();
 }

@@ -64,6 +64,8 @@ public:
     void add(DisplayItem style, const std::vector<std::vector<QPointF>> &loops, const Gradient &gradient);
     void add(DisplayItem style, const std::vector<std::vector<QPointF>> &loops, const Picture &picture);
 
+    void takeOut(std::size_t item) { m_items[item].pointCount = 0; } // its number stays; nothing of it is left to draw
+
     const QPointF &origin() const { return m_origin; }
     const std::vector<DisplayItem> &items() const { return m_items; }
     std::span<const DisplayPoint> points(const DisplayItem &item) const

@@ -6,8 +6,8 @@
 #include "host/render/Spaces.h"
 #include "host/render/VisibleBounds.h"
 
+#include <algorithm>
 #include <thread>
-#include <unordered_set>
 
 namespace render {
 
@@ -64,8 +64,44 @@ Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface,
         builder.add(entity);
     Scene scene;
     scene.m_tolerance = tolerance;
+    scene.m_window = window;
     scene.add(std::move(list), {}, 0);
     return scene;
+}
+
+void Scene::takeOut(const std::vector<bool> &records)
+{
+    Part &part = m_parts.front();
+    std::vector<bool> items(part.list.items().size());
+    for (std::size_t item = 0; item < items.size(); ++item) {
+        const RecordId entity = part.list.items()[item].entity;
+        items[item] = entity < records.size() && records[entity];
+        if (items[item])
+            part.list.takeOut(item);
+    }
+    part.index.takeOut(items);
+}
+
+bool Scene::replace(const drawing::Drawing &drawing, const Surface &surface, const std::vector<RecordId> &entities)
+{
+    constexpr std::size_t Small = 5000; // items that are made anew in no time, in the right order
+    constexpr std::size_t Share = 20;   // what has changed is all made anew each time
+    const std::size_t items = m_parts.front().list.items().size();
+    if (items < Small || m_changed.size() + entities.size() > items / Share)
+        return false;
+    std::vector<bool> fresh(drawing.database().recordCount());
+    for (const RecordId entity : entities)
+        fresh[entity] = m_changed.insert(entity).second;
+    takeOut(fresh);
+    m_parts.resize(1);
+    m_bounds = m_parts.front().list.bounds();
+    std::vector<RecordId> seen(m_changed.begin(), m_changed.end());
+    std::erase_if(seen, [&](RecordId entity) { return drawing.database().record(entity).isGone(); });
+    std::sort(seen.begin(), seen.end());
+    Scene changed = ofEntities(drawing, surface, seen, m_window, m_tolerance);
+    m_bounds |= changed.m_bounds;
+    m_parts.push_back(std::move(changed.m_parts.front()));
+    return true;
 }
 
 Scene Scene::ofModel(const drawing::Drawing &drawing, const Surface &surface)

@@ -9,6 +9,7 @@
 #include <QPolygonF>
 
 #include <optional>
+#include <unordered_set>
 
 namespace render {
 
@@ -31,6 +32,11 @@ public:
     // The entities with something in the rectangle, in drawing order, each once; none when there are more than `most`.
     std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const;
     double tolerance() const { return m_tolerance; } // how far curves are off
+
+    // Of the model: draws these entities as they are now, above the others, and no longer as they were. False when the
+    // scene is so small, or so much has changed, that it is better made anew; then nothing is changed.
+    bool replace(const drawing::Drawing &drawing, const Surface &surface,
+                 const std::vector<drawing::RecordId> &entities);
     // Some entities of the model with curves as fine as this, around a place, somewhere else than they are.
     static Scene ofEntities(const drawing::Drawing &drawing, const Surface &surface,
                             const std::vector<drawing::RecordId> &entities, const QRectF &window, double tolerance,
@@ -45,11 +51,14 @@ private:
     };
     void add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre);
     void paintParts(const DeviceView &view, QImage &image) const;
+    void takeOut(const std::vector<bool> &records);
     static void paintInside(const Part &part, const DeviceView &view, QImage &image);
 
     std::vector<Part> m_parts;
     QRectF m_bounds, m_paper;
     double m_tolerance = 0;
+    QRectF m_window;                                 // that endless lines of the model end at
+    std::unordered_set<drawing::RecordId> m_changed; // they are in the second part
 };
 
 } // namespace render

@@ -104,6 +104,15 @@ void SceneIndex::fillBlocks(const DisplayList &list, const std::vector<Box> &box
     }
 }
 
+// A box of no numbers meets no other.
+void SceneIndex::takeOut(const std::vector<bool> &items)
+{
+    constexpr float None = std::numeric_limits<float>::quiet_NaN();
+    for (Entry &entry : m_entries)
+        if (items[entry.item])
+            entry = {None, None, None, None, 0, entry.item, -1};
+}
+
 std::vector<SceneIndex::Block> SceneIndex::blocksIn(const Box &box) const
 {
     std::vector<Block> blocks;

@@ -29,6 +29,8 @@ public:
     // Lineweights reach beyond the points; `unitsPerMillimetre` is 0 where they are not drawn.
     SceneIndex(const DisplayList &list, double unitsPerMillimetre);
 
+    void takeOut(const std::vector<bool> &items); // those whose numbers are true
+
     // An item in a block. That of a line of two points holds all that is needed to draw it.
     struct Entry
     {

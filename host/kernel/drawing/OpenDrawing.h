@@ -9,7 +9,8 @@
 struct OpenDrawing
 {
     OpenDrawing() = default;
-    explicit OpenDrawing(const QString &path) : drawing(path) {} // throws drawing::ReadError
+    // Throws drawing::ReadError.
+    explicit OpenDrawing(const QString &path, const drawing::ReadWatch &watch = {}) : drawing(path, watch) {}
 
     drawing::Drawing drawing;
     DrawingDatabase database{drawing};

@@ -3,6 +3,7 @@
 #include "host/drawing/DrawingWriter.h"
 #include "host/kernel/Document.h"
 #include "host/ui/gui/MainWindow.h"
+#include "host/ui/gui/OpeningProgress.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -23,10 +24,12 @@ void DrawingFiles::open(const QString &path)
     if (!mayLoseChanges())
         return;
     try {
-        m_document.open(path);
+        OpeningProgress progress(m_window, tr("Opening %1").arg(QFileInfo(path).fileName()));
+        m_document.open(path, [&progress](double share) { progress.show(share); });
     } catch (const drawing::ReadError &error) {
-        report(QString::fromUtf8(error.what()));
-        return;
+        return report(QString::fromUtf8(error.what()));
+    } catch (const OpeningProgress::Cancelled &) {
+        return report(tr("%1 was not opened.").arg(QFileInfo(path).fileName()));
     }
     m_savedChangeCount = m_document.drawing().database().journal().changeCount();
     m_document.machine().searchFolders().push_back(QFileInfo(path).absolutePath().toStdU16String());

@@ -1,5 +1,7 @@
 #include "host/ui/view/DrawingArea.h"
 
+#include "host/render/Changes.h"
+
 #include <QEvent>
 #include <QVBoxLayout>
 
@@ -47,11 +49,27 @@ bool DrawingArea::showsModel() const
 
 void DrawingArea::refresh()
 {
-    if (isCurrent())
+    if (isCurrent() || replaceChanged())
         return;
     const bool isOther = m_source().number() != m_drawingNumber;
     fillTabs();
     showTab(isOther ? DrawingView::Place::ShowAll : DrawingView::Place::Keep);
+}
+
+// A drawing of a million lines is not made anew because of one.
+bool DrawingArea::replaceChanged()
+{
+    const drawing::Drawing &drawing = m_source();
+    const drawing::Journal &journal = drawing.database().journal();
+    if (drawing.number() != m_drawingNumber || !showsModel())
+        return false;
+    const auto records = journal.changedSince(m_changeCount);
+    const auto entities = records ? render::changedModelEntities(drawing, *records) : std::nullopt;
+    if (!entities || !m_scene->replace(drawing, surface(), *entities))
+        return false;
+    m_changeCount = journal.changeCount();
+    m_view->setScene(m_scene, DrawingView::Place::Keep);
+    return true;
 }
 
 // Keeps the tab that is shown, when it is still there.
@@ -83,7 +101,7 @@ void DrawingArea::showTab(DrawingView::Place place)
 {
     const drawing::Drawing &drawing = m_source();
     const int tab = m_tabs->currentIndex();
-    m_scene = std::make_shared<const render::Scene>(
+    m_scene = std::make_shared<render::Scene>(
         tab <= ModelTab ? render::Scene::ofModel(drawing, surface())
                         : render::Scene::ofLayout(drawing, m_layouts[static_cast<std::size_t>(tab - 1)]));
     m_drawingNumber = drawing.number();

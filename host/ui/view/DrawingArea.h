@@ -35,13 +35,14 @@ private:
     void showTab(DrawingView::Place place);
     std::optional<render::Scene> refined(const QRectF &window, double tolerance);
     render::Surface surface() const;
+    bool replaceChanged(); // false: the scene has to be made anew
     bool isCurrent() const; // whether the scene shows the drawing as it is
 
     Source m_source;
     DrawingView *m_view;
     QTabBar *m_tabs;
     std::vector<drawing::Layout> m_layouts; // behind the model's tab
-    std::shared_ptr<const render::Scene> m_scene;
+    std::shared_ptr<render::Scene> m_scene;
     std::uint32_t m_drawingNumber = 0; // of what is shown
     std::uint64_t m_changeCount = 0;
 };
