@@ -9,6 +9,8 @@ namespace drawing {
 
 namespace {
 
+constexpr RecordId WatchedRecords = 1 << 15; // some milliseconds' work
+
 // Goes through the groups once and cuts them into records.
 class Indexer
 {
@@ -94,6 +96,8 @@ void Indexer::begin(RecordKind kind, NameId type, const RawGroup &group)
     end();
     const RecordId id = static_cast<RecordId>(m_index.records.size());
     m_record = Record();
+    if (m_watch && id % WatchedRecords == 0)
+        m_watch(static_cast<double>(group.bytes.data() - m_bytes.data()) / static_cast<double>(m_bytes.size()));
     m_record.begin = static_cast<std::uint64_t>(group.bytes.data() - m_bytes.data());
     m_record.kind = kind;
     m_record.type = type;

@@ -35,7 +35,7 @@ public:
     OpenDrawing &openDrawing() { return *m_openDrawing; }
     // Throws drawing::ReadError, and what the watch throws, and keeps the drawing that it has.
     void open(const QString &path, const drawing::ReadWatch &watch = {});
-    void readVariables();           // those that the drawing keeps, after it has changed otherwise than by setvar
+    void readVariables(); // those that the drawing keeps, after it has changed otherwise than by setvar
     std::u16string currentLayer() const;
     bool isPaperSpaceCurrent() const;
     // The place of an entity that a point near it means, in the user's coordinates; perpendiculars begin at `from`.

@@ -3,6 +3,7 @@
 #include "host/drawing/Blocks.h"
 
 #include <algorithm>
+#include <array>
 
 namespace render {
 
@@ -12,16 +13,21 @@ using drawing::RecordKind;
 
 namespace {
 
-// What changes along with something else, which tells all that matters: its place in the order of the records.
-bool isMark(const Record &record)
+constexpr std::array<std::string_view, 3> SeenVariables = {"$LTSCALE", "$PDMODE", "$PDSIZE"};
+
+// What makes nothing of the model look otherwise: a variable that is not seen, and marks, which change when their
+// neighbours do.
+bool isUnseen(const drawing::Database &database, const Record &record)
 {
-    return record.isEnd() || record.kind == RecordKind::SectionStart || record.kind == RecordKind::BlockStart;
+    if (record.kind == RecordKind::HeaderVariable)
+        return std::find(SeenVariables.begin(), SeenVariables.end(), database.names().text(record.name)) ==
+               SeenVariables.end();
+    return record.isEnd() || record.kind == RecordKind::SectionStart;
 }
 
 } // namespace
 
-std::optional<std::vector<RecordId>> changedModelEntities(const drawing::Drawing &drawing,
-                                                          std::span<const RecordId> records)
+std::optional<std::vector<RecordId>> changedEntities(const drawing::Drawing &drawing, std::span<const RecordId> records)
 {
     const drawing::Database &database = drawing.database();
     const RecordId model = drawing.tables().find(drawing::known::Block, drawing::ModelSpace);
@@ -30,12 +36,10 @@ std::optional<std::vector<RecordId>> changedModelEntities(const drawing::Drawing
     for (const RecordId changed : records) {
         const RecordId id = database.isPart(changed) ? database.record(changed).container : changed;
         const Record &record = database.record(id);
-        if (record.kind == RecordKind::Entity && (record.container == section || record.container == model)) {
-            if (record.container == model || !record.has(Record::PaperSpace))
-                entities.push_back(id);
-        } else if (!isMark(record)) {
+        if (record.kind == RecordKind::Entity && (record.container == section || record.container == model))
+            entities.push_back(id);
+        else if (!isUnseen(database, record))
             return std::nullopt;
-        }
     }
     std::sort(entities.begin(), entities.end());
     entities.erase(std::unique(entities.begin(), entities.end()), entities.end());

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <unordered_set>
 
 namespace render {
 
@@ -50,58 +51,89 @@ void Scene::add(DisplayList list, const QPolygonF &outline, double unitsPerMilli
     m_parts.push_back({std::move(list), std::move(index), outline});
 }
 
+Projection Scene::projection() const
+{
+    Projection projection;
+    projection.tolerance = m_tolerance;
+    projection.window = m_window;
+    return projection;
+}
+
 Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface, const std::vector<RecordId> &entities,
                         const QRectF &window, double tolerance, const geometry::Matrix &transform)
 {
+    Scene scene;
+    scene.m_tolerance = tolerance;
+    scene.m_window = window;
     AppearanceResolver appearances(drawing, surface);
-    Projection projection;
+    Projection projection = scene.projection();
     projection.toPage = transform;
-    projection.tolerance = tolerance;
-    projection.window = window;
     DisplayList list(window.center());
     DisplayListBuilder builder(drawing, appearances, projection, list);
     for (const RecordId entity : entities)
         builder.add(entity);
-    Scene scene;
-    scene.m_tolerance = tolerance;
-    scene.m_window = window;
+    scene.m_firstItems = list.items().size();
+    scene.m_isInOrderOfRecords = std::is_sorted(entities.begin(), entities.end());
     scene.add(std::move(list), {}, 0);
     return scene;
 }
 
-void Scene::takeOut(const std::vector<bool> &records)
+namespace {
+
+constexpr std::size_t SmallScene = 5000; // items that are made anew in no time, with curves as fine as it needs
+constexpr std::size_t ReplacedShare = 50;
+
+// By how many of its own sizes a scene may outgrow the window that it was made for, before its curves and endless lines
+// are no longer what they should be.
+QRectF roomFor(const QRectF &window)
+{
+    return window.adjusted(-window.width(), -window.height(), window.width(), window.height());
+}
+
+} // namespace
+
+Scene::Items Scene::itemsOf(RecordId entity) const
+{
+    if (const auto replaced = m_replaced.find(entity); replaced != m_replaced.end())
+        return replaced->second;
+    const std::vector<DisplayItem> &items = m_parts.front().list.items();
+    const auto firstEnd = items.begin() + static_cast<std::ptrdiff_t>(m_firstItems);
+    const auto [begin, end] = std::equal_range(items.begin(), firstEnd, DisplayItem{.entity = entity},
+                                               [](const auto &a, const auto &b) { return a.entity < b.entity; });
+    return {static_cast<std::uint32_t>(begin - items.begin()), static_cast<std::uint32_t>(end - items.begin())};
+}
+
+void Scene::takeOut(RecordId entity)
 {
     Part &part = m_parts.front();
-    std::vector<bool> items(part.list.items().size());
-    for (std::size_t item = 0; item < items.size(); ++item) {
-        const RecordId entity = part.list.items()[item].entity;
-        items[item] = entity < records.size() && records[entity];
-        if (items[item])
-            part.list.takeOut(item);
+    const Items items = itemsOf(entity);
+    for (std::uint32_t item = items.begin; item < items.end; ++item) {
+        part.index.remove(part.list, item);
+        part.list.takeOut(item);
     }
-    part.index.takeOut(items);
 }
 
 bool Scene::replace(const drawing::Drawing &drawing, const Surface &surface, const std::vector<RecordId> &entities)
 {
-    constexpr std::size_t Small = 5000; // items that are made anew in no time, in the right order
-    constexpr std::size_t Share = 20;   // what has changed is all made anew each time
-    const std::size_t items = m_parts.front().list.items().size();
-    if (items < Small || m_changed.size() + entities.size() > items / Share)
+    const bool isWorthIt = m_isInOrderOfRecords && m_firstItems >= SmallScene &&
+                           m_replaced.size() + entities.size() <= m_firstItems / ReplacedShare;
+    if (!isWorthIt)
         return false;
-    std::vector<bool> fresh(drawing.database().recordCount());
-    for (const RecordId entity : entities)
-        fresh[entity] = m_changed.insert(entity).second;
-    takeOut(fresh);
-    m_parts.resize(1);
-    m_bounds = m_parts.front().list.bounds();
-    std::vector<RecordId> seen(m_changed.begin(), m_changed.end());
-    std::erase_if(seen, [&](RecordId entity) { return drawing.database().record(entity).isGone(); });
-    std::sort(seen.begin(), seen.end());
-    Scene changed = ofEntities(drawing, surface, seen, m_window, m_tolerance);
-    m_bounds |= changed.m_bounds;
-    m_parts.push_back(std::move(changed.m_parts.front()));
-    return true;
+    Part &part = m_parts.front();
+    AppearanceResolver appearances(drawing, surface);
+    DisplayListBuilder builder(drawing, appearances, projection(), part.list);
+    for (const RecordId entity : entities) {
+        takeOut(entity);
+        Items items{static_cast<std::uint32_t>(part.list.items().size()), 0};
+        if (isInModel(drawing, entity))
+            builder.add(entity);
+        items.end = static_cast<std::uint32_t>(part.list.items().size());
+        for (std::uint32_t item = items.begin; item < items.end; ++item)
+            part.index.insert(part.list, item);
+        m_replaced[entity] = items;
+    }
+    m_bounds = part.list.bounds();
+    return roomFor(m_window).contains(m_bounds);
 }
 
 Scene Scene::ofModel(const drawing::Drawing &drawing, const Surface &surface)
@@ -192,6 +224,8 @@ std::optional<std::vector<RecordId>> Scene::entitiesIn(const QRectF &rectangle, 
             if (entities.size() > most)
                 return std::nullopt;
         }
+    if (m_isInOrderOfRecords) // items that came later are those of entities anywhere
+        std::sort(entities.begin(), entities.end());
     return entities;
 }
 

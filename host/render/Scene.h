@@ -9,9 +9,11 @@
 #include <QPolygonF>
 
 #include <optional>
-#include <unordered_set>
+#include <unordered_map>
 
 namespace render {
+
+struct Projection;
 
 // One space of a drawing as it is shown in a window: made once, drawn many times. The model is in drawing units, a
 // layout in millimetres of its paper.
@@ -33,8 +35,8 @@ public:
     std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const;
     double tolerance() const { return m_tolerance; } // how far curves are off
 
-    // Of the model: draws these entities as they are now, above the others, and no longer as they were. False when the
-    // scene is so small, or so much has changed, that it is better made anew; then nothing is changed.
+    // Of the model: draws these entities as they are now. False when the scene has to be made anew: it is small, so
+    // much has changed that this is quicker, or it is drawn in an order of its own.
     bool replace(const drawing::Drawing &drawing, const Surface &surface,
                  const std::vector<drawing::RecordId> &entities);
     // Some entities of the model with curves as fine as this, around a place, somewhere else than they are.
@@ -51,14 +53,23 @@ private:
     };
     void add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre);
     void paintParts(const DeviceView &view, QImage &image) const;
-    void takeOut(const std::vector<bool> &records);
+    struct Items // their numbers in the model's list
+    {
+        std::uint32_t begin, end;
+    };
+    Items itemsOf(drawing::RecordId entity) const;
+    void takeOut(drawing::RecordId entity);
+    Projection projection() const; // of the model
     static void paintInside(const Part &part, const DeviceView &view, QImage &image);
 
     std::vector<Part> m_parts;
     QRectF m_bounds, m_paper;
     double m_tolerance = 0;
-    QRectF m_window;                                 // that endless lines of the model end at
-    std::unordered_set<drawing::RecordId> m_changed; // they are in the second part
+    // Of the model:
+    QRectF m_window; // that endless lines end at
+    std::size_t m_firstItems = 0;
+    bool m_isInOrderOfRecords = false; // the first items, by the numbers of their entities
+    std::unordered_map<drawing::RecordId, Items> m_replaced;
 };
 
 } // namespace render

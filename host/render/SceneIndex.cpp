@@ -45,20 +45,26 @@ int cellOf(float value, float low, float high, int size)
 
 } // namespace
 
-SceneIndex::SceneIndex(const DisplayList &list, double unitsPerMillimetre) : m_whole(EmptyBox)
+SceneIndex::SceneIndex(const DisplayList &list, double unitsPerMillimetre)
+    : m_unitsPerMillimetre(unitsPerMillimetre), m_whole(EmptyBox)
 {
     std::vector<Box> boxes;
     boxes.reserve(list.items().size());
     for (const DisplayItem &item : list.items()) {
-        const Box box = boxOf(list, item);
         if (!item.isEndless)
-            extend(m_whole, box);
-        const float reach = item.weight * static_cast<float>(unitsPerMillimetre / 2);
-        boxes.push_back({box.left - reach, box.bottom - reach, box.right + reach, box.top + reach});
+            extend(m_whole, boxOf(list, item));
+        boxes.push_back(reachOf(list, item));
     }
     const double blocks = std::sqrt(static_cast<double>(boxes.size()) / ItemsInBlock);
     m_size = std::clamp(static_cast<int>(blocks), 1, MostBlocksInRow);
     fillBlocks(list, boxes);
+}
+
+SceneIndex::Box SceneIndex::reachOf(const DisplayList &list, const DisplayItem &item) const
+{
+    const Box box = boxOf(list, item);
+    const float reach = item.weight * static_cast<float>(m_unitsPerMillimetre / 2);
+    return {box.left - reach, box.bottom - reach, box.right + reach, box.top + reach};
 }
 
 SceneIndex::Cells SceneIndex::cellsOf(const Box &box) const
@@ -87,30 +93,41 @@ template <class Function> void SceneIndex::forCells(const Cells &cells, Function
                      static_cast<std::size_t>(column));
 }
 
-// Counts first, so that all blocks' entries lie in one piece.
+// Counts first, so that no block's entries are ever moved.
 void SceneIndex::fillBlocks(const DisplayList &list, const std::vector<Box> &boxes)
 {
     const std::size_t count = static_cast<std::size_t>(m_size) * static_cast<std::size_t>(m_size);
-    m_starts.assign(count + 1, 0);
+    std::vector<std::uint32_t> sizes(count);
     for (const Box &box : boxes)
-        forCells(cellsOf(box), [&](std::size_t cell) { ++m_starts[cell + 1]; });
+        forCells(cellsOf(box), [&](std::size_t cell) { ++sizes[cell]; });
+    m_entries.resize(count);
     for (std::size_t cell = 0; cell < count; ++cell)
-        m_starts[cell + 1] += m_starts[cell];
-    m_entries.resize(m_starts.back());
-    std::vector<std::uint32_t> next(m_starts.begin(), m_starts.end() - 1);
+        m_entries[cell].reserve(sizes[cell]);
     for (std::uint32_t item = 0; item < boxes.size(); ++item) {
         const Entry entry = entryOf(list, item, boxes[item]);
-        forCells(cellsOf(boxes[item]), [&](std::size_t cell) { m_entries[next[cell]++] = entry; });
+        forCells(cellsOf(boxes[item]), [&](std::size_t cell) { m_entries[cell].push_back(entry); });
     }
 }
 
-// A box of no numbers meets no other.
-void SceneIndex::takeOut(const std::vector<bool> &items)
+void SceneIndex::insert(const DisplayList &list, std::uint32_t item)
 {
-    constexpr float None = std::numeric_limits<float>::quiet_NaN();
-    for (Entry &entry : m_entries)
-        if (items[entry.item])
-            entry = {None, None, None, None, 0, entry.item, -1};
+    const auto comesBefore = [&](const Entry &first, const Entry &second) {
+        const auto order = [&](const Entry &entry) { return std::pair(list.items()[entry.item].entity, entry.item); };
+        return order(first) < order(second);
+    };
+    const Box box = reachOf(list, list.items()[item]);
+    const Entry entry = entryOf(list, item, box);
+    forCells(cellsOf(box), [&](std::size_t cell) {
+        std::vector<Entry> &block = m_entries[cell];
+        block.insert(std::upper_bound(block.begin(), block.end(), entry, comesBefore), entry);
+    });
+}
+
+void SceneIndex::remove(const DisplayList &list, std::uint32_t item)
+{
+    forCells(cellsOf(reachOf(list, list.items()[item])), [&](std::size_t cell) {
+        std::erase_if(m_entries[cell], [item](const Entry &entry) { return entry.item == item; });
+    });
 }
 
 std::vector<SceneIndex::Block> SceneIndex::blocksIn(const Box &box) const
@@ -120,8 +137,7 @@ std::vector<SceneIndex::Block> SceneIndex::blocksIn(const Box &box) const
         return blocks;
     forCells(cellsOf(box), [&](std::size_t cell) {
         const auto size = static_cast<std::size_t>(m_size);
-        blocks.push_back({blockBox(static_cast<int>(cell % size), static_cast<int>(cell / size)),
-                          {m_entries.data() + m_starts[cell], m_starts[cell + 1] - m_starts[cell]}});
+        blocks.push_back({blockBox(static_cast<int>(cell % size), static_cast<int>(cell / size)), m_entries[cell]});
     });
     return blocks;
 }

@@ -11,7 +11,7 @@ namespace render {
 //
 // Drawing block after block is what makes large drawings quick: what is read lies in one piece of memory, the pixels of
 // a block stay in the processor's cache, and blocks that are not seen cost nothing. Within a block items are in drawing
-// order.
+// order: that of their numbers, and for items that come later that of the numbers of their entities.
 class SceneIndex
 {
 public:
@@ -29,7 +29,9 @@ public:
     // Lineweights reach beyond the points; `unitsPerMillimetre` is 0 where they are not drawn.
     SceneIndex(const DisplayList &list, double unitsPerMillimetre);
 
-    void takeOut(const std::vector<bool> &items); // those whose numbers are true
+    // For single items that join the list or leave it. The blocks stay as they are, so that this is for few.
+    void insert(const DisplayList &list, std::uint32_t item);
+    void remove(const DisplayList &list, std::uint32_t item); // as long as the list has its points
 
     // An item in a block. That of a line of two points holds all that is needed to draw it.
     struct Entry
@@ -58,13 +60,14 @@ private:
     };
     Cells cellsOf(const Box &box) const;
     template <class Function> void forCells(const Cells &cells, Function function) const;
+    Box reachOf(const DisplayList &list, const DisplayItem &item) const;
     void fillBlocks(const DisplayList &list, const std::vector<Box> &boxes);
     Box blockBox(int column, int row) const;
 
+    double m_unitsPerMillimetre = 0;
     Box m_whole{};
-    int m_size = 1;                      // blocks in a row and in a column
-    std::vector<std::uint32_t> m_starts; // where each block's entries begin, and one more
-    std::vector<Entry> m_entries;
+    int m_size = 1;                            // blocks in a row and in a column
+    std::vector<std::vector<Entry>> m_entries; // of each block
 };
 
 } // namespace render

@@ -15,16 +15,20 @@ namespace {
 
 enum class Space { Model, Paper, Any };
 
+bool isShown(const drawing::Database &database, RecordId id, Space space)
+{
+    const drawing::Record &record = database.record(id);
+    const bool isWanted = space == Space::Any || record.has(drawing::Record::PaperSpace) == (space == Space::Paper);
+    return record.kind == drawing::RecordKind::Entity && !record.isGone() && isWanted && !database.isPart(id);
+}
+
 void addFrom(const drawing::Database &database, RecordId container, Space space, std::vector<RecordId> &entities)
 {
     if (container == NoRecord)
         return;
-    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id)) {
-        const drawing::Record &record = database.record(id);
-        const bool isWanted = space == Space::Any || record.has(drawing::Record::PaperSpace) == (space == Space::Paper);
-        if (record.kind == drawing::RecordKind::Entity && !record.isGone() && isWanted && !database.isPart(id))
+    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id))
+        if (isShown(database, id, space))
             entities.push_back(id);
-    }
 }
 
 // Handles to draw by instead of the entities' own, from the table in the extension dictionary of the block's record.
@@ -75,6 +79,15 @@ std::vector<RecordId> entitiesOf(const drawing::Drawing &drawing, std::u16string
 std::vector<RecordId> modelEntities(const drawing::Drawing &drawing)
 {
     return entitiesOf(drawing, drawing::ModelSpace, Space::Model);
+}
+
+bool isInModel(const drawing::Drawing &drawing, RecordId entity)
+{
+    const drawing::Database &database = drawing.database();
+    const RecordId container = database.record(entity).container;
+    const RecordId block = drawing.tables().find(drawing::known::Block, drawing::ModelSpace);
+    return (container == database.section(drawing::known::Entities) && isShown(database, entity, Space::Model)) ||
+           (container == block && isShown(database, entity, Space::Any));
 }
 
 std::vector<RecordId> activePaperEntities(const drawing::Drawing &drawing)

@@ -5,8 +5,8 @@
 
 class MainWindow;
 
-// While a file is being read: the progress meter of the window, which lives on meanwhile; Esc and the meter's button give
-// up. Nothing else can be done in the window.
+// While a file is being read: the progress meter of the window, which lives on meanwhile; Esc and the meter's button
+// give up. Nothing else can be done in the window.
 class OpeningProgress final : public QObject
 {
 public:

@@ -64,7 +64,7 @@ bool DrawingArea::replaceChanged()
     if (drawing.number() != m_drawingNumber || !showsModel())
         return false;
     const auto records = journal.changedSince(m_changeCount);
-    const auto entities = records ? render::changedModelEntities(drawing, *records) : std::nullopt;
+    const auto entities = records ? render::changedEntities(drawing, *records) : std::nullopt;
     if (!entities || !m_scene->replace(drawing, surface(), *entities))
         return false;
     m_changeCount = journal.changeCount();

@@ -35,7 +35,7 @@ private:
     void showTab(DrawingView::Place place);
     std::optional<render::Scene> refined(const QRectF &window, double tolerance);
     render::Surface surface() const;
-    bool replaceChanged(); // false: the scene has to be made anew
+    bool replaceChanged();  // false: the scene has to be made anew
     bool isCurrent() const; // whether the scene shows the drawing as it is
 
     Source m_source;

@@ -107,6 +107,24 @@ TEST_F(DrawingAreaTest, ChangeIsShownAfterARefreshAndTheViewStays)
     EXPECT_EQ(view().scale(), scale);
 }
 
+TEST_F(DrawingAreaTest, ALargeDrawingIsShownAsItIsAfterEachChangeAndAfterUndo)
+{
+    constexpr int Many = 10000;
+    for (int i = 0; i < Many; ++i)
+        m_test.line({0, 0, 0}, {100, 0, 0}, {{8, u"0"}});
+    m_area->refresh();
+    m_test.drawing.database().journal().nextStep();
+    m_test.line({0, 25, 0}, {100, 25, 0}, {{8, u"0"}, {62, Red}});
+    m_area->refresh();
+    EXPECT_TRUE(isRed({50, 25}));
+    m_test.drawing.database().journal().undo();
+    m_area->refresh();
+    EXPECT_FALSE(isRed({50, 25}));
+    m_test.drawing.database().journal().redo();
+    m_area->refresh();
+    EXPECT_EQ(m_area->entitiesIn(QRectF(1, 24, 2, 2), 10)->size(), 1U);
+}
+
 TEST_F(DrawingAreaTest, AnotherDrawingIsShownAsAWhole)
 {
     m_other = std::make_unique<render::TestDrawing>();
