@@ -1,5 +1,7 @@
 #include "host/commands/CommandLine.h"
 
+#include "host/commands/Script.h"
+
 namespace commands {
 
 namespace {
@@ -32,6 +34,13 @@ CommandLine::Result CommandLine::give(const std::vector<Input> &inputs)
 
 CommandLine::Result CommandLine::give(const Input &input)
 {
+    const Result result = giveOne(input);
+    runScripts();
+    return result;
+}
+
+CommandLine::Result CommandLine::giveOne(const Input &input)
+{
     const auto *text = std::get_if<std::u16string>(&input);
     if (isActive() && text && *text == Pause)
         return askPerson();
@@ -48,7 +57,49 @@ CommandLine::Result CommandLine::runTyped(const std::u16string &typed)
     Result result = start(typed, Source::Person);
     while (result == Result::Taken && isActive())
         result = askPerson();
+    runScripts();
     return result;
+}
+
+// A script that begins another one ends there, and one that begins itself goes round; that has to end somewhere.
+void CommandLine::runScripts()
+{
+    constexpr int MostScripts = 100;
+    if (m_runsScript)
+        return;
+    m_runsScript = true;
+    int count = 0;
+    while (m_memory.script && ++count <= MostScripts) {
+        Script script(*std::exchange(m_memory.script, std::nullopt));
+        for (bool goesOn = true; goesOn && !m_memory.script;) {
+            const bool takesBlanks =
+                isActive() && running().context.ask().waiting()->blanks() == Blanks::BelongToAnswers;
+            const std::optional<std::u16string> typed =
+                script.next(takesBlanks ? Script::Form::Line : Script::Form::Word);
+            goesOn = typed && takeTyped(*typed);
+        }
+    }
+    m_runsScript = false;
+    if (std::exchange(m_memory.script, std::nullopt))
+        m_session.print(u"\nThe scripts begin each other without end.\n");
+}
+
+// As typed at the keyboard: Enter alone begins the last command again.
+bool CommandLine::takeTyped(const std::u16string &typed)
+{
+    if (Script::isExpression(typed)) {
+        std::optional<Input> answer;
+        if (!m_session.evaluate(typed, answer))
+            return false;
+        if (answer && isActive())
+            give(*answer);
+    } else if (typed.empty() && !isActive()) {
+        if (!m_lastName.empty())
+            give(Input(m_lastName));
+    } else if (give(Input(typed)) == Result::Cancelled) {
+        return false;
+    }
+    return true;
 }
 
 CommandLine::Result CommandLine::start(const std::u16string &typed, Source source)

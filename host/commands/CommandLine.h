@@ -53,7 +53,10 @@ private:
 
     Result start(const std::u16string &typed, Source source);
     Result offer(const Input &input, Source source = Source::Program);
+    Result giveOne(const Input &input);
     Result askPerson();
+    void runScripts();
+    bool takeTyped(const std::u16string &typed); // false: an expression failed
     void finishSelecting();
     template <class Step> void proceed(Step step);
     void echo(std::u16string_view text);
@@ -64,6 +67,7 @@ private:
     std::vector<std::unique_ptr<Running>> m_running; // transparent ones behind those that they interrupt
     std::u16string m_lastPrompt;
     std::u16string m_lastName; // of the command that ended last in this sequence
+    bool m_runsScript = false;
 };
 
 } // namespace commands

@@ -52,6 +52,13 @@ Command pan(Context &context);
 Command plan(Context &context);
 Command changeNothing(Context &context); // REGEN, TEXTSCR and the like
 
+Command drawOrder(Context &context); // DrawOrderCommand.cpp
+Command script(Context &context);    // ScriptCommand.cpp
+
+// SpaceCommands.cpp
+Command modelSpace(Context &context); // MSPACE
+Command paperSpace(Context &context); // PSPACE
+
 Command ucs(Context &context);  // UcsCommand.cpp
 Command view(Context &context); // NamedViewCommand.cpp
 

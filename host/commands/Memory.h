@@ -2,6 +2,8 @@
 
 #include "host/commands/Input.h"
 
+#include <optional>
+
 namespace commands {
 
 // What commands remember for those that come later, as long as the document is open.
@@ -21,6 +23,7 @@ struct Memory
     std::vector<View> views;               // for ZOOM Previous
     std::vector<CoordinateSystem> systems; // for UCS Previous
     Selection erased;                      // for OOPS
+    std::optional<std::u16string> script;  // that SCRIPT has read and that is to be run now
 };
 
 } // namespace commands

@@ -27,6 +27,7 @@ struct CommandError
 };
 
 enum class Enter { Allowed, Refused };
+enum class Blanks { EndAnswers, BelongToAnswers }; // where answers are typed one after the other, in scripts
 
 // The parts of a request that commands choose. The texts must live until the answer is there.
 struct Question
@@ -35,6 +36,7 @@ struct Question
     std::u16string_view keywords = {}; // as initget's
     Enter enter = Enter::Allowed;
     std::optional<Point> base = {}; // where distances and angles begin
+    Blanks blanks = Blanks::EndAnswers;
 };
 
 // What a command gets for a question: a value, one of the keywords, or nothing for Enter alone.
@@ -63,6 +65,7 @@ public:
     InputKind kind() const { return m_kind; }
     const std::optional<Point> &base() const { return m_base; }
     const std::u16string &prompt() const { return m_prompt; }
+    Blanks blanks() const { return m_blanks; }
     const std::u16string &complaint() const { return m_complaint; } // of the answer that was refused last
     Outcome offer(const Input &input);
     void cancel() { m_isCancelled = true; }
@@ -94,6 +97,7 @@ private:
     InputKind m_kind;
     lisp::Keywords m_keywords;
     Enter m_enter;
+    Blanks m_blanks;
     Request *&m_slot; // of the command line: the request that waits
     std::u16string m_complaint;
     std::coroutine_handle<> m_waiting;

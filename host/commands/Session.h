@@ -27,6 +27,7 @@ public:
     virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
 
     virtual bool isPaperSpaceCurrent() const = 0; // else entities go to the model
+    virtual void workThroughViewport(bool isThrough) = 0; // while a layout is shown: its paper, or the model in it
 
     // Typed texts, in the current units; "@" begins at LASTPOINT.
     virtual std::optional<Point> pointOf(std::u16string_view text) const = 0;
@@ -34,6 +35,11 @@ public:
     virtual std::optional<double>
     angleOf(std::u16string_view text) const = 0; // radians counter-clockwise, not from ANGBASE
     virtual std::u16string distanceText(double distance) const = 0;
+
+    // The text of a script file, found as programs are; the ending may be left out. None: it cannot be read.
+    virtual std::optional<std::u16string> scriptText(const std::u16string &name) = 0;
+    // A LISP expression that was typed: its value as an answer, none for nil. False when it failed, which is shown.
+    virtual bool evaluate(const std::u16string &expression, std::optional<Input> &answer) = 0;
 
     virtual void print(std::u16string_view text) = 0;
     // What a person answers; none: the request was cancelled. Shows the prompt and the answer itself. The base is where

@@ -108,4 +108,59 @@ RecordId extensionDictionary(const Database &database, RecordId id)
     return NoRecord;
 }
 
+RecordId ensureExtensionDictionary(Database &database, RecordId id)
+{
+    if (const RecordId there = extensionDictionary(database, id); there != NoRecord && !database.record(there).isGone())
+        return there;
+    constexpr int HardOwnerCode = 280, CloningCode = 281;
+    const RecordId dictionary = addObject(database, {{groupcode::Type, u"DICTIONARY"},
+                                                     {groupcode::Owner, Handle{database.record(id).handle}},
+                                                     {groupcode::Subclass, u"AcDbDictionary"},
+                                                     {HardOwnerCode, std::int64_t{1}},
+                                                     {CloningCode, std::int64_t{1}}});
+    if (dictionary == NoRecord)
+        return NoRecord;
+    GroupList groups = database.groups(id);
+    const auto isOpening = [](const Group &group) {
+        const auto *text = std::get_if<std::u16string>(&group.value);
+        return group.code == groupcode::Braces && text && *text == u"{ACAD_XDICTIONARY";
+    };
+    if (const auto old = std::find_if(groups.begin(), groups.end(), isOpening); old != groups.end()) {
+        const auto close =
+            std::find_if(old + 1, groups.end(), [](const Group &group) { return group.code == groupcode::Braces; });
+        groups.erase(old, close == groups.end() ? close : close + 1);
+    }
+    const auto handle = std::find_if(groups.begin(), groups.end(), [](const Group &group) {
+        return group.code == groupcode::Handle || group.code == groupcode::DimStyleHandle;
+    });
+    const auto place = handle == groups.end() ? groups.begin() + 1 : handle + 1;
+    groups.insert(place, {{groupcode::Braces, u"{ACAD_XDICTIONARY"},
+                          {groupcode::HardEntry, Handle{database.record(dictionary).handle}},
+                          {groupcode::Braces, u"}"}});
+    return database.replace(id, groups) ? dictionary : NoRecord;
+}
+
+void ensureClass(Database &database, const ClassDeclaration &declaration)
+{
+    constexpr int ProxyFlagsCode = 90, InstancesCode = 91, WasProxyCode = 280, IsEntityCode = 281;
+    if (database.isBefore2000())
+        return;
+    const RecordId section = database.ensureSection(known::Classes);
+    for (RecordId id = database.firstIn(section); id != NoRecord; id = database.nextIn(id)) {
+        const std::optional<Group> type = database.firstGroup(id, groupcode::PrimaryText);
+        if (type && !database.record(id).isGone() && type->value == GroupValue(declaration.type))
+            return;
+    }
+    GroupList groups{{groupcode::Type, u"CLASS"},
+                     {groupcode::PrimaryText, declaration.type},
+                     {groupcode::Name, declaration.className},
+                     {3, declaration.application},
+                     {ProxyFlagsCode, std::int64_t{0}}};
+    if (database.version() >= "AC1018")
+        groups.push_back({InstancesCode, std::int64_t{1}});
+    groups.push_back({WasProxyCode, std::int64_t{0}});
+    groups.push_back({IsEntityCode, std::int64_t{0}});
+    database.add(RecordKind::Class, groups, database.endOf(section));
+}
+
 } // namespace drawing

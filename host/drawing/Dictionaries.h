@@ -32,5 +32,14 @@ RecordId addObject(Database &database, const GroupList &groups);
 
 // The dictionary that belongs to an entity or object (group 360 in its {ACAD_XDICTIONARY), NoRecord when it has none.
 RecordId extensionDictionary(const Database &database, RecordId id);
+// Makes one where there is none; NoRecord when it cannot be written.
+RecordId ensureExtensionDictionary(Database &database, RecordId id);
+
+// The declaration in the CLASSES section that a type of objects needs from R2000 on; nothing when it is there.
+struct ClassDeclaration
+{
+    std::u16string type, className, application;
+};
+void ensureClass(Database &database, const ClassDeclaration &declaration);
 
 } // namespace drawing

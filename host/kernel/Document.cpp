@@ -36,6 +36,9 @@ Document::Document(HostServices &services)
     m_machine.setLineInput(&m_typedLines);
     m_variables.keepInDrawing(
         [this](const VariableRow &row, const VariableValue &value) { keepVariable(drawing(), row, value); });
+    m_variables.compute(
+        u"CVPORT", [this] { return isPaperSpaceCurrent() ? 1 : 2; },
+        [this](const VariableValue &value) { workThroughViewport(std::get<int>(value) > 1); });
     m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });
     m_variables.compute(u"DWGPREFIX", [this] { return folderOf(drawing()); });
     prompter().snapper = [this](const LispPoint &near, snap::Modes modes, const LispPoint &from) {
@@ -51,6 +54,7 @@ void Document::open(const QString &path, const drawing::ReadWatch &watch)
 {
     m_openDrawing = std::make_unique<OpenDrawing>(path, watch);
     m_session.forgetSelections();
+    m_isInViewport = false;
     readVariables();
 }
 
@@ -66,7 +70,7 @@ std::u16string Document::currentLayer() const
 
 bool Document::isPaperSpaceCurrent() const
 {
-    return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0;
+    return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0 && !m_isInViewport;
 }
 
 std::optional<LispPoint> Document::snapped(const LispPoint &near, snap::Modes modes, const LispPoint &from)

@@ -38,6 +38,8 @@ public:
     void readVariables(); // those that the drawing keeps, after it has changed otherwise than by setvar
     std::u16string currentLayer() const;
     bool isPaperSpaceCurrent() const;
+    // While a layout is shown (TILEMODE 0): whether its paper is worked on, or the model through a viewport.
+    void workThroughViewport(bool isThrough) { m_isInViewport = isThrough; }
     // The place of an entity that a point near it means, in the user's coordinates; perpendiculars begin at `from`.
     std::optional<LispPoint> snapped(const LispPoint &near, snap::Modes modes, const LispPoint &from);
     SelectionSets &selectionSets() { return m_selectionSets; }
@@ -55,4 +57,5 @@ private:
     TypedLines m_typedLines{m_lispHost.prompter()};
     DocumentSession m_session{*this};
     commands::CommandLine m_commandLine{m_session};
+    bool m_isInViewport = false;
 };

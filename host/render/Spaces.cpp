@@ -1,10 +1,7 @@
 #include "host/render/Spaces.h"
 
 #include "host/drawing/Blocks.h"
-#include "host/drawing/Dictionaries.h"
-
-#include <algorithm>
-#include <unordered_map>
+#include "host/drawing/DrawOrder.h"
 
 namespace render {
 
@@ -31,46 +28,13 @@ void addFrom(const drawing::Database &database, RecordId container, Space space,
             entities.push_back(id);
 }
 
-// Handles to draw by instead of the entities' own, from the table in the extension dictionary of the block's record.
-std::unordered_map<RecordId, std::uint64_t> sortHandles(const drawing::Database &database, RecordId blockRecord)
-{
-    constexpr int EntityCode = 331;
-    std::unordered_map<RecordId, std::uint64_t> handles;
-    const RecordId dictionary =
-        blockRecord == NoRecord ? NoRecord : drawing::extensionDictionary(database, blockRecord);
-    const RecordId table =
-        dictionary == NoRecord ? NoRecord : drawing::findEntry(database, dictionary, u"ACAD_SORTENTS");
-    if (table == NoRecord)
-        return handles;
-    drawing::GroupReader reader = database.reader(table);
-    RecordId entity = NoRecord;
-    for (drawing::Item item; reader.next(item);)
-        if (item.code == EntityCode)
-            entity = database.find({item.handle});
-        else if (item.code == drawing::groupcode::Handle && entity != NoRecord)
-            handles[std::exchange(entity, NoRecord)] = item.handle;
-    return handles;
-}
-
-void sortByHandles(const drawing::Database &database, RecordId blockRecord, std::vector<RecordId> &entities)
-{
-    const auto handles = sortHandles(database, blockRecord);
-    if (handles.empty())
-        return;
-    const auto key = [&](RecordId id) {
-        const auto found = handles.find(id);
-        return found == handles.end() ? database.record(id).handle : found->second;
-    };
-    std::stable_sort(entities.begin(), entities.end(), [&](RecordId a, RecordId b) { return key(a) < key(b); });
-}
-
 std::vector<RecordId> entitiesOf(const drawing::Drawing &drawing, std::u16string_view block, Space space)
 {
     const drawing::Database &database = drawing.database();
     std::vector<RecordId> entities;
     addFrom(database, database.section(drawing::known::Entities), space, entities);
     addFrom(database, drawing.tables().find(drawing::known::Block, block), Space::Any, entities);
-    sortByHandles(database, drawing.tables().find(drawing::known::BlockRecord, block), entities);
+    drawing::sortForDrawing(database, drawing.tables().find(drawing::known::BlockRecord, block), entities);
     return entities;
 }
 
@@ -105,7 +69,7 @@ std::vector<RecordId> paperEntities(const drawing::Drawing &drawing, const drawi
         return activePaperEntities(drawing);
     std::vector<RecordId> entities;
     addFrom(database, drawing.tables().find(drawing::known::Block, block), Space::Any, entities);
-    sortByHandles(database, layout.blockRecord, entities);
+    drawing::sortForDrawing(database, layout.blockRecord, entities);
     return entities;
 }
 

@@ -3,7 +3,7 @@
 void defineHostBuiltins(lisp::Machine &machine)
 {
     for (const auto family : {commandBuiltins(), dictionaryBuiltins(), entityBuiltins(), geometryBuiltins(),
-                              graphicsBuiltins(), inputBuiltins(), nestedSelectionBuiltins(), registryBuiltins(),
+                              graphicsBuiltins(), inputBuiltins(), menuBuiltins(), nestedSelectionBuiltins(), registryBuiltins(),
                               selectionBuiltins(), tableBuiltins(), variableBuiltins(), windowBuiltins()})
         lisp::defineBuiltins(machine, family);
 }

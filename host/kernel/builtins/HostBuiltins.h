@@ -10,6 +10,7 @@ std::span<const lisp::BuiltinRow> entityBuiltins();          // Entities.cpp
 std::span<const lisp::BuiltinRow> geometryBuiltins();        // Geometry.cpp
 std::span<const lisp::BuiltinRow> graphicsBuiltins();        // Graphics.cpp
 std::span<const lisp::BuiltinRow> inputBuiltins();           // Input.cpp
+std::span<const lisp::BuiltinRow> menuBuiltins();            // Menus.cpp
 std::span<const lisp::BuiltinRow> nestedSelectionBuiltins(); // NestedSelection.cpp
 std::span<const lisp::BuiltinRow> registryBuiltins();        // Registry.cpp
 std::span<const lisp::BuiltinRow> selectionBuiltins();       // Selection.cpp

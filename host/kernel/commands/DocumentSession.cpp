@@ -1,8 +1,12 @@
 #include "host/kernel/commands/DocumentSession.h"
 
+#include "host/interpreter/FileSearch.h"
+#include "host/interpreter/Printer.h"
+#include "host/interpreter/files/SourceFile.h"
 #include "host/interpreter/text/LinearUnits.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
+#include "host/kernel/commands/LispAnswers.h"
 
 #include <algorithm>
 
@@ -108,6 +112,11 @@ bool DocumentSession::isPaperSpaceCurrent() const
     return m_document.isPaperSpaceCurrent();
 }
 
+void DocumentSession::workThroughViewport(bool isThrough)
+{
+    m_document.workThroughViewport(isThrough);
+}
+
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const
 {
     const std::optional<LispPoint> point = pointFromText(text, m_document.prompter().context());
@@ -139,6 +148,31 @@ std::u16string DocumentSession::distanceText(double distance) const
     const lisp::UnitVariables &units = m_document.machine().unitVariables();
     const lisp::LinearUnits mode = lisp::linearUnits(units.lunits).value_or(lisp::LinearUnits::Decimal);
     return lisp::rtos(distance, mode, units.luprec, {units.unitmode, units.dimzin});
+}
+
+std::optional<std::u16string> DocumentSession::scriptText(const std::u16string &name)
+{
+    const std::vector<std::u16string> &folders = m_document.machine().searchFolders();
+    std::optional<std::u16string> path = lisp::findFile(name + u".scr", folders);
+    if (!path)
+        path = lisp::findFile(name, folders);
+    QString failure;
+    return path ? lisp::readSourceFile(QString::fromStdU16String(*path), failure) : std::nullopt;
+}
+
+bool DocumentSession::evaluate(const std::u16string &expression, std::optional<commands::Input> &answer)
+{
+    try {
+        const lisp::Value value = m_document.machine().load(expression, {});
+        if (!m_document.commandLine().isActive())
+            print(u'\n' + lisp::printed(value));
+        else if (value.isTrue())
+            answer = answerOf(m_document, value);
+    } catch (const lisp::LispError &error) {
+        print(u"\n; error: " + error.message + u'\n');
+        return false;
+    }
+    return true;
 }
 
 void DocumentSession::print(std::u16string_view text)

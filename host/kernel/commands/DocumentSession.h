@@ -17,10 +17,13 @@ public:
     bool set(std::u16string_view name, const commands::VariableValue &value) override;
     void readVariables() override;
     bool isPaperSpaceCurrent() const override;
+    void workThroughViewport(bool isThrough) override;
     std::optional<commands::Point> pointOf(std::u16string_view text) const override;
     std::optional<double> distanceOf(std::u16string_view text) const override;
     std::optional<double> angleOf(std::u16string_view text) const override;
     std::u16string distanceText(double distance) const override;
+    std::optional<std::u16string> scriptText(const std::u16string &name) override;
+    bool evaluate(const std::u16string &expression, std::optional<commands::Input> &answer) override;
     void print(std::u16string_view text) override;
     std::optional<commands::Input> request(commands::InputKind kind, const std::u16string &prompt,
                                            const std::optional<commands::Point> &base) override;

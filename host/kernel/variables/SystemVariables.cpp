@@ -98,9 +98,10 @@ void SystemVariables::load(const VariableRow &variable, const VariableValue &val
         store(variable, value);
 }
 
-void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read)
+void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read,
+                              std::function<void(const VariableValue &)> write)
 {
-    m_sources[&rowOf(name)] = {std::move(read), nullptr};
+    m_sources[&rowOf(name)] = {std::move(read), std::move(write)};
 }
 
 void SystemVariables::assign(std::u16string_view name, VariableValue value)

@@ -24,8 +24,9 @@ public:
     // False when the variable is read-only, the value is of another kind or out of range. An integer will do for a
     // real.
     bool set(const VariableRow &variable, const VariableValue &value);
-    // What the host itself knows better: the variable is what `read` gives, and cannot be set.
-    void compute(std::u16string_view name, std::function<VariableValue()> read);
+    // What the host itself knows better: the variable is what `read` gives, and cannot be set without `write`.
+    void compute(std::u16string_view name, std::function<VariableValue()> read,
+                 std::function<void(const VariableValue &)> write = nullptr);
     // For the host: changes read-only variables, too. The value has to be of the variable's kind.
     void assign(std::u16string_view name, VariableValue value);
     // What a drawing has: range and access do not count, a value of another kind is passed over.

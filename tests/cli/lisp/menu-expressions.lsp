@@ -1,0 +1,10 @@
+;; String expressions of menus.
+(setvar "ORTHOMODE" 1)
+(setvar "LUPREC" 2)
+(show '(menucmd "M=$(if,$(=,$(getvar,orthomode),1),ortho,free)"))
+(show '(menucmd "m=$(rtos,$(+,1,0.5)) $(rtos,17.5,4,2)"))
+(show '(menucmd "M=$(edtime,2448871.70367,DDDD\", \"D MONTH YYYY HH:MM)"))
+(show '(menucmd "M=$(index,1,\"first,second\") $(getvar,limmax)"))
+(show '(menucmd "M=$(foo) $(+,x) $(upper,$(getvar,clayer)"))
+(show '(menucmd "P1=*"))
+(show '(menucmd "M="))
