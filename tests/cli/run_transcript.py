@@ -12,16 +12,12 @@ import tempfile
 from pathlib import Path
 
 
-# What Wine says on a machine whose disks may not be read; it looks at them for the names of drives.
-WINE_WORDS = re.compile(r"^wine: Read access denied for device .*\n", re.MULTILINE)
-
-
 def transcript(command: list[str]) -> str:
     with tempfile.TemporaryDirectory() as scratch:
         folder = os.path.realpath(scratch)
         process = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
                                  env=os.environ | {"TMPDIR": folder, "HOME": folder, "XDG_DATA_HOME": folder})
-    output, errors = process.stdout.decode(), WINE_WORDS.sub("", process.stderr.decode())
+    output, errors = process.stdout.decode(), process.stderr.decode()
     if process.returncode != 0 or errors:
         output += f"\nstatus {process.returncode}\n{errors}"
     # The command may have made a temporary folder of its own inside.

@@ -63,6 +63,14 @@ class Repl(LispHostTest):
         terminal.wait_for_prompt(r"\n-1\n")
         self.leave(terminal)
 
+    def test_the_up_key_brings_the_entry_before_back(self):
+        terminal = self.open("repl")
+        terminal.type("(* 11 11)\n")
+        terminal.wait_for_prompt(r"\n121\n")
+        terminal.type("\x1b[A\n")
+        terminal.wait_for_prompt(r"\n121\n")
+        self.leave(terminal)
+
     @unittest.skipIf(WINDOWS, "the console keeps the history, as long as it is open")
     def test_the_history_outlives_the_session(self):
         terminal = self.open("repl")

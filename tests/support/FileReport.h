@@ -20,9 +20,9 @@ public:
     // Waits until the child has written it.
     QStringList lines() const
     {
-        wait([this] { return QFile::exists(m_path); });
         QFile file(m_path);
-        if (!file.open(QIODevice::ReadOnly))
+        // On Windows it is there a moment before it may be read.
+        if (!wait([&file] { return file.exists() && file.open(QIODevice::ReadOnly); }))
             return {QStringLiteral("no report")};
         QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
         lines.removeLast();

@@ -14,7 +14,7 @@ export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
 export LC_ALL=C.UTF-8 # file names and arguments reach Windows through this
 
-complete=$WINEPREFIX/.complete-2 # the number changes with what make_prefix does
+complete=$WINEPREFIX/.complete-3 # the number changes with what make_prefix does
 
 make_prefix() {
     mkdir -p "$WINEPREFIX"
@@ -26,8 +26,15 @@ make_prefix() {
     # Without a display the system's message boxes are there all the same, on a screen that nobody sees.
     env -u DISPLAY "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d x11,null /f >>"$WINEPREFIX.log" 2>&1 9>&-
     env -u DISPLAY /usr/lib/wine/wineserver -w 9>&-
+    # Wine looks for the names of drives on the disks themselves, and complains about each that it may not read.
+    ln -sfn /dev/null "$WINEPREFIX/dosdevices/c::"
+    ln -sfn /dev/null "$WINEPREFIX/dosdevices/z::"
     touch "$complete"
 }
 
 [ -f "$complete" ] || (make_prefix)
+# The server's pipes would become the standard streams that are closed, and what the program prints requests to the server.
+for stream in 0 1 2; do
+    [ -e "/dev/fd/$stream" ] || eval "exec $stream</dev/null"
+done
 exec "$wine" "$@"
