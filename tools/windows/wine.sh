@@ -32,7 +32,16 @@ make_prefix() {
     touch "$complete"
 }
 
+# The server that opens files for all programs. It stays for a while when they have ended, because its start takes
+# seconds, and root's is bound by permissions like everybody's.
+start_server() {
+    local bound=()
+    [ "$(id -u)" -ne 0 ] || bound=(setpriv --bounding-set=-dac_override,-dac_read_search)
+    "${bound[@]}" /usr/lib/wine/wineserver -p20 <&- >/dev/null 2>&1 || true # there is one already
+}
+
 [ -f "$complete" ] || (make_prefix)
+start_server
 # The server's pipes would become the standard streams that are closed, and what the program prints requests to the server.
 for stream in 0 1 2; do
     [ -e "/dev/fd/$stream" ] || eval "exec $stream</dev/null"
