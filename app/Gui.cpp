@@ -1,6 +1,7 @@
 #include "app/Gui.h"
 
 #include "app/Modules.h"
+#include "app/Plotter.h"
 #include "host/kernel/Host.h"
 #include "host/ui/gui/CommandRunner.h"
 #include "host/ui/gui/DesktopColors.h"
@@ -24,6 +25,7 @@ int runGui(const Options &options)
 
     const std::unique_ptr<QObject> desktopColors = followDesktopColors(useColorScheme);
     Host host;
+    host.services().plotter = plotToFile;
     WindowInterface interface(host.services());
     Document &document = host.documents().open();
     loadModules(host, options);

@@ -2,6 +2,7 @@
 
 #include "app/Interrupts.h"
 #include "app/Modules.h"
+#include "app/Plotter.h"
 #include "app/sandbox/TimeLimit.h"
 #include "host/drawing/DrawingWriter.h"
 #include "host/interpreter/Printer.h"
@@ -32,6 +33,7 @@ void Session::connectServices(const Options &options)
 {
     HostServices &services = m_host.services();
     services.print = [this](std::u16string_view text) { m_console.write(text); };
+    services.plotter = plotToFile;
     services.warn = [this](const QString &text) {
         m_console.writeError((QStringLiteral("lisphost: ") + text + u'\n').toStdU16String());
     };

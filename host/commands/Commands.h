@@ -55,6 +55,10 @@ Command changeNothing(Context &context); // REGEN, TEXTSCR and the like
 Command drawOrder(Context &context); // DrawOrderCommand.cpp
 Command script(Context &context);    // ScriptCommand.cpp
 
+Command layout(Context &context);     // LayoutCommand.cpp
+Command plot(Context &context);       // PlotCommand.cpp
+Command writeBlock(Context &context); // WriteBlockCommand.cpp
+
 // SpaceCommands.cpp
 Command modelSpace(Context &context); // MSPACE
 Command paperSpace(Context &context); // PSPACE

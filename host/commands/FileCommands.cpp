@@ -1,23 +1,12 @@
 // Saving and opening. Drawings are DXF files; a name with another ending is saved with ".dxf" in its place.
 
 #include "host/commands/Commands.h"
+#include "host/commands/FileNames.h"
 #include "host/drawing/DrawingWriter.h"
-
-#include <QFileInfo>
 
 namespace commands {
 
 namespace {
-
-QString dxfName(const std::u16string &typed)
-{
-    const QString name = QString::fromStdU16String(typed);
-    const QString suffix = QFileInfo(name).suffix().toLower();
-    if (suffix == QStringLiteral("dxf"))
-        return name;
-    const bool isDrawing = suffix == QStringLiteral("dwg") || suffix == QStringLiteral("dwt");
-    return (isDrawing ? name.chopped(suffix.size() + 1) : name) + QStringLiteral(".dxf");
-}
 
 void write(Context &context, const QString &path)
 {
@@ -34,12 +23,8 @@ Task<QString> askPath(Context &context)
         u"Save drawing as" + (now.isEmpty() ? std::u16string() : u" <" + now.toStdU16String() + u">") + u": ";
     const auto name = co_await context.ask().string({prompt, {}, now.isEmpty() ? Enter::Refused : Enter::Allowed});
     const QString path = name.hasValue() ? dxfName(name.value) : now;
-    if (path != now && QFileInfo::exists(path)) {
-        const auto replaces = co_await context.ask().keyword(
-            {u"A drawing with this name already exists. Do you want to replace it? [Yes/No] <N>: ", u"Yes No"});
-        if (!replaces.is(u"Yes"))
-            throw CommandError{u"The drawing was not saved."};
-    }
+    if (path != now)
+        co_await confirmReplacing(context, path);
     co_return path;
 }
 

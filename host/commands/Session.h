@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/Input.h"
+#include "host/commands/PlotJob.h"
 #include "host/drawing/Drawing.h"
 
 #include <optional>
@@ -18,6 +19,9 @@ class Session
 public:
     virtual drawing::Drawing &drawing() = 0;
     virtual void openDrawing(const QString &path) = 0; // throws drawing::ReadError; replaces what drawing() gives
+
+    // Draws into a file. False, with a reason, when it cannot be.
+    virtual bool plot(const PlotJob &job, std::u16string &failure) = 0;
 
     virtual std::optional<VariableValue>
     variable(std::u16string_view name) const = 0;                                  // none: there is no such variable

@@ -101,6 +101,9 @@ public:
     // NoRecord when a value cannot be written.
     RecordId add(RecordKind kind, const GroupList &groups, RecordId before);
 
+    // Puts an entity, with its vertices or attributes, before a record of another block or section, or its end mark.
+    void move(RecordId entity, RecordId before);
+
     void erase(RecordId id); // with its vertices or attributes
     void restore(RecordId id);
 

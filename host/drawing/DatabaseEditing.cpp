@@ -217,6 +217,27 @@ RecordId Database::endOf(RecordId start)
     }
 }
 
+void Database::move(RecordId entity, RecordId before)
+{
+    RecordId last = entity;
+    while (record(record(last).next).container == entity)
+        last = record(last).next;
+    const RecordId previous = record(entity).previous, next = record(last).next;
+    if (before == next)
+        return;
+    const RecordId ahead = record(before).previous;
+    for (const RecordId id : {previous, entity, last, next, ahead, before})
+        m_journal.remember(id);
+    std::vector<Record> &records = m_store.records;
+    records[entity].container = containerAt(RecordKind::Entity, known::None, before);
+    records[previous].next = next;
+    records[next].previous = previous;
+    records[ahead].next = entity;
+    records[entity].previous = ahead;
+    records[last].next = before;
+    records[before].previous = last;
+}
+
 void Database::erase(RecordId id)
 {
     setErased(id, true);

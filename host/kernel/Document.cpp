@@ -1,6 +1,7 @@
 #include "host/kernel/Document.h"
 
 #include "host/commands/Picking.h"
+#include "host/drawing/LayoutEditing.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/variables/DrawingVariables.h"
@@ -36,9 +37,7 @@ Document::Document(HostServices &services)
     m_machine.setLineInput(&m_typedLines);
     m_variables.keepInDrawing(
         [this](const VariableRow &row, const VariableValue &value) { keepVariable(drawing(), row, value); });
-    m_variables.compute(
-        u"CVPORT", [this] { return isPaperSpaceCurrent() ? 1 : 2; },
-        [this](const VariableValue &value) { workThroughViewport(std::get<int>(value) > 1); });
+    computeSpace(m_variables, *this);
     m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });
     m_variables.compute(u"DWGPREFIX", [this] { return folderOf(drawing()); });
     prompter().snapper = [this](const LispPoint &near, snap::Modes modes, const LispPoint &from) {
@@ -71,6 +70,26 @@ std::u16string Document::currentLayer() const
 bool Document::isPaperSpaceCurrent() const
 {
     return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0 && !m_isInViewport;
+}
+
+std::u16string Document::currentLayout() const
+{
+    if (std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) != 0)
+        return u"Model";
+    const std::optional<drawing::Layout> active = drawing::activeLayout(m_openDrawing->drawing);
+    return active ? active->name : u"Layout1"; // of a drawing that is too old for layouts
+}
+
+bool Document::showLayout(std::u16string_view name)
+{
+    const bool isModel = drawing::folded(name) == drawing::folded(u"Model");
+    if (!isModel && drawing::folded(name) != drawing::folded(currentLayout())) {
+        const std::optional<drawing::Layout> layout = drawing::findLayout(drawing().database(), name);
+        if (!layout || !drawing::activateLayout(drawing(), *layout))
+            return false;
+    }
+    m_isInViewport = false;
+    return m_variables.set(*findVariable(u"TILEMODE"), isModel ? 1 : 0);
 }
 
 std::optional<LispPoint> Document::snapped(const LispPoint &near, snap::Modes modes, const LispPoint &from)

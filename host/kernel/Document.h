@@ -38,6 +38,8 @@ public:
     void readVariables(); // those that the drawing keeps, after it has changed otherwise than by setvar
     std::u16string currentLayer() const;
     bool isPaperSpaceCurrent() const;
+    std::u16string currentLayout() const;      // "Model", or its name
+    bool showLayout(std::u16string_view name); // false: there is no such layout
     // While a layout is shown (TILEMODE 0): whether its paper is worked on, or the model through a viewport.
     void workThroughViewport(bool isThrough) { m_isInViewport = isThrough; }
     // The place of an entity that a point near it means, in the user's coordinates; perpendiculars begin at `from`.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/commands/PlotJob.h"
+#include "host/drawing/Drawing.h"
 #include "host/interpreter/Machine.h"
 #include "host/kernel/input/AnswersFile.h"
 #include "host/kernel/input/ScriptedInput.h"
@@ -33,5 +35,11 @@ struct HostServices
     UserInterface *userInterface = &noWindows; // never null, not owned
     NoDrawingOverlay noOverlay;
     DrawingOverlay *overlay = &noOverlay; // never null, not owned
+    // Draws a drawing into a file; false, with a reason, when it cannot. This one never can.
+    using Plotter = std::function<bool(const drawing::Drawing &, const commands::PlotJob &, std::u16string &failure)>;
+    Plotter plotter = [](const drawing::Drawing &, const commands::PlotJob &, std::u16string &failure) {
+        failure = u"There is nothing here to plot with.";
+        return false;
+    };
     ProgressMeter progressMeter{*this};
 };

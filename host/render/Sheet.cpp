@@ -4,7 +4,6 @@
 #include "host/drawing/HeaderVariables.h"
 #include "host/drawing/TextCodec.h"
 #include "host/render/DisplayListBuilder.h"
-#include "host/render/PageSetup.h"
 #include "host/render/Spaces.h"
 #include "host/render/Viewports.h"
 #include "host/render/VisibleBounds.h"
@@ -39,6 +38,7 @@ struct Fit
     QSizeF size;
     double scale = 1;
     Matrix toPage;
+    QRectF shown; // on the page; empty: all of it
 };
 
 // What the bounds hold, as large as fits on a page that is made for it.
@@ -80,6 +80,14 @@ Sheet::Part part(const drawing::Drawing &drawing, AppearanceResolver &appearance
     return result;
 }
 
+// So that the area is as large as it can be; a line has no height or no width.
+double fittingScale(const QRectF &area, const QRectF &room)
+{
+    const double across = area.width() > 0 ? room.width() / area.width() : INFINITY;
+    const double up = area.height() > 0 ? room.height() / area.height() : INFINITY;
+    return std::isfinite(std::min(across, up)) ? std::min(across, up) : 1;
+}
+
 // Where the layout lies on its paper.
 Fit fitOf(const PageSetup &setup, const drawing::Drawing &drawing, AppearanceResolver &appearances,
           const std::vector<RecordId> &entities)
@@ -87,7 +95,9 @@ Fit fitOf(const PageSetup &setup, const drawing::Drawing &drawing, AppearanceRes
     const bool hasWindow = setup.area == PageSetup::Area::Window && !setup.window.isEmpty();
     if (setup.paper.isEmpty())
         return fitTo(hasWindow ? setup.window : boundsOf(drawing, appearances, entities));
-    Fit fit{setup.paper, setup.scale, {}};
+    Fit fit;
+    fit.size = setup.paper;
+    fit.scale = setup.scale;
     const QRectF printable =
         pageOf(setup.paper)
             .adjusted(setup.margins.left(), setup.margins.bottom(), -setup.margins.right(), -setup.margins.top());
@@ -99,9 +109,13 @@ Fit fitOf(const PageSetup &setup, const drawing::Drawing &drawing, AppearanceRes
     }
     const QRectF area = hasWindow ? setup.window : boundsOf(drawing, appearances, entities);
     if (!(fit.scale > 0))
-        fit.scale = area.isEmpty() ? 1 : std::min(printable.width() / area.width(), printable.height() / area.height());
+        fit.scale = fittingScale(area, printable);
     fit.toPage = setup.isCentred ? pageMatrix(fit.scale, area.center(), printable.center())
                                  : pageMatrix(fit.scale, area.topLeft(), corner);
+    if (hasWindow) {
+        const geometry::Vector lower = fit.toPage.place({area.left(), area.top(), 0});
+        fit.shown = QRectF(lower.x, lower.y, area.width() * fit.scale, area.height() * fit.scale);
+    }
     return fit;
 }
 
@@ -131,7 +145,8 @@ Sheet paperSheet(const drawing::Drawing &drawing, const PageSetup &setup, const 
     for (const RecordId entity : entities)
         if (const auto viewport = viewportOf(drawing, entity))
             addViewport(drawing, *viewport, fit, appearances, sheet);
-    const Projection projection{fit.toPage, fit.scale, Tolerance, pageOf(fit.size)};
+    const QRectF page = fit.shown.isEmpty() ? pageOf(fit.size) : fit.shown & pageOf(fit.size);
+    const Projection projection{fit.toPage, fit.scale, Tolerance, page};
     sheet.parts.push_back(part(drawing, appearances, projection, entities));
     return sheet;
 }
@@ -163,6 +178,17 @@ Sheet currentSheet(const drawing::Drawing &drawing)
         if (layout.blockRecord != drawing::NoRecord && layout.blockRecord == active)
             return layoutSheet(drawing, layout);
     return paperSheet(drawing, {}, activePaperEntities(drawing));
+}
+
+std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name, const PageSetup &setup)
+{
+    const std::u16string wanted = drawing::folded(name);
+    if (wanted == drawing::folded(u"Model"))
+        return paperSheet(drawing, setup, modelEntities(drawing));
+    for (const drawing::Layout &layout : drawing::layouts(drawing.database()))
+        if (drawing::folded(layout.name) == wanted)
+            return paperSheet(drawing, setup, paperEntities(drawing, layout));
+    return std::nullopt;
 }
 
 std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name)

@@ -3,6 +3,7 @@
 #include "host/drawing/Drawing.h"
 #include "host/drawing/Layouts.h"
 #include "host/render/DisplayList.h"
+#include "host/render/PageSetup.h"
 
 #include <QPolygonF>
 #include <QSizeF>
@@ -34,5 +35,7 @@ Sheet layoutSheet(const drawing::Drawing &drawing, const drawing::Layout &layout
 Sheet currentSheet(const drawing::Drawing &drawing);
 // The sheet of the layout with this name, or of the model by "Model"; none when there is no such layout.
 std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name);
+// The same on another paper.
+std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name, const PageSetup &setup);
 
 } // namespace render

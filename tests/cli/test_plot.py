@@ -46,6 +46,29 @@ class Plot(LispHostTest):
     def test_file_that_cannot_be_written_is_told(self):
         self.assert_fails(self.lisphost("--plot", "missing/plot.png", "eval", "1"), 3, "missing/plot.png")
 
+    def plot_command(self, *answers):
+        program = "(command %s)" % " ".join(answers)
+        return self.lisphost("--drawing", self.write("line.dxf", LINE), "eval", program)
+
+    def test_a_program_plots_a_window_in_its_scale(self):
+        outcome = self.plot_command('"_.-plot" "_y" "Model" "SVG" "A4" "_m" "_l" "_n" "_w" \'(0 0) \'(100 100) "1:2"',
+                                    '"5,7" "_y" "" "_y" "" "window.svg" "_n" "_y"')
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        picture = (self.folder / "window.svg").read_text()
+        self.assertIn('width="297mm" height="210mm"', picture)
+        # From 5,7 on, half as large, and cut where the window ends.
+        self.assertIn("M5 203L55 203L55 153L5 153", picture)
+        self.assertIn("M5 203L105 153", picture)
+
+    def test_a_program_plots_a_layout(self):
+        outcome = self.lisphost("eval", '(command "_.-plot" "_n" "Layout1" "" "PDF" "layout" "_n" "_y")')
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        self.assertEqual((self.folder / "layout.pdf").read_bytes()[:5], b"%PDF-")
+
+    def test_a_plot_that_cannot_be_written_is_told_to_the_program(self):
+        outcome = self.plot_command('"_.-plot" "_n" "" "" "PNG" "missing/plot" "_n" "_y"')
+        self.assertIn("missing/plot.png", outcome.output)
+
     def test_nothing_is_drawn_when_the_program_failed(self):
         outcome = self.lisphost("--plot", "plot.png", "eval", "(car 1)")
         self.assertEqual(outcome.status, 1)

@@ -1,5 +1,6 @@
 #include "host/drawing/selection/Candidates.h"
 
+#include "host/drawing/Blocks.h"
 #include "host/drawing/LayerState.h"
 
 using drawing::Database;
@@ -26,19 +27,23 @@ bool isInvisible(const Database &database, RecordId entity)
     return value && *value != 0;
 }
 
+void addFrom(const Database &database, RecordId container, std::vector<RecordId> &entities)
+{
+    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id)) {
+        const Record &record = database.record(id);
+        if (!record.isGone() && !database.isPart(id) && record.kind == drawing::RecordKind::Entity)
+            entities.push_back(id);
+    }
+}
+
 } // namespace
 
 std::vector<RecordId> allEntities(const Drawing &drawing)
 {
     const Database &database = drawing.database();
     std::vector<RecordId> entities;
-    const RecordId section = database.section(drawing::known::Entities);
-    for (RecordId id = section != NoRecord ? database.firstIn(section) : NoRecord; id != NoRecord;
-         id = database.nextIn(id)) {
-        const Record &record = database.record(id);
-        if (!record.isGone() && !database.isPart(id) && record.kind == drawing::RecordKind::Entity)
-            entities.push_back(id);
-    }
+    if (const RecordId section = database.section(drawing::known::Entities); section != NoRecord)
+        addFrom(database, section, entities);
     return entities;
 }
 
@@ -49,6 +54,35 @@ std::vector<RecordId> thawedEntities(const Drawing &drawing, Space space)
     std::erase_if(entities, [&](RecordId id) {
         return !isInSpace(drawing.database().record(id), space) || layers.of(id).isFrozen;
     });
+    return entities;
+}
+
+std::vector<RecordId> entitiesOn(const Drawing &drawing, const drawing::Layout &layout)
+{
+    std::vector<RecordId> entities;
+    if (layout.blockRecord == NoRecord)
+        return entities;
+    const Database &database = drawing.database();
+    const RecordId block = drawing.tables().find(drawing::known::Block, database.name(layout.blockRecord));
+    if (block != NoRecord)
+        addFrom(database, block, entities);
+    if (drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace) == layout.blockRecord)
+        for (const RecordId entity : allEntities(drawing))
+            if (isInSpace(database.record(entity), Space::Paper))
+                entities.push_back(entity);
+    return entities;
+}
+
+std::vector<RecordId> entitiesOfAllLayouts(const Drawing &drawing)
+{
+    const RecordId active = drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace);
+    std::vector<RecordId> entities = allEntities(drawing);
+    for (const drawing::Layout &layout : drawing::layouts(drawing.database())) {
+        if (layout.blockRecord == active)
+            continue;
+        const std::vector<RecordId> more = entitiesOn(drawing, layout);
+        entities.insert(entities.end(), more.begin(), more.end());
+    }
     return entities;
 }
 

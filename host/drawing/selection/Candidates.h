@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/Drawing.h"
+#include "host/drawing/Layouts.h"
 
 #include <vector>
 
@@ -9,6 +10,11 @@ namespace selection {
 
 // Entities of model and paper space, in the drawing's order, without vertices, attributes and erased ones.
 std::vector<drawing::RecordId> allEntities(const drawing::Drawing &drawing);
+
+// Those of one sheet.
+std::vector<drawing::RecordId> entitiesOn(const drawing::Drawing &drawing, const drawing::Layout &layout);
+// With those of the layouts that are not current, which stand in blocks of their own.
+std::vector<drawing::RecordId> entitiesOfAllLayouts(const drawing::Drawing &drawing);
 
 enum class Space { Model, Paper };
 

@@ -93,7 +93,7 @@ private:
         using Kind = SelectionMode::Kind;
         switch (m_mode.kind()) {
         case Kind::Everything:
-            return newestFirst(selection::allEntities(m_document.drawing()));
+            return newestFirst(selection::entitiesOfAllLayouts(m_document.drawing()));
         case Kind::AllVisible:
             return visible();
         case Kind::Last:

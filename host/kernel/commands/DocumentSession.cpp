@@ -82,6 +82,11 @@ void DocumentSession::openDrawing(const QString &path)
     m_document.open(path);
 }
 
+bool DocumentSession::plot(const commands::PlotJob &job, std::u16string &failure)
+{
+    return m_document.services().plotter(m_document.drawing(), job, failure);
+}
+
 std::optional<commands::VariableValue> DocumentSession::variable(std::u16string_view name) const
 {
     const VariableRow *row = findVariable(name);

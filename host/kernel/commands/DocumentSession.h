@@ -12,6 +12,7 @@ public:
 
     drawing::Drawing &drawing() override;
     void openDrawing(const QString &path) override;
+    bool plot(const commands::PlotJob &job, std::u16string &failure) override;
     std::optional<commands::VariableValue> variable(std::u16string_view name) const override;
     void assign(std::u16string_view name, const commands::VariableValue &value) override;
     bool set(std::u16string_view name, const commands::VariableValue &value) override;

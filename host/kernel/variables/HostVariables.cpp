@@ -79,6 +79,21 @@ void computeEnvironment(SystemVariables &variables)
     variables.compute(u"TEMPPREFIX", [] { return folderName(QDir::tempPath()); });
 }
 
+void computeSpace(SystemVariables &variables, Document &document)
+{
+    const auto showLayout = [&document](const VariableValue &value) {
+        return document.showLayout(std::get<std::u16string>(value));
+    };
+    const auto useViewport = [&document](const VariableValue &value) {
+        document.workThroughViewport(std::get<int>(value) > 1);
+        return true;
+    };
+    variables.compute(
+        u"CTAB", [&document] { return document.currentLayout(); }, showLayout);
+    variables.compute(
+        u"CVPORT", [&document] { return document.isPaperSpaceCurrent() ? 1 : 2; }, useViewport);
+}
+
 void computeCommandLine(SystemVariables &variables, Document &document)
 {
     const auto undoControl = [&document] {

@@ -85,10 +85,8 @@ bool SystemVariables::store(const VariableRow &variable, const VariableValue &va
     const auto source = m_sources.find(&variable);
     if (source == m_sources.end())
         m_values[&variable] = value;
-    else if (source->second.write)
-        source->second.write(value);
     else
-        return false;
+        return source->second.write && source->second.write(value);
     return true;
 }
 
@@ -98,8 +96,7 @@ void SystemVariables::load(const VariableRow &variable, const VariableValue &val
         store(variable, value);
 }
 
-void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read,
-                              std::function<void(const VariableValue &)> write)
+void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read, Write write)
 {
     m_sources[&rowOf(name)] = {std::move(read), std::move(write)};
 }
@@ -117,7 +114,10 @@ template <class Place> void SystemVariables::bindPlace(std::u16string_view name,
     const VariableRow &row = rowOf(name);
     place = static_cast<Place>(std::get<Kind>(initialValue(row)));
     m_sources[&row] = {[&place]() -> VariableValue { return static_cast<Kind>(place); },
-                       [&place](const VariableValue &value) { place = static_cast<Place>(std::get<Kind>(value)); }};
+                       [&place](const VariableValue &value) {
+                           place = static_cast<Place>(std::get<Kind>(value));
+                           return true;
+                       }};
 }
 
 void SystemVariables::bind(std::u16string_view name, int &place)

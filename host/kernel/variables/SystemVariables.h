@@ -24,9 +24,10 @@ public:
     // False when the variable is read-only, the value is of another kind or out of range. An integer will do for a
     // real.
     bool set(const VariableRow &variable, const VariableValue &value);
-    // What the host itself knows better: the variable is what `read` gives, and cannot be set without `write`.
-    void compute(std::u16string_view name, std::function<VariableValue()> read,
-                 std::function<void(const VariableValue &)> write = nullptr);
+    // What the host itself knows better: the variable is what `read` gives. Without `write` it cannot be set, nor when
+    // that gives false.
+    using Write = std::function<bool(const VariableValue &)>;
+    void compute(std::u16string_view name, std::function<VariableValue()> read, Write write = nullptr);
     // For the host: changes read-only variables, too. The value has to be of the variable's kind.
     void assign(std::u16string_view name, VariableValue value);
     // What a drawing has: range and access do not count, a value of another kind is passed over.
@@ -46,7 +47,7 @@ private:
     struct Source
     {
         std::function<VariableValue()> read;
-        std::function<void(const VariableValue &)> write; // none: read-only
+        Write write; // none: read-only
     };
     bool store(const VariableRow &variable, const VariableValue &value); // false: it cannot be written
     template <class Place> void bindPlace(std::u16string_view name, Place &place);

@@ -1,0 +1,27 @@
+#include "host/commands/FileNames.h"
+
+#include <QFileInfo>
+
+namespace commands {
+
+QString dxfName(const std::u16string &typed)
+{
+    const QString name = QString::fromStdU16String(typed);
+    const QString suffix = QFileInfo(name).suffix().toLower();
+    if (suffix == QStringLiteral("dxf"))
+        return name;
+    const bool isDrawing = suffix == QStringLiteral("dwg") || suffix == QStringLiteral("dwt");
+    return (isDrawing ? name.chopped(suffix.size() + 1) : name) + QStringLiteral(".dxf");
+}
+
+Command confirmReplacing(Context &context, const QString path)
+{
+    if (!QFileInfo::exists(path))
+        co_return;
+    const auto replaces = co_await context.ask().keyword(
+        {u"A drawing with this name already exists. Do you want to replace it? [Yes/No] <N>: ", u"Yes No"});
+    if (!replaces.is(u"Yes"))
+        throw CommandError{u"The drawing was not saved."};
+}
+
+} // namespace commands

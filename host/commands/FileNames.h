@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/commands/Context.h"
+
+#include <QString>
+
+namespace commands {
+
+// Drawings are DXF files: a name with another ending, or none, has ".dxf" in its place.
+QString dxfName(const std::u16string &typed);
+
+// Where a file is there already, asks whether it shall be replaced. Throws CommandError when not.
+Command confirmReplacing(Context &context, const QString path);
+
+} // namespace commands
