@@ -31,10 +31,9 @@ int runGui(const Options &options)
     loadModules(host, options);
 
     CommandRunner runner(interface, document);
-    DrawingFiles files(interface.window(), document);
-    QObject::connect(&runner, &CommandRunner::ended, &files, &DrawingFiles::showTitle);
-    const InteractiveDrawing drawing(interface, runner, files, document);
-    const DrawingPanels panels(interface.window(), runner, files, document);
+    DrawingFiles files(interface.window(), runner, document);
+    const InteractiveDrawing drawing(interface, runner, document);
+    const DrawingPanels panels(interface.window(), runner, document);
     QObject::connect(&drawing, &InteractiveDrawing::selectionChanged, &panels, &DrawingPanels::refresh);
     interface.window().show();
     // When the event loop runs: programs may ask for input.

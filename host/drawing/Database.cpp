@@ -17,9 +17,10 @@ namespace {
 }
 
 // Into memory of its own: a file that is replaced or shortened while the drawing is open does no harm.
-QByteArray contentOf(const QString &path)
+QByteArray contentOf(const QString &path, const ReadWatch &watch)
 {
     constexpr qint64 MostBytes = qint64{8} << 30; // record numbers have 32 bits, the shortest record some bytes
+    constexpr qint64 WatchedBytes = 8 << 20;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         fail(file, file.errorString());
@@ -35,7 +36,9 @@ QByteArray contentOf(const QString &path)
             length += rest.size();
             break;
         }
-        more = file.read(bytes.data() + length, bytes.size() - length);
+        if (watch)
+            watch(0);
+        more = file.read(bytes.data() + length, std::min(bytes.size() - length, WatchedBytes));
         if (more < 0)
             fail(file, file.errorString());
     }
@@ -47,7 +50,7 @@ QByteArray contentOf(const QString &path)
 
 std::unique_ptr<Database> Database::read(const QString &path, const ReadWatch &watch)
 {
-    return std::make_unique<Database>(contentOf(path), watch);
+    return std::make_unique<Database>(contentOf(path, watch), watch);
 }
 
 Database::Database(QByteArray bytes, const ReadWatch &watch)
@@ -64,7 +67,7 @@ Database::Database(QByteArray bytes, const ReadWatch &watch)
     for (const RecordId id : m_named)
         m_namings.push_back({id, record(id).name});
     readHeader();
-    giveHandles();
+    giveHandles(watch);
 }
 
 void Database::readHeader()
@@ -83,7 +86,7 @@ void Database::readHeader()
 }
 
 // Handles of records that have none follow those of the file, so that these stay what they are.
-void Database::giveHandles()
+void Database::giveHandles(const ReadWatch &watch)
 {
     const auto isHandled = [](const Record &record) {
         return record.kind == RecordKind::Entity || record.kind == RecordKind::TableRecord ||
@@ -93,6 +96,8 @@ void Database::giveHandles()
     std::uint64_t last = 0;
     std::vector<RecordId> without;
     for (RecordId id = 1; id < m_fileRecords; ++id) {
+        if (watch && id % WatchedRecords == 0)
+            watch(1);
         Record &record = m_store.records[id];
         if (record.handle == 0 && isHandled(record))
             without.push_back(id);

@@ -117,7 +117,7 @@ private:
         return id != NoRecord && !isOutside ? id : NoRecord;
     }
     void readHeader();
-    void giveHandles();
+    void giveHandles(const ReadWatch &watch);
     void takeFields(RecordId id);
     RecordId insert(Record record, std::string bytes, RecordId before);
     RecordId lastRecord() const;

@@ -9,8 +9,6 @@ namespace drawing {
 
 namespace {
 
-constexpr RecordId WatchedRecords = 1 << 15; // some milliseconds' work
-
 // Goes through the groups once and cuts them into records.
 class Indexer
 {

@@ -133,6 +133,9 @@ public:
     // interrupts since they were cleared. Async-signal-safe.
     int interrupt() { return m_interrupts.fetch_add(1, std::memory_order_relaxed) + 1; }
     void clearInterrupts();
+    // Whether that failure is still to come; what takes long asks, gives up, and lets it come.
+    bool isInterrupted() const { return m_interrupts.load(std::memory_order_relaxed) > m_interruptsRaised; }
+    void raiseInterrupt(); // lets it come now; nothing without one
     // Fails the program after about this many calls and loop turns; 0: no limit.
     void setStepLimit(std::uint64_t steps);
 
@@ -208,7 +211,6 @@ private:
     void markLambdas(Marker &marker);
     void definePrimitives();
     void safePoint();
-    void raiseInterrupt();
     void noteError(LispError &error);
     template <class Work, class Place> auto withPlace(Work work, Place place);
     void callErrorHandler(LispError &error);

@@ -6,6 +6,7 @@
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/variables/DrawingVariables.h"
 #include "host/kernel/variables/HostVariables.h"
+#include "host/kernel/windows/ReadingProgress.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -49,9 +50,10 @@ Document::Document(HostServices &services)
 
 Document::~Document() = default;
 
-void Document::open(const QString &path, const drawing::ReadWatch &watch)
+void Document::open(const QString &path)
 {
-    m_openDrawing = std::make_unique<OpenDrawing>(path, watch);
+    ReadingProgress progress(*m_services.userInterface, m_machine, path);
+    m_openDrawing = std::make_unique<OpenDrawing>(path, [&progress](double share) { progress.show(share); });
     m_session.forgetSelections();
     m_isInViewport = false;
     readVariables();

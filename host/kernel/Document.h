@@ -33,8 +33,8 @@ public:
     // Empty at first. Entity names and selection sets of a drawing that is replaced lead nowhere.
     drawing::Drawing &drawing() { return m_openDrawing->drawing; }
     OpenDrawing &openDrawing() { return *m_openDrawing; }
-    // Throws drawing::ReadError, and what the watch throws, and keeps the drawing that it has.
-    void open(const QString &path, const drawing::ReadWatch &watch = {});
+    // Throws drawing::ReadError, also when the machine is interrupted meanwhile, and keeps the drawing that it has.
+    void open(const QString &path);
     void readVariables(); // those that the drawing keeps, after it has changed otherwise than by setvar
     std::u16string currentLayer() const;
     bool isPaperSpaceCurrent() const;

@@ -18,6 +18,7 @@ namespace {
 
 constexpr double StepsAcross = 20000; // curves are finer than the pixels of a screen that shows all
 constexpr std::size_t SampleSize = 2000;
+constexpr std::size_t WatchedEntities = 1000; // between two times
 
 // Of some entities all over the drawing: how large it is, about.
 QRectF sampledBounds(const drawing::Drawing &drawing, AppearanceResolver &appearances,
@@ -44,9 +45,9 @@ DeviceView movedTo(const QRect &rectangle, DeviceView view)
 
 } // namespace
 
-void Scene::add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre)
+void Scene::add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre, const MakingWatch &watch)
 {
-    SceneIndex index(list, unitsPerMillimetre);
+    SceneIndex index(list, unitsPerMillimetre, watch);
     m_bounds |= list.bounds();
     m_parts.push_back({std::move(list), std::move(index), outline});
 }
@@ -60,7 +61,8 @@ Projection Scene::projection() const
 }
 
 Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface, const std::vector<RecordId> &entities,
-                        const QRectF &window, double tolerance, const geometry::Matrix &transform)
+                        const QRectF &window, double tolerance, const geometry::Matrix &transform,
+                        const MakingWatch &watch)
 {
     Scene scene;
     scene.m_tolerance = tolerance;
@@ -70,11 +72,14 @@ Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface,
     projection.toPage = transform;
     DisplayList list(window.center());
     DisplayListBuilder builder(drawing, appearances, projection, list);
-    for (const RecordId entity : entities)
-        builder.add(entity);
+    for (std::size_t i = 0; i < entities.size(); ++i) {
+        if (watch && i % WatchedEntities == 0)
+            watch();
+        builder.add(entities[i]);
+    }
     scene.m_firstItems = list.items().size();
     scene.m_isInOrderOfRecords = std::is_sorted(entities.begin(), entities.end());
-    scene.add(std::move(list), {}, 0);
+    scene.add(std::move(list), {}, 0, watch);
     return scene;
 }
 
@@ -136,13 +141,13 @@ bool Scene::replace(const drawing::Drawing &drawing, const Surface &surface, con
     return roomFor(m_window).contains(m_bounds);
 }
 
-Scene Scene::ofModel(const drawing::Drawing &drawing, const Surface &surface)
+Scene Scene::ofModel(const drawing::Drawing &drawing, const Surface &surface, const MakingWatch &watch)
 {
     AppearanceResolver appearances(drawing, surface);
     const std::vector<RecordId> entities = modelEntities(drawing);
     const QRectF window = sampledBounds(drawing, appearances, entities);
     const double size = std::max(window.width(), window.height());
-    return ofEntities(drawing, surface, entities, window, size > 0 ? size / StepsAcross : 1 / StepsAcross);
+    return ofEntities(drawing, surface, entities, window, size > 0 ? size / StepsAcross : 1 / StepsAcross, {}, watch);
 }
 
 Scene Scene::ofLayout(const drawing::Drawing &drawing, const drawing::Layout &layout)

@@ -8,6 +8,7 @@
 
 #include <QPolygonF>
 
+#include <functional>
 #include <optional>
 #include <unordered_map>
 
@@ -15,12 +16,15 @@ namespace render {
 
 struct Projection;
 
+// Called now and then while a large scene is made.
+using MakingWatch = std::function<void()>;
+
 // One space of a drawing as it is shown in a window: made once, drawn many times. The model is in drawing units, a
 // layout in millimetres of its paper.
 class Scene
 {
 public:
-    static Scene ofModel(const drawing::Drawing &drawing, const Surface &surface);
+    static Scene ofModel(const drawing::Drawing &drawing, const Surface &surface, const MakingWatch &watch = {});
     static Scene ofLayout(const drawing::Drawing &drawing, const drawing::Layout &layout);
 
     QRectF bounds() const { return m_bounds; } // null when there is nothing
@@ -42,7 +46,7 @@ public:
     // Some entities of the model with curves as fine as this, around a place, somewhere else than they are.
     static Scene ofEntities(const drawing::Drawing &drawing, const Surface &surface,
                             const std::vector<drawing::RecordId> &entities, const QRectF &window, double tolerance,
-                            const geometry::Matrix &transform = {});
+                            const geometry::Matrix &transform = {}, const MakingWatch &watch = {});
 
 private:
     struct Part
@@ -51,7 +55,7 @@ private:
         SceneIndex index;
         QPolygonF outline; // empty: no clip
     };
-    void add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre);
+    void add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre, const MakingWatch &watch = {});
     void paintParts(const DeviceView &view, QImage &image) const;
     struct Items // their numbers in the model's list
     {

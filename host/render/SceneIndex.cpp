@@ -10,6 +10,7 @@ namespace {
 
 constexpr int MostBlocksInRow = 64;
 constexpr double ItemsInBlock = 2000;
+constexpr std::uint32_t WatchedItems = 1 << 17; // between two times
 constexpr float Far = std::numeric_limits<float>::max();
 constexpr SceneIndex::Box EmptyBox{Far, Far, -Far, -Far};
 
@@ -45,7 +46,7 @@ int cellOf(float value, float low, float high, int size)
 
 } // namespace
 
-SceneIndex::SceneIndex(const DisplayList &list, double unitsPerMillimetre)
+SceneIndex::SceneIndex(const DisplayList &list, double unitsPerMillimetre, const std::function<void()> &watch)
     : m_unitsPerMillimetre(unitsPerMillimetre), m_whole(EmptyBox)
 {
     std::vector<Box> boxes;
@@ -57,7 +58,9 @@ SceneIndex::SceneIndex(const DisplayList &list, double unitsPerMillimetre)
     }
     const double blocks = std::sqrt(static_cast<double>(boxes.size()) / ItemsInBlock);
     m_size = std::clamp(static_cast<int>(blocks), 1, MostBlocksInRow);
-    fillBlocks(list, boxes);
+    if (watch)
+        watch();
+    fillBlocks(list, boxes, watch);
 }
 
 SceneIndex::Box SceneIndex::reachOf(const DisplayList &list, const DisplayItem &item) const
@@ -94,7 +97,7 @@ template <class Function> void SceneIndex::forCells(const Cells &cells, Function
 }
 
 // Counts first, so that no block's entries are ever moved.
-void SceneIndex::fillBlocks(const DisplayList &list, const std::vector<Box> &boxes)
+void SceneIndex::fillBlocks(const DisplayList &list, const std::vector<Box> &boxes, const std::function<void()> &watch)
 {
     const std::size_t count = static_cast<std::size_t>(m_size) * static_cast<std::size_t>(m_size);
     std::vector<std::uint32_t> sizes(count);
@@ -104,6 +107,8 @@ void SceneIndex::fillBlocks(const DisplayList &list, const std::vector<Box> &box
     for (std::size_t cell = 0; cell < count; ++cell)
         m_entries[cell].reserve(sizes[cell]);
     for (std::uint32_t item = 0; item < boxes.size(); ++item) {
+        if (watch && item % WatchedItems == 0)
+            watch();
         const Entry entry = entryOf(list, item, boxes[item]);
         forCells(cellsOf(boxes[item]), [&](std::size_t cell) { m_entries[cell].push_back(entry); });
     }

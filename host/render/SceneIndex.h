@@ -3,6 +3,7 @@
 #include "host/render/DisplayList.h"
 
 #include <algorithm>
+#include <functional>
 #include <span>
 
 namespace render {
@@ -27,7 +28,7 @@ public:
 
     SceneIndex() = default;
     // Lineweights reach beyond the points; `unitsPerMillimetre` is 0 where they are not drawn.
-    SceneIndex(const DisplayList &list, double unitsPerMillimetre);
+    SceneIndex(const DisplayList &list, double unitsPerMillimetre, const std::function<void()> &watch = {});
 
     // For single items that join the list or leave it. The blocks stay as they are, so that this is for few.
     void insert(const DisplayList &list, std::uint32_t item);
@@ -61,7 +62,7 @@ private:
     Cells cellsOf(const Box &box) const;
     template <class Function> void forCells(const Cells &cells, Function function) const;
     Box reachOf(const DisplayList &list, const DisplayItem &item) const;
-    void fillBlocks(const DisplayList &list, const std::vector<Box> &boxes);
+    void fillBlocks(const DisplayList &list, const std::vector<Box> &boxes, const std::function<void()> &watch);
     Box blockBox(int column, int row) const;
 
     double m_unitsPerMillimetre = 0;

@@ -25,7 +25,7 @@ protected:
         takePicture(window(), name);
     }
 
-    DrawingPanels panels{interface.window(), runner, files, document};
+    DrawingPanels panels{interface.window(), runner, document};
 };
 
 } // namespace

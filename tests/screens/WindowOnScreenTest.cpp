@@ -37,8 +37,8 @@ protected:
         QTest::qWait(300);
     }
 
-    DrawingFiles files{interface.window(), document};
-    DrawingPanels panels{interface.window(), runner, files, document};
+    DrawingFiles files{interface.window(), runner, document};
+    DrawingPanels panels{interface.window(), runner, document};
 };
 
 } // namespace

@@ -31,6 +31,7 @@ CommandLine::Result run(Machine &machine, Args arguments)
     const CommandLine::Result result = line.give(inputs);
     if (result == CommandLine::Result::Cancelled)
         lisp::fail(u"Function cancelled");
+    machine.raiseInterrupt(); // a command was stopped that takes long
     return result;
 }
 

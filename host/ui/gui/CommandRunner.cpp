@@ -64,11 +64,12 @@ void CommandRunner::run(const std::function<void()> &action)
             m_interface.writeError(QString::fromStdU16String(text));
         }
     }
+    m_interface.flush();
+    Q_EMIT ended();
     m_interface.programEnded();
     m_interface.startFreshLine();
     m_interface.window().setCommands(commands());
     showPrompt();
-    Q_EMIT ended();
     if (m_isClosing)
         m_interface.window().close();
 }

@@ -18,16 +18,16 @@ public:
     void loadProgram(const QString &path);
     void runCommand(const QString &name);
     void giveAnswers(const QStringList &answers); // a command's name and what it is to be answered
+    // Runs with errors shown and the window told; anything LISP happens in here.
+    void run(const std::function<void()> &action);
 
 Q_SIGNALS:
-    void ended(); // what was run
+    void ended(); // what was run; the window still takes it for running, so that nothing else begins meanwhile
 
 private:
     void runTyped(const QString &text);
     void evaluate(const std::u16string &source);
     bool isIncomplete(const std::u16string &source);
-    // Runs with errors shown and the window told; anything LISP happens in here.
-    void run(const std::function<void()> &action);
     void showPrompt();
     QStringList names() const;
     QStringList commands() const;

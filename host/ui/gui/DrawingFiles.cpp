@@ -2,40 +2,41 @@
 
 #include "host/drawing/DrawingWriter.h"
 #include "host/kernel/Document.h"
+#include "host/ui/gui/CommandRunner.h"
 #include "host/ui/gui/MainWindow.h"
-#include "host/ui/gui/OpeningProgress.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 
-DrawingFiles::DrawingFiles(MainWindow &window, Document &document)
-    : m_window(window), m_document(document), m_savedChangeCount(document.drawing().database().journal().changeCount())
+DrawingFiles::DrawingFiles(MainWindow &window, CommandRunner &runner, Document &document)
+    : m_window(window), m_runner(runner), m_document(document)
 {
+    noteSaved();
     connect(&window, &MainWindow::drawingChosen, this, &DrawingFiles::open);
     connect(&window, &MainWindow::saveChosen, this, &DrawingFiles::save);
     connect(&window, &MainWindow::saveAsChosen, this, &DrawingFiles::saveAs);
+    connect(&runner, &CommandRunner::ended, this, &DrawingFiles::showTitle);
     connect(&window, &MainWindow::closing, this, [this](bool &allowed) { allowed = allowed && mayLoseChanges(); });
     showTitle();
 }
 
 void DrawingFiles::open(const QString &path)
 {
-    if (!mayLoseChanges())
-        return;
+    if (mayLoseChanges())
+        m_runner.run([&] { read(path); }); // the window lives on meanwhile, as while a program runs
+}
+
+void DrawingFiles::read(const QString &path)
+{
     try {
-        OpeningProgress progress(m_window, tr("Opening %1").arg(QFileInfo(path).fileName()));
-        m_document.open(path, [&progress](double share) { progress.show(share); });
+        m_document.open(path);
     } catch (const drawing::ReadError &error) {
         return report(QString::fromUtf8(error.what()));
-    } catch (const OpeningProgress::Cancelled &) {
-        return report(tr("%1 was not opened.").arg(QFileInfo(path).fileName()));
     }
-    m_savedChangeCount = m_document.drawing().database().journal().changeCount();
+    noteSaved();
     m_document.machine().searchFolders().push_back(QFileInfo(path).absolutePath().toStdU16String());
     m_window.addRecentFile(QFileInfo(path).absoluteFilePath());
-    showTitle();
-    Q_EMIT opened();
 }
 
 bool DrawingFiles::save()
@@ -63,15 +64,22 @@ bool DrawingFiles::write(const QString &path)
         return false;
     }
     m_document.drawing().setPath(path);
-    m_savedChangeCount = m_document.drawing().database().journal().changeCount();
+    noteSaved();
     m_window.addRecentFile(QFileInfo(path).absoluteFilePath());
     showTitle();
     return true;
 }
 
-bool DrawingFiles::isModified()
+void DrawingFiles::noteSaved()
 {
-    return m_document.drawing().database().journal().changeCount() != m_savedChangeCount;
+    m_saved = {m_document.drawing().number(), m_document.drawing().database().journal().changeCount()};
+}
+
+bool DrawingFiles::isModified() const
+{
+    const drawing::Drawing &drawing = m_document.drawing();
+    const std::uint64_t saved = drawing.number() == m_saved.first ? m_saved.second : 0;
+    return drawing.database().journal().changeCount() != saved;
 }
 
 bool DrawingFiles::mayLoseChanges()

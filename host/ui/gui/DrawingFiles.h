@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class CommandRunner;
 class Document;
 class MainWindow;
 
@@ -12,24 +13,26 @@ class DrawingFiles final : public QObject
     Q_OBJECT
 
 public:
-    DrawingFiles(MainWindow &window, Document &document);
+    DrawingFiles(MainWindow &window, CommandRunner &runner, Document &document);
 
     void open(const QString &path);
-    bool save();      // false when it was not saved; asks for a name where there is none
-    bool saveAs();    // asks for a name
-    void showTitle(); // after the drawing has changed
-
-Q_SIGNALS:
-    void opened();
+    bool save();   // false when it was not saved; asks for a name where there is none
+    bool saveAs(); // asks for a name
 
 private:
-    bool isModified();
+    void showTitle();
+    void read(const QString &path);
+    void noteSaved();
+    bool isModified() const;
     bool mayLoseChanges(); // asks, and saves when that is wanted
     bool write(const QString &path);
     void report(const QString &failure);
     QString name();
 
     MainWindow &m_window;
+    CommandRunner &m_runner;
     Document &m_document;
-    std::uint64_t m_savedChangeCount = 0; // of the journal, when the file was what the drawing is
+    // The drawing's number, and its journal's count of changes when the file was what the drawing is. Commands may open
+    // another one, which has no changes at first.
+    std::pair<std::uint32_t, std::uint64_t> m_saved;
 };

@@ -1,12 +1,11 @@
 #include "host/ui/gui/DrawingPanels.h"
 
 #include "host/ui/gui/CommandRunner.h"
-#include "host/ui/gui/DrawingFiles.h"
 #include "host/ui/gui/LayerPanel.h"
 #include "host/ui/gui/MainWindow.h"
 #include "host/ui/gui/PropertiesPanel.h"
 
-DrawingPanels::DrawingPanels(MainWindow &window, CommandRunner &runner, DrawingFiles &files, Document &document)
+DrawingPanels::DrawingPanels(MainWindow &window, CommandRunner &runner, Document &document)
     : m_layers(new LayerPanel(document)), m_properties(new PropertiesPanel(document))
 {
     window.addPanel(tr("Layers"), m_layers);
@@ -14,7 +13,6 @@ DrawingPanels::DrawingPanels(MainWindow &window, CommandRunner &runner, DrawingF
     // Later: the command changes the list whose box has just been clicked.
     connect(m_layers, &LayerPanel::commandWanted, &runner, &CommandRunner::giveAnswers, Qt::QueuedConnection);
     connect(&runner, &CommandRunner::ended, this, &DrawingPanels::refresh);
-    connect(&files, &DrawingFiles::opened, this, &DrawingPanels::refresh);
 }
 
 void DrawingPanels::refresh()

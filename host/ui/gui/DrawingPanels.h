@@ -4,19 +4,18 @@
 
 class CommandRunner;
 class Document;
-class DrawingFiles;
 class LayerPanel;
 class MainWindow;
 class PropertiesPanel;
 
 // The panels about a document's drawing in the window: layers, and the data of what is selected. They are read anew
-// when something has run and when another drawing is opened.
+// when something has run.
 class DrawingPanels final : public QObject
 {
     Q_OBJECT
 
 public:
-    DrawingPanels(MainWindow &window, CommandRunner &runner, DrawingFiles &files, Document &document);
+    DrawingPanels(MainWindow &window, CommandRunner &runner, Document &document);
 
     void refresh(); // also for whoever selects by other means
 

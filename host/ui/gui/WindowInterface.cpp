@@ -150,7 +150,8 @@ InputReply WindowInterface::wait(const InputRequest &request)
         connect(&panel, wantsKeys ? &CommandPanel::keyTyped : &CommandPanel::entered, this, accept);
     flush();
     Q_EMIT requestBegan(request);
-    loop.exec();
+    if (!m_reply) // who is quick answers while a large drawing is made ready
+        loop.exec();
     disconnect(typed);
     panel.setKeysWanted(false);
     m_waiting = nullptr;

@@ -21,6 +21,7 @@ double pixelsPerUnit(const DrawingView &view)
 void EntityPicture::show(std::vector<drawing::RecordId> entities, const geometry::Matrix &transform)
 {
     m_entities = std::move(entities);
+    m_drawingNumber = m_source().number();
     m_transform = transform;
     m_scene.reset();
 }
@@ -57,7 +58,7 @@ void EntityPicture::makeImage(const DrawingView &view)
 
 void EntityPicture::paint(QPainter &painter, const DrawingView &view)
 {
-    if (m_entities.empty())
+    if (m_entities.empty() || m_source().number() != m_drawingNumber)
         return;
     const bool isFine = m_scene && m_scene->tolerance() * pixelsPerUnit(view) <= VisibleError;
     if (!isFine || m_color != view.palette().color(QPalette::Highlight).rgb())

@@ -11,7 +11,8 @@ public:
     using Source = std::function<const drawing::Drawing &()>;
     explicit EntityPicture(Source source) : m_source(std::move(source)) {}
 
-    // As a transformation of the world places them; erased ones are passed over. Of very many only the first are shown.
+    // As a transformation of the world places them; erased ones are passed over, and all once another drawing is open.
+    // Of very many only the first are shown.
     void show(std::vector<drawing::RecordId> entities, const geometry::Matrix &transform = {});
     void hide() { show({}); }
     const std::vector<drawing::RecordId> &entities() const { return m_entities; }
@@ -25,6 +26,7 @@ private:
 
     Source m_source;
     std::vector<drawing::RecordId> m_entities;
+    std::uint32_t m_drawingNumber = 0; // of the drawing that they are in
     geometry::Matrix m_transform;
     std::optional<render::Scene> m_scene;
     QRgb m_color = 0; // of the scene

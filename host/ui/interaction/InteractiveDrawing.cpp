@@ -3,13 +3,11 @@
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
 #include "host/ui/gui/CommandRunner.h"
-#include "host/ui/gui/DrawingFiles.h"
 #include "host/ui/gui/WindowInterface.h"
 #include "host/ui/view/DrawingArea.h"
 
-InteractiveDrawing::InteractiveDrawing(WindowInterface &interface, CommandRunner &runner, DrawingFiles &files,
-                                       Document &document)
-    : m_document(document),
+InteractiveDrawing::InteractiveDrawing(WindowInterface &interface, CommandRunner &runner, Document &document)
+    : m_interface(interface), m_document(document),
       m_area(*new DrawingArea([&document]() -> const drawing::Drawing & { return document.drawing(); })),
       m_pictures(m_area.view(), *interface.window().statusBar(),
                  [&document]() -> const drawing::Drawing & { return document.drawing(); }),
@@ -18,9 +16,7 @@ InteractiveDrawing::InteractiveDrawing(WindowInterface &interface, CommandRunner
 {
     interface.window().showDrawing(m_area);
     document.services().overlay = &m_pictures;
-    connect(&files, &DrawingFiles::opened, this, &InteractiveDrawing::showWhatIs);
     connect(&runner, &CommandRunner::ended, this, &InteractiveDrawing::showWhatIs);
-    connect(&files, &DrawingFiles::opened, &m_selection, &ViewSelection::showWhatIs);
     connect(&runner, &CommandRunner::ended, &m_selection, &ViewSelection::showWhatIs);
     connect(&m_selection, &ViewSelection::changed, this, &InteractiveDrawing::selectionChanged);
     connect(&interface, &WindowInterface::requestBegan, this, &InteractiveDrawing::showWhatIs);
@@ -33,6 +29,6 @@ InteractiveDrawing::~InteractiveDrawing()
 
 void InteractiveDrawing::showWhatIs()
 {
-    m_area.refresh();
+    m_area.refresh([this] { m_interface.pulse(); });
     m_variables.showInView();
 }

@@ -6,7 +6,6 @@
 #include "host/ui/interaction/ViewVariables.h"
 
 class CommandRunner;
-class DrawingFiles;
 
 // The drawing in the window as a person works with it: shown as it is, answering requests by clicks, with what is
 // selected in it.
@@ -16,7 +15,7 @@ class InteractiveDrawing final : public QObject
 
 public:
     // The window takes over what is shown.
-    InteractiveDrawing(WindowInterface &interface, CommandRunner &runner, DrawingFiles &files, Document &document);
+    InteractiveDrawing(WindowInterface &interface, CommandRunner &runner, Document &document);
     ~InteractiveDrawing() override;
 
     DrawingArea &area() { return m_area; }
@@ -27,6 +26,7 @@ Q_SIGNALS:
 private:
     void showWhatIs(); // the drawing after a change, in a view that commands may have changed
 
+    WindowInterface &m_interface;
     Document &m_document;
     DrawingArea &m_area;
     OverlayPictures m_pictures;

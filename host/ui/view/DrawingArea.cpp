@@ -42,18 +42,24 @@ bool DrawingArea::isCurrent() const
     return drawing.number() == m_drawingNumber && drawing.database().journal().changeCount() == m_changeCount;
 }
 
+std::optional<std::vector<drawing::RecordId>> DrawingArea::entitiesIn(const QRectF &rectangle, std::size_t most) const
+{
+    const bool isShown = m_source().number() == m_drawingNumber; // else the scene's entities are another drawing's
+    return isShown ? m_scene->entitiesIn(rectangle, most) : std::vector<drawing::RecordId>();
+}
+
 bool DrawingArea::showsModel() const
 {
     return m_tabs->currentIndex() <= ModelTab;
 }
 
-void DrawingArea::refresh()
+void DrawingArea::refresh(const render::MakingWatch &watch)
 {
     if (isCurrent() || replaceChanged())
         return;
     const bool isOther = m_source().number() != m_drawingNumber;
     fillTabs();
-    showTab(isOther ? DrawingView::Place::ShowAll : DrawingView::Place::Keep);
+    showTab(isOther ? DrawingView::Place::ShowAll : DrawingView::Place::Keep, watch);
 }
 
 // A drawing of a million lines is not made anew because of one.
@@ -97,13 +103,24 @@ render::Surface DrawingArea::surface() const
     return {palette().color(QPalette::Base).rgb() & 0xffffff, false};
 }
 
-void DrawingArea::showTab(DrawingView::Place place)
+render::Scene DrawingArea::sceneOfTab(const render::MakingWatch &watch) const
 {
-    const drawing::Drawing &drawing = m_source();
     const int tab = m_tabs->currentIndex();
-    m_scene = std::make_shared<render::Scene>(
-        tab <= ModelTab ? render::Scene::ofModel(drawing, surface())
-                        : render::Scene::ofLayout(drawing, m_layouts[static_cast<std::size_t>(tab - 1)]));
+    return tab <= ModelTab ? render::Scene::ofModel(m_source(), surface(), watch)
+                           : render::Scene::ofLayout(m_source(), m_layouts[static_cast<std::size_t>(tab - 1)]);
+}
+
+// While the watch lets the window live another tab may be chosen, or other colours: then what was made is of no use.
+void DrawingArea::showTab(DrawingView::Place place, const render::MakingWatch &watch)
+{
+    m_isOutdated = true;
+    if (m_isMaking)
+        return;
+    m_isMaking = true;
+    while (std::exchange(m_isOutdated, false))
+        m_scene = std::make_shared<render::Scene>(sceneOfTab(watch));
+    m_isMaking = false;
+    const drawing::Drawing &drawing = m_source();
     m_drawingNumber = drawing.number();
     m_changeCount = drawing.database().journal().changeCount();
     m_view->setScene(m_scene, place);

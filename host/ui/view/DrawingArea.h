@@ -19,20 +19,19 @@ public:
     QTabBar &tabs() { return *m_tabs; }
     bool showsModel() const; // else a layout
     // With something of them in this part of the scene; none when there are more than `most`.
-    std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const
-    {
-        return m_scene->entitiesIn(rectangle, most);
-    }
+    std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const;
 
     // Shows what the drawing is now; nothing when it has not changed. Another drawing is shown as a whole.
-    void refresh();
+    // Large ones take a while, during which the watch is called now and then; it may let the window live on.
+    void refresh(const render::MakingWatch &watch = {});
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
     void fillTabs();
-    void showTab(DrawingView::Place place);
+    void showTab(DrawingView::Place place, const render::MakingWatch &watch = {});
+    render::Scene sceneOfTab(const render::MakingWatch &watch) const;
     std::optional<render::Scene> refined(const QRectF &window, double tolerance);
     render::Surface surface() const;
     bool replaceChanged();  // false: the scene has to be made anew
@@ -45,4 +44,6 @@ private:
     std::shared_ptr<render::Scene> m_scene;
     std::uint32_t m_drawingNumber = 0; // of what is shown
     std::uint64_t m_changeCount = 0;
+    bool m_isMaking = false;   // a scene
+    bool m_isOutdated = false; // what is being made, before it is made
 };

@@ -16,8 +16,6 @@ const QString change = QStringLiteral("(entmake '((0 . \"POINT\") (10 1.0 2.0 0.
 class DrawingFilesTest : public GuiTest
 {
 protected:
-    DrawingFilesTest() { QObject::connect(&runner, &CommandRunner::ended, &files, &DrawingFiles::showTitle); }
-
     // A drawing with that many points.
     QString drawing(const QString &name, int points)
     {
@@ -37,7 +35,7 @@ protected:
     MainWindow &window() { return interface.window(); }
 
     QTemporaryDir m_folder;
-    DrawingFiles files{interface.window(), document};
+    DrawingFiles files{interface.window(), runner, document};
     DialogWatcher person;
 };
 

@@ -56,8 +56,8 @@ protected:
         return rows;
     }
 
-    DrawingFiles files{interface.window(), document};
-    DrawingPanels panels{interface.window(), runner, files, document};
+    DrawingFiles files{interface.window(), runner, document};
+    DrawingPanels panels{interface.window(), runner, document};
     LayerPanel &layers = *interface.window().findChild<LayerPanel *>();
     DialogWatcher person;
 };

@@ -55,6 +55,6 @@ protected:
     bool isHighlighted(double x, double y) { return shows(view().palette().color(QPalette::Highlight), x, y); }
     QImage picture() { return view().grab().toImage(); }
 
-    DrawingFiles files{interface.window(), document};
-    InteractiveDrawing interactive{interface, runner, files, document};
+    DrawingFiles files{interface.window(), runner, document};
+    InteractiveDrawing interactive{interface, runner, document};
 };

@@ -160,7 +160,7 @@ TEST_F(ViewSelectionTest, DeleteInATypedLineIsOfTheLine)
 
 TEST_F(ViewSelectionTest, ThePropertiesAreThoseOfWhatIsSelected)
 {
-    DrawingPanels panels(interface.window(), runner, files, document);
+    DrawingPanels panels(interface.window(), runner, document);
     QObject::connect(&interactive, &InteractiveDrawing::selectionChanged, &panels, &DrawingPanels::refresh);
     click(70, 40);
     const auto *tree =
