@@ -59,6 +59,11 @@ Command layout(Context &context);     // LayoutCommand.cpp
 Command plot(Context &context);       // PlotCommand.cpp
 Command writeBlock(Context &context); // WriteBlockCommand.cpp
 
+Command dimensionStyle(Context &context); // DimensionStyleCommand.cpp
+Command paragraphText(Context &context);  // ParagraphCommand.cpp
+Command viewports(Context &context);      // ViewportCommands.cpp
+Command objectSnap(Context &context);     // VariableCommands.cpp
+
 // SpaceCommands.cpp
 Command modelSpace(Context &context); // MSPACE
 Command paperSpace(Context &context); // PSPACE

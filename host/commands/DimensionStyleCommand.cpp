@@ -142,7 +142,7 @@ Task<RecordId> askStyle(Context &context)
     }
 }
 
-Command save(Context &context)
+Command saveStyle(Context &context)
 {
     const auto name = co_await context.ask().string({u"Enter name for new dimension style: ", {}, Enter::Refused});
     if (!isValidName(name.value))
@@ -164,7 +164,7 @@ Command save(Context &context)
 }
 
 // Dimensions take the current style's name; their pictures stay until they are made anew.
-Command apply(Context &context)
+Command applyStyle(Context &context)
 {
     constexpr int StyleCode = 3;
     for (const RecordId entity : co_await selectObjects(context)) {
@@ -198,9 +198,9 @@ Command dimensionStyle(Context &context)
         {u"Enter a dimension style option [Save/Restore/STatus/Variables/Apply/?] <Restore>: ",
          u"Save Restore STatus Variables Apply ?"});
     if (option.is(u"Save")) {
-        co_await save(context);
+        co_await saveStyle(context);
     } else if (option.is(u"Apply")) {
-        co_await apply(context);
+        co_await applyStyle(context);
     } else if (option.is(u"Variables")) {
         showVariables(context, context.database().groups(co_await askStyle(context)));
     } else if (option.is(u"STatus")) {

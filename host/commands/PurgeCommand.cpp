@@ -3,6 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/TableRecords.h"
 #include "host/commands/Usage.h"
+#include "host/drawing/Dictionaries.h"
 
 #include <QString>
 
@@ -39,8 +40,11 @@ void remove(Context &context, RecordId record)
             database.erase(id);
         if (const RecordId end = database.knownEndOf(record); end != drawing::NoRecord)
             database.erase(end);
-        if (const RecordId owner = findRecord(context, BlockRecord, database.name(record)); owner != drawing::NoRecord)
+        if (const RecordId owner = findRecord(context, BlockRecord, database.name(record));
+            owner != drawing::NoRecord) {
+            drawing::eraseExtensionDictionary(database, owner);
             database.erase(owner);
+        }
     }
     database.erase(record);
 }

@@ -65,6 +65,17 @@ Command changeVariable(Context &context)
     co_await askValue(context, context.name());
 }
 
+// The snaps that hold while a person points: OSMODE.
+Command objectSnap(Context &context)
+{
+    const auto names = co_await context.ask().string({u"Enter list of object snap modes: "});
+    const std::optional<snap::Modes> modes =
+        names.hasValue() ? snap::modesFromText(names.value) : snap::Modes(snap::None);
+    if (!modes)
+        throw CommandError{u"Invalid object snap mode."};
+    context.session().assign(u"OSMODE", static_cast<int>(*modes & ~snap::Suppressed));
+}
+
 Command color(Context &context)
 {
     const std::u16string prompt =

@@ -140,6 +140,17 @@ RecordId ensureExtensionDictionary(Database &database, RecordId id)
     return database.replace(id, groups) ? dictionary : NoRecord;
 }
 
+void eraseExtensionDictionary(Database &database, RecordId id)
+{
+    const RecordId dictionary = extensionDictionary(database, id);
+    if (dictionary == NoRecord)
+        return;
+    for (const DictionaryEntry &entry : dictionaryEntries(database, dictionary))
+        if (const RecordId object = database.find(entry.object); object != NoRecord)
+            database.erase(object);
+    database.erase(dictionary);
+}
+
 void ensureClass(Database &database, const ClassDeclaration &declaration)
 {
     constexpr int ProxyFlagsCode = 90, InstancesCode = 91, WasProxyCode = 280, IsEntityCode = 281;

@@ -34,6 +34,8 @@ RecordId addObject(Database &database, const GroupList &groups);
 RecordId extensionDictionary(const Database &database, RecordId id);
 // Makes one where there is none; NoRecord when it cannot be written.
 RecordId ensureExtensionDictionary(Database &database, RecordId id);
+// With what stands in it; for who erases the record that it belongs to for good.
+void eraseExtensionDictionary(Database &database, RecordId id);
 
 // The declaration in the CLASSES section that a type of objects needs from R2000 on; nothing when it is there.
 struct ClassDeclaration

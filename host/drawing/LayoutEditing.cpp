@@ -226,6 +226,8 @@ bool deleteLayout(Drawing &drawing, const Layout &layout)
     for (RecordId id = database.firstIn(block); id != NoRecord; id = database.nextIn(id))
         database.erase(id);
     removeEntry(database, dictionary, layout.name);
+    eraseExtensionDictionary(database, layout.blockRecord);
+    eraseExtensionDictionary(database, layout.object);
     for (const RecordId id : {database.knownEndOf(block), block, layout.blockRecord, layout.object})
         if (id != NoRecord)
             database.erase(id);

@@ -1,6 +1,7 @@
 // What is left of a curve entity: the parts of its way, written as entities again.
 #include "host/drawing/edit/CurveWay.h"
 
+#include "host/drawing/Dictionaries.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/Transform.h"
 
@@ -139,18 +140,59 @@ bool isExtended(const Group &group)
     return group.code >= groupcode::ExtendedString;
 }
 
-// An entity that is written anew keeps its extended data, and its handle and owner.
+// What a new piece of an entity has of it: its extended data.
+GroupList withExtendedDataOf(const GroupList &old, GroupList groups)
+{
+    if (std::none_of(groups.begin(), groups.end(), isExtended))
+        std::copy_if(old.begin(), old.end(), std::back_inserter(groups), isExtended);
+    return groups;
+}
+
+// An entity that is written anew also keeps its handle and owner, and what stands in braces: the extension dictionary
+// and the reactors.
 GroupList withIdentityOf(const GroupList &old, GroupList groups)
 {
     GroupList identity;
-    for (const Group &group : old)
-        if (group.code == groupcode::Handle || group.code == groupcode::Owner)
-            if (!hasGroup(groups, group.code))
-                identity.push_back(group);
+    bool isInBraces = false;
+    for (const Group &group : old) {
+        const bool isBrace = group.code == groupcode::Braces;
+        const bool isOpening = isBrace && std::get<std::u16string>(group.value).starts_with(u'{');
+        if (isExtended(group))
+            break;
+        const bool isNamed = group.code == groupcode::Handle || group.code == groupcode::Owner;
+        if (isBrace || isInBraces ? !hasGroup(groups, groupcode::Braces) : isNamed && !hasGroup(groups, group.code))
+            identity.push_back(group);
+        isInBraces = isOpening || (isInBraces && !isBrace);
+    }
     groups.insert(groups.begin() + 1, identity.begin(), identity.end());
-    if (std::ranges::none_of(groups, isExtended))
-        std::ranges::copy_if(old, std::back_inserter(groups), isExtended);
-    return groups;
+    return withExtendedDataOf(old, std::move(groups));
+}
+
+// Another entity beside this one, which keeps its extension dictionary and reactors.
+RecordId addPiece(Drawing &drawing, RecordId entity, GroupList groups)
+{
+    const Database &database = drawing.database();
+    return addEntityTo(drawing, withExtendedDataOf(database.groups(entity), groupsForCopy(std::move(groups))),
+                       destinationOf(database, entity));
+}
+
+// The extension dictionary of an entity becomes that of another, which has none.
+void handOverDictionary(Database &database, RecordId from, RecordId to)
+{
+    const RecordId dictionary = extensionDictionary(database, from);
+    if (dictionary == NoRecord || database.record(dictionary).isGone())
+        return;
+    GroupList groups = database.groups(to);
+    const auto handle =
+        std::find_if(groups.begin(), groups.end(), [](const Group &group) { return group.code == groupcode::Handle; });
+    groups.insert(handle == groups.end() ? groups.begin() + 1 : handle + 1,
+                  {{groupcode::Braces, u"{ACAD_XDICTIONARY"},
+                   {groupcode::HardEntry, Handle{database.record(dictionary).handle}},
+                   {groupcode::Braces, u"}"}});
+    database.replace(to, groups);
+    GroupList owned = database.groups(dictionary);
+    setGroup(owned, {groupcode::Owner, Handle{database.record(to).handle}});
+    database.replace(dictionary, owned);
 }
 
 // The entity itself where the type stays, else another one.
@@ -159,9 +201,10 @@ bool become(Drawing &drawing, RecordId entity, GroupList groups)
     Database &database = drawing.database();
     if (textOf(groups, groupcode::Type) == database.type(entity))
         return database.replace(entity, withIdentityOf(database.groups(entity), std::move(groups)));
-    removeGroups(groups, groupcode::Handle);
-    if (addEntityTo(drawing, groups, destinationOf(database, entity)) == NoRecord)
+    const RecordId added = addPiece(drawing, entity, std::move(groups));
+    if (added == NoRecord)
         return false;
+    handOverDictionary(database, entity, added);
     database.erase(entity);
     return true;
 }
@@ -204,11 +247,9 @@ bool keepParts(Drawing &drawing, RecordId entity, const std::vector<WayPart> &pa
         drawing.database().erase(entity);
         return true;
     }
-    for (std::size_t i = 1; i < wanted.size(); ++i) {
-        removeGroups(wanted[i], groupcode::Handle);
-        if (addEntityTo(drawing, wanted[i], destinationOf(drawing.database(), entity)) == NoRecord)
+    for (std::size_t i = 1; i < wanted.size(); ++i)
+        if (addPiece(drawing, entity, wanted[i]) == NoRecord)
             return false;
-    }
     return become(drawing, entity, wanted.front());
 }
 

@@ -95,7 +95,10 @@ void eraseBlock(Drawing &drawing, RecordId block)
     const std::u16string name = database.name(block);
     for (RecordId id = database.firstIn(block); id != NoRecord; id = database.nextIn(id))
         database.erase(id);
-    for (const RecordId id : {database.knownEndOf(block), drawing.tables().find(known::BlockRecord, name), block})
+    const RecordId record = drawing.tables().find(known::BlockRecord, name);
+    if (record != NoRecord)
+        eraseExtensionDictionary(database, record);
+    for (const RecordId id : {database.knownEndOf(block), record, block})
         if (id != NoRecord)
             database.erase(id);
 }

@@ -136,25 +136,6 @@ constexpr TransformSchema lightSchema{u"LWPOLYLINE", lightRows};
 
 constexpr std::int64_t InSpaceFlags = 8 | 16 | 64; // polylines in space and meshes
 
-// A copy has what the original has but its identity.
-GroupList groupsForCopy(GroupList groups)
-{
-    removeGroups(groups, groupcode::Handle);
-    // Reactors and extension dictionaries belong to the original.
-    for (auto begin = groups.begin(); begin != groups.end();) {
-        const auto *text = std::get_if<std::u16string>(&begin->value);
-        if (begin->code != groupcode::Braces || !text || !text->starts_with(u'{')) {
-            ++begin;
-            continue;
-        }
-        auto end = begin + 1;
-        while (end != groups.end() && end->code != groupcode::Braces)
-            ++end;
-        begin = groups.erase(begin, end != groups.end() ? end + 1 : end);
-    }
-    return groups;
-}
-
 std::vector<RecordId> partsOf(const Database &database, RecordId entity)
 {
     std::vector<RecordId> parts;
@@ -209,6 +190,24 @@ void givePicture(Drawing &drawing, RecordId dimension)
 }
 
 } // namespace
+
+GroupList groupsForCopy(GroupList groups)
+{
+    removeGroups(groups, groupcode::Handle);
+    // Reactors and extension dictionaries belong to the original.
+    for (auto begin = groups.begin(); begin != groups.end();) {
+        const auto *text = std::get_if<std::u16string>(&begin->value);
+        if (begin->code != groupcode::Braces || !text || !text->starts_with(u'{')) {
+            ++begin;
+            continue;
+        }
+        auto end = begin + 1;
+        while (end != groups.end() && end->code != groupcode::Braces)
+            ++end;
+        begin = groups.erase(begin, end != groups.end() ? end + 1 : end);
+    }
+    return groups;
+}
 
 std::optional<GroupList> transformed(const GroupList &groups, const Similarity &similarity,
                                      const std::optional<Vector> &extrusion)

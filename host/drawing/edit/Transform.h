@@ -25,6 +25,9 @@ Destination destinationOf(const Database &database, RecordId entity); // where t
 // As addEntity() of EntityMaking.h.
 RecordId addEntityTo(Drawing &drawing, const GroupList &groups, const Destination &where);
 
+// What a copy has of its original: all but the handle, the extension dictionary and the reactors.
+GroupList groupsForCopy(GroupList groups);
+
 // Adds a copy, with its vertices or attributes, and gives it; NoRecord when that cannot be.
 RecordId copyEntity(Drawing &drawing, RecordId entity); // to where the original is
 RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where);

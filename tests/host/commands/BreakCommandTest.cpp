@@ -1,3 +1,4 @@
+#include "host/drawing/Dictionaries.h"
 #include "tests/host/commands/CommandTest.h"
 
 namespace {
@@ -95,6 +96,51 @@ TEST_F(BreakCommand, WhatCannotBeBrokenIsSaid)
 {
     evaluate("(command \"_.point\" \"0,0\") (command \"_.break\" (entlast) \"_f\" '(0 0) '(1 1))");
     EXPECT_EQ(takePrinted(), "\nCannot break that object.\n");
+}
+
+// What programs have attached to the object.
+class BreakingMarkedObjects : public CommandTest
+{
+protected:
+    void mark()
+    {
+        evaluate("(regapp \"MINE\") (setq e (entlast))"
+                 "(entmod (append (entget e) '((-3 (\"MINE\" (1000 . \"mark\"))))))");
+        drawing::ensureExtensionDictionary(database(), last());
+        evaluate("(setq d (cdr (assoc 360 (entget e))))");
+    }
+    std::string marks() // of the entities, with who has the dictionary
+    {
+        return evaluate("(mapcar '(lambda (n) (list (cadr (cadr (assoc -3 (entget n '(\"MINE\")))))"
+                        " (if (assoc 360 (entget n)) (eq d (cdr (assoc 360 (entget n)))))))"
+                        " (vl-remove-if 'listp (mapcar 'cadr (ssnamex (ssget \"_X\")))))");
+    }
+};
+
+TEST_F(BreakingMarkedObjects, APolylineKeepsItsDataAndDictionaryAndItsOtherPieceHasTheData)
+{
+    evaluate("(command \"_.pline\" \"0,0\" \"10,0\" \"20,0\" \"\")");
+    mark();
+    evaluate("(command \"_.break\" e \"_f\" \"4,0\" \"6,0\")");
+    EXPECT_EQ(marks(), "(((1000 . \"mark\") nil) ((1000 . \"mark\") T))");
+}
+
+TEST_F(BreakingMarkedObjects, ALineDoesNotShareItsDictionary)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"\")");
+    mark();
+    evaluate("(command \"_.break\" e \"_f\" \"4,0\" \"6,0\")");
+    EXPECT_EQ(marks(), "(((1000 . \"mark\") nil) ((1000 . \"mark\") T))");
+}
+
+TEST_F(BreakingMarkedObjects, ACircleHandsThemToTheArcThatItBecomes)
+{
+    evaluate("(command \"_.circle\" \"0,0\" 5)");
+    mark();
+    evaluate("(command \"_.break\" e \"_f\" \"5,0\" \"0,5\")");
+    EXPECT_THAT(types(), ElementsAre("ARC"));
+    EXPECT_EQ(marks(), "(((1000 . \"mark\") T))");
+    EXPECT_EQ(evaluate("(eq (entlast) (cdr (assoc 330 (entget d))))"), "T");
 }
 
 } // namespace

@@ -40,4 +40,14 @@ TEST_F(VariableCommands, ColorsByNameNumberAndValues)
     EXPECT_EQ(evaluate("(getvar \"CECOLOR\")"), "\"RGB:10,20,30\"");
 }
 
+TEST_F(VariableCommands, OsnapSetsTheSnapsThatHold)
+{
+    EXPECT_EQ(evaluate("(command \"_.-osnap\" \"_end,_int\") (getvar \"OSMODE\")"), "33");
+    EXPECT_EQ(evaluate("(command \"_.osnap\" \"_non\") (getvar \"OSMODE\")"), "0");
+    EXPECT_EQ(evaluate("(command \"_.osnap\" \"_mid\" \"_.osnap\" \"\") (getvar \"OSMODE\")"), "0");
+    evaluate("(command \"_.osnap\" \"_mid\" \"_.osnap\" \"foo\")");
+    EXPECT_EQ(takePrinted(), "\nInvalid object snap mode.\n");
+    EXPECT_EQ(evaluate("(getvar \"OSMODE\")"), "2");
+}
+
 } // namespace
