@@ -81,18 +81,25 @@ public:
 
     bool holds(const Drawing &drawing, RecordId entity) const override
     {
-        const drawing::Database &database = drawing.database();
-        const NameId name = database.record(entity).*m_name;
-        const auto [known, isNew] = m_known.try_emplace(name, false);
-        if (isNew)
-            known->second = m_pattern.matches(drawing::folded(database.codec().decode(database.names().text(name))));
-        return known->second;
+        const NameId name = drawing.database().record(entity).*m_name;
+        if (name >= m_answers.size())
+            m_answers.resize(name + 1, Answer::Unknown);
+        if (m_answers[name] == Answer::Unknown)
+            m_answers[name] = matches(drawing.database(), name) ? Answer::Yes : Answer::No;
+        return m_answers[name] == Answer::Yes;
     }
 
 private:
+    enum class Answer : std::uint8_t { Unknown, No, Yes };
+
+    bool matches(const drawing::Database &database, NameId name) const
+    {
+        return m_pattern.matches(drawing::folded(database.codec().decode(database.names().text(name))));
+    }
+
     WildcardPattern m_pattern;
     NameId Record::*m_name;
-    mutable std::unordered_map<NameId, bool> m_known;
+    mutable std::vector<Answer> m_answers; // by the name's number
 };
 
 class LayoutCondition final : public Condition
