@@ -6,7 +6,7 @@
 #include "host/commands/NewEntity.h"
 #include "host/commands/Picking.h"
 #include "host/commands/SelectObjects.h"
-#include "host/drawing/edit/Boundary.h"
+#include "host/drawing/edit/CurveNet.h"
 #include "host/drawing/edit/CurveWay.h"
 
 #include <QString>

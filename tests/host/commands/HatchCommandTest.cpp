@@ -35,6 +35,14 @@ TEST_F(HatchCommand, BoundaryFollowsArcs)
     EXPECT_NEAR(lastArea(), std::numbers::pi * 100, 1e-6);
 }
 
+TEST_F(HatchCommand, BoundaryLeavesOutWhatLeadsNowhere)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"10,10\" \"0,10\" \"0,0\" \"-5,-5\" \"-9,-5\" \"-9,-9\" \"\")"
+             "(command \"_.line\" \"0,5\" \"3,5\" \"3,6\" \"\") (command \"_.-boundary\" \"7,5\" \"\")");
+    EXPECT_NEAR(lastArea(), 100, 1e-9);
+    EXPECT_EQ(integerOf(lastGroups(), 90), 5); // the line that leads in cuts a side in two
+}
+
 TEST_F(HatchCommand, BoundaryFindsIslandsUnlessItIsToldNotTo)
 {
     evaluate("(command \"_.rectang\" \"-20,-20\" \"20,20\") (command \"_.circle\" \"5,5\" 2)");

@@ -1,10 +1,12 @@
-#include "host/drawing/edit/Boundary.h"
+#include "host/drawing/edit/CurveNet.h"
 
 #include "host/drawing/geometry/CurveBox.h"
-#include "host/drawing/geometry/Flatten.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <unordered_map>
+#include <utility>
 
 namespace drawing {
 
@@ -12,7 +14,6 @@ using geometry::Box;
 using geometry::Course;
 using geometry::Crossing;
 using geometry::Curve;
-using geometry::EllipticArc;
 using geometry::Line;
 using geometry::Span;
 using geometry::Vector;
@@ -41,6 +42,21 @@ Box boxOf(const Course &course, double margin)
     return box;
 }
 
+// Calls visit(i, j), i < j, for each two boxes that meet.
+template <class Visit> void forMeetingPairs(const std::vector<Box> &boxes, Visit visit)
+{
+    std::vector<std::size_t> fromLeft(boxes.size()), open;
+    std::iota(fromLeft.begin(), fromLeft.end(), 0);
+    std::ranges::sort(fromLeft, {}, [&](std::size_t i) { return boxes[i].minimum.x; });
+    for (const std::size_t next : fromLeft) {
+        std::erase_if(open, [&](std::size_t i) { return boxes[i].maximum.x < boxes[next].minimum.x; });
+        for (const std::size_t other : open)
+            if (mayMeet(boxes[other], boxes[next]))
+                visit(std::min(other, next), std::max(other, next));
+        open.push_back(next);
+    }
+}
+
 // Where each curve is cut by the others, and where the end of another lies on it.
 std::vector<std::vector<double>> cutsOf(const std::vector<Course> &curves, double gap)
 {
@@ -54,42 +70,79 @@ std::vector<std::vector<double>> cutsOf(const std::vector<Course> &curves, doubl
                 flatDistance(curves[cut].at(place), other.at(end)) <= gap)
                 cuts[cut].push_back(place);
     };
-    for (std::size_t i = 0; i < curves.size(); ++i)
-        for (std::size_t j = i + 1; j < curves.size(); ++j) {
-            if (!mayMeet(boxes[i], boxes[j]))
-                continue;
-            for (const Crossing &crossing : crossings(curves[i], curves[j])) {
-                cuts[i].push_back(crossing.first);
-                cuts[j].push_back(crossing.second);
-            }
-            cutAtEnds(i, curves[j]);
-            cutAtEnds(j, curves[i]);
+    forMeetingPairs(boxes, [&](std::size_t i, std::size_t j) {
+        for (const Crossing &crossing : crossings(curves[i], curves[j])) {
+            cuts[i].push_back(crossing.first);
+            cuts[j].push_back(crossing.second);
         }
+        cutAtEnds(i, curves[j]);
+        cutAtEnds(j, curves[i]);
+    });
     return cuts;
 }
 
-std::vector<Vector> placesOf(const Loop &loop)
+// On the loop itself.
+Vector somePlaceOf(const Loop &loop)
 {
-    constexpr double Fineness = 1e-5;
-    Box box;
-    for (const Curve &curve : loop)
-        addBox(curve, box);
-    const double tolerance = std::max(length(box.maximum - box.minimum) * Fineness, 1e-12);
-    return geometry::flattened({loop, true}, tolerance);
+    const Course first(loop.front());
+    return first.at(first.middle());
 }
 
 } // namespace
 
-CurveNet::CurveNet(const std::vector<Course> &curves, double gap) : m_gap(gap)
+// Places that are no farther apart than the gap are one node, the first of them.
+class CurveNet::Nodes
 {
-    const std::vector<std::vector<double>> cuts = cutsOf(curves, gap);
-    for (std::size_t i = 0; i < curves.size(); ++i)
-        addPieces(curves[i], cuts[i]);
-    dropDeadEnds();
-    sortAroundNodes();
+public:
+    explicit Nodes(double gap) : m_gap(gap) {}
+    std::size_t at(const Vector &place);
+    std::size_t count() const { return m_places.size(); }
+
+private:
+    // The plane in squares of the gap's size: what is near lies in the same square or in one beside it.
+    using Square = std::pair<double, double>;
+    struct SquareHash
+    {
+        std::size_t operator()(const Square &square) const
+        {
+            constexpr std::size_t Odd = 0x9E3779B97F4A7C15; // spreads neighbours
+            return std::hash<double>()(square.first) * Odd + std::hash<double>()(square.second);
+        }
+    };
+
+    double m_gap;
+    std::vector<Vector> m_places;
+    std::unordered_map<Square, std::vector<std::size_t>, SquareHash> m_bySquare;
+};
+
+std::size_t CurveNet::Nodes::at(const Vector &place)
+{
+    const Square own{std::floor(place.x / m_gap), std::floor(place.y / m_gap)};
+    std::size_t nearest = m_places.size();
+    for (const double column : {own.first - 1, own.first, own.first + 1})
+        for (const double row : {own.second - 1, own.second, own.second + 1})
+            if (const auto square = m_bySquare.find({column, row}); square != m_bySquare.end())
+                for (const std::size_t node : square->second)
+                    if (flatDistance(m_places[node], place) <= m_gap)
+                        nearest = std::min(nearest, node);
+    if (nearest == m_places.size()) {
+        m_bySquare[own].push_back(nearest);
+        m_places.push_back(place);
+    }
+    return nearest;
 }
 
-void CurveNet::addPieces(const Course &course, std::vector<double> cuts)
+CurveNet::CurveNet(const std::vector<Course> &curves, double gap) : m_gap(gap)
+{
+    Nodes nodes(gap);
+    const std::vector<std::vector<double>> cuts = cutsOf(curves, gap);
+    for (std::size_t i = 0; i < curves.size(); ++i)
+        addPieces(curves[i], cuts[i], nodes);
+    dropDeadEnds(nodes.count());
+    sortAroundNodes(nodes.count());
+}
+
+void CurveNet::addPieces(const Course &course, std::vector<double> cuts, Nodes &nodes)
 {
     const double first = course.first(), last = course.last();
     if (!course.isClosed())
@@ -106,32 +159,42 @@ void CurveNet::addPieces(const Course &course, std::vector<double> cuts)
                                            course.lengthBetween(from, cuts[i]) <= 2 * m_gap))
             continue;
         const Course piece(course.part(from, cuts[i]));
-        const std::size_t start = nodeAt(geometry::startOf(piece.curve()));
-        m_pieces.push_back({piece, start, nodeAt(geometry::endOf(piece.curve()))});
+        const std::size_t start = nodes.at(geometry::startOf(piece.curve()));
+        m_pieces.push_back({piece, start, nodes.at(geometry::endOf(piece.curve()))});
         from = cuts[i];
     }
 }
 
-std::size_t CurveNet::nodeAt(const Vector &place)
+// With a dead end goes the piece to it, which may make a dead end of where it comes from.
+void CurveNet::dropDeadEnds(std::size_t nodeCount)
 {
-    for (std::size_t i = 0; i < m_nodes.size(); ++i)
-        if (flatDistance(m_nodes[i], place) <= m_gap)
-            return i;
-    m_nodes.push_back(place);
-    return m_nodes.size() - 1;
-}
-
-void CurveNet::dropDeadEnds()
-{
-    for (std::size_t before = m_pieces.size() + 1; m_pieces.size() < before;) {
-        before = m_pieces.size();
-        std::vector<int> count(m_nodes.size());
-        for (const Piece &piece : m_pieces) {
-            ++count[piece.start];
-            ++count[piece.end];
-        }
-        std::erase_if(m_pieces, [&](const Piece &piece) { return count[piece.start] < 2 || count[piece.end] < 2; });
+    std::vector<std::vector<std::size_t>> piecesAt(nodeCount); // a piece from a node to itself is there twice
+    for (std::size_t piece = 0; piece < m_pieces.size(); ++piece) {
+        piecesAt[m_pieces[piece].start].push_back(piece);
+        piecesAt[m_pieces[piece].end].push_back(piece);
     }
+    std::vector<std::size_t> left(nodeCount), deadEnds;
+    for (std::size_t node = 0; node < left.size(); ++node)
+        if (left[node] = piecesAt[node].size(); left[node] == 1)
+            deadEnds.push_back(node);
+    std::vector<bool> isDropped(m_pieces.size());
+    while (!deadEnds.empty()) {
+        const std::size_t end = deadEnds.back();
+        deadEnds.pop_back();
+        for (const std::size_t piece : piecesAt[end]) {
+            if (isDropped[piece])
+                continue;
+            isDropped[piece] = true;
+            for (const std::size_t node : {m_pieces[piece].start, m_pieces[piece].end})
+                if (--left[node] == 1)
+                    deadEnds.push_back(node);
+        }
+    }
+    std::vector<Piece> kept;
+    for (std::size_t piece = 0; piece < m_pieces.size(); ++piece)
+        if (!isDropped[piece])
+            kept.push_back(std::move(m_pieces[piece]));
+    m_pieces = std::move(kept);
 }
 
 // Where it has gone after a short way, so that curves which leave along the same tangent are told apart.
@@ -146,9 +209,9 @@ double CurveNet::directionOf(HalfPiece half) const
     return std::atan2(to.y - from.y, to.x - from.x);
 }
 
-void CurveNet::sortAroundNodes()
+void CurveNet::sortAroundNodes(std::size_t nodeCount)
 {
-    m_leaving.assign(m_nodes.size(), {});
+    m_leaving.assign(nodeCount, {});
     for (HalfPiece half = 0; half < 2 * m_pieces.size(); ++half)
         m_leaving[startOf(half)].push_back(half);
     for (auto &leaving : m_leaving)
@@ -194,7 +257,7 @@ std::vector<Loop> CurveNet::outerLoops() const
         const std::vector<HalfPiece> way = face(half);
         for (const HalfPiece one : way)
             isSeen[one] = true;
-        if (Loop loop = loopOf(way); areaOf(loop) < 0) { // seen from outside
+        if (Loop loop = loopOf(way); areaOf(outlineOf(loop)) < 0) { // seen from outside
             std::ranges::reverse(loop);
             std::ranges::transform(loop, loop.begin(), geometry::reversed);
             loops.push_back(std::move(loop));
@@ -215,72 +278,34 @@ std::vector<Loop> CurveNet::loopsAbout(const Vector &place, Islands islands) con
                 hits.emplace_back(crossing.first, 2 * i + (goesUp ? 0 : 1));
         }
     std::ranges::sort(hits);
+    std::vector<bool> isSeen(2 * m_pieces.size());
     for (const auto &[distance, half] : hits) {
-        const Loop outer = loopOf(face(half));
-        if (!(areaOf(outer) > 0) || !isInside(outer, place))
+        if (isSeen[half])
             continue;
-        std::vector<Loop> loops{outer};
+        const std::vector<HalfPiece> way = face(half);
+        for (const HalfPiece one : way)
+            isSeen[one] = true;
+        const Loop loop = loopOf(way);
+        const Outline outline = outlineOf(loop);
+        if (!(areaOf(outline) > 0) || !isInside(outline, place))
+            continue;
+        std::vector<Loop> loops{loop};
         if (islands == Islands::With)
-            for (const Loop &island : outerLoops())
-                if (isInside(outer, Course(island.front()).at(Course(island.front()).middle())) &&
-                    areaOf(island) < areaOf(outer) * (1 - Rounding) && !isInside(island, place))
-                    loops.push_back(island);
+            addIslands(outline, place, loops);
         return loops;
     }
     return {};
 }
 
-double areaOf(const Loop &loop)
+// Those within an outline that are not about the place themselves.
+void CurveNet::addIslands(const Outline &outline, const Vector &place, std::vector<Loop> &loops) const
 {
-    const std::vector<Vector> places = placesOf(loop);
-    double twice = 0;
-    for (std::size_t i = 0; i + 1 < places.size(); ++i)
-        twice += (places[i].x - places[0].x) * (places[i + 1].y - places[0].y) -
-                 (places[i + 1].x - places[0].x) * (places[i].y - places[0].y);
-    return twice / 2;
-}
-
-bool isInside(const Loop &loop, const Vector &place)
-{
-    const std::vector<Vector> places = placesOf(loop);
-    bool inside = false;
-    for (std::size_t i = 0; i + 1 < places.size(); ++i) {
-        const Vector &a = places[i], &b = places[i + 1];
-        if ((a.y > place.y) != (b.y > place.y) && place.x < (b.x - a.x) * (place.y - a.y) / (b.y - a.y) + a.x)
-            inside = !inside;
+    const double area = areaOf(outline) * (1 - Rounding);
+    for (const Loop &island : outerLoops()) {
+        const Outline shore = outlineOf(island);
+        if (isInside(outline, somePlaceOf(island)) && areaOf(shore) < area && !isInside(shore, place))
+            loops.push_back(island);
     }
-    return inside;
-}
-
-PolylineData polylineOf(const Loop &loop)
-{
-    constexpr double Fineness = 1e-4;
-    PolylineData polyline;
-    polyline.isClosed = true;
-    const auto add = [&](const Vector &place, double bulge) { polyline.vertices.push_back({place, 0, 0, bulge}); };
-    for (const Curve &curve : loop) {
-        const EllipticArc *arc = std::get_if<EllipticArc>(&curve);
-        const bool isRound =
-            arc && std::abs(length(arc->cosineAxis) - length(arc->sineAxis)) <= Rounding * length(arc->cosineAxis);
-        if (isRound) {
-            // Its turn is to the right where the axes stand that way. A bulge is less than half a turn.
-            const double side = arc->cosineAxis.x * arc->sineAxis.y < arc->cosineAxis.y * arc->sineAxis.x ? -1 : 1;
-            const int halves = arc->end - arc->start > geometry::FullTurn / 2 ? 2 : 1;
-            const double sweep = (arc->end - arc->start) / halves;
-            for (int i = 0; i < halves; ++i)
-                add(arc->at(arc->start + sweep * i), side * std::tan(sweep / 4));
-        } else if (std::holds_alternative<Line>(curve)) {
-            add(geometry::startOf(curve), 0);
-        } else {
-            Box box;
-            addBox(curve, box);
-            std::vector<Vector> places{geometry::startOf(curve)};
-            flatten(curve, std::max(length(box.maximum - box.minimum) * Fineness, 1e-12), places);
-            for (std::size_t i = 0; i + 1 < places.size(); ++i)
-                add(places[i], 0);
-        }
-    }
-    return polyline;
 }
 
 } // namespace drawing

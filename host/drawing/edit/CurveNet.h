@@ -1,13 +1,11 @@
 #pragma once
 
-#include "host/drawing/edit/PolylineSegments.h"
+#include "host/drawing/edit/Loop.h"
 #include "host/drawing/geometry/Crossings.h"
 
 #include <vector>
 
 namespace drawing {
-
-using Loop = std::vector<geometry::Curve>; // closed; each curve begins where the one before ends
 
 // The net that curves make where they cross and meet, as seen from above, without what leads nowhere.
 class CurveNet
@@ -32,10 +30,11 @@ private:
     // A piece in one of its two directions: 2 * piece, or one more when it is walked from its end.
     using HalfPiece = std::size_t;
 
-    void addPieces(const geometry::Course &course, std::vector<double> cuts);
-    std::size_t nodeAt(const geometry::Vector &place);
-    void dropDeadEnds();
-    void sortAroundNodes();
+    class Nodes; // where ends meet, counted from 0
+
+    void addPieces(const geometry::Course &course, std::vector<double> cuts, Nodes &nodes);
+    void dropDeadEnds(std::size_t nodeCount);
+    void sortAroundNodes(std::size_t nodeCount);
     std::size_t startOf(HalfPiece half) const
     {
         return half % 2 == 0 ? m_pieces[half / 2].start : m_pieces[half / 2].end;
@@ -45,17 +44,11 @@ private:
     HalfPiece nextLeft(HalfPiece half) const;
     std::vector<HalfPiece> face(HalfPiece first) const;
     Loop loopOf(const std::vector<HalfPiece> &face) const;
+    void addIslands(const Outline &outline, const geometry::Vector &place, std::vector<Loop> &loops) const;
 
     double m_gap;
-    std::vector<geometry::Vector> m_nodes;
     std::vector<Piece> m_pieces;
     std::vector<std::vector<HalfPiece>> m_leaving; // of each node, counter-clockwise
 };
-
-double areaOf(const Loop &loop); // positive: counter-clockwise
-bool isInside(const Loop &loop, const geometry::Vector &place);
-
-// The loop as a polyline at a height: lines and arcs of circles as they are, others by short lines.
-PolylineData polylineOf(const Loop &loop);
 
 } // namespace drawing
