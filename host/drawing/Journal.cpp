@@ -34,11 +34,20 @@ void Journal::remember(RecordId id)
         dropFrom(m_done);
         m_steps.resize(m_step + 1);
     }
-    if (m_recording == Recording::Off && m_transactions.empty())
+    if (isRemembered(id) || (m_recording == Recording::Off && m_transactions.empty()))
         return;
+    if (m_newest.size() <= id)
+        m_newest.resize(m_store.records.size());
+    m_newest[id] = m_images.size();
     m_images.push_back({id, m_store.records[id]});
     m_store.texts.hold(m_store.records[id].text);
     m_done = m_images.size();
+}
+
+bool Journal::isRemembered(RecordId id) const
+{
+    const std::size_t place = id < m_newest.size() ? m_newest[id] : m_images.size();
+    return place >= std::max(floor(), m_steps[m_step].begin) && place < m_images.size() && m_images[place].id == id;
 }
 
 void Journal::startStep()

@@ -80,6 +80,8 @@ private:
     };
 
     void noteChange(RecordId id);
+    // Whether what is undone together has an image of it already: the first one is all that is needed.
+    bool isRemembered(RecordId id) const;
     void exchange(Image &image);
     void takeBack(std::size_t begin); // the images from there on
     void dropFrom(std::size_t begin);
@@ -90,6 +92,7 @@ private:
     RecordStore &m_store;
     std::vector<Image> m_images; // up to m_done to be undone, from there on to be redone
     std::size_t m_done = 0;
+    std::vector<std::size_t> m_newest; // by RecordId: where its newest image was put; another may be there by now
     std::vector<Step> m_steps{{0, false}};
     std::size_t m_step = 0; // the one that changes go to
     std::vector<std::size_t> m_transactions;

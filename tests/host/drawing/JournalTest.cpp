@@ -185,6 +185,19 @@ void changeSomething(Database &database, std::mt19937 &random)
     }
 }
 
+// Nested, each with changes before and behind the next; the inner ones are kept or taken back, the outermost is taken
+// back.
+void changeInTransactions(Database &database, std::mt19937 &random, int depth)
+{
+    database.journal().startTransaction();
+    changeSomething(database, random);
+    if (depth > 1) {
+        changeInTransactions(database, random, depth - 1);
+        changeSomething(database, random);
+    }
+    depth == 3 || random() % 2 ? database.journal().abortTransaction() : database.journal().commitTransaction();
+}
+
 TEST(JournalOfRandomChanges, UndoneToTheStartIsTheOriginalAndRedoneToTheEndTheChanged)
 {
     std::mt19937 random(20);
@@ -194,7 +207,13 @@ TEST(JournalOfRandomChanges, UndoneToTheStartIsTheOriginalAndRedoneToTheEndTheCh
         for (int i = 0; i < 25; ++i) {
             database->journal().nextStep();
             const std::size_t before = database->journal().undoableSteps();
-            changeSomething(*database, random);
+            for (auto changes = random() % 4; changes > 0; --changes)
+                changeSomething(*database, random);
+            if (random() % 4 == 0) {
+                const std::string kept = writtenDrawing(*database);
+                changeInTransactions(*database, random, 3);
+                ASSERT_EQ(writtenDrawing(*database), kept);
+            }
             if (database->journal().undoableSteps() > before)
                 states.push_back(writtenDrawing(*database));
             if (random() % 5 == 0)
