@@ -101,7 +101,7 @@ RecordId extensionDictionary(const Database &database, RecordId id)
     bool isInside = false;
     for (Item item; reader.next(item);) {
         if (item.code == groupcode::Braces)
-            isInside = item.raw.value == "{ACAD_XDICTIONARY";
+            isInside = item.value == "{ACAD_XDICTIONARY";
         else if (isInside && item.code == groupcode::HardEntry)
             return database.find({item.handle});
     }

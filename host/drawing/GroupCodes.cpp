@@ -1,7 +1,5 @@
 #include "host/drawing/GroupCodes.h"
 
-#include <array>
-
 namespace drawing {
 
 namespace {
@@ -24,27 +22,14 @@ constexpr Range ranges[] = {
     {1071, 1071, ValueKind::Integer32},
 };
 
-constexpr int CodeCount = 1072;
+} // namespace
 
-constexpr auto kinds = [] {
-    std::array<ValueKind, CodeCount> table{};
+constexpr std::array<ValueKind, KnownCodes> valueKinds = [] {
+    std::array<ValueKind, KnownCodes> table{};
     for (const Range &range : ranges)
         for (int code = range.first; code <= range.last; ++code)
             table[static_cast<std::size_t>(code)] = range.kind;
     return table;
 }();
-
-} // namespace
-
-ValueKind valueKind(int code)
-{
-    return code >= 0 && code < CodeCount ? kinds[static_cast<std::size_t>(code)] : ValueKind::Text;
-}
-
-bool mayBeginPoint(int code)
-{
-    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || (code >= 210 && code <= 213) ||
-           (code >= 1010 && code <= 1013);
-}
 
 } // namespace drawing

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 // What the group codes of a DXF file say about their values ("Group Code Value Types" of the DXF reference).
@@ -27,11 +29,21 @@ inline constexpr int Comment = 999, ExtendedString = 1000, Application = 1001, E
 inline constexpr int YOffset = 10, ZOffset = 20; // from the code of a point's x to those of its y and z
 } // namespace groupcode
 
+inline constexpr int KnownCodes = 1072; // from 0 up
+extern const std::array<ValueKind, KnownCodes> valueKinds;
+
 // Codes that the reference does not name have texts.
-ValueKind valueKind(int code);
+inline ValueKind valueKind(int code)
+{
+    return code >= 0 && code < KnownCodes ? valueKinds[static_cast<std::size_t>(code)] : ValueKind::Text;
+}
 
 // Whether a group may be the x of a point. It is one when the group after it has the code of its y.
-bool mayBeginPoint(int code);
+constexpr bool mayBeginPoint(int code)
+{
+    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || (code >= 210 && code <= 213) ||
+           (code >= 1010 && code <= 1013);
+}
 
 inline bool isInteger(ValueKind kind)
 {

@@ -46,6 +46,8 @@ public:
         }
         return false;
     }
+    const char *position() const { return m_position; } // where the next group begins
+    void returnTo(const char *position) { m_position = position; }
     std::size_t badLines() const { return m_badLines; }
     const char *firstBadPlace() const { return m_badPlace; } // null: there was none
 
@@ -107,6 +109,11 @@ public:
     {
     }
     bool next(RawGroup &group);
+    const char *position() const { return m_rest.data(); }
+    void returnTo(const char *position)
+    {
+        m_rest = {position, static_cast<std::size_t>(m_rest.data() + m_rest.size() - position)};
+    }
     std::size_t badLines() const { return m_cut ? 1 : 0; }
     const char *firstBadPlace() const { return m_cut; }
 
@@ -127,6 +134,10 @@ public:
     {
     }
     bool next(RawGroup &group) { return m_isText ? m_text.next(group) : m_binary.next(group); }
+
+    // To read from a place again; the place is one that this has been at.
+    const char *position() const { return m_isText ? m_text.position() : m_binary.position(); }
+    void returnTo(const char *position) { m_isText ? m_text.returnTo(position) : m_binary.returnTo(position); }
 
 private:
     TextGroups m_text;

@@ -24,34 +24,32 @@ bool GroupReader::nextRaw(RawGroup &group)
 
 bool GroupReader::takeRaw(int code, RawGroup &group)
 {
-    const GroupCursor before = m_cursor;
+    const char *before = m_cursor.position();
     if (nextRaw(group) && group.code == code)
         return true;
-    m_cursor = before;
+    m_cursor.returnTo(before);
     return false;
 }
 
 bool GroupReader::next(Item &item)
 {
-    if (!nextRaw(item.raw))
+    if (!nextRaw(item))
         return false;
-    item.code = item.raw.code;
-    item.bytes = item.raw.bytes;
     item.kind = valueKind(item.code);
     if (isInteger(item.kind))
-        item.integer = integerOf(item.raw, m_format.kind);
+        item.integer = integerOf(item, m_format.kind);
     else if (item.kind == ValueKind::Handle || item.kind == ValueKind::Reference)
-        item.handle = handleOf(item.raw.value);
+        item.handle = handleOf(item.value);
     else if (item.kind == ValueKind::Real && mayBeginPoint(item.code))
         readPoint(item);
     else if (item.kind == ValueKind::Real)
-        item.real = realOf(item.raw, m_format.kind);
+        item.real = realOf(item, m_format.kind);
     return true;
 }
 
 void GroupReader::readPoint(Item &item)
 {
-    item.real = realOf(item.raw, m_format.kind);
+    item.real = realOf(item, m_format.kind);
     RawGroup next;
     if (!takeRaw(item.code + groupcode::YOffset, next))
         return; // a real on its own
@@ -78,7 +76,7 @@ Group GroupReader::group(const Item &item) const
     case ValueKind::Point:
         return {item.code, item.point};
     case ValueKind::Binary:
-        return {item.code, Bytes{bytesOf(item.raw, m_format.kind)}};
+        return {item.code, Bytes{bytesOf(item, m_format.kind)}};
     default:
         return {item.code, item.integer};
     }

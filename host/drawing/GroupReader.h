@@ -7,16 +7,14 @@
 namespace drawing {
 
 // One value of a record as it is read. Numbers are converted already; a text is decoded when it is asked for.
-struct Item
+// Of a point `value` is that of its first group, and `bytes` are those of all.
+struct Item : RawGroup
 {
-    int code = 0;
     ValueKind kind = ValueKind::Text;
     std::int64_t integer = 0; // of an integer kind
     double real = 0;          // of ValueKind::Real
     Point point;              // of ValueKind::Point
     std::uint64_t handle = 0; // of ValueKind::Handle and Reference
-    RawGroup raw;             // of a point its first group
-    std::string_view bytes;   // of all its groups
 };
 
 // Goes over the values of a record without memory of its own. The bytes must live as long. Comments (999) are not
@@ -30,7 +28,7 @@ public:
     }
 
     bool next(Item &item);
-    std::u16string text(const Item &item) const { return m_codec->decode(item.raw.value); }
+    std::u16string text(const Item &item) const { return m_codec->decode(item.value); }
     Group group(const Item &item) const; // decoded, with memory of its own
 
 private:

@@ -51,7 +51,7 @@ bool ItemValues::isSame(const Item &item, const Group &group) const
 bool ItemValues::isSameText(const Item &item, const GroupValue &value) const
 {
     const auto *text = std::get_if<std::u16string>(&value);
-    return text && m_codec.decodesTo(item.raw.value, *text);
+    return text && m_codec.decodesTo(item.value, *text);
 }
 
 bool ItemValues::appendChanged(std::string &bytes, const Item &item, const Group &group) const

@@ -15,7 +15,7 @@ void readOwnPart(const Database &database, Layout &layout)
     bool isOwn = false;
     for (Item item; reader.next(item);) {
         if (item.code == groupcode::Subclass)
-            isOwn = item.raw.value == "AcDbLayout";
+            isOwn = item.value == "AcDbLayout";
         else if (isOwn && item.code == TabCode)
             layout.tab = item.integer;
         else if (isOwn && item.code == groupcode::Owner)

@@ -45,8 +45,8 @@ std::int64_t integerOfText(std::string_view text)
 // nearest there is. Nothing for the others, and for what has an exponent.
 std::optional<double> shortReal(std::string_view text)
 {
-    constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
-                                 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+    static constexpr double powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+                                        1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
     constexpr std::size_t MostDigits = std::size(powers); // which 64 bits hold
     constexpr std::uint64_t MostExact = std::uint64_t{1} << std::numeric_limits<double>::digits;
     const bool isNegative = text.starts_with('-');

@@ -62,7 +62,7 @@ Groups read(const drawing::Database &database, drawing::RecordId layout)
     Groups groups;
     drawing::GroupReader reader = database.reader(layout);
     for (drawing::Item item; reader.next(item);) {
-        if (item.code == drawing::groupcode::Subclass && item.raw.value == "AcDbLayout")
+        if (item.code == drawing::groupcode::Subclass && item.value == "AcDbLayout")
             break;
         if (item.kind == drawing::ValueKind::Real)
             takeReal(item, groups);

@@ -12,7 +12,7 @@ public:
     // Whether the group stands between braces, or is one.
     bool enclose(const Item &item)
     {
-        return enclose(item.code == groupcode::Braces && item.kind == ValueKind::Text, item.raw.value.starts_with('{'));
+        return enclose(item.code == groupcode::Braces && item.kind == ValueKind::Text, item.value.starts_with('{'));
     }
     bool enclose(const Group &group)
     {

@@ -27,7 +27,7 @@ Item textItem(int code, std::string_view text)
 {
     Item item;
     item.code = code;
-    item.raw.value = text;
+    item.value = text;
     return item;
 }
 
@@ -129,11 +129,10 @@ private:
     void read()
     {
         auto &items = m_listing.m_recorded;
-        for (Item next; m_listing.m_reader.next(next) && next.code < groupcode::ExtendedString;) {
-            if (next.kind == ValueKind::Real && isAngle(next.code))
-                next.real *= std::numbers::pi / HalfTurn;
-            items.push_back(next);
-        }
+        while (m_listing.m_reader.next(items.emplace_back()) && items.back().code < groupcode::ExtendedString)
+            if (Item &item = items.back(); item.kind == ValueKind::Real && isAngle(item.code))
+                item.real *= std::numbers::pi / HalfTurn;
+        items.pop_back(); // it came behind the last one
         m_order.resize(items.size());
         std::iota(m_order.begin(), m_order.end(), 0);
         m_firstMarker = nextMarker(0);
@@ -211,7 +210,7 @@ private:
 
     void completeSubclass()
     {
-        const std::string_view marker = item(m_order[m_begin]).raw.value;
+        const std::string_view marker = item(m_order[m_begin]).value;
         if (m_isEntity && m_begin == m_firstMarker && marker == EntityMarker)
             completeCommonPart();
         if (!m_schema)

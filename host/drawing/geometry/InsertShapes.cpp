@@ -110,7 +110,7 @@ void tableShapes(ShapeWalk &walk, RecordId id)
     Vector insertion, direction{1, 0, 0}, extrusion{0, 0, 1};
     EntityReader reader(walk.database(), id);
     for (Item item; reader.next(item);)
-        if (item.code == drawing::groupcode::Subclass && item.raw.value == "AcDbTable") // what follows are the cells
+        if (item.code == drawing::groupcode::Subclass && item.value == "AcDbTable") // what follows are the cells
             break;
         else if (item.code == drawing::groupcode::Name)
             block = reader.text(item);

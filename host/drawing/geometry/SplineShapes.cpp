@@ -24,7 +24,7 @@ SplineGroups readSpline(const drawing::Database &database, RecordId id)
     for (Item item; reader.next(item);)
         switch (item.code) {
         case drawing::groupcode::Subclass:
-            if (item.raw.value == "AcDbHelix") // its groups are not those of the spline
+            if (item.value == "AcDbHelix") // its groups are not those of the spline
                 return groups;
             break;
         case 70:

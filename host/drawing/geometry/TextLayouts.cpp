@@ -77,7 +77,7 @@ TextStyle textStyleOf(const drawing::Database &database, drawing::RecordId style
             result.slant = std::tan(radians(std::clamp(item.real, -85.0, 85.0)));
             break;
         case drawing::groupcode::Application:
-            isFontData = item.raw.value == "ACAD";
+            isFontData = item.value == "ACAD";
             break;
         case FamilyCode: // goes before the file, which is that of one of the family's fonts
             if (isFontData)

@@ -78,12 +78,12 @@ Value itemValue(Machine &machine, const Drawing &drawing, const EntityListing &l
     const ValueMaker make(machine, drawing, listed.item.code);
     switch (listed.item.kind) {
     case ValueKind::Text:
-        if (drawing::TextCodec::isPlain(listed.item.raw.value))
-            return machine.heap().sharedAsciiString(listed.item.raw.value);
+        if (drawing::TextCodec::isPlain(listed.item.value))
+            return machine.heap().sharedAsciiString(listed.item.value);
         break;
     case ValueKind::Handle:
-        if (drawing::TextCodec::isPlain(listed.item.raw.value))
-            return machine.heap().asciiString(listed.item.raw.value);
+        if (drawing::TextCodec::isPlain(listed.item.value))
+            return machine.heap().asciiString(listed.item.value);
         break;
     case ValueKind::Real:
         return make(listed.item.real);
