@@ -6,6 +6,7 @@
 #include "host/drawing/snap/Snap.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace commands {
 
@@ -32,6 +33,21 @@ double pixelSize(const Session &session)
     return session.real(u"VIEWSIZE") / session.point(u"SCREENSIZE").y;
 }
 
+// Those among which a place in the world, or a line through some, can find something within the distance.
+Selection visibleNear(Session &session, const std::vector<selection::Place> &places, double distance)
+{
+    constexpr double Rounding = 1e-9;
+    geometry::Box box;
+    for (const selection::Place &place : places)
+        box.add(Vector{place.x, place.y, 0});
+    const double size =
+        std::max(std::abs(box.maximum.x) + std::abs(box.minimum.x), std::abs(box.maximum.y) + std::abs(box.minimum.y));
+    const Vector reach = Vector{1, 1, 0} * (distance + Rounding * size);
+    Selection entities = session.entityIndex().entitiesNear({box.minimum - reach, box.maximum + reach});
+    selection::keepVisible(entities, session.drawing(), currentSpace(session));
+    return entities;
+}
+
 } // namespace
 
 Selection thawedEntities(Session &session)
@@ -47,7 +63,8 @@ Selection visibleEntities(Session &session)
 RecordId entityAt(Session &session, const Point &place)
 {
     const double distance = pixelSize(session) * std::max(session.integer(u"PICKBOX"), 1);
-    return selection::entityAt(session.drawing(), visibleEntities(session), seen(session, {place}).front(), distance);
+    const std::vector<selection::Place> places = seen(session, {place});
+    return selection::entityAt(session.drawing(), visibleNear(session, places, distance), places.front(), distance);
 }
 
 std::vector<Point> rectangle(const Point &corner, const Point &opposite)
@@ -59,7 +76,7 @@ Selection entitiesIn(Session &session, const std::vector<Point> &polygon, Reach 
 {
     const selection::Polygon places = seen(session, polygon);
     const auto how = reach == Reach::Inside ? selection::Reach::Inside : selection::Reach::Crossing;
-    Selection entities = visibleEntities(session);
+    Selection entities = visibleNear(session, places, 0);
     std::erase_if(entities, [&](RecordId entity) { return !selection::takes(session.drawing(), entity, places, how); });
     return entities;
 }
@@ -67,7 +84,7 @@ Selection entitiesIn(Session &session, const std::vector<Point> &polygon, Reach 
 Selection entitiesCrossed(Session &session, const std::vector<Point> &fence)
 {
     const std::vector<selection::Place> places = seen(session, fence);
-    Selection entities = visibleEntities(session);
+    Selection entities = visibleNear(session, places, 0);
     std::erase_if(entities, [&](RecordId entity) { return !selection::isCrossed(session.drawing(), entity, places); });
     return entities;
 }

@@ -3,6 +3,7 @@
 #include "host/commands/Input.h"
 #include "host/commands/PlotJob.h"
 #include "host/drawing/Drawing.h"
+#include "host/drawing/selection/EntityIndex.h"
 
 #include <optional>
 #include <string>
@@ -18,6 +19,7 @@ class Session
 {
 public:
     virtual drawing::Drawing &drawing() = 0;
+    virtual selection::EntityIndex &entityIndex() = 0; // of drawing()
     virtual void openDrawing(const QString &path) = 0; // throws drawing::ReadError; replaces what drawing() gives
 
     // Draws into a file. False, with a reason, when it cannot be.
@@ -30,7 +32,7 @@ public:
 
     virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
 
-    virtual bool isPaperSpaceCurrent() const = 0; // else entities go to the model
+    virtual bool isPaperSpaceCurrent() const = 0;         // else entities go to the model
     virtual void workThroughViewport(bool isThrough) = 0; // while a layout is shown: its paper, or the model in it
 
     // Typed texts, in the current units; "@" begins at LASTPOINT.

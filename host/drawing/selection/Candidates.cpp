@@ -88,13 +88,18 @@ std::vector<RecordId> entitiesOfAllLayouts(const Drawing &drawing)
 
 std::vector<RecordId> visibleEntities(const Drawing &drawing, Space space)
 {
+    std::vector<RecordId> entities = allEntities(drawing);
+    keepVisible(entities, drawing, space);
+    return entities;
+}
+
+void keepVisible(std::vector<RecordId> &entities, const Drawing &drawing, Space space)
+{
     const Database &database = drawing.database();
     LayerStates layers(drawing);
-    std::vector<RecordId> entities = allEntities(drawing);
     std::erase_if(entities, [&](RecordId id) {
         return !isInSpace(database.record(id), space) || !layers.of(id).isSeen() || isInvisible(database, id);
     });
-    return entities;
 }
 
 bool isOnLockedLayer(const Drawing &drawing, RecordId entity)

@@ -23,6 +23,7 @@ std::vector<drawing::RecordId> thawedEntities(const drawing::Drawing &drawing, S
 
 // Those of one space that can be seen: not on layers that are off or frozen, and not invisible themselves.
 std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, Space space);
+void keepVisible(std::vector<drawing::RecordId> &entities, const drawing::Drawing &drawing, Space space);
 
 bool isOnLockedLayer(const drawing::Drawing &drawing, drawing::RecordId entity);
 

@@ -77,6 +77,11 @@ drawing::Drawing &DocumentSession::drawing()
     return m_document.drawing();
 }
 
+selection::EntityIndex &DocumentSession::entityIndex()
+{
+    return m_document.openDrawing().entityIndex;
+}
+
 void DocumentSession::openDrawing(const QString &path)
 {
     m_document.open(path);

@@ -11,6 +11,7 @@ public:
     explicit DocumentSession(Document &document) : m_document(document) {}
 
     drawing::Drawing &drawing() override;
+    selection::EntityIndex &entityIndex() override;
     void openDrawing(const QString &path) override;
     bool plot(const commands::PlotJob &job, std::u16string &failure) override;
     std::optional<commands::VariableValue> variable(std::u16string_view name) const override;

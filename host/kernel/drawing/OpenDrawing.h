@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/drawing/selection/EntityIndex.h"
 #include "host/kernel/drawing/DrawingDatabase.h"
 #include "host/kernel/drawing/EntityMaker.h"
 
@@ -15,6 +16,7 @@ struct OpenDrawing
     drawing::Drawing drawing;
     DrawingDatabase database{drawing};
     EntityMaker entityMaker{drawing};
+    selection::EntityIndex entityIndex{drawing};
     std::map<drawing::NameId, std::size_t> tablePlaces;        // how many tblnext has given of each table
     std::map<drawing::RecordId, std::size_t> dictionaryPlaces; // the same of dictnext
 };

@@ -1,6 +1,6 @@
 #include "host/ui/view/DrawingArea.h"
 
-#include "host/render/Changes.h"
+#include "host/drawing/ChangedEntities.h"
 
 #include <QEvent>
 #include <QVBoxLayout>
@@ -70,7 +70,7 @@ bool DrawingArea::replaceChanged()
     if (drawing.number() != m_drawingNumber || !showsModel())
         return false;
     const auto records = journal.changedSince(m_changeCount);
-    const auto entities = records ? render::changedEntities(drawing, *records) : std::nullopt;
+    const auto entities = records ? drawing::changedEntities(drawing, *records) : std::nullopt;
     if (!entities || !m_scene->replace(drawing, surface(), *entities))
         return false;
     m_changeCount = journal.changeCount();

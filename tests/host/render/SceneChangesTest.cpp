@@ -3,7 +3,7 @@
 #include "tests/host/render/DrawnList.h"
 
 #include "host/drawing/HeaderVariables.h"
-#include "host/render/Changes.h"
+#include "host/drawing/ChangedEntities.h"
 #include "host/render/Scene.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ protected:
     bool follow()
     {
         const auto records = journal().changedSince(m_seen);
-        const auto entities = records ? changedEntities(m_test.drawing, *records) : std::nullopt;
+        const auto entities = records ? drawing::changedEntities(m_test.drawing, *records) : std::nullopt;
         m_seen = journal().changeCount();
         return entities && m_scene.replace(m_test.drawing, {}, *entities);
     }

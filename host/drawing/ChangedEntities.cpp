@@ -1,15 +1,11 @@
-#include "host/render/Changes.h"
+#include "host/drawing/ChangedEntities.h"
 
 #include "host/drawing/Blocks.h"
 
 #include <algorithm>
 #include <array>
 
-namespace render {
-
-using drawing::Record;
-using drawing::RecordId;
-using drawing::RecordKind;
+namespace drawing {
 
 namespace {
 
@@ -17,7 +13,7 @@ constexpr std::array<std::string_view, 3> SeenVariables = {"$LTSCALE", "$PDMODE"
 
 // What makes nothing of the model look otherwise: a variable that is not seen, and marks, which change when their
 // neighbours do.
-bool isUnseen(const drawing::Database &database, const Record &record)
+bool isUnseen(const Database &database, const Record &record)
 {
     if (record.kind == RecordKind::HeaderVariable)
         return std::find(SeenVariables.begin(), SeenVariables.end(), database.names().text(record.name)) ==
@@ -27,11 +23,11 @@ bool isUnseen(const drawing::Database &database, const Record &record)
 
 } // namespace
 
-std::optional<std::vector<RecordId>> changedEntities(const drawing::Drawing &drawing, std::span<const RecordId> records)
+std::optional<std::vector<RecordId>> changedEntities(const Drawing &drawing, std::span<const RecordId> records)
 {
-    const drawing::Database &database = drawing.database();
-    const RecordId model = drawing.tables().find(drawing::known::Block, drawing::ModelSpace);
-    const RecordId section = database.section(drawing::known::Entities);
+    const Database &database = drawing.database();
+    const RecordId model = drawing.tables().find(known::Block, ModelSpace);
+    const RecordId section = database.section(known::Entities);
     std::vector<RecordId> entities;
     for (const RecordId changed : records) {
         const RecordId id = database.isPart(changed) ? database.record(changed).container : changed;
@@ -46,4 +42,4 @@ std::optional<std::vector<RecordId>> changedEntities(const drawing::Drawing &dra
     return entities;
 }
 
-} // namespace render
+} // namespace drawing

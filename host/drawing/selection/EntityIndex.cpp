@@ -1,0 +1,132 @@
+#include "host/drawing/selection/EntityIndex.h"
+
+#include "host/drawing/ChangedEntities.h"
+#include "host/drawing/geometry/Extents.h"
+#include "host/drawing/selection/Candidates.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace selection {
+
+using drawing::RecordId;
+using geometry::Box;
+
+namespace {
+
+constexpr double EntitiesInCell = 16;
+constexpr int MostCellsInRow = 512, MostCellsOfEntity = 256;
+constexpr std::size_t ReplacedShare = 4; // of all entities; more are quicker made anew
+
+bool meet(const Box &a, const Box &b)
+{
+    return a.minimum.x <= b.maximum.x && b.minimum.x <= a.maximum.x && a.minimum.y <= b.maximum.y &&
+           b.minimum.y <= a.maximum.y;
+}
+
+int cellOf(double value, double low, double high, int size)
+{
+    const double share = high > low ? (value - low) / (high - low) : 0;
+    return share > 0 ? static_cast<int>(std::min(share * size, size - 1.0)) : 0; // 0 also for what is no number
+}
+
+} // namespace
+
+std::vector<RecordId> EntityIndex::entitiesNear(const Box &rectangle)
+{
+    follow();
+    std::vector<RecordId> found;
+    for (const RecordId entity : m_wide)
+        if (m_boxes[entity].isEmpty() || meet(m_boxes[entity], rectangle))
+            found.push_back(entity);
+    forCells(cellsOf(rectangle), [&](std::vector<RecordId> &cell) {
+        std::copy_if(cell.begin(), cell.end(), std::back_inserter(found),
+                     [&](RecordId entity) { return meet(m_boxes[entity], rectangle); });
+    });
+    std::sort(found.begin(), found.end()); // records are added at the end, so that this is the drawing's order
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
+}
+
+void EntityIndex::follow()
+{
+    const drawing::Journal &journal = m_drawing.database().journal();
+    if (m_changeCount == journal.changeCount())
+        return;
+    const auto records = m_changeCount ? journal.changedSince(*m_changeCount) : std::nullopt;
+    const auto entities = records ? drawing::changedEntities(m_drawing, *records) : std::nullopt;
+    m_changeCount = journal.changeCount();
+    if (!entities || entities->size() > m_boxes.size() / ReplacedShare)
+        return makeAnew();
+    const drawing::Database &database = m_drawing.database();
+    m_boxes.resize(database.recordCount());
+    for (const RecordId entity : *entities) {
+        remove(entity);
+        if (database.record(entity).isGone() || database.isPart(entity))
+            continue;
+        measure(entity);
+        add(entity);
+    }
+}
+
+void EntityIndex::makeAnew()
+{
+    const std::vector<RecordId> entities = allEntities(m_drawing);
+    m_boxes.assign(m_drawing.database().recordCount(), {});
+    m_whole = {};
+    for (const RecordId entity : entities) {
+        measure(entity);
+        m_whole.add(m_boxes[entity]);
+    }
+    m_size = std::clamp(static_cast<int>(std::sqrt(static_cast<double>(entities.size()) / EntitiesInCell)), 1,
+                        MostCellsInRow);
+    m_cells.assign(static_cast<std::size_t>(m_size) * static_cast<std::size_t>(m_size), {});
+    m_wide.clear();
+    for (const RecordId entity : entities)
+        add(entity);
+}
+
+void EntityIndex::measure(RecordId entity)
+{
+    m_boxes[entity] = geometry::extentsOf(m_drawing, entity).value_or(Box());
+}
+
+void EntityIndex::add(RecordId entity)
+{
+    const Box &box = m_boxes[entity];
+    if (box.isEmpty() || isWide(cellsOf(box)))
+        m_wide.push_back(entity);
+    else
+        forCells(cellsOf(box), [entity](std::vector<RecordId> &cell) { cell.push_back(entity); });
+}
+
+void EntityIndex::remove(RecordId entity)
+{
+    const Box &box = m_boxes[entity];
+    if (box.isEmpty() || isWide(cellsOf(box)))
+        std::erase(m_wide, entity);
+    else
+        forCells(cellsOf(box), [entity](std::vector<RecordId> &cell) { std::erase(cell, entity); });
+}
+
+EntityIndex::Cells EntityIndex::cellsOf(const Box &box) const
+{
+    const geometry::Vector &low = m_whole.minimum, &high = m_whole.maximum;
+    return {cellOf(box.minimum.x, low.x, high.x, m_size), cellOf(box.minimum.y, low.y, high.y, m_size),
+            cellOf(box.maximum.x, low.x, high.x, m_size), cellOf(box.maximum.y, low.y, high.y, m_size)};
+}
+
+bool EntityIndex::isWide(const Cells &cells) const
+{
+    return (cells.right - cells.left + 1) * (cells.top - cells.bottom + 1) > MostCellsOfEntity;
+}
+
+template <class Function> void EntityIndex::forCells(const Cells &cells, Function function)
+{
+    for (int row = cells.bottom; row <= cells.top; ++row)
+        for (int column = cells.left; column <= cells.right; ++column)
+            function(m_cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(m_size) +
+                             static_cast<std::size_t>(column)]);
+}
+
+} // namespace selection

@@ -1,0 +1,115 @@
+// The index of places follows its drawing.
+
+#include "tests/host/render/DrawnList.h"
+
+#include "host/drawing/geometry/Extents.h"
+#include "host/drawing/selection/Candidates.h"
+#include "host/drawing/selection/EntityIndex.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace render {
+
+namespace {
+
+constexpr int Width = 1000;
+
+class EntityIndexTest : public testing::Test
+{
+protected:
+    int number(int end) { return std::uniform_int_distribution(0, end - 1)(m_random); }
+    double place() { return number(Width); }
+    Point point() { return {place(), place(), 0}; }
+    void add()
+    {
+        switch (number(20)) {
+        case 0:
+            m_entities.push_back(m_test.add(u"RAY", u"AcDbRay", {{10, point()}, {11, Point{1, 0, 0}}}));
+            break;
+        case 1:
+            m_entities.push_back(m_test.line({0, 0, 0}, point())); // a long one
+            break;
+        default:
+            m_entities.push_back(m_test.add(u"CIRCLE", u"AcDbCircle", {{10, point()}, {40, 1.0 + number(9)}}));
+        }
+    }
+    void edit()
+    {
+        drawing::Journal &journal = m_test.drawing.database().journal();
+        const RecordId entity = m_entities[static_cast<std::size_t>(number(static_cast<int>(m_entities.size())))];
+        const bool isGone = m_test.drawing.database().record(entity).isGone();
+        switch (number(5)) {
+        case 0:
+            journal.undo();
+            break;
+        case 1:
+            journal.redo();
+            break;
+        case 2:
+            if (!isGone)
+                m_test.drawing.database().erase(entity);
+            break;
+        default:
+            add();
+        }
+        journal.nextStep();
+    }
+    // As who looks at each entity finds them.
+    std::vector<RecordId> searched(const geometry::Box &box)
+    {
+        std::vector<RecordId> found = selection::allEntities(m_test.drawing);
+        std::erase_if(found, [&](RecordId entity) {
+            const auto own = geometry::extentsOf(m_test.drawing, entity);
+            return own && (own->maximum.x < box.minimum.x || own->minimum.x > box.maximum.x ||
+                           own->maximum.y < box.minimum.y || own->minimum.y > box.maximum.y);
+        });
+        return found;
+    }
+
+    TestDrawing m_test;
+    selection::EntityIndex m_index{m_test.drawing};
+    std::vector<RecordId> m_entities;
+    std::mt19937 m_random{3};
+};
+
+} // namespace
+
+TEST_F(EntityIndexTest, FindsAfterAnyEditsWhatASearchOfAllEntitiesFinds)
+{
+    for (int i = 0; i < 6000; ++i) // so that there are more cells than a long line stands in
+        add();
+    for (int round = 0; round < 40; ++round) {
+        for (int edits = number(5); edits >= 0; --edits)
+            edit();
+        for (const double size : {0.0, 30.0, 500.0}) {
+            const geometry::Vector corner{place(), place(), 0};
+            const geometry::Box box{corner, corner + geometry::Vector{size, size, 0}};
+            ASSERT_EQ(m_index.entitiesNear(box), searched(box)) << round << ' ' << size;
+        }
+    }
+}
+
+TEST_F(EntityIndexTest, IsEmptyForAnEmptyDrawingAndGrowsBeyondItsFirstBounds)
+{
+    EXPECT_EQ(m_index.entitiesNear({{0, 0, 0}, {1, 1, 0}}), std::vector<RecordId>());
+    const RecordId first = m_test.line({0, 0, 0}, {1, 1, 0});
+    EXPECT_EQ(m_index.entitiesNear({{0, 0, 0}, {1, 1, 0}}), std::vector{first});
+    const RecordId far = m_test.line({1e6, 1e6, 0}, {2e6, 1e6, 0});
+    EXPECT_EQ(m_index.entitiesNear({{1.5e6, 1e6 - 1, 0}, {1.6e6, 1e6 + 1, 0}}), std::vector{far});
+    EXPECT_EQ(m_index.entitiesNear({{0, 0, 0}, {1, 1, 0}}), std::vector{first});
+}
+
+TEST_F(EntityIndexTest, ABlockThatChangesMovesWhatIsInserted)
+{
+    const RecordId block = drawing::addBlock(m_test.drawing.database(), m_test.drawing.tables(), {u"B"});
+    const RecordId insert = m_test.insert(u"B");
+    m_test.addTo(block, u"POINT", u"AcDbPoint", {{10, Point{5, 5, 0}}});
+    EXPECT_EQ(m_index.entitiesNear({{4, 4, 0}, {6, 6, 0}}), std::vector{insert});
+    EXPECT_EQ(m_index.entitiesNear({{90, 90, 0}, {99, 99, 0}}), std::vector<RecordId>());
+    m_test.addTo(block, u"POINT", u"AcDbPoint", {{10, Point{95, 95, 0}}});
+    EXPECT_EQ(m_index.entitiesNear({{90, 90, 0}, {99, 99, 0}}), std::vector{insert});
+}
+
+} // namespace render
