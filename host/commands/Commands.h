@@ -91,6 +91,7 @@ Command fillet(Context &context); // FilletCommand.cpp
 // HatchCommand.cpp
 Command hatch(Context &context);
 Command boundary(Context &context);
+Command editHatch(Context &context); // HATCHEDIT
 
 // DimensionCommands.cpp
 Command dimensionLinear(Context &context);

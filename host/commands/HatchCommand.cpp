@@ -11,6 +11,9 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <array>
+
 namespace commands {
 
 using drawing::CurveNet;
@@ -219,6 +222,32 @@ Task<void> askAdvanced(Context &context, BoundarySettings &settings)
     }
 }
 
+// What a hatch has now; its pattern, where it is none of those here, gives place to the first.
+HatchSettings settingsOf(const GroupList &groups)
+{
+    const std::optional<HatchPattern> pattern = hatchPattern(drawing::textOf(groups, 2));
+    return {pattern.value_or(*hatchPattern(u"ANSI31")), drawing::realOf(groups, 41, 1), drawing::realOf(groups, 52)};
+}
+
+// The pattern's groups follow the boundaries in one piece.
+void replacePattern(GroupList &groups, const HatchSettings &settings)
+{
+    constexpr std::array codes{41, 43, 44, 45, 46, 49, 52, 53, 73, 75, 76, 77, 78, 79};
+    constexpr int StyleCode = 75;
+    const auto begin =
+        std::find_if(groups.begin(), groups.end(), [](const drawing::Group &group) { return group.code == StyleCode; });
+    const auto end = std::find_if(begin, groups.end(), [&codes](const drawing::Group &group) {
+        return std::find(codes.begin(), codes.end(), group.code) == codes.end();
+    });
+    GroupList pattern;
+    addPattern(pattern, settings.pattern, settings.scale, settings.angle);
+    if (begin != groups.end())
+        std::get<std::int64_t>(pattern.front().value) = std::get<std::int64_t>(begin->value);
+    groups.insert(groups.erase(begin, end), pattern.begin(), pattern.end());
+    drawing::setGroup(groups, drawing::textGroup(2, settings.pattern.name));
+    drawing::setGroup(groups, integerGroup(70, settings.pattern.isSolid() ? 1 : 0));
+}
+
 } // namespace
 
 // A pattern's name as the first answer is what this command asked for in earlier times; programs still send it.
@@ -282,6 +311,30 @@ Command boundary(Context &context)
                         .arg(loops.size())
                         .arg(loops.size() == 1 ? QString() : QStringLiteral("s"))
                         .toStdU16String());
+}
+
+// Properties, the default, are the pattern with its scale and angle.
+Command editHatch(Context &context)
+{
+    const auto picked = co_await context.ask().entity({u"Select hatch object: ", {}, Enter::Refused});
+    const RecordId hatch = picked.value.entity;
+    if (context.database().type(hatch) != u"HATCH")
+        throw CommandError{u"The object is not a hatch."};
+    const auto option = co_await context.ask().keyword(
+        {u"Enter hatch option [DIsassociate/Style/Properties] <Properties>: ", u"DIsassociate Style Properties"});
+    GroupList groups = context.database().groups(hatch);
+    if (option.is(u"DIsassociate")) {
+        drawing::setGroup(groups, integerGroup(71, 0));
+    } else if (option.is(u"Style")) {
+        const auto style = co_await context.ask().keyword(
+            {u"Enter hatching style [Ignore/Outer/Normal] <Normal>: ", u"Ignore Outer Normal"});
+        drawing::setGroup(groups, integerGroup(75, style.is(u"Ignore") ? 2 : style.is(u"Outer") ? 1 : 0));
+    } else {
+        HatchSettings settings = settingsOf(groups);
+        co_await askProperties(context, settings);
+        replacePattern(groups, settings);
+    }
+    context.database().replace(hatch, groups);
 }
 
 } // namespace commands

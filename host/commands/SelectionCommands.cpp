@@ -2,6 +2,7 @@
 
 #include "host/commands/Commands.h"
 #include "host/commands/SelectObjects.h"
+#include "host/commands/TableRecords.h"
 
 namespace commands {
 
@@ -14,10 +15,19 @@ Command erase(Context &context)
 }
 
 // What ERASE took last comes back, whatever was done since.
+// But for an insert whose block has been purged.
 Command unerase(Context &context)
 {
-    for (const RecordId entity : context.memory().erased)
-        context.database().restore(entity);
+    for (const RecordId entity : context.memory().erased) {
+        const drawing::Database &database = context.database();
+        const bool isInsert = database.record(entity).type == drawing::known::Insert;
+        const std::u16string block =
+            isInsert ? drawing::textOf(database.groups(entity), drawing::groupcode::Name) : std::u16string();
+        if (isInsert && findRecord(context, drawing::known::Block, block) == drawing::NoRecord)
+            context.session().print(u"\nBlock \"" + block + u"\" is gone, and its insert with it.\n");
+        else
+            context.database().restore(entity);
+    }
     co_return;
 }
 

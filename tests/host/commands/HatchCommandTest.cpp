@@ -1,6 +1,9 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include "host/commands/HatchPatterns.h"
 #include "host/drawing/edit/Area.h"
+
+#include <cmath>
 
 namespace {
 
@@ -146,6 +149,68 @@ TEST_F(HatchCommand, AnUnknownPatternIsSaid)
     takePrinted();
     evaluate("(command \"_.hatch\" \"nowhere\")");
     EXPECT_EQ(takePrinted(), "\nPattern nowhere was not found.\n");
+}
+
+TEST_F(HatchCommand, EveryPatternHasLinesThatGoOn)
+{
+    for (const char16_t *name :
+         {u"ansi31",        u"ansi32",  u"ansi33",         u"ansi34",         u"ansi35",         u"ansi36",
+          u"ansi37",        u"ansi38",  u"angle",          u"cross",          u"grate",          u"hex",
+          u"honey",         u"insul",   u"plast",          u"square",         u"steel",          u"zigzag",
+          u"ar-b88",        u"ar-b816", u"acad_iso02w100", u"acad_iso03w100", u"acad_iso04w100", u"acad_iso07w100",
+          u"acad_iso10w100"}) {
+        const std::optional<commands::HatchPattern> pattern = commands::hatchPattern(name);
+        ASSERT_TRUE(pattern) << QStringView(name).toString().toStdString();
+        EXPECT_FALSE(pattern->lines.empty());
+        for (const commands::HatchLine &line : pattern->lines) {
+            EXPECT_GT(line.across, 0);
+            double period = 0, drawn = line.dashes.empty() ? 1 : 0;
+            for (const double dash : line.dashes) {
+                period += std::abs(dash);
+                drawn += dash >= 0 ? 1 : 0;
+            }
+            EXPECT_GT(drawn, 0);
+            EXPECT_TRUE(line.dashes.empty() || period > 0);
+        }
+    }
+}
+
+// Where three edges of a honeycomb meet, each direction has one that begins or ends there.
+TEST_F(HatchCommand, TheEdgesOfAHoneycombMeet)
+{
+    const commands::HatchPattern pattern = *commands::hatchPattern(u"HEX");
+    const double side = pattern.lines[0].dashes[0];
+    EXPECT_NEAR(pattern.lines[0].across, side * std::sqrt(0.75), 1e-12);
+    EXPECT_NEAR(pattern.lines[0].along, side * 1.5, 1e-12);
+    EXPECT_EQ(pattern.lines[1].baseX, side); // the end of the first edge
+    EXPECT_EQ(pattern.lines[2].baseX, 0);    // and its beginning
+    EXPECT_EQ(pattern.lines[1].dashes, pattern.lines[0].dashes);
+}
+
+TEST_F(HatchCommand, HatcheditChangesPatternScaleAndAngle)
+{
+    evaluate("(command \"_.circle\" \"5,5\" 2) (command \"_.hatch\" \"ansi31\" 1 0 (entlast) \"\")");
+    evaluate("(command \"_.-hatchedit\" (entlast) \"_p\" \"hex\" 2 30)");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"HEX");
+    EXPECT_EQ(integerOf(lastGroups(), 78), 3);
+    EXPECT_EQ(realOf(lastGroups(), 41), 2);
+    EXPECT_NEAR(realOf(lastGroups(), 52), 30, 1e-9);
+    EXPECT_EQ(integerOf(lastGroups(), 93), 2); // the boundary stays
+    evaluate("(command \"_.hatchedit\" (entlast) \"\" \"_s\")");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"SOLID");
+    EXPECT_EQ(integerOf(lastGroups(), 70), 1);
+    EXPECT_FALSE(drawing::hasGroup(lastGroups(), 78));
+    evaluate("(command \"_.hatchedit\" (entlast) \"_st\" \"_i\")");
+    EXPECT_EQ(integerOf(lastGroups(), 75), 2);
+    evaluate("(command \"_.hatchedit\" (entlast) \"_p\" \"ansi31\" 1 0)");
+    EXPECT_EQ(integerOf(lastGroups(), 75), 2);
+    EXPECT_EQ(integerOf(lastGroups(), 70), 0);
+}
+
+TEST_F(HatchCommand, OtherObjectsAreNoHatches)
+{
+    evaluate("(command \"_.point\" \"1,1\") (command \"_.hatchedit\" (entlast))");
+    EXPECT_EQ(takePrinted(), "\nThe object is not a hatch.\n");
 }
 
 } // namespace

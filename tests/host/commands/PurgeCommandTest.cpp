@@ -60,4 +60,15 @@ TEST_F(PurgeCommand, UndoBringsThemBack)
     EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
 }
 
+TEST_F(PurgeCommand, OopsDoesNotBringBackAnInsertWhoseBlockIsGone)
+{
+    evaluate("(command \"_.circle\" '(0 0) 1 \"_.-block\" \"disc\" '(0 0) (entlast) \"\")");
+    evaluate("(command \"_.-insert\" \"disc\" '(0 0) 1 1 0 \"_.point\" '(1 1) \"_.erase\" \"_all\" \"\")");
+    evaluate("(command \"_.-purge\" \"_b\" \"disc\" \"_n\")");
+    takePrinted();
+    evaluate("(command \"_.oops\")");
+    EXPECT_EQ(takePrinted(), "\nBlock \"disc\" is gone, and its insert with it.\n");
+    EXPECT_EQ(types(), (std::vector<std::string>{"CIRCLE", "POINT"})); // what was there before, too
+}
+
 } // namespace
