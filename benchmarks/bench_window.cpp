@@ -1,6 +1,6 @@
 // What a person waits for in a window with a million lines: a frame of a pan or a zoom, until it is on the screen, and
 // the first picture after opening. It needs a screen, such as Xvfb:
-//     python3 tests/screens/on_screen.py 1 /tmp build/release/bin/bench_window
+//     python3 tests/screens/on_screen.py xcb 1 /tmp build/release/bin/bench_window
 #include "benchmarks/MillionLines.h"
 #include "host/ui/view/DrawingArea.h"
 

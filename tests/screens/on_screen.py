@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Runs a program on a screen of its own: on_screen.py SCALE PICTURES PROGRAM [ARGUMENT ...].
+"""Runs a program on a screen of its own: on_screen.py PLATFORM SCALE PICTURES PROGRAM [ARGUMENT ...].
 
-The screen is Xvfb with the window manager openbox; without them the status is 77, which means that nothing was tested.
+PLATFORM is the plug-in with which Qt shows windows: xcb, or windows for a program that Wine runs. The screen is Xvfb with the window manager openbox; without them the status is 77, which means that nothing was tested.
 The program finds the folder for its pictures in SCREEN_PICTURES."""
 
 import os
@@ -47,13 +47,13 @@ def end(process):
 
 
 def main():
-    scale, pictures, *command = sys.argv[1:]
+    platform, scale, pictures, *command = sys.argv[1:]
     if not shutil.which("Xvfb") or not shutil.which("openbox"):
         print("no screen: Xvfb or openbox is missing")
         return SKIPPED
     pathlib.Path(pictures).mkdir(parents=True, exist_ok=True)
     server, display = start_screen(int(scale))
-    environment = os.environ | {"DISPLAY": display, "QT_QPA_PLATFORM": "xcb", "QT_SCALE_FACTOR": scale,
+    environment = os.environ | {"DISPLAY": display, "QT_QPA_PLATFORM": platform, "QT_SCALE_FACTOR": scale,
                                 "SCREEN_PICTURES": pictures}
     manager = start_manager(environment)
     try:

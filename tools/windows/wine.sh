@@ -3,7 +3,7 @@
 # Usage: tools/windows/wine.sh PROGRAM.exe [ARGUMENT ...]
 # The Windows that it finds (drive C, the registry) is in $LISPEXTENSION_CACHE (else ~/.cache/lispextension), or where
 # WINEPREFIX says; it is made at the first use and takes 700 MB. Drive Z is this machine's root folder. With a DISPLAY and
-# QT_QPA_PLATFORM=windows there are windows.
+# QT_QPA_PLATFORM=windows there are windows, in a Windows apart: one that started without a display stays without.
 set -euo pipefail
 wine=/usr/lib/wine/wine64
 
@@ -13,6 +13,12 @@ export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=}
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
 export LC_ALL=C.UTF-8 # file names and arguments reach Windows through this
+
+on_screen=
+if [ -n "${DISPLAY-}" ] && [ "$QT_QPA_PLATFORM" = windows ]; then
+    on_screen=yes
+    WINEPREFIX+=-screen
+fi
 
 complete=$WINEPREFIX/.complete-3 # the number changes with what make_prefix does
 
@@ -41,7 +47,7 @@ start_server() {
 }
 
 [ -f "$complete" ] || (make_prefix)
-start_server
+[ -n "$on_screen" ] || start_server # the next screen is another one
 # The server's pipes would become the standard streams that are closed, and what the program prints requests to the server.
 for stream in 0 1 2; do
     [ -e "/dev/fd/$stream" ] || eval "exec $stream</dev/null"
