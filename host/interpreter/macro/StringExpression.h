@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-// The string expressions of menus and status lines (DIESEL in the public customization guides): text in which
-// $(function,argument,…) stands for what the function gives. Everything is text; numbers are read from it.
+// The string expressions of menus and status lines: text in which $(function,argument,…) stands for what the function
+// gives. Everything is text; numbers are read from it.
 namespace lisp {
 
 // What expressions ask the host for.
