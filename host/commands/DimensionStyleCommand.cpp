@@ -45,10 +45,10 @@ struct NameRow
     int code;
     drawing::NameId table;
 };
-constexpr NameRow names[] = {{u"DIMTXSTY", 340, Style},
-                             {u"DIMBLK", 342, BlockRecord},
-                             {u"DIMBLK1", 343, BlockRecord},
-                             {u"DIMBLK2", 344, BlockRecord}};
+constexpr NameRow nameRows[] = {{u"DIMTXSTY", 340, Style},
+                                {u"DIMBLK", 342, BlockRecord},
+                                {u"DIMBLK1", 343, BlockRecord},
+                                {u"DIMBLK2", 344, BlockRecord}};
 constexpr std::u16string_view TextVariable = u"DIMPOST";
 constexpr int TextCode = 3;
 
@@ -66,7 +66,7 @@ void keepVariables(Context &context, GroupList &groups)
     for (const Row &row : numbers)
         drawing::setGroup(groups, groupOf(*session.variable(row.variable), row.code));
     drawing::setGroup(groups, drawing::textGroup(TextCode, session.text(TextVariable)));
-    for (const NameRow &row : names) {
+    for (const NameRow &row : nameRows) {
         drawing::removeGroups(groups, row.code);
         const RecordId record = findRecord(context, row.table, session.text(row.variable));
         if (record != drawing::NoRecord && !context.database().isBefore2000())
@@ -103,7 +103,7 @@ void restoreVariables(Context &context, RecordId style)
             session.assign(row.variable, drawing::realOf(groups, row.code, row.standard));
     }
     session.assign(TextVariable, drawing::textOf(groups, TextCode));
-    for (const NameRow &row : names)
+    for (const NameRow &row : nameRows)
         session.assign(row.variable, nameOf(context, groups, row));
     makeCurrent(context, style);
 }
@@ -208,8 +208,8 @@ Command dimensionStyle(Context &context)
         keepVariables(context, groups);
         showVariables(context, groups);
     } else if (option.is(u"?")) {
-        const auto names = co_await context.ask().string({u"Enter dimension style(s) to list <*>: "});
-        list(context, names.hasValue() ? names.value : u"*");
+        const auto wanted = co_await context.ask().string({u"Enter dimension style(s) to list <*>: "});
+        list(context, wanted.hasValue() ? wanted.value : u"*");
     } else {
         restoreVariables(context, co_await askStyle(context));
     }
