@@ -3,6 +3,7 @@
 #include "app/Modules.h"
 #include "app/Plotter.h"
 #include "host/kernel/Host.h"
+#include "host/ui/gui/CheckBoxStyle.h"
 #include "host/ui/gui/CommandRunner.h"
 #include "host/ui/gui/DesktopColors.h"
 #include "host/ui/gui/DrawingFiles.h"
@@ -23,6 +24,7 @@ int runGui(const Options &options)
     const QApplication application(argumentCount, arguments);
     std::setlocale(LC_NUMERIC, "C"); // the application takes the user's, but numbers in files and in LISP have a point
 
+    QApplication::setStyle(new CheckBoxStyle(QApplication::style()->name())); // which the application owns
     const std::unique_ptr<QObject> desktopColors = followDesktopColors(useColorScheme);
     Host host;
     host.services().plotter = plotToFile;

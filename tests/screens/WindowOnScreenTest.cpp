@@ -1,5 +1,6 @@
 // The host's window as a person works with it: typed commands and LISP, names that are offered, layers, data, progress.
 
+#include "host/ui/gui/CheckBoxStyle.h"
 #include "host/ui/gui/DesktopColors.h"
 #include "host/ui/gui/DrawingFiles.h"
 #include "host/ui/gui/DrawingPanels.h"
@@ -20,6 +21,7 @@ class WindowOnScreen : public GuiTest
 protected:
     WindowOnScreen()
     {
+        QApplication::setStyle(new CheckBoxStyle(QApplication::style()->name()));
         window().resize(1000, 640);
         waitUntilReady(window());
         type(QStringLiteral("(setvar \"CMDECHO\" 0)"));

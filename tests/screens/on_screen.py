@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Runs a program on a screen of its own: on_screen.py PLATFORM SCALE PICTURES PROGRAM [ARGUMENT ...].
 
-PLATFORM is the plug-in with which Qt shows windows: xcb, or windows for a program that Wine runs. The screen is Xvfb with the window manager openbox; without them the status is 77, which means that nothing was tested.
+PLATFORM is the plug-in with which Qt shows windows: xcb, or windows for a program that Wine runs. The screen is Xvfb with
+the window manager openbox; without them the status is 77, which means that nothing was tested.
 The program finds the folder for its pictures in SCREEN_PICTURES."""
 
 import os

@@ -1,14 +1,18 @@
 // The desktop's setting for dark and light, as its portal tells it on a bus of the test's own.
 
 #include "host/ui/gui/DesktopColors.h"
+#include "host/ui/gui/CheckBoxStyle.h"
 #include "host/ui/gui/CommandPanel.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusVariant>
+#include <QPainter>
 #include <QPalette>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QStyleFactory>
+#include <QStyleOption>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -87,6 +91,36 @@ TEST(DesktopColors, DarkOnesAreUsedUntilLightOnesAreWanted)
     useColorScheme(ColorScheme::Dark);
     useColorScheme(ColorScheme::NoPreference);
     EXPECT_FALSE(isDark());
+}
+
+// The greatest difference in lightness between what a style draws of a box and the background.
+int contrastOfBox(const QStyle &style)
+{
+    QStyleOptionButton box;
+    box.palette = QApplication::palette();
+    box.rect = QRect(0, 0, 14, 14);
+    box.state = QStyle::State_Enabled | QStyle::State_Off;
+    const QColor background = box.palette.color(QPalette::Base);
+    QImage image(box.rect.size(), QImage::Format_RGB32);
+    image.fill(background);
+    QPainter painter(&image);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter);
+    painter.end();
+    int contrast = 0;
+    for (int x = 0; x < image.width(); ++x)
+        contrast = std::max(contrast, std::abs(image.pixelColor(x, 7).lightness() - background.lightness()));
+    return contrast;
+}
+
+TEST(DesktopColors, BoxesToTickAreSeenOnDarkBackgrounds)
+{
+    const CheckBoxStyle style(QStringLiteral("fusion"));
+    const std::unique_ptr<QStyle> plain(QStyleFactory::create(QStringLiteral("fusion")));
+    EXPECT_EQ(contrastOfBox(style), contrastOfBox(*plain)); // on light ones nothing changes
+    useColorScheme(ColorScheme::Dark);
+    EXPECT_GT(contrastOfBox(style), 60);
+    EXPECT_LT(contrastOfBox(*plain), 30); // else the style has nothing to do any more
+    useColorScheme(ColorScheme::NoPreference);
 }
 
 TEST(DesktopColors, WhatWasPrintedGetsTheColoursOfItsVoiceAnew)
