@@ -189,7 +189,8 @@ Command text(Context &context)
             {u"Specify rotation angle of text <0>: ", {}, Enter::Allowed, placing.first});
         rotation = asked.hasValue() ? asked.value : 0;
     }
-    const auto content = co_await context.ask().string({u"Enter text: ", {}, Enter::Allowed, {}, Blanks::BelongToAnswers});
+    const auto content =
+        co_await context.ask().string({u"Enter text: ", {}, Enter::Allowed, {}, Blanks::BelongToAnswers});
     if (content.hasValue())
         addText(context, placing, style, height, rotation, content.value);
 }

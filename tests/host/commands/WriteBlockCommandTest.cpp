@@ -39,7 +39,7 @@ TEST_F(WriteBlockCommand, WritesABlock)
 {
     evaluate("(command \"_.wblock\" " + quoted() + " \"PAIR\")");
     EXPECT_THAT(written(), ElementsAre("POINT", "LINE")); // as they were selected
-    EXPECT_EQ(firstPlace().x, 2); // from the base of the block
+    EXPECT_EQ(firstPlace().x, 2);                         // from the base of the block
     EXPECT_EQ(drawing::Drawing(path()).tables().find(drawing::known::Block, u"pair"), drawing::NoRecord);
     EXPECT_THAT(types(), ElementsAre("CIRCLE"));
 }

@@ -2,8 +2,8 @@
 
 #include "tests/host/render/DrawnList.h"
 
-#include "host/drawing/HeaderVariables.h"
 #include "host/drawing/ChangedEntities.h"
+#include "host/drawing/HeaderVariables.h"
 #include "host/render/Scene.h"
 
 #include <gtest/gtest.h>
