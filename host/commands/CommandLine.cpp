@@ -54,10 +54,17 @@ CommandLine::Result CommandLine::giveOne(const Input &input)
 CommandLine::Result CommandLine::runTyped(const std::u16string &typed)
 {
     m_lastName.clear();
-    Result result = start(typed, Source::Person);
+    const Result started = start(typed, Source::Person);
+    const Result result = started == Result::Taken ? askForRest() : started;
+    runScripts();
+    return result;
+}
+
+CommandLine::Result CommandLine::askForRest()
+{
+    Result result = Result::Taken;
     while (result == Result::Taken && isActive())
         result = askPerson();
-    runScripts();
     return result;
 }
 

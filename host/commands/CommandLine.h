@@ -26,8 +26,9 @@ public:
     Result give(const Input &input);
     // Runs a whole command that a person has typed, and asks the person what it wants to know.
     Result runTyped(const std::u16string &typed);
-    void cancel();     // Esc: ends all that runs
-    void showPrompt(); // of the running command, once
+    Result askForRest(); // asks the person for all that a command which a program has begun still wants to know
+    void cancel();       // Esc: ends all that runs
+    void showPrompt();   // of the running command, once
 
     bool isActive() const { return !m_running.empty(); }
     std::u16string names() const; // of the running commands, as CMDNAMES gives them

@@ -55,15 +55,9 @@ void CommandRunner::run(const std::function<void()> &action)
 {
     m_interface.programStarted(m_document.machine());
     m_document.drawing().database().journal().nextStep(); // one line is undone in one step
-    try {
-        action();
-    } catch (const LispError &error) {
-        if (error.kind != LispError::Kind::Exit) {
-            m_interface.startFreshLine();
-            const std::u16string text = u"error: " + error.message + u'\n' + lisp::traceText(error.trace);
-            m_interface.writeError(QString::fromStdU16String(text));
-        }
-    }
+    commands::CommandLine &commandLine = m_document.commandLine();
+    if (!attempt(action) || !attempt([&commandLine] { commandLine.askForRest(); }))
+        commandLine.cancel();
     m_interface.flush();
     Q_EMIT ended();
     m_interface.programEnded();
@@ -72,6 +66,22 @@ void CommandRunner::run(const std::function<void()> &action)
     showPrompt();
     if (m_isClosing)
         m_interface.window().close();
+}
+
+// False: it was ended by an error, which is shown, or has asked for the end.
+bool CommandRunner::attempt(const std::function<void()> &action)
+{
+    try {
+        action();
+        return true;
+    } catch (const LispError &error) {
+        if (error.kind != LispError::Kind::Exit) {
+            m_interface.startFreshLine();
+            const std::u16string text = u"error: " + error.message + u'\n' + lisp::traceText(error.trace);
+            m_interface.writeError(QString::fromStdU16String(text));
+        }
+        return false;
+    }
 }
 
 void CommandRunner::runTyped(const QString &text)

@@ -18,13 +18,15 @@ public:
     void loadProgram(const QString &path);
     void runCommand(const QString &name);
     void giveAnswers(const QStringList &answers); // a command's name and what it is to be answered
-    // Runs with errors shown and the window told; anything LISP happens in here.
+    // Runs with errors shown and the window told; anything LISP happens in here. A command that is left running then
+    // asks the person on; after an error it is cancelled.
     void run(const std::function<void()> &action);
 
 Q_SIGNALS:
     void ended(); // what was run; the window still takes it for running, so that nothing else begins meanwhile
 
 private:
+    bool attempt(const std::function<void()> &action);
     void runTyped(const QString &text);
     void evaluate(const std::u16string &source);
     bool isIncomplete(const std::u16string &source);

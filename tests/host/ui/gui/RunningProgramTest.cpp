@@ -31,6 +31,30 @@ TEST_F(RunningProgram, EscCancelsARequest)
     EXPECT_THAT(output(), HasSubstr("Point: *Cancel*\nerror: Function cancelled\n"));
 }
 
+TEST_F(RunningProgram, ACommandThatItLeavesRunningAsksThePersonOn)
+{
+    later([this] {
+        EXPECT_EQ(prompt(), "Specify next point or [Undo]: ");
+        type(QStringLiteral("10,0"));
+        later([this] { type(QString()); });
+    });
+    type(QStringLiteral("(command \"_.line\" '(0 0))"));
+    EXPECT_THAT(output(), HasSubstr("\nnil\nSpecify next point or [Undo]: 10,0\n"));
+    EXPECT_FALSE(interface.isRunning());
+    EXPECT_FALSE(document.commandLine().isActive());
+    EXPECT_EQ(entityCount(), "1\n");
+}
+
+TEST_F(RunningProgram, EscAndErrorsCancelTheCommandThatItLeftRunning)
+{
+    later([this] { QTest::keyClick(input, Qt::Key_Escape); });
+    type(QStringLiteral("(command \"_.line\" '(0 0))"));
+    EXPECT_FALSE(document.commandLine().isActive());
+    type(QStringLiteral("(progn (command \"_.line\" '(0 0)) (car 5))"));
+    EXPECT_FALSE(document.commandLine().isActive());
+    EXPECT_EQ(entityCount(), "0\n");
+}
+
 TEST_F(RunningProgram, EscStopsALoopAndTheWindowLivesOn)
 {
     later([this] {
