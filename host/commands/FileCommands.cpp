@@ -16,6 +16,14 @@ void write(Context &context, const QString &path)
     context.say(u"Saved as " + path.toStdU16String());
 }
 
+// As the drawing's own file from now on.
+void writeOwn(Context &context, const QString &path)
+{
+    write(context, path);
+    context.drawing().setPath(path);
+    context.drawing().noteSaved();
+}
+
 Task<QString> askPath(Context &context)
 {
     const QString now = context.drawing().path();
@@ -34,9 +42,11 @@ Task<QString> askPath(Context &context)
 Command save(Context &context)
 {
     const QString path = co_await askPath(context);
-    write(context, path);
-    if (context.drawing().path().isEmpty())
-        context.drawing().setPath(path);
+    const QString own = context.drawing().path();
+    if (own.isEmpty() || path == own)
+        writeOwn(context, path);
+    else
+        write(context, path);
 }
 
 // The version of the file stays as it is, whatever is chosen.
@@ -47,18 +57,15 @@ Command saveAs(Context &context)
     if (format.hasValue() && drawing::folded(format.value) == drawing::folded(u"DXF"))
         co_await context.ask().integer({u"Enter decimal places of accuracy (0 to 16) or [Binary] <16>: ", u"Binary"});
     const QString path = co_await askPath(context);
-    write(context, path);
-    context.drawing().setPath(path);
+    writeOwn(context, path);
 }
 
 Command quickSave(Context &context)
 {
     QString path = context.drawing().path();
-    if (path.isEmpty()) {
+    if (path.isEmpty())
         path = co_await askPath(context);
-        context.drawing().setPath(path);
-    }
-    write(context, path);
+    writeOwn(context, path);
 }
 
 Command open(Context &context)

@@ -22,11 +22,18 @@ public:
 
     const QString &path() const { return m_path; } // empty: it has no file yet
     void setPath(const QString &path) { m_path = path; }
+    // Its file is as it is now.
+    void noteSaved() { m_savedCount = m_database->journal().changeCount(); }
+    bool isModified() const
+    {
+        return m_database->journal().changeCount() != m_savedCount;
+    }                                                 // since it was read or saved
     std::uint32_t number() const { return m_number; } // from 1; no other drawing of this process has it
 
 private:
     std::unique_ptr<Database> m_database;
     SymbolTables m_tables{*m_database};
+    std::uint64_t m_savedCount = m_database->journal().changeCount();
     QString m_path;
     std::uint32_t m_number;
 };

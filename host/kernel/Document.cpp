@@ -39,6 +39,7 @@ Document::Document(HostServices &services)
     m_variables.keepInDrawing(
         [this](const VariableRow &row, const VariableValue &value) { keepVariable(drawing(), row, value); });
     computeSpace(m_variables, *this);
+    computeChanges(m_variables, *this);
     m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });
     m_variables.compute(u"DWGPREFIX", [this] { return folderOf(drawing()); });
     prompter().snapper = [this](const LispPoint &near, snap::Modes modes, const LispPoint &from) {

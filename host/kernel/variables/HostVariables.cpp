@@ -94,6 +94,11 @@ void computeSpace(SystemVariables &variables, Document &document)
         u"CVPORT", [&document] { return document.isPaperSpaceCurrent() ? 1 : 2; }, useViewport);
 }
 
+void computeChanges(SystemVariables &variables, Document &document)
+{
+    variables.compute(u"DBMOD", [&document] { return document.drawing().isModified() ? 1 : 0; });
+}
+
 void computeCommandLine(SystemVariables &variables, Document &document)
 {
     const auto undoControl = [&document] {

@@ -20,7 +20,8 @@ void bindInput(SystemVariables &variables, Prompter &prompter);
 void computeEnvironment(SystemVariables &variables);
 
 // The variables that tell of the commands that run, and of undo.
-void computeSpace(SystemVariables &variables, Document &document); // CTAB, CVPORT
+void computeSpace(SystemVariables &variables, Document &document);   // CTAB, CVPORT
+void computeChanges(SystemVariables &variables, Document &document); // DBMOD
 void computeCommandLine(SystemVariables &variables, Document &document);
 
 // A folder's name as variables give it: with the system's separators, and one at the end.

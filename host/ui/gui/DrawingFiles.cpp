@@ -12,7 +12,6 @@
 DrawingFiles::DrawingFiles(MainWindow &window, CommandRunner &runner, Document &document)
     : m_window(window), m_runner(runner), m_document(document)
 {
-    noteSaved();
     connect(&window, &MainWindow::drawingChosen, this, &DrawingFiles::open);
     connect(&window, &MainWindow::saveChosen, this, &DrawingFiles::save);
     connect(&window, &MainWindow::saveAsChosen, this, &DrawingFiles::saveAs);
@@ -34,7 +33,6 @@ void DrawingFiles::read(const QString &path)
     } catch (const drawing::ReadError &error) {
         return report(QString::fromUtf8(error.what()));
     }
-    noteSaved();
     m_document.machine().searchFolders().push_back(QFileInfo(path).absolutePath().toStdU16String());
     m_window.addRecentFile(QFileInfo(path).absoluteFilePath());
 }
@@ -64,27 +62,15 @@ bool DrawingFiles::write(const QString &path)
         return false;
     }
     m_document.drawing().setPath(path);
-    noteSaved();
+    m_document.drawing().noteSaved();
     m_window.addRecentFile(QFileInfo(path).absoluteFilePath());
     showTitle();
     return true;
 }
 
-void DrawingFiles::noteSaved()
-{
-    m_saved = {m_document.drawing().number(), m_document.drawing().database().journal().changeCount()};
-}
-
-bool DrawingFiles::isModified() const
-{
-    const drawing::Drawing &drawing = m_document.drawing();
-    const std::uint64_t saved = drawing.number() == m_saved.first ? m_saved.second : 0;
-    return drawing.database().journal().changeCount() != saved;
-}
-
 bool DrawingFiles::mayLoseChanges()
 {
-    if (!isModified())
+    if (!m_document.drawing().isModified())
         return true;
     const QMessageBox::StandardButton answer =
         QMessageBox::warning(&m_window, tr("Unsaved changes"), tr("Save the changes to %1?").arg(name()),
@@ -107,5 +93,5 @@ QString DrawingFiles::name()
 void DrawingFiles::showTitle()
 {
     m_window.setWindowTitle(QStringLiteral("%1[*] – lisphost").arg(name()));
-    m_window.setWindowModified(isModified());
+    m_window.setWindowModified(m_document.drawing().isModified());
 }

@@ -22,8 +22,6 @@ public:
 private:
     void showTitle();
     void read(const QString &path);
-    void noteSaved();
-    bool isModified() const;
     bool mayLoseChanges(); // asks, and saves when that is wanted
     bool write(const QString &path);
     void report(const QString &failure);
@@ -32,7 +30,4 @@ private:
     MainWindow &m_window;
     CommandRunner &m_runner;
     Document &m_document;
-    // The drawing's number, and its journal's count of changes when the file was what the drawing is. Commands may open
-    // another one, which has no changes at first.
-    std::pair<std::uint32_t, std::uint64_t> m_saved;
 };

@@ -168,6 +168,19 @@ TEST_F(FileCommands, SaveasNamesTheDrawingAndOpenReadsIt)
     EXPECT_THAT(types(), ElementsAre());
 }
 
+TEST_F(FileCommands, DbmodTellsWhetherTheFileLacksChanges)
+{
+    EXPECT_EQ(evaluate("(getvar \"DBMOD\")"), "0");
+    EXPECT_EQ(evaluate("(command \"_.circle\" \"1,2\" 3) (getvar \"DBMOD\")"), "1");
+    EXPECT_EQ(evaluate("(command \"_.saveas\" \"\" \"" + path("one.dxf") + "\") (getvar \"DBMOD\")"), "0");
+    EXPECT_EQ(evaluate("(entdel (entlast)) (getvar \"DBMOD\")"), "1");
+    EXPECT_EQ(evaluate("(command \"_.save\" \"" + path("two.dxf") + "\") (getvar \"DBMOD\")"), "1"); // not its own
+    EXPECT_EQ(evaluate("(command \"_.qsave\") (getvar \"DBMOD\")"), "0");
+    EXPECT_EQ(evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.open\" \"" + path("one.dxf") +
+                       "\") (getvar \"DBMOD\")"),
+              "0");
+}
+
 TEST_F(FileCommands, AFileIsReplacedOnlyWhenConfirmed)
 {
     evaluate("(command \"_.save\" \"" + path("a.dxf") + "\") (command \"_.circle\" \"1,2\" 3)");

@@ -58,6 +58,10 @@ TEST_F(DrawingFilesTest, AChangeMarksTheTitleUntilItIsSaved)
     drawing(QStringLiteral("one.dxf"), 1);
     type(change);
     EXPECT_TRUE(window().isWindowModified());
+    type(QStringLiteral("(command \"_.qsave\")"));
+    EXPECT_FALSE(window().isWindowModified());
+    type(change);
+    EXPECT_TRUE(window().isWindowModified());
     Q_EMIT window().saveChosen();
     EXPECT_FALSE(window().isWindowModified());
     type(QStringLiteral("u"));
