@@ -1,4 +1,4 @@
-#include "host/interpreter/macro/StringExpression.h"
+#include "host/interpreter/macro/DatePicture.h"
 
 #include <QDateTime>
 #include <QLocale>

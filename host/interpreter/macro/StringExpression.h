@@ -85,7 +85,4 @@ const MacroFunction *findMacroFunction(std::u16string_view name); // null: there
 // As arithmetic shows it: no decimals but those that are needed.
 std::u16string macroNumber(double number);
 
-// DatePicture.cpp: a date by a picture such as "DDD, D MON YYYY - H:MMam/pm".
-std::u16string datedText(double julianDate, std::u16string_view picture);
-
 } // namespace lisp
