@@ -19,6 +19,8 @@ namespace {
 constexpr double StepsAcross = 20000; // curves are finer than the pixels of a screen that shows all
 constexpr std::size_t SampleSize = 2000;
 constexpr std::size_t WatchedEntities = 1000; // between two times
+constexpr std::size_t SmallScene = 5000;      // items that are made anew in no time, with curves as fine as it needs
+constexpr std::size_t ReplacedShare = 50;
 
 // Of some entities all over the drawing: how large it is, about.
 QRectF sampledBounds(const drawing::Drawing &drawing, AppearanceResolver &appearances,
@@ -41,6 +43,13 @@ DeviceView movedTo(const QRect &rectangle, DeviceView view)
 {
     view.toDevice *= QTransform::fromTranslate(-rectangle.x(), -rectangle.y());
     return view;
+}
+
+// By how many of its own sizes a scene may outgrow the window that it was made for, before its curves and endless lines
+// are no longer what they should be.
+QRectF roomFor(const QRectF &window)
+{
+    return window.adjusted(-window.width(), -window.height(), window.width(), window.height());
 }
 
 } // namespace
@@ -82,20 +91,6 @@ Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface,
     scene.add(std::move(list), {}, 0, watch);
     return scene;
 }
-
-namespace {
-
-constexpr std::size_t SmallScene = 5000; // items that are made anew in no time, with curves as fine as it needs
-constexpr std::size_t ReplacedShare = 50;
-
-// By how many of its own sizes a scene may outgrow the window that it was made for, before its curves and endless lines
-// are no longer what they should be.
-QRectF roomFor(const QRectF &window)
-{
-    return window.adjusted(-window.width(), -window.height(), window.width(), window.height());
-}
-
-} // namespace
 
 Scene::Items Scene::itemsOf(RecordId entity) const
 {
