@@ -1,25 +1,16 @@
 // Saving and opening. Drawings are DXF files; a name with another ending is saved with ".dxf" in its place.
 
 #include "host/commands/Commands.h"
-#include "host/commands/FileNames.h"
-#include "host/drawing/DrawingWriter.h"
+#include "host/commands/DrawingFiles.h"
 
 namespace commands {
 
 namespace {
 
-void write(Context &context, const QString &path)
-{
-    QString failure;
-    if (!drawing::saveDrawing(context.database(), path, drawing::Backup::None, failure))
-        throw CommandError{failure.toStdU16String()};
-    context.say(u"Saved as " + path.toStdU16String());
-}
-
 // As the drawing's own file from now on.
 void writeOwn(Context &context, const QString &path)
 {
-    write(context, path);
+    writeDrawing(context, context.database(), path);
     context.drawing().setPath(path);
     context.drawing().noteSaved();
 }
@@ -46,7 +37,7 @@ Command save(Context &context)
     if (own.isEmpty() || path == own)
         writeOwn(context, path);
     else
-        write(context, path);
+        writeDrawing(context, context.database(), path);
 }
 
 // The version of the file stays as it is, whatever is chosen.

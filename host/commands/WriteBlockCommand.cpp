@@ -1,11 +1,10 @@
 // WBLOCK: a part of the drawing as a drawing of its own.
 
 #include "host/commands/Commands.h"
-#include "host/commands/FileNames.h"
+#include "host/commands/DrawingFiles.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/TableRecords.h"
 #include "host/commands/WorkPlane.h"
-#include "host/drawing/DrawingWriter.h"
 #include "host/drawing/edit/Extract.h"
 
 #include <QFileInfo>
@@ -13,14 +12,6 @@
 namespace commands {
 
 namespace {
-
-void write(Context &context, const drawing::Drawing &part, const QString &path)
-{
-    QString failure;
-    if (!drawing::saveDrawing(part.database(), path, drawing::Backup::None, failure))
-        throw CommandError{failure.toStdU16String()};
-    context.say(u"Saved as " + path.toStdU16String());
-}
 
 // The objects go out of the drawing; OOPS brings them back.
 Command writeObjects(Context &context, const QString path)
@@ -30,7 +21,8 @@ Command writeObjects(Context &context, const QString path)
     const Selection entities = co_await selectObjects(context);
     if (entities.empty())
         co_return;
-    write(context, *drawing::extractedEntities(context.drawing(), entities, plane.world(base.value)), path);
+    const auto part = drawing::extractedEntities(context.drawing(), entities, plane.world(base.value));
+    writeDrawing(context, part->database(), path);
     for (const RecordId entity : entities)
         context.database().erase(entity);
     context.memory().erased = entities;
@@ -49,13 +41,13 @@ Command writeBlock(Context &context)
     if (block.isNothing())
         co_return co_await writeObjects(context, path);
     if (block.value == u"*")
-        co_return write(context, context.drawing(), path);
+        co_return writeDrawing(context, context.database(), path);
     const std::u16string wanted =
         block.value == u"=" ? QFileInfo(path).completeBaseName().toStdU16String() : block.value;
     const RecordId start = findRecord(context, drawing::known::Block, wanted);
     if (start == drawing::NoRecord)
         throw CommandError{u"Block \"" + wanted + u"\" not found."};
-    write(context, *drawing::extractedBlock(context.drawing(), start), path);
+    writeDrawing(context, drawing::extractedBlock(context.drawing(), start)->database(), path);
 }
 
 } // namespace commands

@@ -1,4 +1,6 @@
-#include "host/commands/FileNames.h"
+#include "host/commands/DrawingFiles.h"
+
+#include "host/drawing/DrawingWriter.h"
 
 #include <QFileInfo>
 
@@ -22,6 +24,14 @@ Command confirmReplacing(Context &context, const QString path)
         {u"A drawing with this name already exists. Do you want to replace it? [Yes/No] <N>: ", u"Yes No"});
     if (!replaces.is(u"Yes"))
         throw CommandError{u"The drawing was not saved."};
+}
+
+void writeDrawing(Context &context, const drawing::Database &database, const QString &path)
+{
+    QString failure;
+    if (!drawing::saveDrawing(database, path, drawing::Backup::None, failure))
+        throw CommandError{failure.toStdU16String()};
+    context.say(u"Saved as " + path.toStdU16String());
 }
 
 } // namespace commands

@@ -12,4 +12,7 @@ QString dxfName(const std::u16string &typed);
 // Where a file is there already, asks whether it shall be replaced. Throws CommandError when not.
 Command confirmReplacing(Context &context, const QString path);
 
+// Saves a drawing, which need not be the open one, and says so. Throws CommandError when that fails.
+void writeDrawing(Context &context, const drawing::Database &database, const QString &path);
+
 } // namespace commands
