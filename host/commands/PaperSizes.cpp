@@ -9,8 +9,6 @@ namespace commands {
 
 namespace {
 
-constexpr double MillimetresPerInch = 25.4;
-
 PaperSize upright(double width, double height)
 {
     return {{}, std::min(width, height), std::max(width, height)};

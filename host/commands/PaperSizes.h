@@ -6,6 +6,8 @@
 
 namespace commands {
 
+inline constexpr double MillimetresPerInch = 25.4;
+
 struct PaperSize
 {
     std::u16string_view name; // empty: of no known name
