@@ -61,10 +61,8 @@ Command drawOrder(Context &context)
             co_return;
     }
     const bool onPaper = context.session().isPaperSpaceCurrent();
-    Selection all = selection::allEntities(context.drawing());
-    std::erase_if(all, [&](RecordId entity) {
-        return context.database().record(entity).has(drawing::Record::PaperSpace) != onPaper;
-    });
+    Selection all =
+        selection::entitiesOf(context.drawing(), onPaper ? selection::Space::Paper : selection::Space::Model);
     const RecordId record =
         findRecord(context, drawing::known::BlockRecord, onPaper ? drawing::PaperSpace : drawing::ModelSpace);
     drawing::sortForDrawing(context.database(), record, all);

@@ -53,7 +53,7 @@ Task<std::u16string> askNewName(Context &context, const std::u16string question,
     const std::u16string wanted = name.hasValue() ? name.value : standard;
     if (!isValidName(wanted))
         throw CommandError{u"Invalid layout name."};
-    if (drawing::findLayout(context.database(), wanted) || drawing::folded(wanted) == drawing::folded(u"Model"))
+    if (drawing::findLayout(context.database(), wanted) || drawing::isModelName(wanted))
         throw CommandError{u"Layout \"" + wanted + u"\" already exists."};
     co_return wanted;
 }

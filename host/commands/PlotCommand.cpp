@@ -4,7 +4,7 @@
 #include "host/commands/PaperSizes.h"
 #include "host/commands/TableRecords.h"
 #include "host/commands/WorkPlane.h"
-#include "host/drawing/LayoutEditing.h"
+#include "host/drawing/Layouts.h"
 #include "host/drawing/edit/GroupEditing.h"
 
 #include <QFileInfo>
@@ -15,8 +15,6 @@
 namespace commands {
 
 namespace {
-
-constexpr double MillimetresPerInch = 25.4;
 
 QString lowered(const std::u16string &text)
 {
@@ -59,7 +57,7 @@ Task<std::u16string> askLayout(Context &context)
     const std::u16string current = context.session().text(u"CTAB");
     const std::u16string name =
         co_await askListed(context, u"Enter a layout name or [?] <" + current + u">: ", names, current);
-    if (drawing::folded(name) == drawing::folded(u"Model"))
+    if (drawing::isModelName(name))
         co_return u"Model";
     const std::optional<drawing::Layout> layout = drawing::findLayout(context.database(), name);
     if (!layout)
@@ -97,13 +95,18 @@ Task<PaperSize> askPaper(Context &context)
     }
 }
 
+void take(PlotJob::Page &page, const Vector &centre, double width, double height)
+{
+    page.lower = {centre.x - width / 2, centre.y - height / 2, 0};
+    page.upper = {centre.x + width / 2, centre.y + height / 2, 0};
+}
+
 // What the screen shows. Its size is that of the window in pixels.
 void takeDisplay(const Session &session, PlotJob::Page &page)
 {
     const Point screen = session.point(u"SCREENSIZE"), centre = session.point(u"VIEWCTR");
-    const double height = session.real(u"VIEWSIZE"), width = height * screen.x / screen.y;
-    page.lower = {centre.x - width / 2, centre.y - height / 2, 0};
-    page.upper = {centre.x + width / 2, centre.y + height / 2, 0};
+    const double height = session.real(u"VIEWSIZE");
+    take(page, {centre.x, centre.y, 0}, height * screen.x / screen.y, height);
 }
 
 void takeView(Context &context, const std::u16string &name, PlotJob::Page &page)
@@ -113,10 +116,8 @@ void takeView(Context &context, const std::u16string &name, PlotJob::Page &page)
     if (view == drawing::NoRecord)
         throw CommandError{u"Cannot find view " + name + u"."};
     const drawing::GroupList groups = context.database().groups(view);
-    const Vector centre = drawing::placeOf(groups, CentreCode);
-    const double height = drawing::realOf(groups, HeightCode), width = drawing::realOf(groups, WidthCode);
-    page.lower = {centre.x - width / 2, centre.y - height / 2, 0};
-    page.upper = {centre.x + width / 2, centre.y + height / 2, 0};
+    take(page, drawing::placeOf(groups, CentreCode), drawing::realOf(groups, WidthCode),
+         drawing::realOf(groups, HeightCode));
 }
 
 Command askWindow(Context &context, PlotJob::Page &page)
@@ -266,7 +267,7 @@ Command plot(Context &context)
         co_await askListed(context, u"Enter a page setup name <>: ", {}, {});
     const QString device = co_await askDevice(context);
     if (isDetailed)
-        job.page = co_await askPage(context, job.layout == u"Model");
+        job.page = co_await askPage(context, drawing::isModelName(job.layout));
     job.path = co_await askPath(context, job.layout, device);
     co_await askYes(context, u"Save changes to page setup [Yes/No]? <N>: ", false);
     if (!co_await askYes(context, u"Proceed with plot [Yes/No] <Y>: ", true))

@@ -3,7 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/TableRecords.h"
 #include "host/commands/Usage.h"
-#include "host/drawing/Dictionaries.h"
+#include "host/drawing/Blocks.h"
 
 #include <QString>
 
@@ -31,22 +31,13 @@ constexpr std::array<Kind, 6> kinds = {{
     {u"Regapps", Application, u"registered application"},
 }};
 
-// With the objects in it and, of a block, the table record that owns them.
 void remove(Context &context, RecordId record)
 {
     drawing::Database &database = context.database();
-    if (database.record(record).kind == drawing::RecordKind::BlockStart) {
-        for (RecordId id = database.firstIn(record); id != drawing::NoRecord; id = database.nextIn(id))
-            database.erase(id);
-        if (const RecordId end = database.knownEndOf(record); end != drawing::NoRecord)
-            database.erase(end);
-        if (const RecordId owner = findRecord(context, BlockRecord, database.name(record));
-            owner != drawing::NoRecord) {
-            drawing::eraseExtensionDictionary(database, owner);
-            database.erase(owner);
-        }
-    }
-    database.erase(record);
+    if (database.record(record).kind == drawing::RecordKind::BlockStart)
+        drawing::eraseBlock(database, context.tables(), record);
+    else
+        database.erase(record);
 }
 
 // Once over all records of the kind; how many went.

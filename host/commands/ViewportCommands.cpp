@@ -3,7 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/NewEntity.h"
 #include "host/commands/SelectObjects.h"
-#include "host/drawing/LayoutEditing.h"
+#include "host/drawing/Layouts.h"
 #include "host/drawing/geometry/Extents.h"
 #include "host/drawing/selection/Candidates.h"
 

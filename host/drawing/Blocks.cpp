@@ -1,5 +1,7 @@
 #include "host/drawing/Blocks.h"
 
+#include "host/drawing/Dictionaries.h"
+
 #include <QString>
 
 namespace drawing {
@@ -71,6 +73,19 @@ RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinitio
     return start;
 }
 
+void eraseBlock(Database &database, const SymbolTables &tables, RecordId block)
+{
+    for (RecordId id = database.firstIn(block); id != NoRecord; id = database.nextIn(id))
+        database.erase(id);
+    if (const RecordId end = database.knownEndOf(block); end != NoRecord)
+        database.erase(end);
+    if (const RecordId owner = tables.find(known::BlockRecord, database.name(block)); owner != NoRecord) {
+        eraseExtensionDictionary(database, owner);
+        database.erase(owner);
+    }
+    database.erase(block);
+}
+
 std::u16string freeBlockName(const SymbolTables &tables, std::u16string_view prefix)
 {
     for (int number = 1;; ++number) {
@@ -83,6 +98,25 @@ std::u16string freeBlockName(const SymbolTables &tables, std::u16string_view pre
 RecordId ensureEntities(Database &database)
 {
     return database.ensureSection(known::Entities);
+}
+
+std::vector<RecordId> entitiesIn(const Database &database, RecordId container, std::optional<Space> space)
+{
+    std::vector<RecordId> entities;
+    if (container == NoRecord)
+        return entities;
+    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id)) {
+        const Record &record = database.record(id);
+        if (record.kind == RecordKind::Entity && !record.isGone() && !database.isPart(id) &&
+            (!space || isInSpace(record, *space)))
+            entities.push_back(id);
+    }
+    return entities;
+}
+
+bool isInSpace(const Record &entity, Space space)
+{
+    return entity.has(Record::PaperSpace) == (space == Space::Paper);
 }
 
 RecordId lastEntity(const Database &database)

@@ -3,6 +3,9 @@
 #include "host/drawing/Database.h"
 #include "host/drawing/SymbolTables.h"
 
+#include <optional>
+#include <vector>
+
 namespace drawing {
 
 // Model space, paper space and blocks, which hold entities.
@@ -24,11 +27,21 @@ struct BlockDefinition
 };
 RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
 
+// Erases a block for good, given its start: with what it holds, and from R2000 on with its table record.
+void eraseBlock(Database &database, const SymbolTables &tables, RecordId block);
+
 // A name that no block has: the prefix and a number, "*D7".
 std::u16string freeBlockName(const SymbolTables &tables, std::u16string_view prefix);
 
 // The ENTITIES section, which is made when it is missing.
 RecordId ensureEntities(Database &database);
+
+enum class Space { Model, Paper };
+
+// The entities of a container in its order, without erased ones and without the parts of polylines and inserts; of the
+// ENTITIES section, where both spaces stand, those of one space if that is wanted. None when there is no container.
+std::vector<RecordId> entitiesIn(const Database &database, RecordId container, std::optional<Space> space = {});
+bool isInSpace(const Record &entity, Space space); // of the ENTITIES section
 
 // The last entity of model and paper space that is not erased; of a polyline or insert with parts the entity itself.
 RecordId lastEntity(const Database &database);

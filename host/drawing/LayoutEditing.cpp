@@ -3,8 +3,6 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
 
-#include <QString>
-
 #include <algorithm>
 
 namespace drawing {
@@ -12,7 +10,6 @@ namespace drawing {
 namespace {
 
 constexpr int LayoutNameCode = 1, TabCode = 71, LayoutHandleCode = 340, BlockNameCode = 3;
-constexpr std::u16string_view ModelName = u"Model";
 
 RecordId layoutDictionary(const Database &database)
 {
@@ -43,18 +40,6 @@ void renameBlock(Database &database, RecordId blockRecord, RecordId block, const
     setGroupOf(database, blockRecord, groupcode::Name, name);
     setGroupOf(database, block, groupcode::Name, name);
     setGroupOf(database, block, BlockNameCode, name);
-}
-
-std::vector<RecordId> entitiesIn(const Database &database, RecordId container, bool onlyPaper)
-{
-    std::vector<RecordId> entities;
-    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id)) {
-        const Record &record = database.record(id);
-        if (record.kind == RecordKind::Entity && !record.isGone() && !database.isPart(id) &&
-            (!onlyPaper || record.has(Record::PaperSpace)))
-            entities.push_back(id);
-    }
-    return entities;
 }
 
 // Entities of a block of a layout need not say that they are on paper; those of the ENTITIES section must.
@@ -110,41 +95,18 @@ std::int64_t nextTab(const Database &database)
     return last + 1;
 }
 
-std::size_t sheetCount(const Database &database)
+bool ensureAnotherIsActive(Drawing &drawing, const Layout &layout)
 {
-    return layouts(database).size() - 1;
-}
-
-// The names of the blocks go on from "*Paper_Space0".
-std::u16string freeSheetName(const SymbolTables &tables)
-{
-    for (int number = 0;; ++number) {
-        std::u16string name = std::u16string(PaperSpace) + QString::number(number).toStdU16String();
-        if (tables.find(known::Block, name) == NoRecord)
-            return name;
-    }
+    const std::optional<Layout> active = activeLayout(drawing);
+    if (active && active->object != layout.object)
+        return true;
+    for (const Layout &other : layouts(drawing.database()))
+        if (other.object != layout.object && !isModelName(other.name) && activateLayout(drawing, other))
+            return true;
+    return false;
 }
 
 } // namespace
-
-std::optional<Layout> findLayout(const Database &database, std::u16string_view name)
-{
-    const std::u16string wanted = folded(name);
-    if (wanted != folded(ModelName))
-        for (const Layout &layout : layouts(database))
-            if (folded(layout.name) == wanted)
-                return layout;
-    return std::nullopt;
-}
-
-std::optional<Layout> activeLayout(const Drawing &drawing)
-{
-    const RecordId active = drawing.tables().find(known::BlockRecord, PaperSpace);
-    for (const Layout &layout : layouts(drawing.database()))
-        if (layout.blockRecord != NoRecord && layout.blockRecord == active)
-            return layout;
-    return std::nullopt;
-}
 
 bool activateLayout(Drawing &drawing, const Layout &layout)
 {
@@ -157,9 +119,9 @@ bool activateLayout(Drawing &drawing, const Layout &layout)
         return true;
     const RecordId section = ensureEntities(database);
     const std::u16string name = database.name(layout.blockRecord);
-    for (const RecordId entity : entitiesIn(database, section, true))
+    for (const RecordId entity : entitiesIn(database, section, Space::Paper))
         database.move(entity, database.endOf(block));
-    for (const RecordId entity : entitiesIn(database, other, false)) {
+    for (const RecordId entity : entitiesIn(database, other)) {
         database.move(entity, database.endOf(section));
         putOnPaper(database, entity);
     }
@@ -172,9 +134,9 @@ std::optional<Layout> addLayout(Drawing &drawing, const Layout &original, const 
 {
     Database &database = drawing.database();
     const RecordId dictionary = layoutDictionary(database);
-    if (dictionary == NoRecord || folded(name) == folded(ModelName) || findLayout(database, name))
+    if (dictionary == NoRecord || isModelName(name) || findLayout(database, name))
         return std::nullopt;
-    const std::u16string blockName = freeSheetName(drawing.tables());
+    const std::u16string blockName = freeBlockName(drawing.tables(), PaperSpace);
     if (addBlock(database, drawing.tables(), {blockName}) == NoRecord)
         return std::nullopt;
     const RecordId blockRecord = drawing.tables().find(known::BlockRecord, blockName);
@@ -198,7 +160,7 @@ bool renameLayout(Drawing &drawing, const Layout &layout, const std::u16string &
     Database &database = drawing.database();
     const RecordId dictionary = layoutDictionary(database);
     const std::optional<Layout> taken = findLayout(database, name);
-    if (dictionary == NoRecord || folded(name) == folded(ModelName) || (taken && taken->object != layout.object))
+    if (dictionary == NoRecord || isModelName(name) || (taken && taken->object != layout.object))
         return false;
     GroupList groups = database.groups(layout.object);
     setOwnPart(groups, name, layout.tab, {database.record(layout.blockRecord).handle});
@@ -210,27 +172,13 @@ bool renameLayout(Drawing &drawing, const Layout &layout, const std::u16string &
 bool deleteLayout(Drawing &drawing, const Layout &layout)
 {
     Database &database = drawing.database();
-    const RecordId dictionary = layoutDictionary(database);
-    if (dictionary == NoRecord || sheetCount(database) < 2)
+    const RecordId dictionary = layoutDictionary(database), block = blockOf(drawing, layout);
+    if (dictionary == NoRecord || block == NoRecord || !ensureAnotherIsActive(drawing, layout))
         return false;
-    const std::optional<Layout> active = activeLayout(drawing);
-    for (const Layout &other : layouts(database))
-        if (active && active->object == layout.object && other.object != layout.object &&
-            folded(other.name) != folded(ModelName)) {
-            activateLayout(drawing, other);
-            break;
-        }
-    const RecordId block = blockOf(drawing, layout);
-    if (block == NoRecord)
-        return false;
-    for (RecordId id = database.firstIn(block); id != NoRecord; id = database.nextIn(id))
-        database.erase(id);
+    eraseBlock(database, drawing.tables(), block);
     removeEntry(database, dictionary, layout.name);
-    eraseExtensionDictionary(database, layout.blockRecord);
     eraseExtensionDictionary(database, layout.object);
-    for (const RecordId id : {database.knownEndOf(block), block, layout.blockRecord, layout.object})
-        if (id != NoRecord)
-            database.erase(id);
+    database.erase(layout.object);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "host/drawing/Layouts.h"
 
+#include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
 
 namespace drawing {
@@ -7,6 +8,7 @@ namespace drawing {
 namespace {
 
 constexpr int TabCode = 71;
+constexpr std::u16string_view ModelName = u"Model";
 
 // The plot settings in front have the same codes as the layout's own part.
 void readOwnPart(const Database &database, Layout &layout)
@@ -40,6 +42,30 @@ std::vector<Layout> layouts(const Database &database)
         readOwnPart(database, found.back());
     }
     return found;
+}
+
+bool isModelName(std::u16string_view name)
+{
+    return folded(name) == folded(ModelName);
+}
+
+std::optional<Layout> findLayout(const Database &database, std::u16string_view name)
+{
+    const std::u16string wanted = folded(name);
+    if (!isModelName(name))
+        for (const Layout &layout : layouts(database))
+            if (folded(layout.name) == wanted)
+                return layout;
+    return std::nullopt;
+}
+
+std::optional<Layout> activeLayout(const Drawing &drawing)
+{
+    const RecordId active = drawing.tables().find(known::BlockRecord, PaperSpace);
+    for (const Layout &layout : layouts(drawing.database()))
+        if (layout.blockRecord != NoRecord && layout.blockRecord == active)
+            return layout;
+    return std::nullopt;
 }
 
 } // namespace drawing

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "host/drawing/Database.h"
+#include "host/drawing/Drawing.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,5 +19,9 @@ struct Layout
 
 // In the order of the dictionary; empty for drawings that have none, as before R2000.
 std::vector<Layout> layouts(const Database &database);
+
+bool isModelName(std::u16string_view name);                                           // that of the model's page
+std::optional<Layout> findLayout(const Database &database, std::u16string_view name); // the model is none
+std::optional<Layout> activeLayout(const Drawing &drawing);                           // whose sheet is current
 
 } // namespace drawing

@@ -85,7 +85,7 @@ std::u16string Document::currentLayout() const
 
 bool Document::showLayout(std::u16string_view name)
 {
-    const bool isModel = drawing::folded(name) == drawing::folded(u"Model");
+    const bool isModel = drawing::isModelName(name);
     if (!isModel && drawing::folded(name) != drawing::folded(currentLayout())) {
         const std::optional<drawing::Layout> layout = drawing::findLayout(drawing().database(), name);
         if (!layout || !drawing::activateLayout(drawing(), *layout))

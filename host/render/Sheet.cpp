@@ -173,33 +173,24 @@ Sheet currentSheet(const drawing::Drawing &drawing)
 {
     if (integerVariable(drawing.database(), "$TILEMODE", 1) != 0)
         return modelSheet(drawing);
-    const RecordId active = drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace);
-    for (const drawing::Layout &layout : drawing::layouts(drawing.database()))
-        if (layout.blockRecord != drawing::NoRecord && layout.blockRecord == active)
-            return layoutSheet(drawing, layout);
-    return paperSheet(drawing, {}, activePaperEntities(drawing));
+    const std::optional<drawing::Layout> active = drawing::activeLayout(drawing);
+    return active ? layoutSheet(drawing, *active) : paperSheet(drawing, {}, activePaperEntities(drawing));
 }
 
 std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name, const PageSetup &setup)
 {
-    const std::u16string wanted = drawing::folded(name);
-    if (wanted == drawing::folded(u"Model"))
+    if (drawing::isModelName(name))
         return paperSheet(drawing, setup, modelEntities(drawing));
-    for (const drawing::Layout &layout : drawing::layouts(drawing.database()))
-        if (drawing::folded(layout.name) == wanted)
-            return paperSheet(drawing, setup, paperEntities(drawing, layout));
-    return std::nullopt;
+    const std::optional<drawing::Layout> layout = drawing::findLayout(drawing.database(), name);
+    return layout ? std::optional(paperSheet(drawing, setup, paperEntities(drawing, *layout))) : std::nullopt;
 }
 
 std::optional<Sheet> namedSheet(const drawing::Drawing &drawing, std::u16string_view name)
 {
-    const std::u16string wanted = drawing::folded(name);
-    if (wanted == drawing::folded(u"Model"))
+    if (drawing::isModelName(name))
         return modelSheet(drawing);
-    for (const drawing::Layout &layout : drawing::layouts(drawing.database()))
-        if (drawing::folded(layout.name) == wanted)
-            return layoutSheet(drawing, layout);
-    return std::nullopt;
+    const std::optional<drawing::Layout> layout = drawing::findLayout(drawing.database(), name);
+    return layout ? std::optional(layoutSheet(drawing, *layout)) : std::nullopt;
 }
 
 } // namespace render

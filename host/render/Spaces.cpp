@@ -7,33 +7,16 @@ namespace render {
 
 using drawing::NoRecord;
 using drawing::RecordId;
+using drawing::Space;
 
 namespace {
-
-enum class Space { Model, Paper, Any };
-
-bool isShown(const drawing::Database &database, RecordId id, Space space)
-{
-    const drawing::Record &record = database.record(id);
-    const bool isWanted = space == Space::Any || record.has(drawing::Record::PaperSpace) == (space == Space::Paper);
-    return record.kind == drawing::RecordKind::Entity && !record.isGone() && isWanted && !database.isPart(id);
-}
-
-void addFrom(const drawing::Database &database, RecordId container, Space space, std::vector<RecordId> &entities)
-{
-    if (container == NoRecord)
-        return;
-    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id))
-        if (isShown(database, id, space))
-            entities.push_back(id);
-}
 
 std::vector<RecordId> entitiesOf(const drawing::Drawing &drawing, std::u16string_view block, Space space)
 {
     const drawing::Database &database = drawing.database();
-    std::vector<RecordId> entities;
-    addFrom(database, database.section(drawing::known::Entities), space, entities);
-    addFrom(database, drawing.tables().find(drawing::known::Block, block), Space::Any, entities);
+    std::vector<RecordId> entities = entitiesIn(database, database.section(drawing::known::Entities), space);
+    const std::vector<RecordId> ofBlock = entitiesIn(database, drawing.tables().find(drawing::known::Block, block));
+    entities.insert(entities.end(), ofBlock.begin(), ofBlock.end());
     drawing::sortForDrawing(database, drawing.tables().find(drawing::known::BlockRecord, block), entities);
     return entities;
 }
@@ -48,10 +31,12 @@ std::vector<RecordId> modelEntities(const drawing::Drawing &drawing)
 bool isInModel(const drawing::Drawing &drawing, RecordId entity)
 {
     const drawing::Database &database = drawing.database();
-    const RecordId container = database.record(entity).container;
-    const RecordId block = drawing.tables().find(drawing::known::Block, drawing::ModelSpace);
-    return (container == database.section(drawing::known::Entities) && isShown(database, entity, Space::Model)) ||
-           (container == block && isShown(database, entity, Space::Any));
+    const drawing::Record &record = database.record(entity);
+    if (record.kind != drawing::RecordKind::Entity || record.isGone() || database.isPart(entity))
+        return false;
+    const RecordId section = database.section(drawing::known::Entities);
+    return (record.container == section && isInSpace(record, Space::Model)) ||
+           record.container == drawing.tables().find(drawing::known::Block, drawing::ModelSpace);
 }
 
 std::vector<RecordId> activePaperEntities(const drawing::Drawing &drawing)
@@ -67,8 +52,7 @@ std::vector<RecordId> paperEntities(const drawing::Drawing &drawing, const drawi
     const std::u16string block = database.name(layout.blockRecord);
     if (drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace) == layout.blockRecord)
         return activePaperEntities(drawing);
-    std::vector<RecordId> entities;
-    addFrom(database, drawing.tables().find(drawing::known::Block, block), Space::Any, entities);
+    std::vector<RecordId> entities = entitiesIn(database, drawing.tables().find(drawing::known::Block, block));
     drawing::sortForDrawing(database, layout.blockRecord, entities);
     return entities;
 }

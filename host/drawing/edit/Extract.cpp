@@ -23,17 +23,6 @@ std::unique_ptr<Drawing> duplicate(const Drawing &drawing)
         std::make_unique<Database>(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))));
 }
 
-std::vector<RecordId> entitiesIn(const Database &database, RecordId container)
-{
-    std::vector<RecordId> entities;
-    if (container == NoRecord)
-        return entities;
-    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id))
-        if (!database.record(id).isGone() && database.record(id).kind == RecordKind::Entity && !database.isPart(id))
-            entities.push_back(id);
-    return entities;
-}
-
 // The viewport of a sheet itself, which each layout has.
 bool isSheet(const Database &database, RecordId entity)
 {
@@ -89,20 +78,6 @@ bool isInserted(const Drawing &drawing, const std::u16string &block)
     return false;
 }
 
-void eraseBlock(Drawing &drawing, RecordId block)
-{
-    Database &database = drawing.database();
-    const std::u16string name = database.name(block);
-    for (RecordId id = database.firstIn(block); id != NoRecord; id = database.nextIn(id))
-        database.erase(id);
-    const RecordId record = drawing.tables().find(known::BlockRecord, name);
-    if (record != NoRecord)
-        eraseExtensionDictionary(database, record);
-    for (const RecordId id : {database.knownEndOf(block), record, block})
-        if (id != NoRecord)
-            database.erase(id);
-}
-
 } // namespace
 
 std::unique_ptr<Drawing> extractedEntities(const Drawing &drawing, const std::vector<RecordId> &entities,
@@ -146,7 +121,7 @@ std::unique_ptr<Drawing> extractedBlock(const Drawing &drawing, RecordId block)
             moveTo(*part, moved, base);
     }
     if (!isInserted(*part, name))
-        eraseBlock(*part, copy);
+        eraseBlock(database, part->tables(), copy);
     return part;
 }
 

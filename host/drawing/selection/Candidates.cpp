@@ -14,11 +14,6 @@ namespace selection {
 
 namespace {
 
-bool isInSpace(const Record &record, Space space)
-{
-    return record.has(Record::PaperSpace) == (space == Space::Paper);
-}
-
 bool isInvisible(const Database &database, RecordId entity)
 {
     constexpr int InvisibleCode = 60;
@@ -27,49 +22,37 @@ bool isInvisible(const Database &database, RecordId entity)
     return value && *value != 0;
 }
 
-void addFrom(const Database &database, RecordId container, std::vector<RecordId> &entities)
-{
-    for (RecordId id = database.firstIn(container); id != NoRecord; id = database.nextIn(id)) {
-        const Record &record = database.record(id);
-        if (!record.isGone() && !database.isPart(id) && record.kind == drawing::RecordKind::Entity)
-            entities.push_back(id);
-    }
-}
-
 } // namespace
 
 std::vector<RecordId> allEntities(const Drawing &drawing)
 {
-    const Database &database = drawing.database();
-    std::vector<RecordId> entities;
-    if (const RecordId section = database.section(drawing::known::Entities); section != NoRecord)
-        addFrom(database, section, entities);
-    return entities;
+    return entitiesIn(drawing.database(), drawing.database().section(drawing::known::Entities));
+}
+
+std::vector<RecordId> entitiesOf(const Drawing &drawing, Space space)
+{
+    return entitiesIn(drawing.database(), drawing.database().section(drawing::known::Entities), space);
 }
 
 std::vector<RecordId> thawedEntities(const Drawing &drawing, Space space)
 {
     LayerStates layers(drawing);
-    std::vector<RecordId> entities = allEntities(drawing);
-    std::erase_if(entities, [&](RecordId id) {
-        return !isInSpace(drawing.database().record(id), space) || layers.of(id).isFrozen;
-    });
+    std::vector<RecordId> entities = entitiesOf(drawing, space);
+    std::erase_if(entities, [&](RecordId id) { return layers.of(id).isFrozen; });
     return entities;
 }
 
 std::vector<RecordId> entitiesOn(const Drawing &drawing, const drawing::Layout &layout)
 {
-    std::vector<RecordId> entities;
     if (layout.blockRecord == NoRecord)
-        return entities;
+        return {};
     const Database &database = drawing.database();
-    const RecordId block = drawing.tables().find(drawing::known::Block, database.name(layout.blockRecord));
-    if (block != NoRecord)
-        addFrom(database, block, entities);
-    if (drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace) == layout.blockRecord)
-        for (const RecordId entity : allEntities(drawing))
-            if (isInSpace(database.record(entity), Space::Paper))
-                entities.push_back(entity);
+    std::vector<RecordId> entities =
+        entitiesIn(database, drawing.tables().find(drawing::known::Block, database.name(layout.blockRecord)));
+    if (drawing.tables().find(drawing::known::BlockRecord, drawing::PaperSpace) == layout.blockRecord) {
+        const std::vector<RecordId> current = entitiesOf(drawing, Space::Paper);
+        entities.insert(entities.end(), current.begin(), current.end());
+    }
     return entities;
 }
 
@@ -88,7 +71,7 @@ std::vector<RecordId> entitiesOfAllLayouts(const Drawing &drawing)
 
 std::vector<RecordId> visibleEntities(const Drawing &drawing, Space space)
 {
-    std::vector<RecordId> entities = allEntities(drawing);
+    std::vector<RecordId> entities = entitiesOf(drawing, space);
     keepVisible(entities, drawing, space);
     return entities;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/drawing/Blocks.h"
 #include "host/drawing/Drawing.h"
 #include "host/drawing/Layouts.h"
 
@@ -16,7 +17,8 @@ std::vector<drawing::RecordId> entitiesOn(const drawing::Drawing &drawing, const
 // With those of the layouts that are not current, which stand in blocks of their own.
 std::vector<drawing::RecordId> entitiesOfAllLayouts(const drawing::Drawing &drawing);
 
-enum class Space { Model, Paper };
+using drawing::Space;
+std::vector<drawing::RecordId> entitiesOf(const drawing::Drawing &drawing, Space space);
 
 // Those of one space that are not on frozen layers.
 std::vector<drawing::RecordId> thawedEntities(const drawing::Drawing &drawing, Space space);
