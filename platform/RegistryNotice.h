@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QString>
+#include "platform/SharedNumber.h"
 
-#include <atomic>
-#include <cstdint>
 #include <optional>
 
 // A number that all processes which use a registry folder share and change after each change of a hive. Looking at it
@@ -23,20 +21,14 @@ public:
     };
 
     explicit RegistryNotice(const QString &folder) : m_path(folder + QStringLiteral("/.changes")) {}
-    ~RegistryNotice() { unmap(); }
-    RegistryNotice(const RegistryNotice &) = delete;
-    RegistryNotice &operator=(const RegistryNotice &) = delete;
 
     std::optional<Moment> now(); // nothing: it cannot be told, look at the files
     void announce();
 
 private:
-    bool isMapped(std::int64_t current);
-    void map();
-    void unmap();
+    bool isOpen(std::int64_t current);
 
     const QString m_path;
-    std::atomic<std::uint64_t> *m_changes = nullptr;
-    std::uint64_t m_fileNumber = 0;
+    SharedNumber m_changes;
     std::int64_t m_checkedAt = -1; // when the file was last known to be the one in memory
 };
