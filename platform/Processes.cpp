@@ -4,14 +4,15 @@
 #include "platform/WatchedProcess.h"
 
 #include <cerrno>
-#include <map>
 #include <mutex>
+#include <unordered_map>
+#include <vector>
 
 #include <unistd.h>
 
 namespace {
 
-constexpr std::intptr_t HandleStep = 4;
+constexpr std::size_t HandleStep = 4;
 
 struct OpenedProcess
 {
@@ -26,38 +27,53 @@ public:
     HANDLE add(const OpenedProcess &opened)
     {
         const std::lock_guard lock(m_mutex);
-        std::intptr_t number = HandleStep;
-        while (m_opened.contains(number))
-            number += HandleStep;
-        m_opened[number] = opened;
-        return reinterpret_cast<HANDLE>(number);
+        std::size_t place = m_opened.size();
+        if (m_closed.empty()) {
+            m_opened.emplace_back();
+        } else {
+            place = m_closed.back();
+            m_closed.pop_back();
+        }
+        m_opened[place] = opened;
+        m_latest[opened.process->id()] = opened.process;
+        return reinterpret_cast<HANDLE>((place + 1) * HandleStep);
     }
     OpenedProcess find(HANDLE handle)
     {
         const std::lock_guard lock(m_mutex);
-        const auto found = m_opened.find(numberOf(handle));
-        return found != m_opened.end() ? found->second : OpenedProcess();
+        const std::size_t place = placeOf(handle);
+        return place < m_opened.size() ? m_opened[place] : OpenedProcess();
     }
     bool remove(HANDLE handle)
     {
         const std::lock_guard lock(m_mutex);
-        return m_opened.erase(numberOf(handle)) > 0;
+        const std::size_t place = placeOf(handle);
+        if (place >= m_opened.size() || !m_opened[place].process)
+            return false;
+        const pid_t id = m_opened[place].process->id();
+        m_opened[place] = {};
+        m_closed.push_back(place);
+        if (m_latest[id].expired())
+            m_latest.erase(id);
+        return true;
     }
     // The process that has this number now, as another handle has it.
     std::shared_ptr<WatchedProcess> running(pid_t id)
     {
         const std::lock_guard lock(m_mutex);
-        for (const auto &[number, opened] : m_opened)
-            if (opened.process->id() == id && !opened.process->hasEnded())
-                return opened.process;
-        return nullptr;
+        const auto found = m_latest.find(id);
+        const std::shared_ptr<WatchedProcess> process = found != m_latest.end() ? found->second.lock() : nullptr;
+        return process && !process->hasEnded() ? process : nullptr;
     }
 
 private:
-    static std::intptr_t numberOf(HANDLE handle) { return reinterpret_cast<std::intptr_t>(handle) & ~(HandleStep - 1); }
+    // Windows does not look at the lowest two bits. 0 is no handle, and leads behind all places.
+    static std::size_t placeOf(HANDLE handle) { return reinterpret_cast<std::uintptr_t>(handle) / HandleStep - 1; }
 
     std::mutex m_mutex;
-    std::map<std::intptr_t, OpenedProcess> m_opened;
+    std::vector<OpenedProcess> m_opened;                               // without a process: closed
+    std::vector<std::size_t> m_closed;                                 // places of m_opened
+    std::unordered_map<pid_t, std::weak_ptr<WatchedProcess>> m_latest; // that was opened by a number
 };
 
 HandleTable &handles()

@@ -194,6 +194,23 @@ TEST_F(Processes, HandlesOfProcessesThatHaveEndedKeepNoFilesOpen)
     EXPECT_EQ(openFiles(), before);
 }
 
+// As programs do that ask again and again whether a process still runs: those handles stay open. Searching for a number
+// that is free would make this a matter of minutes.
+TEST_F(Processes, OpeningTakesNoLongerWhenManyHandlesAreOpen)
+{
+    startLongOne();
+    const auto timeOf = [this](int count) {
+        QElapsedTimer timer;
+        timer.start();
+        for (int opened = 0; opened < count; ++opened)
+            open(SYNCHRONIZE);
+        return timer.nsecsElapsed();
+    };
+    const qint64 first = timeOf(2000);
+    timeOf(10'000);
+    EXPECT_LT(timeOf(2000), 8 * first + 200'000'000);
+}
+
 TEST_F(Processes, TheCurrentProcessHasAHandleThatIsAlwaysThere)
 {
     EXPECT_EQ(GetCurrentProcess(), handleOf(-1));
