@@ -18,4 +18,13 @@ HINSTANCE WINAPI observedShellExecute(HWND owner, LPCWSTR verb, LPCWSTR file, LP
 WINBOOL WINAPI observedBeep(DWORD frequency, DWORD milliseconds);
 SHORT WINAPI sourcedKeyState(int virtualKey);
 
+#else
+
+// For a host that opens something in the name of a module.
+inline HINSTANCE observedShellExecute(HWND owner, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder,
+                                      int show)
+{
+    return ShellExecuteW(owner, verb, file, parameters, folder, show);
+}
+
 #endif

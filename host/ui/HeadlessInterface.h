@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/kernel/windows/UserInterface.h"
+#include "host/ui/DocumentOpener.h"
 
 #include <memory>
 
@@ -35,6 +36,7 @@ private:
 
     HostServices &m_services;
     std::unique_ptr<QCoreApplication> m_application; // a QApplication as soon as a window is asked for
+    DocumentOpener m_documentOpener;
     std::unique_ptr<SystemBoxDriver> m_systemBoxes;
     std::unique_ptr<DialogDriver> m_driver;
     std::unique_ptr<QWidget> m_mainWindow;

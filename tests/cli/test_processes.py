@@ -33,6 +33,36 @@ class Processes(LispHostTest):
                           "\nError: wrong type of argument.\nnil\nnil\n")
         self.assertEqual(self.arguments_of_child(), ["a"])
 
+    def opened_documents(self, document):
+        """What a program called "viewer", which comes first on PATH, is told to open by wexo_opendefaultapp."""
+        programs = self.folder / "programs"
+        programs.mkdir()
+        (programs / "viewer").symlink_to(CHILD)
+        self.environment["PATH"] = f"{programs}:{os.environ['PATH']}"
+        self.environment["TESTCHILD_FILE"] = str(self.report)
+        self.write(document, b"content")
+        outcome = self.lisphost("--transcript", "transcript", "eval", f'(wexo_opendefaultapp "{document}")')
+        self.assert_gives(outcome, "nil\n")
+        self.assertEqual(json.loads((self.folder / "transcript").read_text()),
+                         {"event": "shell", "verb": "open", "file": document, "parameters": "", "result": 42})
+        return self.arguments_of_child()
+
+    def test_a_document_is_opened_by_the_program_of_the_registry(self):
+        self.write("viewer.reg", "Windows Registry Editor Version 5.00\n\n"
+                   "[HKEY_CURRENT_USER\\Software\\Classes\\.lhtest\\shell\\open\\command]\n"
+                   '@="viewer \\"%1\\""\n'.encode())
+        self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
+        self.assertEqual(self.opened_documents("a b#ä.lhtest"), [str(self.folder / "a b#ä.lhtest")])
+
+    def test_a_document_is_opened_by_the_program_of_the_desktop(self):
+        self.write("data/mime/globs2", b"50:text/x-lhtest:*.lhtest\n")
+        self.write("data/applications/viewer.desktop", b"[Desktop Entry]\nType=Application\nName=Viewer\n"
+                   b"Exec=viewer %f\nMimeType=text/x-lhtest;\n")
+        self.write("data/applications/mimeapps.list", b"[Default Applications]\ntext/x-lhtest=viewer.desktop\n")
+        for variable in ("XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"):
+            self.environment[variable] = str(self.folder / "data")
+        self.assertEqual(self.opened_documents("a b.lhtest"), [str(self.folder / "a b.lhtest")])
+
     def test_many_programs_can_be_spawned_where_few_files_may_be_open(self):
         limits = resource.getrlimit(resource.RLIMIT_NOFILE)
         resource.setrlimit(resource.RLIMIT_NOFILE, (64, limits[1]))

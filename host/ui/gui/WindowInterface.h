@@ -3,6 +3,7 @@
 #include "host/interpreter/Machine.h"
 #include "host/kernel/input/UserInput.h"
 #include "host/kernel/windows/UserInterface.h"
+#include "host/ui/DocumentOpener.h"
 #include "host/ui/gui/HeldKeys.h"
 #include "host/ui/gui/MainWindow.h"
 
@@ -59,6 +60,7 @@ private:
     InputReply wait(const InputRequest &request); // for an answer
 
     HostServices &m_services;
+    DocumentOpener m_documentOpener;
     HeldKeys m_heldKeys; // for programs that ask which keys are down
     MainWindow m_window;
     lisp::Machine *m_machine = nullptr; // that runs
