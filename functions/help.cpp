@@ -33,8 +33,9 @@ QString helpFile()
     const QString name = QStringLiteral("ExpressTool.chm");
     std::array<char16_t, FoundPathUnits> path{};
     const CFxString wanted(name);
-    return activeLispHost()->findFile(wanted.wide_strU(), path.data()) == StatusNormal ? QString::fromUtf16(path.data())
-                                                                                       : name;
+    return activeLispHost()->findFile(wanted.wide_strU(), path.data()) == StatusNormal
+               ? QStringView(path.data()).toString()
+               : name;
 }
 
 // For a topic the viewer's whole command line stands in the place of the verb, and no file is named. Programs see no

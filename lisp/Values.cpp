@@ -25,7 +25,6 @@ char16_t *duplicate(const QString &text)
 
 QString textOf(const resbuf *node)
 {
-    // Not by QString::fromUtf16, which takes a first U+FEFF for a byte order mark.
     return QStringView(node->resval.string).toString();
 }
 

@@ -16,7 +16,7 @@ constexpr DWORD storedBits = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FIL
 // The name in bytes, as Qt's file classes give it to the system.
 QByteArray systemPath(LPCWSTR fileName)
 {
-    return QFile::encodeName(QString::fromUtf16(fileName));
+    return QFile::encodeName(QStringView(fileName).toString());
 }
 
 bool inspect(const QByteArray &path, struct stat &file)

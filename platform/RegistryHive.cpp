@@ -62,7 +62,7 @@ private:
 
 QByteArray inUtf8(std::u16string_view text)
 {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toUtf8();
+    return QStringView(text).toString().toUtf8();
 }
 
 } // namespace

@@ -24,11 +24,6 @@ HINSTANCE instanceOf(int number)
     return reinterpret_cast<HINSTANCE>(std::intptr_t{number});
 }
 
-QString textOf(LPCWSTR text)
-{
-    return text ? QString::fromUtf16(text) : QString();
-}
-
 // The file in the folder that the caller named; a name that stands there as it is, when it is no file.
 QString placeOf(const QString &file, const QString &folder)
 {
@@ -112,8 +107,8 @@ int execute(const Request &request)
 HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result)
 {
     *result = u'\0';
-    const QFileInfo place(placeOf(textOf(file), textOf(folder)));
-    if (textOf(file).isEmpty() || !place.exists())
+    const QFileInfo place(placeOf(QStringView(file).toString(), QStringView(folder).toString()));
+    if (QStringView(file).toString().isEmpty() || !place.exists())
         return instanceOf(SE_ERR_FNF);
     QString program = isProgram(place) ? place.filePath() : QString();
     if (program.isEmpty())
@@ -128,7 +123,8 @@ HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result)
 
 HINSTANCE ShellExecuteW(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder, int)
 {
-    const Request request{textOf(verb), textOf(file), textOf(parameters), textOf(folder)};
+    const Request request{QStringView(verb).toString(), QStringView(file).toString(),
+                          QStringView(parameters).toString(), QStringView(folder).toString()};
     const ShellLaunch launch{request.verb, request.file, request.parameters, execute(request)};
     if (observer)
         observer(launch);

@@ -211,7 +211,7 @@ std::u16string dimensionText(Context &context, double length, const std::u16stri
     }
     if ((zeros & NoLeadingZero) != 0 && number.startsWith(QStringLiteral("0.")))
         number.remove(0, 1);
-    number.prepend(QString::fromUtf16(prefix.data(), static_cast<qsizetype>(prefix.size())));
+    number.prepend(QStringView(prefix).toString());
     const QString post = QString::fromStdU16String(session.text(u"DIMPOST"));
     const QString standard =
         post.contains(QStringLiteral("<>")) ? QString(post).replace(QStringLiteral("<>"), number) : number + post;

@@ -28,7 +28,7 @@ template <class ListNext> QStringList listNames(ListNext listNext)
         auto length = static_cast<DWORD>(buffer.size());
         if (listNext(index, windowsText(buffer.data()), &length) != ERROR_SUCCESS)
             return names;
-        names.append(QString::fromUtf16(buffer.data(), static_cast<qsizetype>(length)));
+        names.append(QStringView(buffer.data(), static_cast<qsizetype>(length)).toString());
     }
 }
 

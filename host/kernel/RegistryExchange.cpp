@@ -50,13 +50,13 @@ public:
 
     void addKey(std::u16string_view path) override
     {
-        m_path = QString::fromUtf16(path.data(), static_cast<qsizetype>(path.size()));
+        m_path = QStringView(path).toString();
         m_key.emplace(path, KEY_WRITE, OpenRegistryKey::IfMissing::Add);
         expect(m_key->isOpen());
     }
     void removeKey(std::u16string_view path) override
     {
-        m_path = QString::fromUtf16(path.data(), static_cast<qsizetype>(path.size()));
+        m_path = QStringView(path).toString();
         m_key.reset();
         const RegistryPath place(path);
         const LSTATUS status = RegDeleteTreeW(place.root, windowsText(place.below.c_str()));

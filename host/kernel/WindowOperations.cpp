@@ -7,18 +7,9 @@
 #include "lisp/LispStatus.h"
 #include "lisp/TypeCode.h"
 
-namespace {
-
-QString textOrEmpty(const char16_t *text)
-{
-    return text ? QString::fromUtf16(text) : QString();
-}
-
-} // namespace
-
 void SubstituteLispHost::progressStart(const char16_t *label)
 {
-    m_services.progressMeter.start(textOrEmpty(label));
+    m_services.progressMeter.start(QStringView(label).toString());
 }
 
 void SubstituteLispHost::progressEnd()
@@ -34,8 +25,8 @@ int SubstituteLispHost::progressSet(int position)
 int SubstituteLispHost::getFileDialog(const char16_t *title, const char16_t *defaultName, const char16_t *extension,
                                       int flags, resbuf *result)
 {
-    const FileRequest request =
-        FileRequest::fromGetfiled(textOrEmpty(title), textOrEmpty(defaultName), textOrEmpty(extension), flags);
+    const FileRequest request = FileRequest::fromGetfiled(
+        QStringView(title).toString(), QStringView(defaultName).toString(), QStringView(extension).toString(), flags);
     const std::optional<QString> path = m_services.userInterface->chooseFile(request);
     if (!path || !result || !m_frame)
         return StatusError;

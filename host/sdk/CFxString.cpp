@@ -58,7 +58,6 @@ QString folded(const QString &text)
 
 CFxString::CFxString() = default;
 CFxString::CFxString(const QString &text) : m_text(text) {}
-// Not by QString::fromUtf16, which takes a first U+FEFF for a byte order mark.
 CFxString::CFxString(const char16_t *text) : m_text(QStringView(text).toString()) {}
 CFxString::CFxString(const CFxString &other) = default;
 CFxString::CFxString(CFxString &&other) noexcept = default;

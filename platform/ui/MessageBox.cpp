@@ -24,7 +24,7 @@ int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type)
         return 0;
     }
     NativeMessageBox box(static_cast<QWidget *>(owner), type);
-    box.setText(text != nullptr ? QString::fromUtf16(text) : QString());
-    box.setWindowTitle(caption != nullptr ? QString::fromUtf16(caption) : QStringLiteral("Error"));
+    box.setText(QStringView(text).toString());
+    box.setWindowTitle(caption != nullptr ? QStringView(caption).toString() : QStringLiteral("Error"));
     return box.run();
 }

@@ -2,7 +2,8 @@
 """Checks that every folder includes only what it may use: check_includes.py REPOSITORY QT-HEADERS.
 
 The table says which folder may use which; a folder may always use itself. Widgets and pictures are kept out of the
-folders that must build without them, and differences of operating systems out of all but a few sources.
+folders that must build without them, and differences of operating systems out of all but a few sources. Texts of UTF-16
+units are converted in one way alone.
 """
 
 import pathlib
@@ -45,6 +46,8 @@ MAY_BRANCH = ["platform/", "storage/", "sdk/fx/FxExport.h", "sdk/fx/ui/FxUiExpor
               "host/interpreter/NativeStack.cpp", "host/kernel/ModuleLoader.cpp"]
 
 BRANCH = re.compile(r"^\s*#\s*(?:el)?if.*\b(?:_WIN|WIN32|Q_OS_|__linux|__unix|__MINGW|_MSC_VER)", re.MULTILINE)
+# Takes a first U+FEFF for a byte order mark and drops it, which no text in memory has.
+DROPS_MARK = re.compile(r"\bQString::fromUtf16\b")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 
 
@@ -68,6 +71,8 @@ def faults(repository, qt_headers, source):
     text = source.read_text(encoding="utf-8")
     if BRANCH.search(text) and not name.startswith(tuple(MAY_BRANCH)):
         yield f"{name}: differs from system to system, which only platform/ and a few others may"
+    if DROPS_MARK.search(text):
+        yield f"{name}: QString::fromUtf16 drops a first U+FEFF; QStringView(text).toString() does not"
     for quote, header in INCLUDE.findall(text):
         if quote == "<":
             if room in WITHOUT_GUI and is_gui_header(qt_headers, header):

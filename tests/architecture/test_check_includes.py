@@ -44,6 +44,10 @@ class CheckIncludes(unittest.TestCase):
             self.assertEqual(self.faults("platform/Shell.h", condition + "\n#endif\n"), [])
         self.assertEqual(self.faults("functions/files.cpp", "#ifdef NDEBUG\n#endif\n// _WIN32\n"), [])
 
+    def test_conversion_that_drops_a_first_character_is_refused(self):
+        self.assertEqual(len(self.faults("platform/Shell.cpp", "return QString::fromUtf16(text);\n")), 1)
+        self.assertEqual(self.faults("platform/Shell.cpp", "return QStringView(text).toString();\n"), [])
+
     def test_relative_path_is_refused(self):
         self.assertEqual(len(self.faults("lisp/Values.cpp", '#include "resbuf.h"\n')), 1)
 

@@ -66,6 +66,10 @@ class Dialogs(LispHostTest):
             {"event": "window", "class": "Dlg_Status", "title": "Step 1", "text": "Working", "visible": True},
             {"event": "window", "class": "Dlg_Status", "title": "", "text": "Still working", "visible": True}])
 
+    def test_a_label_of_the_progress_meter_may_begin_with_a_byte_order_mark(self):
+        _, events = self.run_with("", '(acet-ui-progress "\ufeffCopying" 100)', "(acet-ui-progress)")
+        self.assertEqual([event["label"] for event in events], ["\ufeffCopying"] * 2)
+
     def test_each_step_of_the_progress_meter_is_noted(self):
         _, events = self.run_with("", '(acet-ui-progress "Copying" 100)', "(acet-ui-progress 50)", "(acet-ui-progress)")
         self.assertEqual([(event["event"], event["call"], event["label"], event["position"]) for event in events],

@@ -139,6 +139,13 @@ class Export(Registry):
         self.assert_gives(self.import_text(text.encode("utf-16")), "")
         self.assertEqual(self.exported(KEY), text)
 
+    def test_names_that_begin_with_a_byte_order_mark_are_written_whole(self):
+        content = registry_text(f"[{KEY}]", '"\ufeffa"="1"', "", f"[{KEY}\\\ufeffBelow]", '"b"="2"')
+        self.assert_gives(self.import_text(content), "")
+        text = self.exported(KEY)
+        self.assertIn('\r\n"\ufeffa"="1"\r\n', text)
+        self.assertIn(f'\r\n[{KEY}\\\ufeffBelow]\r\n"b"="2"\r\n', text)
+
     def test_a_key_that_is_not_there_is_an_error(self):
         for key in (r"HKEY_CURRENT_USER\Missing", "HKCU", "x"):
             self.assert_fails(self.lisphost("registry", "export", "out.reg", key), 1, "no such key")

@@ -14,6 +14,17 @@ TEST_F(GetFileAttributes, OfANewFileIsArchive)
     EXPECT_EQ(attributes(newFile(u"new"_qs)), 32u);
 }
 
+TEST_F(GetFileAttributes, OfANameThatBeginsWithAByteOrderMarkAreThatFiles)
+{
+    ASSERT_TRUE(QDir().mkdir(path(u"name"_qs)));
+    newFile(u"\uFEFFname"_qs);
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(path(QString())));
+    EXPECT_EQ(attributes(u"\uFEFFname"_qs), 32u);
+    EXPECT_EQ(attributes(u"name"_qs), 16u);
+    QDir::setCurrent(before);
+}
+
 TEST_F(GetFileAttributes, OfADirectoryIsDirectoryAlone)
 {
     ASSERT_TRUE(QDir().mkdir(path(u"folder"_qs)));

@@ -30,7 +30,7 @@ protected:
     {
         char16_t program[MAX_PATH] = u"left over";
         const HINSTANCE instance = FindExecutableW(text(file), folder.isEmpty() ? nullptr : text(folder), program);
-        m_program = QString::fromUtf16(program);
+        m_program = QStringView(program).toString();
         return static_cast<int>(reinterpret_cast<std::intptr_t>(instance));
     }
     QString write(const QString &name)
@@ -87,6 +87,13 @@ TEST_F(Shell, ARelativeDocumentIsLookedForInTheFolder)
     write(QStringLiteral("rel.unheardof"));
     EXPECT_EQ(execute(QStringLiteral("rel.unheardof"), QString(), u"open", m_folder.path()), SE_ERR_NOASSOC);
     EXPECT_EQ(execute(QStringLiteral("rel.unheardof")), SE_ERR_FNF);
+}
+
+TEST_F(Shell, ANameMayBeginWithAByteOrderMark)
+{
+    write(u"\uFEFFrel.unheardof"_qs);
+    EXPECT_EQ(execute(u"\uFEFFrel.unheardof"_qs, QString(), u"open", m_folder.path()), SE_ERR_NOASSOC);
+    EXPECT_EQ(execute(u"rel.unheardof"_qs, QString(), u"open", m_folder.path()), SE_ERR_FNF);
 }
 
 TEST_F(Shell, TheObserverIsToldOfEachCall)

@@ -22,10 +22,7 @@ public:
     std::string notes;
 
 private:
-    static std::string utf8(std::u16string_view text)
-    {
-        return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toStdString();
-    }
+    static std::string utf8(std::u16string_view text) { return QStringView(text).toString().toStdString(); }
     void note(const std::string &words) { notes += (notes.empty() ? "" : " ") + words; }
 };
 

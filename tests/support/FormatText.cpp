@@ -12,7 +12,7 @@ QString formatText(const char16_t *format, std::va_list values)
         }
         ++format;
         if (*format == u's')
-            result += QString::fromUtf16(va_arg(values, const char16_t *));
+            result += QStringView(va_arg(values, const char16_t *)).toString();
         else if (*format == u'd')
             result += QString::number(va_arg(values, int));
         else if (*format == u'%')

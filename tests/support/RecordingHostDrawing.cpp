@@ -35,7 +35,7 @@ int RecordingHost::commandNarrow(const resbuf *tokens)
 int RecordingHost::setVar(const char16_t *name, const resbuf *value)
 {
     const std::string number = std::to_string(value->resval.longInteger);
-    return recordAnswered("setVar", operation("setVar", QString::fromUtf16(name)) + ' ' + number);
+    return recordAnswered("setVar", operation("setVar", QStringView(name).toString()) + ' ' + number);
 }
 
 int RecordingHost::getVar(const char16_t *name, resbuf *value)
@@ -53,7 +53,7 @@ double RecordingHost::angle(const LispPoint *from, const LispPoint *to)
 int RecordingHost::initGet(int flags, const char16_t *keywords)
 {
     const std::string line = "initGet " + std::to_string(flags);
-    return recordAnswered("initGet", operation(line.c_str(), QString::fromUtf16(keywords)));
+    return recordAnswered("initGet", operation(line.c_str(), QStringView(keywords).toString()));
 }
 
 int RecordingHost::getInt(const char16_t *prompt, std::int32_t *value)
@@ -75,14 +75,14 @@ int RecordingHost::getString(int allowBlanks, const char16_t *prompt, char16_t *
 {
     copyTo(buffer, capacity, replies.text);
     const std::string line = "getString " + std::to_string(allowBlanks) + ' ' + std::to_string(capacity);
-    return recordAnswered("getString", operation(line.c_str(), QString::fromUtf16(prompt)));
+    return recordAnswered("getString", operation(line.c_str(), QStringView(prompt).toString()));
 }
 
 int RecordingHost::dragSelection(const LispName *selection, const char16_t *prompt, int cursorType,
                                  DragTransform transform, LispPoint *result)
 {
     const std::string line = "dragSelection " + describeName(*selection) + ' ' + std::to_string(cursorType);
-    const int status = recordAnswered("dragSelection", operation(line.c_str(), QString::fromUtf16(prompt)));
+    const int status = recordAnswered("dragSelection", operation(line.c_str(), QStringView(prompt).toString()));
     if (replies.drag)
         replies.drag(transform);
     *result = replies.point;
@@ -91,8 +91,8 @@ int RecordingHost::dragSelection(const LispName *selection, const char16_t *prom
 
 int RecordingHost::compileShape(const char16_t *firstFile, const char16_t *secondFile)
 {
-    const std::string line = operation("compileShape", QString::fromUtf16(firstFile));
-    return recordAnswered("compileShape", operation(line.c_str(), QString::fromUtf16(secondFile)));
+    const std::string line = operation("compileShape", QStringView(firstFile).toString());
+    return recordAnswered("compileShape", operation(line.c_str(), QStringView(secondFile).toString()));
 }
 
 int RecordingHost::getEntityExtents(const LispName *entity, LispPoint *minimum, LispPoint *maximum)
@@ -105,7 +105,7 @@ int RecordingHost::getEntityExtents(const LispName *entity, LispPoint *minimum, 
 resbuf *RecordingHost::dictSearch(const LispName *dictionary, const char16_t *key, int next)
 {
     const std::string line = "dictSearch " + describeName(*dictionary) + ' ' + std::to_string(next);
-    recordAnswered("dictSearch", operation(line.c_str(), QString::fromUtf16(key)));
+    recordAnswered("dictSearch", operation(line.c_str(), QStringView(key).toString()));
     return replies.list;
 }
 
@@ -136,8 +136,8 @@ int RecordingHost::entMod(const resbuf *list)
 
 resbuf *RecordingHost::tblSearch(const char16_t *table, const char16_t *name, int next)
 {
-    const std::string line = operation("tblSearch", QString::fromUtf16(table));
-    record(operation(line.c_str(), QString::fromUtf16(name)) + ' ' + std::to_string(next));
+    const std::string line = operation("tblSearch", QStringView(table).toString());
+    record(operation(line.c_str(), QStringView(name).toString()) + ' ' + std::to_string(next));
     return replies.tableRecord;
 }
 
@@ -159,7 +159,7 @@ CFxUserInput *RecordingHost::userInput()
 int RecordingHost::RecordingUserInput::initGet(int bits, const char16_t *keywords)
 {
     const std::string line = "userInput initGet " + std::to_string(bits);
-    return m_host.recordAnswered("userInput initGet", operation(line.c_str(), QString::fromUtf16(keywords)));
+    return m_host.recordAnswered("userInput initGet", operation(line.c_str(), QStringView(keywords).toString()));
 }
 
 int RecordingHost::RecordingUserInput::getPoint(const char16_t *prompt, const LispPoint *base, LispPoint *result,
@@ -167,7 +167,7 @@ int RecordingHost::RecordingUserInput::getPoint(const char16_t *prompt, const Li
 {
     const bool isFresh = !base && result->x == 0 && result->y == 0 && result->z == 0 && keyword->toQString().isEmpty();
     const std::string line = isFresh ? "userInput getPoint" : "userInput getPoint with something in it";
-    return m_host.recordAnswered("userInput getPoint", operation(line.c_str(), QString::fromUtf16(prompt)));
+    return m_host.recordAnswered("userInput getPoint", operation(line.c_str(), QStringView(prompt).toString()));
 }
 
 OdDbObjectId RecordingHost::objectId(const LispName &name)

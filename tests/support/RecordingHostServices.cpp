@@ -68,8 +68,8 @@ int RecordingHost::getFileDialog(const char16_t *title, const char16_t *defaultN
 {
     result->restype = TypeString;
     result->resval.string = m_chosenFile.data();
-    std::string line = operation("getFileDialog", QString::fromUtf16(title));
-    line += operation("", QString::fromUtf16(defaultName)) + operation("", QString::fromUtf16(extension));
+    std::string line = operation("getFileDialog", QStringView(title).toString());
+    line += operation("", QStringView(defaultName).toString()) + operation("", QStringView(extension).toString());
     return recordAnswered("getFileDialog", line + ' ' + std::to_string(flags));
 }
 

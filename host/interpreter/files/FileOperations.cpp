@@ -44,7 +44,7 @@ WildcardPattern filePattern(std::u16string_view pattern)
     if (pattern == u"*.*")
         return WildcardPattern(u"*");
     std::u16string escaped;
-    for (const char16_t unit : upperCase(QString::fromUtf16(pattern.data(), static_cast<qsizetype>(pattern.size())))) {
+    for (const char16_t unit : upperCase(QStringView(pattern).toString())) {
         if (unit != u'*' && unit != u'?')
             escaped += u'`';
         escaped += unit;

@@ -60,8 +60,7 @@ QString extensionText(std::u16string_view pattern, std::optional<std::u16string_
     if (!extension)
         return QString::fromStdU16String(fileNameExtension(pattern).value_or(u""));
     const bool needsDot = !extension->empty() && !extension->starts_with(u'.');
-    return (needsDot ? QStringLiteral(".") : QString()) +
-           QString::fromUtf16(extension->data(), static_cast<qsizetype>(extension->size()));
+    return (needsDot ? QStringLiteral(".") : QString()) + QStringView(*extension).toString();
 }
 
 } // namespace

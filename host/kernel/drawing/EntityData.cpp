@@ -203,7 +203,7 @@ std::optional<GroupValue> handleValue(std::u16string_view text)
 
 std::optional<GroupValue> bytesValue(std::u16string_view text)
 {
-    const QByteArray hex = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toLatin1();
+    const QByteArray hex = QStringView(text).toString().toLatin1();
     const QByteArray bytes = QByteArray::fromHex(hex);
     if (bytes.size() * 2 != hex.size())
         return std::nullopt;

@@ -176,7 +176,7 @@ QStringList CommandRunner::names() const
         if (symbol.value.isObject())
             names.append(QString::fromStdU16String(symbol.name).toLower());
     for (const commands::CommandRow &row : commands::commandTable())
-        names.append(QString::fromUtf16(row.name.data(), qsizetype(row.name.size())));
+        names.append(QStringView(row.name).toString());
     names.sort();
     return names;
 }

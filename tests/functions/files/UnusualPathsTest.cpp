@@ -16,7 +16,7 @@ protected:
 
 TEST_P(UnusualPaths, ServeEveryFunctionOfTheFamily)
 {
-    const QString name = QString::fromUtf16(GetParam());
+    const QString name = QStringView(GetParam()).toString();
     const QString folder = path(name);
     const QString file = folder + u'/' + name;
     EXPECT_EQ(call(acetFileMkdir, {text(folder)}).at(1), "retT");

@@ -121,7 +121,7 @@ TEST(ModuleLoader, givesTheLibraryAPathThatHoldsAfterAChangeOfTheCurrentFolder)
     ASSERT_NE(createModule, nullptr);
     void *handle = nullptr;
     const OdString name = createModule(&handle)->moduleName(); // the module that is loaded already
-    EXPECT_EQ(QFileInfo(QString::fromUtf16(name.c_str())), file) << "one path of the system's own form";
+    EXPECT_EQ(QFileInfo(QStringView(name.c_str()).toString()), file) << "one path of the system's own form";
 }
 
 TEST(ModuleLoader, definesTheModulesFunctionsInOpenAndLaterDocuments)

@@ -56,6 +56,16 @@ TEST_F(MessageBox, ThatGoesAwayWithoutAButtonGives0)
     EXPECT_EQ(show(MB_YESNO, [](QDialog &dialog) { dialog.done(QDialog::Rejected); }), 0);
 }
 
+TEST_F(MessageBox, ShowsTextsThatBeginWithAByteOrderMarkWhole)
+{
+    person().expect([](QDialog &dialog) {
+        EXPECT_EQ(dynamic_cast<QMessageBox &>(dialog).text(), u"\uFEFFtext"_qs);
+        EXPECT_EQ(dialog.windowTitle(), u"\uFEFFcaption"_qs);
+        press(u"OK"_qs)(dialog);
+    });
+    EXPECT_EQ(MessageBoxW(nullptr, u"\uFEFFtext", u"\uFEFFcaption", MB_OK), IDOK);
+}
+
 TEST_F(MessageBox, MayBeShownFromTheAnswerToAnother)
 {
     int inner = 0;
