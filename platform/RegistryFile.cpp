@@ -1,6 +1,5 @@
 #include "platform/RegistryFile.h"
 
-#include "storage/AtomicFile.h"
 #include "storage/SyncedWrite.h"
 
 #include <QFile>
@@ -9,7 +8,6 @@
 
 namespace {
 
-constexpr qint64 RememberedBytes = 64;
 constexpr qint64 LeastGrowth = 256 * 1024; // bytes of changes that are never worth a new file
 
 // Behind the last line "; end"; 0 without one.
@@ -37,12 +35,6 @@ QString describe(const QFile &file)
 
 } // namespace
 
-// Whether the file still holds what was read before, as far as can be told without reading it again.
-bool RegistryFile::continuesAt(QFile &file) const
-{
-    return file.seek(m_end - m_lastBytes.size()) && file.read(m_lastBytes.size()) == m_lastBytes;
-}
-
 RegistryFile::News RegistryFile::read()
 {
     News news;
@@ -54,30 +46,27 @@ RegistryFile::News RegistryFile::read()
         news.failure = describe(file);
         return news;
     }
-    const bool goesOn = m_isRead && m_end > 0 && stamp.number == m_stamp.number && stamp.size != m_stamp.size &&
-                        stamp.size >= m_end && continuesAt(file);
+    const QByteArray content = file.isOpen() ? file.readAll() : QByteArray();
+    const bool goesOn = m_isRead && !m_content.isEmpty() && content.startsWith(m_content);
     if (!goesOn)
         forget();
     news.kind = goesOn ? News::Kind::Added : News::Kind::Everything;
     news.firstLine = m_lines + 1;
-    if (file.isOpen() && file.seek(m_end))
-        take(news, file.readAll());
+    take(news, content.mid(m_content.size()));
     m_stamp = stamp;
     m_isRead = true;
     return news;
 }
 
-void RegistryFile::take(News &news, QByteArray content)
+void RegistryFile::take(News &news, const QByteArray &content)
 {
     const qint64 end = endOfBlocks(content);
     news.unfinished = content.mid(end);
-    content.truncate(end);
-    news.blocks = content;
-    m_lines += static_cast<int>(content.count('\n'));
-    if (m_end == 0)
-        m_firstBlock = content.indexOf("\n; end\n") + 7;
-    m_end += end;
-    m_lastBytes = (m_lastBytes + content).right(RememberedBytes);
+    news.blocks = content.left(end);
+    m_lines += static_cast<int>(news.blocks.count('\n'));
+    if (m_content.isEmpty())
+        m_firstBlock = news.blocks.indexOf("\n; end\n") + 7;
+    m_content += news.blocks;
 }
 
 QString RegistryFile::append(const QByteArray &block)
@@ -87,7 +76,7 @@ QString RegistryFile::append(const QByteArray &block)
         return describe(file);
     const QString reason = writeAndSync(file, block);
     if (!reason.isNull()) {
-        file.resize(m_end);
+        file.resize(m_content.size());
         return QStringLiteral("%1: %2").arg(m_path, reason);
     }
     News own;
@@ -98,9 +87,26 @@ QString RegistryFile::append(const QByteArray &block)
 
 QString RegistryFile::replace(const QByteArray &block)
 {
+    const QString failure = prepare(block);
+    return failure.isNull() ? putInPlace() : failure;
+}
+
+QString RegistryFile::prepare(const QByteArray &block)
+{
     QString failure;
-    if (!replaceFile(m_path, block, failure))
+    m_prepared = PreparedFile::make(
+        m_path, [&block](QIODevice &file) { return writeAll(file, block); }, failure);
+    m_preparedBlock = block;
+    return failure;
+}
+
+QString RegistryFile::putInPlace()
+{
+    QString failure;
+    const std::unique_ptr<PreparedFile> prepared = std::move(m_prepared);
+    if (!prepared->putInPlace(failure))
         return failure;
+    const QByteArray block = m_preparedBlock;
     forget();
     News own;
     take(own, block);
@@ -121,5 +127,5 @@ QString RegistryFile::keepCopy(QString &name) const
 
 bool RegistryFile::isGrown() const
 {
-    return m_end - m_firstBlock > std::max(m_firstBlock, LeastGrowth);
+    return m_content.size() - m_firstBlock > std::max(m_firstBlock, LeastGrowth);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "storage/AtomicFile.h"
 #include "storage/FileStamp.h"
 
 #include <QByteArray>
@@ -27,13 +28,17 @@ public:
     explicit RegistryFile(const QString &path) : m_path(path) {}
 
     const QString &path() const { return m_path; }
-    bool isEmpty() const { return m_end == 0; } // or not there, when it was read last
+    bool isEmpty() const { return m_content.isEmpty(); } // or not there, when it was read last
 
     News read(); // since the last reading: a missing file reads as an empty one
     void forget() { *this = RegistryFile(m_path); }
 
     QString append(const QByteArray &block); // on the disk to stay when it did not fail, else not in the file
     QString replace(const QByteArray &block);
+    // The two halves of replace().
+    QString prepare(const QByteArray &block);
+    bool isPrepared() const { return m_prepared != nullptr; }
+    QString putInPlace();
     // Keeps a copy beside under the first free name FILE.damaged-1, -2, ...
     QString keepCopy(QString &name) const;
     // Whether the changes take more room than the hive itself, so that the file is worth writing anew.
@@ -42,14 +47,16 @@ public:
     static QByteArray finished(QByteArray lines) { return lines += "; end\n"; }
 
 private:
-    bool continuesAt(class QFile &file) const;
-    void take(News &news, QByteArray content);
+    void take(News &news, const QByteArray &content);
 
     QString m_path;
     FileStamp m_stamp;
-    qint64 m_end = 0; // of the last complete block
-    int m_lines = 0;  // up to there
+    // Up to the end of the last complete block. People edit the file in place, and not only at its end: nothing but a
+    // comparison with all that was read tells whether a file that is not the same any more has merely grown.
+    QByteArray m_content;
+    int m_lines = 0; // in it
     qint64 m_firstBlock = 0;
-    QByteArray m_lastBytes; // before the end
     bool m_isRead = false;
+    std::unique_ptr<PreparedFile> m_prepared;
+    QByteArray m_preparedBlock;
 };

@@ -136,27 +136,41 @@ void RegistryHive::repair()
     std::unique_ptr<FileLock> lock;
     if (m_lock == nullptr) {
         lock = std::make_unique<FileLock>(m_file.path(), milliseconds(m_errors.empty() ? 0 : 10'000));
-        if (!lock->isHeld())
+        if (lock->isTaken())
             return;
     }
-    m_file.forget(); // somebody may have repaired it meanwhile
-    const RegistryFile::News news = m_file.read();
-    startAnew();
-    if (!news.blocks.isEmpty())
-        apply(news.blocks, 1);
-    else if (!news.unfinished.isEmpty())
-        apply(news.unfinished, 1); // cut short in its first block: every line counts that is there
+    RegistryFile::News news;
+    readAgain(news);
     if (m_errors.empty() && news.unfinished.isEmpty())
         return;
     const QString words = damage(news);
+    if (lock != nullptr && !lock->isHeld()) {
+        m_errors.clear();
+        m_isDamaged = true;
+        warn(QStringLiteral("%1: %2; the file cannot be repaired: %3").arg(m_file.path(), words, lock->failure()));
+        return;
+    }
     QString copy;
     m_failure = m_file.keepCopy(copy);
     if (m_failure.isNull())
         m_failure = m_file.replace(snapshot());
+    m_isDamaged = !m_failure.isNull();
     m_errors.clear();
     warn(QStringLiteral("%1: %2; ").arg(m_file.path(), words) +
          (m_failure.isNull() ? QStringLiteral("the file as it was is kept as %1").arg(QFileInfo(copy).fileName())
                              : m_failure));
+}
+
+// Somebody may have repaired it meanwhile. Of a file that is cut short in its first block every line counts that is
+// there.
+void RegistryHive::readAgain(RegistryFile::News &news)
+{
+    m_file.forget();
+    news = m_file.read();
+    startAnew();
+    const QByteArray &lines = news.blocks.isEmpty() ? news.unfinished : news.blocks;
+    if (!lines.isEmpty())
+        apply(lines, 1);
 }
 
 // What is wrong with the file that was just read.
@@ -179,6 +193,8 @@ QString RegistryHive::beginChange()
         const QString folder = QFileInfo(m_file.path()).absolutePath();
         QDir().mkpath(folder);
         m_lock = std::make_unique<FileLock>(m_file.path());
+        if (m_lock->isHeld() && m_isDamaged)
+            m_file.forget(); // it is read again and repaired now
         if (m_lock->isHeld())
             lookAtFile();
         const QString failure = m_lock->isHeld() ? m_failure : m_lock->failure();
@@ -240,8 +256,13 @@ QByteArray RegistryHive::snapshot() const
 
 QString RegistryHive::write()
 {
-    const QString failure =
-        m_file.isEmpty() ? m_file.replace(snapshot()) : m_file.append(RegistryFile::finished(inUtf8(m_change.text())));
+    QString failure;
+    if (m_file.isPrepared())
+        failure = m_file.putInPlace();
+    else if (m_file.isEmpty())
+        failure = m_file.replace(snapshot());
+    else
+        failure = m_file.append(RegistryFile::finished(inUtf8(m_change.text())));
     if (!failure.isNull())
         return failure;
     m_notice.announce();
@@ -249,6 +270,14 @@ QString RegistryHive::write()
     if (m_file.isGrown())
         m_file.replace(snapshot());
     return {};
+}
+
+QString RegistryHive::prepareChange()
+{
+    const QString failure = m_change.text().empty() ? QString() : m_file.prepare(snapshot());
+    if (!failure.isNull())
+        warn(failure);
+    return failure;
 }
 
 QString RegistryHive::endChange()

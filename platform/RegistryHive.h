@@ -35,12 +35,16 @@ public:
     void removeValue(RegistryKey &key, std::u16string_view name);
     QString endChange();
     void dropChanges(); // whatever is begun
+    // Before endChange() for a change that is to be written with those of other roots or not at all: puts all of the
+    // hive beside its file. Null, or the reason why that cannot be; nothing is written then.
+    QString prepareChange();
 
 private:
     void lookAtFile();
     void apply(const QByteArray &lines, int firstLine);
     void startAnew();
     void repair();
+    void readAgain(RegistryFile::News &news);
     QString damage(const RegistryFile::News &news) const;
     QByteArray snapshot() const;
     QString write();
@@ -58,6 +62,7 @@ private:
     std::vector<RegistryTextError> m_errors;
     QString m_failure; // the file's, as long as it cannot be used
     QString m_warned;
+    bool m_isDamaged = false; // the file, and it could not be repaired
 
     int m_depth = 0; // of changes
     std::unique_ptr<FileLock> m_lock;

@@ -24,7 +24,8 @@ inline void setUpRegistry(const QString &, const QStringList &keys = {})
 }
 #endif
 
-// While one lives, changes of the registry are kept back; commit writes them all, each root's in one step. What has not
+// While one lives, changes of the registry are kept back; commit writes them all or, when one root cannot be written,
+// none. A process that is killed in the moment between two roots leaves each as it was or is to be. What has not
 // been committed when it goes is undone, and while it lives other processes wait to change what this one has changed.
 // On Windows every change counts at once.
 class RegistryBatch

@@ -191,8 +191,16 @@ LSTATUS RegistryStore::end(RegistryHive &hive)
     return hive.endChange().isNull() ? ERROR_SUCCESS : ERROR_REGISTRY_IO_FAILED;
 }
 
+// The change of one root is a step of its own. Those of several are prepared first, which is what can fail.
 bool RegistryStore::endBatch()
 {
+    const bool isPrepared = m_batch.size() < 2 || std::ranges::all_of(m_batch, [](RegistryHive *hive) {
+                                return hive->prepareChange().isNull();
+                            });
+    if (!isPrepared) {
+        dropBatch();
+        return false;
+    }
     bool isWritten = true;
     for (RegistryHive *hive : std::exchange(m_batch, {}))
         isWritten &= hive->endChange().isNull();

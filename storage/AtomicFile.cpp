@@ -73,23 +73,27 @@ QString nameBeside(const QFileInfo &target, Writers writers)
     return target.filePath() + own + QStringLiteral(".new");
 }
 
-QString replaceTarget(const QFileInfo &target, const ContentWriter &write, Writers writers)
+QString prepare(const QString &name, const QFileInfo &target, const ContentWriter &write)
 {
-    QFile beside(nameBeside(target, writers));
+    if (target.exists() && !target.isWritable())
+        return QStringLiteral("it may not be written");
+    QFile beside(name);
     QString reason = beside.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)
                          ? writeAndSync(beside, write)
                          : beside.errorString();
     if (reason.isNull() && target.exists() && beside.permissions() != target.permissions() &&
         !beside.setPermissions(target.permissions()))
         reason = beside.errorString();
-    beside.close();
-    if (reason.isNull())
-        reason = renameOver(beside.fileName(), target.filePath());
-    if (!reason.isNull()) {
+    if (!reason.isNull())
         beside.remove();
-        return reason;
-    }
-    return syncFolder(target.absolutePath());
+    return reason;
+}
+
+bool report(const QString &path, const QString &reason, QString &failure)
+{
+    if (!reason.isNull())
+        failure = QStringLiteral("%1: %2").arg(path, reason);
+    return reason.isNull();
 }
 
 } // namespace
@@ -102,11 +106,35 @@ bool replaceFile(const QString &path, const QByteArray &content, QString &failur
 
 bool replaceFile(const QString &path, const ContentWriter &write, QString &failure, Writers writers)
 {
+    const std::unique_ptr<PreparedFile> prepared = PreparedFile::make(path, write, failure, writers);
+    return prepared != nullptr && prepared->putInPlace(failure);
+}
+
+std::unique_ptr<PreparedFile> PreparedFile::make(const QString &path, const ContentWriter &write, QString &failure,
+                                                 Writers writers)
+{
     const QString linked = QFileInfo(path).canonicalFilePath(); // empty when there is no file
     const QFileInfo target(linked.isEmpty() ? path : linked);
-    const QString reason = target.exists() && !target.isWritable() ? QStringLiteral("it may not be written")
-                                                                   : replaceTarget(target, write, writers);
-    if (!reason.isNull())
-        failure = QStringLiteral("%1: %2").arg(path, reason);
-    return reason.isNull();
+    const QString beside = nameBeside(target, writers);
+    if (!report(path, prepare(beside, target, write), failure))
+        return nullptr;
+    return std::unique_ptr<PreparedFile>(new PreparedFile(path, target, beside));
+}
+
+PreparedFile::PreparedFile(const QString &path, const QFileInfo &target, const QString &beside)
+    : m_path(path), m_target(target), m_beside(beside)
+{
+}
+
+PreparedFile::~PreparedFile()
+{
+    QFile::remove(m_beside); // not there once it has been put in its place
+}
+
+bool PreparedFile::putInPlace(QString &failure)
+{
+    QString reason = renameOver(m_beside, m_target.filePath());
+    if (reason.isNull())
+        reason = syncFolder(m_target.absolutePath());
+    return report(m_path, reason, failure);
 }

@@ -3,7 +3,10 @@
 #include "storage/SyncedWrite.h"
 
 #include <QByteArray>
+#include <QFileInfo>
 #include <QString>
+
+#include <memory>
 
 // Replaces the content of a file, or makes it, in one step: whoever reads the file, and whatever happens meanwhile (a
 // full disk, a killed process, a power cut), finds the old content or the new, never a part. When it gives true the new
@@ -20,3 +23,25 @@ bool replaceFile(const QString &path, const QByteArray &content, QString &failur
 
 // The same for content that is written piece by piece.
 bool replaceFile(const QString &path, const ContentWriter &write, QString &failure, Writers writers = Writers::Locked);
+
+// The two halves of replaceFile, for files that are to change together: first the new content of each is prepared,
+// which is what can fail for lack of room or rights, then each is put in its place.
+class PreparedFile
+{
+public:
+    // The content is on the disk, beside the file. Null, and `failure` says why, when it cannot be.
+    static std::unique_ptr<PreparedFile> make(const QString &path, const ContentWriter &write, QString &failure,
+                                              Writers writers = Writers::Locked);
+    ~PreparedFile(); // nothing stays beside
+    PreparedFile(const PreparedFile &) = delete;
+    PreparedFile &operator=(const PreparedFile &) = delete;
+
+    bool putInPlace(QString &failure);
+
+private:
+    PreparedFile(const QString &path, const QFileInfo &target, const QString &beside);
+
+    const QString m_path;
+    const QFileInfo m_target;
+    const QString m_beside;
+};

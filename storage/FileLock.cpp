@@ -87,6 +87,7 @@ FileLock::FileLock(const QString &path, std::chrono::milliseconds patience) : m_
         unlock(m_file, Turn);
         return;
     }
+    m_isTaken = true;
     m_failure = QStringLiteral("%1: another process keeps it locked").arg(path);
     m_file.close(); // gives the turn back
 }

@@ -21,9 +21,11 @@ public:
     FileLock &operator=(const FileLock &) = delete;
 
     bool isHeld() const { return m_failure.isNull(); }
+    bool isTaken() const { return m_isTaken; }    // by another, all the time that this one waited
     QString failure() const { return m_failure; } // why it is not held, for the user; names the file
 
 private:
     QFile m_file; // closing it gives the lock back
     QString m_failure;
+    bool m_isTaken = false;
 };

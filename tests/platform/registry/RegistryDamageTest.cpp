@@ -2,6 +2,9 @@
 // on standard error says so.
 
 #include "tests/platform/registry/RegistryStoreTest.h"
+#include "tests/support/Unprivileged.h"
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -14,6 +17,13 @@ protected:
         return "\n[HKEY_CURRENT_USER\\Software\\Test]\n" + values + "; end\n";
     }
 
+    // Together with its folder, for everybody but root.
+    void makeReadOnly() const
+    {
+        chmod(QFile::encodeName(folder()).constData(), 0755);
+        chmod(QFile::encodeName(hive()).constData(), 0644);
+        chmod(QFile::encodeName(QFileInfo(hive()).path()).constData(), 0555);
+    }
     void begin(const QByteArray &content)
     {
         write(hive(), content);
@@ -36,6 +46,44 @@ TEST_F(RegistryDamage, ALineThatMakesNoSenseIsNamedAndTheOthersCount)
     begin(content);
     EXPECT_EQ(get(u"x") + get(u"y") + get(u"z"), "1missing3");
     expectKept(content, u"line 5: no data of a known form"_qs);
+}
+
+// Nothing could be kept under another name there; nothing is dropped, and it is said.
+TEST_F(RegistryDamage, AFileThatCannotBeRepairedIsReportedAndWhatCanBeReadOfItCounts)
+{
+    const QByteArray line = "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:31\n";
+    const std::pair<QByteArray, QString> files[] = {
+        {header() + line, u"the file is cut short"_qs},
+        {header() + line + "nonsense\n; end\n", u"line 5: neither a key, a value nor a comment"_qs},
+        {header() + line + "; end\n" + line, u"the last change is not finished and does not count"_qs}};
+    for (const auto &[content, reason] : files) {
+        begin(content);
+        makeReadOnly();
+        EXPECT_TRUE(holdsUnprivileged([&, reason = reason] {
+            const bool isRead = get(u"x") == "1" && get(u"x") == "1" && set(u"x", "2") != 0 && get(u"x") == "1";
+            return isRead && warnings().size() == 2 &&
+                   warnings()[0] == hive() + u": "_qs + reason + u"; the file cannot be repaired: "_qs + hive() +
+                                        u".lock: Permission denied"_qs;
+        })) << reason.toStdString();
+        EXPECT_EQ(contentOf(hive()), content);
+        chmod(QFile::encodeName(QFileInfo(hive()).path()).constData(), 0755);
+    }
+}
+
+TEST_F(RegistryDamage, AFileThatCouldNotBeRepairedIsRepairedBeforeTheFirstChange)
+{
+    const QByteArray content = header() + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:31\n";
+    begin(content);
+    makeReadOnly();
+    EXPECT_TRUE(holdsUnprivileged([this] {
+        const bool isRead = get(u"x") == "1";
+        return isRead && warnings().size() == 1;
+    }));
+    chmod(QFile::encodeName(QFileInfo(hive()).path()).constData(), 0755);
+    EXPECT_EQ(set(u"y", "2"), 0);
+    restart();
+    EXPECT_EQ(get(u"x") + get(u"y"), "12");
+    EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), content);
 }
 
 TEST_F(RegistryDamage, TheFileIsRepairedSoThatItIsReportedOnce)

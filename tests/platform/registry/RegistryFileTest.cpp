@@ -165,3 +165,22 @@ TEST_F(RegistryFiles, AHandleStaysGoodWhenTheFileIsReplaced)
     EXPECT_EQ(byte, '2');
     RegCloseKey(key);
 }
+
+// Of one line in place, of the same length, with a change of another program behind it: the file has the same number,
+// it is longer, and ends as it did.
+TEST_F(RegistryFiles, WhatAnEditorChangesInPlaceIsSeenAndStays)
+{
+    set(u"x", "1");
+    set(u"last", QByteArray(200, '0'));
+    EXPECT_EQ(get(u"x"), "1");
+    QFile file(hive());
+    ASSERT_TRUE(file.open(QFile::ReadWrite));
+    QByteArray content = file.readAll().replace("\"x\"=hex:31", "\"x\"=hex:39");
+    content += "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"y\"=hex:32\n; end\n";
+    ASSERT_TRUE(file.seek(0) && file.write(content) == content.size());
+    file.close();
+    EXPECT_EQ(set(u"large", QByteArray(400'000, '0')), 0); // makes the file worth writing anew, from what was read
+    EXPECT_EQ(get(u"x") + get(u"y"), "92");
+    restart();
+    EXPECT_EQ(get(u"x") + get(u"y"), "92");
+}
