@@ -39,15 +39,19 @@ make_prefix() {
 }
 
 # The server that opens files for all programs. It stays for a while when they have ended, because its start takes
-# seconds, and root's is bound by permissions like everybody's.
+# seconds, and root's is bound by permissions like everybody's. The services that come with it stay as long and have
+# the standard streams of the program that they start with: with those of a test, its reader would wait for their end.
 start_server() {
     local bound=()
     [ "$(id -u)" -ne 0 ] || bound=(setpriv --bounding-set=-dac_override,-dac_read_search)
-    "${bound[@]}" /usr/lib/wine/wineserver -p20 <&- >/dev/null 2>&1 || true # there is one already
+    exec <&- >/dev/null 2>&1 9>"$WINEPREFIX/.server-lock"
+    flock 9
+    "${bound[@]}" /usr/lib/wine/wineserver -p20 9>&- || return 0 # there is one already
+    "$wine" cmd /c exit </dev/null 9>&-
 }
 
 [ -f "$complete" ] || (make_prefix)
-[ -n "$on_screen" ] || start_server # the next screen is another one
+[ -n "$on_screen" ] || (start_server) # the next screen is another one
 # The server's pipes would become the standard streams that are closed, and what the program prints requests to the server.
 for stream in 0 1 2; do
     [ -e "/dev/fd/$stream" ] || eval "exec $stream</dev/null"
