@@ -60,7 +60,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
         ->type_name("FILE.tx")
         ->allow_extra_args(false);
     app.add_flag("--no-module", noModule, "load no module")->excludes("--module");
-    app.add_option("--profile", profile, "keep settings and history in this folder")->type_name("DIR");
+    app.add_option("--profile", profile, "keep settings and history in this folder; else LISPHOST_PROFILE names it")
+        ->type_name("DIR");
     app.add_option("--drawing", drawing, "open this drawing instead of an empty one")->type_name("FILE.dxf");
     app.add_option("--save", save, "write the drawing to this file when the programs have run")->type_name("FILE.dxf");
     CLI::Option *plotted = app.add_option("--plot", plot, "draw the drawing into this file when the programs have run")
@@ -163,7 +164,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
         options.programArguments = toQStrings({separator + 1, arguments.end()});
     if (noModule || !modules.empty())
         options.modules = toQStrings(modules);
-    options.profileFolder = QString::fromStdString(profile);
+    options.profileFolder =
+        profile.empty() ? qEnvironmentVariable("LISPHOST_PROFILE") : QString::fromStdString(profile);
     options.drawingFile = QString::fromStdString(drawing);
     options.saveFile = QString::fromStdString(save);
     options.plotFile = QString::fromStdString(plot);

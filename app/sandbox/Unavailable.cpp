@@ -4,17 +4,26 @@
 #include "app/sandbox/Supervisor.h"
 #include "app/sandbox/TimeLimit.h"
 
+namespace {
+
+SandboxError noSandbox()
+{
+    return SandboxError(QStringLiteral("--sandbox needs Linux: there is no sandbox on this system"));
+}
+
+} // namespace
+
 int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &)
 {
-    throw SandboxError(QStringLiteral("there is no sandbox on this system"));
+    throw noSandbox();
 }
 
 void enterSandbox(const SandboxOptions &, const QStringList &, const QString &)
 {
-    throw SandboxError(QStringLiteral("there is no sandbox on this system"));
+    throw noSandbox();
 }
 
 void interruptAfter(int)
 {
-    throw SandboxError(QStringLiteral("there is no sandbox on this system"));
+    throw noSandbox();
 }

@@ -2,6 +2,7 @@
 
 import ctypes
 import os
+import re
 import subprocess
 import tempfile
 import unittest
@@ -9,7 +10,8 @@ from dataclasses import dataclass
 from pathlib import Path
 
 LISPHOST = os.environ["LISPHOST"]
-WINDOWS = os.environ.get("LISPHOST_SYSTEM") == "Windows"  # the program is one for Windows, run under Wine
+FOLDER = Path(os.environ["LISPHOST_FOLDER"])  # where the program and its module are
+WINDOWS = os.environ["LISPHOST_SYSTEM"] == "Windows"  # the program is one for Windows, run under Wine
 
 # Far beyond what any test takes: a build with sanitizers on a busy machine is slow.
 TIMEOUT = 120
@@ -27,6 +29,39 @@ def respect_permissions() -> None:
                 raise OSError(ctypes.get_errno(), "the right to ignore permissions cannot be given up")
 
 
+def native(path: str | Path) -> str:
+    """A path of this machine as the program shows it: to Windows all of this machine is drive Z."""
+    return "Z:" + str(path).replace("/", "\\") if WINDOWS else str(path)
+
+
+def quoted(text: str) -> str:
+    """A text as it stands in programs, and as prin1 shows it."""
+    escapes = {"\\": "\\\\", '"': '\\"', "\n": "\\n"}
+    return '"' + "".join(escapes.get(character, character) for character in text) + '"'
+
+
+def with_paths_of_this_machine(text: str, folder: str | Path) -> str:
+    """What the program printed; in the paths below the folder drive and separators are those of this machine."""
+    def here(match: re.Match) -> str:
+        return re.sub(r"\\+", "/", match[0].removeprefix("Z:"))
+    if not WINDOWS:
+        return text
+    shown = "Z:" + re.escape(str(folder)).replace("/", r"[/\\]+")
+    return re.sub(shown + r'[^\s"]*', here, text)
+
+
+def profile_below(folder: str | Path) -> dict[str, str]:
+    """The environment in which settings and registry are kept in the folder."""
+    if WINDOWS:  # where the folder of the user is not taken from the environment
+        return {"LISPHOST_PROFILE": f"{folder}/lisphost"}
+    return {"HOME": str(folder), "XDG_DATA_HOME": str(folder)}
+
+
+def possible_names(names: list[str]) -> list[str]:
+    """Those that a file can have: on Windows quotes, backslashes and ends of lines are in none."""
+    return [name for name in names if not (WINDOWS and set(name) & set('"\\\n'))]
+
+
 @dataclass
 class Outcome:
     status: int  # negative: the number of the signal that ended the program
@@ -42,7 +77,7 @@ class LispHostTest(unittest.TestCase):
         self.addCleanup(scratch.cleanup)
         self.folder = Path(scratch.name).resolve()
         self.profile = self.folder / ".profile"
-        self.environment = os.environ | {"HOME": str(self.profile), "XDG_DATA_HOME": str(self.profile)}
+        self.environment = os.environ | profile_below(self.profile)
 
     def write(self, name: str, content: str | bytes) -> Path:
         path = self.folder / name

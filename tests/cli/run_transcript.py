@@ -11,16 +11,19 @@ import sys
 import tempfile
 from pathlib import Path
 
+from lisphost import profile_below, with_paths_of_this_machine
+
 
 def transcript(command: list[str]) -> str:
     with tempfile.TemporaryDirectory() as scratch:
         folder = os.path.realpath(scratch)
         process = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
-                                 env=os.environ | {"TMPDIR": folder, "HOME": folder, "XDG_DATA_HOME": folder})
+                                 env=os.environ | {"TMPDIR": folder} | profile_below(folder))
     output, errors = process.stdout.decode(), process.stderr.decode()
     if process.returncode != 0 or errors:
         output += f"\nstatus {process.returncode}\n{errors}"
     # The command may have made a temporary folder of its own inside.
+    output = with_paths_of_this_machine(output, folder)
     return re.sub(re.escape(folder) + r"(/tmp\.\w+)?", "<folder>", output)
 
 

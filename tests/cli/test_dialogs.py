@@ -2,7 +2,7 @@ import json
 import time
 import unittest
 
-from lisphost import LispHostTest
+from lisphost import LispHostTest, native, quoted
 
 
 class Dialogs(LispHostTest):
@@ -51,8 +51,8 @@ class Dialogs(LispHostTest):
         outcome, events = self.run_with("@file plan.dxf\n@esc\n@file new\n@file plan.dxf\n@press Yes\n",
                                         '(getfiled "Open" "" "dxf" 0)', '(getfiled "Open" "" "dxf" 0)',
                                         '(getfiled "New" "" "dxf" 1)', '(getfiled "New" "plan" "dxf" 1)')
-        there, new = self.folder / "plan.dxf", self.folder / "new.dxf"
-        self.assert_gives(outcome, f'"{there}"\nnil\n"{new}"\n"{there}"\n')
+        there, new = quoted(native(self.folder / "plan.dxf")), quoted(native(self.folder / "new.dxf"))
+        self.assert_gives(outcome, f"{there}\nnil\n{new}\n{there}\n")
         self.assertEqual([event["text"] for event in events[:4]], ["", "", "", "plan"])
 
     def test_alert_and_getfiled_refuse_other_arguments(self):

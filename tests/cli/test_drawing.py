@@ -4,7 +4,7 @@ import os
 import subprocess
 import unittest
 
-from lisphost import LispHostTest
+from lisphost import LispHostTest, native, quoted
 
 R12 = """  0
 SECTION
@@ -102,7 +102,8 @@ class Drawing(LispHostTest):
         self.write("plans/notes.txt", "")
         outcome = self.lisphost("eval", "--drawing", "plans/old.dxf", '(findfile "notes.txt")', '(getvar "DWGNAME")',
                                 '(getvar "DWGPREFIX")')
-        self.assert_gives(outcome, f'"{self.folder}/plans/notes.txt"\n"old.dxf"\n"{self.folder}/plans/"\n')
+        self.assert_gives(outcome, f'{quoted(native(self.folder / "plans/notes.txt"))}\n"old.dxf"\n'
+                                   f'{quoted(native(f"{self.folder}/plans/"))}\n')
 
 
 if __name__ == "__main__":

@@ -1,8 +1,6 @@
 import unittest
 
-from pathlib import Path
-
-from lisphost import LISPHOST, LispHostTest
+from lisphost import FOLDER, LispHostTest, native, quoted
 
 
 class Eval(LispHostTest):
@@ -33,8 +31,7 @@ class Eval(LispHostTest):
         self.assert_gives(self.evaluate('(acet-file-remove "")'), "0\n")
 
     def test_modules_know_the_folder_of_the_program(self):
-        folder = str(Path(LISPHOST).parent).replace("\\", "\\\\")
-        self.assert_gives(self.evaluate("(acet-filename-acad-root)"), f'"{folder}\\\\"\n')
+        self.assert_gives(self.evaluate("(acet-filename-acad-root)"), quoted(native(FOLDER) + "\\") + "\n")
 
     def test_no_expression_is_a_usage_error(self):
         self.assert_fails(self.lisphost("eval"), 2, "(?i)expression|required")
@@ -56,7 +53,7 @@ class Eval(LispHostTest):
 
 class ModuleFunctions(LispHostTest):
     def test_the_module_beside_the_program_is_loaded(self):
-        self.assert_gives(self.evaluate("(acet-file-cwd)"), f'"{self.folder}"\n')
+        self.assert_gives(self.evaluate("(acet-file-cwd)"), quoted(native(self.folder)) + "\n")
         self.assert_gives(self.evaluate('(acet-str-collate "a" "b")'), "-1\n")
 
     def test_a_message_is_output_and_the_value_follows_it(self):

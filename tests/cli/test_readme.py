@@ -5,7 +5,7 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from lisphost import LISPHOST, TIMEOUT, LispHostTest
+from lisphost import LISPHOST, TIMEOUT, LispHostTest, with_paths_of_this_machine
 
 ROOT = Path(__file__).resolve().parents[2]
 
@@ -20,12 +20,13 @@ def screens() -> list[tuple[str, str]]:
 
 class Readme(LispHostTest):
     def normalised(self, text: str) -> str:
+        text = with_paths_of_this_machine(text, self.folder)
         text = text.replace(str(self.folder), "/home/you/drawings")
         return re.sub(r"\S*/tmp\.\w+", "<copy>", text).strip()
 
     def printed(self, command: str) -> str:
         command = f"{ROOT}/examples/run-demo {LISPHOST}" if command == "./run" else command.replace("./run", LISPHOST)
-        process = subprocess.run(command, shell=True, cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+        process = subprocess.run(command, shell=True, cwd=self.folder, env=self.environment | {"TMPDIR": str(self.folder)}, stdout=subprocess.PIPE,
                                  stderr=subprocess.STDOUT, text=True, timeout=TIMEOUT)
         return process.stdout
 

@@ -1,10 +1,11 @@
 import unittest
 from random import Random
 
-from lisphost import LispHostTest, Outcome
+from lisphost import WINDOWS, LispHostTest, Outcome
 
 HEADER = "Windows Registry Editor Version 5.00\r\n\r\n"
-KEY = r"HKEY_CURRENT_USER\Software\Test"
+KEY = r"HKEY_CURRENT_USER\Software\Test of the command"
+OWN = "the registry is the system's own"
 LISP_KEY = KEY.replace("\\", "\\\\")
 
 
@@ -33,6 +34,11 @@ def registry_text(*lines):
 
 
 class Registry(LispHostTest):
+    def setUp(self):
+        super().setUp()
+        if WINDOWS:  # whose own registry is there for every run
+            self.import_text(registry_text(f"[-{KEY}]"))
+
     def import_text(self, content):
         self.write("in.reg", content)
         return self.lisphost("registry", "import", "in.reg")
@@ -100,6 +106,7 @@ class Import(Registry):
             before = after
         self.assertIn(1, statuses)
 
+    @unittest.skipIf(WINDOWS, OWN)
     def test_a_registry_that_cannot_be_written_is_left_as_it_was(self):
         folder = self.profile / "lisphost" / "registry"
         self.import_text(registry_text(f"[{KEY}]", '"a"="1"'))
@@ -130,6 +137,7 @@ class Export(Registry):
         self.assertIn(f'[{KEY}]\r\n"n"="user"\r\n', text)
         self.assertIn('[HKEY_LOCAL_MACHINE\\Software\\X]\r\n"n"="machine"\r\n', text)
 
+    @unittest.skipIf(WINDOWS, OWN)
     def test_what_is_exported_can_be_imported_elsewhere(self):
         self.import_text(registry_text(f"[{KEY}]", '"a"="1"', '"b"=hex(0):', f"[{KEY}\\x\\y]", '@="\r\n"'))
         text = self.exported(KEY)
@@ -159,6 +167,7 @@ class Export(Registry):
             self.assert_fails(self.lisphost(*arguments), 2, ".")
 
 
+@unittest.skipIf(WINDOWS, OWN)
 class Store(Registry):
     def test_lives_in_the_folder_of_the_profile(self):
         self.assert_gives(self.lisphost("--profile", "p", "eval", f'(vl-registry-write "{LISP_KEY}" "n" "1")'), '"1"\n')

@@ -59,7 +59,9 @@ class Repl(LispHostTest):
     def test_tab_completes_names(self):
         terminal = self.open("repl")
         terminal.type("(vl-string-tr\t-right-trim")
-        terminal.type("\x15(acet-str-col\t \"a\" \"b\")\n")
+        terminal.type("\x03")
+        terminal.wait_for_prompt()
+        terminal.type("(acet-str-col\t \"a\" \"b\")\n")
         terminal.wait_for_prompt(r"\n-1\n")
         self.leave(terminal)
 

@@ -4,7 +4,10 @@ import time
 import unittest
 from pathlib import Path
 
-from lisphost import LispHostTest
+from lisphost import WINDOWS, LispHostTest, Outcome
+
+
+NONE = "there is no sandbox"
 
 
 class SandboxTest(LispHostTest):
@@ -25,6 +28,7 @@ class SandboxTest(LispHostTest):
         self.assertEqual(outcome.errors.splitlines(), [f"lisphost: sandbox: refused {refusal}" for refusal in refusals])
 
 
+@unittest.skipIf(WINDOWS, NONE)
 class Files(SandboxTest):
     def test_the_programs_own_folder_can_be_read(self):
         self.write("inside/data/list.txt", "first\n")
@@ -112,6 +116,7 @@ START = "the start of a process"
 SIGNAL = "a signal to another process"
 
 
+@unittest.skipIf(WINDOWS, NONE)
 class Processes(SandboxTest):
     def test_none_can_be_started(self):
         program = self.write("outside/program.sh", "#!/bin/sh\ntouch started\n")
@@ -158,6 +163,7 @@ class Processes(SandboxTest):
         self.assertEqual((outcome.status, outcome.output), (0, "here"))
 
 
+@unittest.skipIf(WINDOWS, NONE)
 class Limits(SandboxTest):
     def test_time(self):
         start = time.monotonic()
@@ -181,6 +187,12 @@ class Limits(SandboxTest):
 
 
 class Usage(SandboxTest):
+    @unittest.skipUnless(WINDOWS, "there is a sandbox")
+    def test_where_there_is_none_nothing_runs(self):
+        refusal = Outcome(2, "", "lisphost: --sandbox needs Linux: there is no sandbox on this system\n")
+        self.assertEqual(self.run_sandboxed('(princ "ran")'), refusal)
+        self.assertEqual(self.lisphost("--sandbox", "--allow-write", ".", "eval", '(princ "ran")'), refusal)
+
     def test_only_programs_and_expressions_run_in_it(self):
         self.assert_fails(self.lisphost("--sandbox", "repl"), 2, "--sandbox is for run and eval")
 
@@ -189,10 +201,12 @@ class Usage(SandboxTest):
             with self.subTest(option):
                 self.assert_fails(self.lisphost(option, "1", "eval", "1"), 2, "--sandbox")
 
+    @unittest.skipIf(WINDOWS, NONE)
     def test_a_program_that_is_not_there_cannot_be_allowed(self):
         self.assert_fails(self.lisphost("--sandbox", "--allow-run", "no-such-program", "eval", "1"), 2,
                           "no-such-program: no such program")
 
+    @unittest.skipIf(WINDOWS, NONE)
     def test_exit_statuses_are_those_of_the_program(self):
         self.assert_fails(self.run_sandboxed("(/ 1 0)"), 1, "^error: divide by zero\n")
         self.assert_fails(self.lisphost("--sandbox", "run", "missing.lsp"), 3, r"missing\.lsp")

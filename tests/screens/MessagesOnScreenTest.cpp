@@ -2,7 +2,6 @@
 #include "platform/ui/MessageBox.h"
 #include "tests/screens/Screen.h"
 
-#include <QPushButton>
 #include <QTest>
 #include <QWindow>
 
@@ -69,17 +68,6 @@ TEST_F(MessagesOnScreen, EscapeIsCancelAndDoesNothingInABoxWithoutIt)
                                        press(u"&Retry"_qs)(dialog);
                                    })),
               "retInt 4");
-}
-
-TEST_F(MessagesOnScreen, AClickPressesAButton)
-{
-    EXPECT_EQ(resultOf(acetUiMessageHtml, u"<h3>Layers</h3>Erase <b>12</b> unused layers?", 3 + 48,
-                       pictureThen(u"message-html"_qs,
-                                   [](QDialog &dialog) {
-                                       const QList<QPushButton *> buttons = dialog.findChildren<QPushButton *>();
-                                       click(*buttons.at(1));
-                                   })),
-              "retInt 7");
 }
 
 TEST_F(MessagesOnScreen, AreReadableWithAllButtonsAndALongText)

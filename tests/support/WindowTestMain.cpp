@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdio>
 
 int main(int count, char **values)
 {
@@ -14,5 +15,9 @@ int main(int count, char **values)
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QApplication application(offscreenCount, offscreen.data());
     QApplication::setQuitOnLastWindowClosed(false);
+    if (qEnvironmentVariableIsSet("SCREEN_PICTURES") && QGuiApplication::platformName() == u"offscreen") {
+        std::fputs("the windows are not on the screen\n", stderr);
+        return 1;
+    }
     return RUN_ALL_TESTS();
 }

@@ -11,16 +11,28 @@ export WINEPREFIX=${WINEPREFIX:-${LISPEXTENSION_CACHE:-${XDG_CACHE_HOME:-$HOME/.
 export WINEDEBUG=${WINEDEBUG:--all}
 # Neither .NET nor an HTML engine, which Wine would offer to install, nor entries in this machine's menus.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=}
-export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
 export LC_ALL=C.UTF-8 # file names and arguments reach Windows through this
+# Wine keeps the variables of this machine's Qt from its programs, except under such names.
+for variable in "${!QT_@}"; do
+    export "WINE$variable=${!variable}"
+done
 
 on_screen=
-if [ -n "${DISPLAY-}" ] && [ "$QT_QPA_PLATFORM" = windows ]; then
+if [ -n "${DISPLAY-}" ] && [ "${QT_QPA_PLATFORM-}" = windows ]; then
     on_screen=yes
     WINEPREFIX+=-screen
 fi
 
-complete=$WINEPREFIX/.complete-3 # the number changes with what make_prefix does
+complete=$WINEPREFIX/.complete-4 # the number changes with what make_prefix does
+
+# The fonts that Windows' own programs are shown in are not here; those of Debian take their place.
+replace_fonts() {
+    local name
+    for name in "${@:2}"; do
+        env -u DISPLAY "$wine" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$name" /d "$1" /f \
+            >>"$WINEPREFIX.log" 2>&1 9>&-
+    done
+}
 
 make_prefix() {
     mkdir -p "$WINEPREFIX"
@@ -31,7 +43,10 @@ make_prefix() {
     env -u DISPLAY "$wine" wineboot --init >"$WINEPREFIX.log" 2>&1 9>&-
     # Without a display the system's message boxes are there all the same, on a screen that nobody sees.
     env -u DISPLAY "$wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d x11,null /f >>"$WINEPREFIX.log" 2>&1 9>&-
-    env -u DISPLAY /usr/lib/wine/wineserver -w 9>&-
+    replace_fonts 'DejaVu Sans' 'MS Shell Dlg' 'MS Shell Dlg 2' 'Segoe UI' 'Tahoma' 'Arial'
+    replace_fonts 'DejaVu Sans Mono' 'Courier New'
+    # The next server is one with our rights; programs that do not end by themselves have lost theirs.
+    timeout 30 /usr/lib/wine/wineserver -w 9>&- || /usr/lib/wine/wineserver -k 9>&- || true
     # Wine looks for the names of drives on the disks themselves, and complains about each that it may not read.
     ln -sfn /dev/null "$WINEPREFIX/dosdevices/c::"
     ln -sfn /dev/null "$WINEPREFIX/dosdevices/z::"

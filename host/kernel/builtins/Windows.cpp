@@ -4,6 +4,8 @@
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 
+#include <QDir>
+
 using lisp::Args;
 using lisp::Machine;
 using lisp::Value;
@@ -31,7 +33,7 @@ Value getFileD(Machine &machine, Args arguments)
     const FileRequest request = FileRequest::fromGetfiled(qText(arguments.text(0)), qText(arguments.text(1)),
                                                           qText(arguments.text(2)), arguments.integer(3));
     const std::optional<QString> path = userInterface(machine).chooseFile(request);
-    return path ? machine.string(path->toStdU16String()) : Value::nil();
+    return path ? machine.string(QDir::toNativeSeparators(*path).toStdU16String()) : Value::nil();
 }
 
 constexpr lisp::BuiltinRow rows[] = {

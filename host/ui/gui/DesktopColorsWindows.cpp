@@ -1,3 +1,4 @@
+#include "host/ui/gui/CheckBoxStyle.h"
 #include "host/ui/gui/DesktopColors.h"
 
 #include <QApplication>
@@ -11,7 +12,7 @@ std::unique_ptr<QObject> followDesktopColors(std::function<void(ColorScheme)> te
     const QVariant usesLightColors = settings.value(QStringLiteral("AppsUseLightTheme"));
     const bool isDark = usesLightColors.isValid() && usesLightColors.toInt() == 0;
     if (isDark)
-        QApplication::setStyle(QStringLiteral("Fusion")); // the native style knows no dark colours
+        QApplication::setStyle(new CheckBoxStyle(QStringLiteral("Fusion"))); // the native style knows no dark colours
     tell(isDark ? ColorScheme::Dark : ColorScheme::NoPreference);
     return std::make_unique<QObject>();
 }

@@ -7,8 +7,7 @@
             (acet-ui-message-html "Go on?" "Title" 289)))
 
 (title "codes without a box")
-(show-all '((acet-ui-message "x" "Title" 15)
-            (acet-ui-message-html "x" "Title" 6)
+(show-all '((acet-ui-message-html "x" "Title" 6)
             (acet-ui-message-html "x" "Title" 4096)))
 
 (title "a missing title is told, and the box shown")
@@ -41,13 +40,6 @@
             (showhtmlmodalwindow 1)
             (wexo_htmlprompt "<i>x</i>")
             (wexo_htmlprompt 1)))
-
-(title "an editor program")
-(write-file "editor" "#!/bin/sh\nprintf '[%s]' \"$@\" > editor.out\n")
-(show-all '((_editRtext_ "sh" "editor,a.txt,,b.txt")
-            (lines-of "editor.out")
-            (_editRtext_ "no-such-editor")
-            (_editRtext_ 5)))
 
 (title "files and folders")
 (vl-mkdir "folder")

@@ -1,0 +1,6 @@
+(title "an editor program")
+(write-file "editor" "#!/bin/sh\nprintf '[%s]' \"$@\" > editor.out\n")
+(show-all '((_editRtext_ "sh" "editor,a.txt,,b.txt")
+            (lines-of "editor.out")
+            (_editRtext_ "no-such-editor")
+            (_editRtext_ 5)))
