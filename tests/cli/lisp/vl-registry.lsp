@@ -30,7 +30,7 @@
 (title "what a key holds")
 (show-all '((vl-registry-write (strcat key "\\Below\\Deep") "x" "1")
             (vl-registry-descendents key)
-            (vl-registry-descendents key "")
+            (vl-sort (vl-registry-descendents key "") '<)
             (vl-registry-descendents (strcat key "\\Below"))
             (vl-registry-descendents (strcat key "\\Below") T)
             (vl-registry-descendents (strcat key "\\Missing"))))
