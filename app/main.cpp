@@ -25,11 +25,15 @@ void dropQtWarnings(QtMsgType type, const QMessageLogContext &, const QString &m
         std::fprintf(stderr, "lisphost: %s\n", message.toLocal8Bit().constData());
 }
 
-QStringList foldersOf(const std::vector<QString> &files)
+// The folders of the programs and of the drawing, which may use what stands beside them.
+QStringList readableFolders(const Options &options)
 {
     QStringList folders;
-    for (const QString &file : files)
-        folders.append(QFileInfo(file).canonicalPath());
+    if (options.command == Options::Command::Run)
+        for (const QString &file : options.operands)
+            folders.append(QFileInfo(file).canonicalPath());
+    if (!options.drawingFile.isEmpty())
+        folders.append(QFileInfo(options.drawingFile).canonicalPath());
     return folders;
 }
 
@@ -37,9 +41,8 @@ int executeInSession(const Options &options, const QString &sandboxFolder)
 {
     Session session(options);
     if (options.sandbox) {
-        const bool hasFiles = options.command == Options::Command::Run;
         session.limit(*options.sandbox);
-        enterSandbox(*options.sandbox, hasFiles ? foldersOf(options.operands) : QStringList(), sandboxFolder);
+        enterSandbox(*options.sandbox, readableFolders(options), sandboxFolder);
     }
     switch (options.command) {
     case Options::Command::Run:

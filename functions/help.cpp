@@ -22,11 +22,6 @@ enum ExtendedDataCode : int {
 
 char16_t urlApplication[] = u"PE_URL";
 
-bool isString(const resbuf *node)
-{
-    return node != nullptr && node->restype == TypeString;
-}
-
 // The help file's full path where the host finds it, else its bare name.
 QString helpFile()
 {

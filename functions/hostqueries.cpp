@@ -13,11 +13,6 @@
 
 namespace {
 
-bool isString(const resbuf *node)
-{
-    return node != nullptr && node->restype == TypeString;
-}
-
 bool isPoint(const resbuf *node)
 {
     return node != nullptr && (node->restype == TypePoint2d || node->restype == TypePoint3d);

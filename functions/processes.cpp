@@ -17,13 +17,8 @@
 
 namespace {
 
-bool isString(const resbuf *node)
-{
-    return node != nullptr && node->restype == TypeString;
-}
-
 // A process starts before its mode is looked at: a wrong mode is a message about a program that runs.
-enum SpawnMode : std::int16_t { SpawnAndWait = 1, SpawnAndGoOn = 2, SpawnHiddenAndWait = 3 };
+enum SpawnMode : std::int16_t { SpawnAndWait = 1, SpawnAndGoOn = 2, SpawnAndWaitToo = 3 };
 
 // Commas separate arguments. Without a text of arguments the program receives its own name as its only one.
 QProcess *spawn(const resbuf *programNode)
@@ -42,7 +37,7 @@ void finishSpawning(QProcess *process, std::int16_t mode)
     constexpr std::int32_t Success = 32; // whatever became of the process
     switch (mode) {
     case SpawnAndWait:
-    case SpawnHiddenAndWait:
+    case SpawnAndWaitToo:
         process->waitForFinished(Patience);
         activeLispHost()->retInt(Success);
         break;
@@ -50,7 +45,7 @@ void finishSpawning(QProcess *process, std::int16_t mode)
         activeLispHost()->retInt(Success);
         break;
     default:
-        printText(CFxString::from_ansi_str("\nError: wrong type of argument."));
+        printText(CFxString::from_ansi_str(WrongTypeMessage));
     }
 }
 
@@ -62,7 +57,7 @@ HANDLE handleOf(std::int16_t number)
 
 void runCommand(const char *command)
 {
-    constexpr int Capacity = 511;
+    constexpr int Capacity = 511; // units, with one more for a terminator behind them
     char16_t interpreter[Capacity + 1] = {};
     if (activeLispHost()->getEnvVar("COMSPEC", 0, 0, Capacity, interpreter) == StatusNormal)
         activeLispHost()->retInt(std::system(command));

@@ -44,11 +44,6 @@ private:
     std::u16string m_changedPath;
 };
 
-bool isText(const resbuf *node)
-{
-    return node != nullptr && node->restype == TypeString;
-}
-
 // The name of the root counts wherever in the path it stands, in capitals alone.
 ValuePlace::ValuePlace(const resbuf *pathNode) : m_path(pathNode->resval.string)
 {
@@ -64,7 +59,7 @@ ValuePlace::ValuePlace(const resbuf *pathNode) : m_path(pathNode->resval.string)
     if (found == prefixes.end())
         return;
     cut(*found);
-    if (isText(pathNode->rbnext))
+    if (isString(pathNode->rbnext))
         m_name = pathNode->rbnext->resval.string;
 }
 
@@ -151,9 +146,9 @@ int acetRegPut()
         return StatusNormal;
     }
     resbuf *nameNode = pathNode->rbnext;
-    resbuf *dataNode = isText(nameNode) ? nameNode->rbnext : nullptr;
-    returnTruth(writeValue(place, CFxString(isText(dataNode) ? dataNode->resval.string : u"")));
-    activeLispHost()->releaseRb(isText(nameNode) ? dataNode : nameNode);
+    resbuf *dataNode = isString(nameNode) ? nameNode->rbnext : nullptr;
+    returnTruth(writeValue(place, CFxString(isString(dataNode) ? dataNode->resval.string : u"")));
+    activeLispHost()->releaseRb(isString(nameNode) ? dataNode : nameNode);
     return StatusNormal;
 }
 

@@ -22,11 +22,6 @@ namespace {
 constexpr int EditorPatienceMilliseconds = 30000;
 constexpr int EditorStarted = 32; // given whatever became of the program: LISP programs rely on it
 
-bool isString(const resbuf *node)
-{
-    return node != nullptr && node->restype == TypeString;
-}
-
 QString textOrEmpty(const resbuf *node)
 {
     return isString(node) ? textOf(node) : QString();

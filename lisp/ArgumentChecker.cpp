@@ -11,7 +11,7 @@ resbuf *checkArgument(TypeCode expected, resbuf *node, Presence presence)
         return nullptr;
     }
     if (node->restype != expected) {
-        failWith("\nError: wrong type of argument.");
+        failWith(WrongTypeMessage);
         // This node, not the head of the list: the interpreter reclaims the nodes before it.
         activeLispHost()->releaseRb(node);
         return nullptr;

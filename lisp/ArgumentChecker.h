@@ -12,3 +12,6 @@ enum class Presence { Required, Optional };
 // (message printed, nil set). In the latter case the handler returns at once and leaves the whole list alone: a node of
 // the wrong type has been released with everything after it.
 resbuf *checkArgument(TypeCode expected, resbuf *node, Presence presence = Presence::Required);
+
+// The message about such a node, for handlers that find out themselves.
+inline constexpr char WrongTypeMessage[] = "\nError: wrong type of argument.";

@@ -23,6 +23,11 @@ char16_t *duplicate(const QString &text)
 
 } // namespace
 
+bool isString(const resbuf *node)
+{
+    return node != nullptr && node->restype == TypeString;
+}
+
 QString textOf(const resbuf *node)
 {
     return QStringView(node->resval.string).toString();

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+bool isString(const resbuf *node); // false for null, too
+
 // The text of a string node.
 QString textOf(const resbuf *node);
 QString viewOf(const resbuf *node); // the same without a copy: only until the node is released

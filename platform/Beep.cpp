@@ -7,10 +7,12 @@
 #include <QStandardPaths>
 #include <QtEndian>
 
+#include <algorithm>
 #include <chrono>
+#include <climits>
 #include <cmath>
+#include <memory>
 #include <numbers>
-#include <optional>
 #include <thread>
 #include <utility>
 
@@ -30,18 +32,13 @@ struct Player
     QStringList arguments; // to play WAV from standard input
 };
 
-std::optional<Player> findPlayer()
-{
-    const Player players[] = {
-        {QStringLiteral("paplay"), {}},
-        {QStringLiteral("pw-play"), {QStringLiteral("-")}},
-        {QStringLiteral("aplay"), {QStringLiteral("-q")}},
-    };
-    for (const Player &player : players)
-        if (!QStandardPaths::findExecutable(player.program).isEmpty())
-            return player;
-    return std::nullopt;
-}
+const Player players[] = {
+    {QStringLiteral("paplay"), {}},
+    {QStringLiteral("pw-play"), {QStringLiteral("-")}},
+    {QStringLiteral("aplay"), {QStringLiteral("-q")}},
+};
+
+using Clock = std::chrono::steady_clock;
 
 template <class Number> void appendNumber(QByteArray &bytes, Number number)
 {
@@ -83,21 +80,39 @@ void signalTerminal()
     ::close(terminal);
 }
 
-void sound(DWORD frequency, DWORD milliseconds)
+int millisecondsUntil(Clock::time_point end)
 {
-    const std::optional<Player> player = findPlayer();
-    if (!player) {
-        signalTerminal();
-        return;
-    }
-    QProcess process;
-    process.start(player->program, player->arguments);
-    process.write(tone(frequency, milliseconds));
-    process.closeWriteChannel();
-    constexpr int Patience = 1000; // for the player to start and end
-    if (!process.waitForFinished(static_cast<int>(milliseconds) + Patience))
-        process.kill();
-    process.waitForFinished();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+    return static_cast<int>(std::clamp<std::int64_t>(left.count(), 0, INT_MAX));
+}
+
+// One that is installed may be of no use, where no sound server runs for example: it ends at once then. One that still
+// plays at the end is left alone, because players are late with the last of a tone; but not for long.
+bool play(const Player &player, const QByteArray &wave, Clock::time_point end)
+{
+    static QProcess *playing = nullptr; // not ended together with this program
+    constexpr unsigned Patience = 2;    // seconds beyond the tone
+    const unsigned longest = static_cast<unsigned>(millisecondsUntil(end) / 1000) + Patience;
+    delete std::exchange(playing, nullptr);
+    auto process = std::make_unique<QProcess>();
+    process->setChildProcessModifier([longest] { ::alarm(longest); });
+    process->start(player.program, player.arguments);
+    process->write(wave);
+    process->closeWriteChannel();
+    if (process->waitForFinished(millisecondsUntil(end)) || process->state() == QProcess::NotRunning)
+        return process->exitStatus() == QProcess::NormalExit && process->exitCode() == 0 &&
+               process->error() != QProcess::FailedToStart;
+    playing = process.release();
+    return true;
+}
+
+void sound(DWORD frequency, DWORD milliseconds, Clock::time_point end)
+{
+    const QByteArray wave = tone(frequency, milliseconds);
+    for (const Player &player : players)
+        if (!QStandardPaths::findExecutable(player.program).isEmpty() && play(player, wave, end))
+            return;
+    signalTerminal();
 }
 
 } // namespace
@@ -108,10 +123,10 @@ BOOL Beep(DWORD frequency, DWORD milliseconds)
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
     if (observer)
         observer(frequency, milliseconds);
-    sound(frequency, milliseconds);
+    sound(frequency, milliseconds, end);
     std::this_thread::sleep_until(end);
     return TRUE;
 }

@@ -7,8 +7,9 @@
 #ifndef _WIN32
 
 // Sounds a tone and comes back when it is over. FALSE and the last error at once for a frequency, in hertz, outside 37
-// to 32767. The tone goes to the sound server or sound card by the first player program that is there, else to the
-// terminal as its own signal, else nowhere; it takes its time in any case.
+// to 32767. The tone goes to the sound server or sound card by the first player program that is there and does not
+// fail, else to the terminal as its own signal, else nowhere. It takes its time in any case, and no longer, whatever a
+// player does.
 BOOL Beep(DWORD frequency, DWORD milliseconds);
 
 #endif

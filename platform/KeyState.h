@@ -1,16 +1,15 @@
 #pragma once
 
-#include "platform/WindowsTypes.h"
+#include "platform/VirtualKeys.h"
 
 #include <cstdint>
 #include <functional>
 
-#ifndef _WIN32
+// What the state of a key is made of.
+inline constexpr std::int16_t KeyIsDown = -128; // the high bits, as Windows sets them
+inline constexpr std::int16_t KeyIsToggled = 1;
 
-// Virtual-key codes: https://learn.microsoft.com/windows/win32/inputdev/virtual-key-codes
-inline constexpr int VK_LBUTTON = 0x01;
-inline constexpr int VK_RBUTTON = 0x02;
-inline constexpr int VK_MBUTTON = 0x04;
+#ifndef _WIN32
 
 // Negative, -128 or -127, while the key or mouse button is down, 0 or 1 while it is up. Bit 0: it is toggled, for keys
 // with a lamp. 0 for codes that are no key, and where there is no keyboard to ask: keys come from the X server if

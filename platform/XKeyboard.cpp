@@ -1,5 +1,6 @@
 #include "platform/XKeyboard.h"
 
+#include "platform/KeyState.h"
 #include "platform/KeySymbols.h"
 
 #include <QLibrary>
@@ -10,9 +11,6 @@
 #include <X11/Xlib.h>
 
 namespace {
-
-constexpr std::int16_t Down = -128; // the high bits, as Windows sets them
-constexpr std::int16_t Toggled = 1;
 
 // The functions of libX11 that are needed, found when the library is loaded.
 struct XLibrary
@@ -80,8 +78,8 @@ public:
             return 0;
         const unsigned button = pointerButtonOf(virtualKey);
         const bool isDown = button != 0 ? isButtonDown(button) : isKeyDown(virtualKey);
-        const std::int16_t toggled = isLampOn(virtualKey) ? Toggled : std::int16_t{0};
-        return m_isLost ? std::int16_t{0} : static_cast<std::int16_t>((isDown ? Down : 0) | toggled);
+        const std::int16_t toggled = isLampOn(virtualKey) ? KeyIsToggled : std::int16_t{0};
+        return m_isLost ? std::int16_t{0} : static_cast<std::int16_t>((isDown ? KeyIsDown : 0) | toggled);
     }
 
 private:
@@ -98,7 +96,7 @@ private:
     {
         std::array<char, 32> keys{}; // a bit for each key code
         m_library.queryKeymap(m_display, keys.data());
-        for (const unsigned long symbol : keySymbolsOf(virtualKey)) {
+        for (const unsigned long symbol : keySymbolsOf(virtualKey, isLampOn(VK_NUMLOCK) ? NumLock::On : NumLock::Off)) {
             const unsigned code = m_library.keysymToKeycode(m_display, symbol);
             if (code != 0 && (keys[code / 8] >> code % 8 & 1) != 0)
                 return true;

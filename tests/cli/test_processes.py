@@ -56,14 +56,34 @@ class Processes(LispHostTest):
         self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
         self.assertEqual(self.opened_documents("a b#ä.lhtest"), [str(self.folder / "a b#ä.lhtest")])
 
-    def test_a_document_is_opened_by_the_program_of_the_desktop(self):
+    def test_codes_in_the_name_of_a_document_are_part_of_the_name(self):
+        self.write("viewer.reg", "Windows Registry Editor Version 5.00\n\n"
+                   "[HKEY_CURRENT_USER\\Software\\Classes\\.lhtest\\shell\\open\\command]\n"
+                   '@="viewer \\"%1\\" -l=%l %2 %* 100%"\n'.encode())
+        self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
+        document = str(self.folder / "a%L%l%1.lhtest")
+        self.assertEqual(self.opened_documents("a%L%l%1.lhtest"), [document, f"-l={document}", "%2", "100%"])
+
+    def set_desktop_program(self, command):
         self.write("data/mime/globs2", b"50:text/x-lhtest:*.lhtest\n")
         self.write("data/applications/viewer.desktop", b"[Desktop Entry]\nType=Application\nName=Viewer\n"
-                   b"Exec=viewer %f\nMimeType=text/x-lhtest;\n")
+                   b"Exec=" + command + b"\nMimeType=text/x-lhtest;\n")
         self.write("data/applications/mimeapps.list", b"[Default Applications]\ntext/x-lhtest=viewer.desktop\n")
         for variable in ("XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"):
             self.environment[variable] = str(self.folder / "data")
+
+    def test_a_document_is_opened_by_the_program_of_the_desktop(self):
+        self.set_desktop_program(b"viewer %f")
         self.assertEqual(self.opened_documents("a b.lhtest"), [str(self.folder / "a b.lhtest")])
+
+    def test_field_codes_of_the_desktop_stand_inside_arguments_too(self):
+        self.set_desktop_program(b'viewer --file=%f %i -%c- %% a%%f')
+        document = str(self.folder / "a %f %%.lhtest")
+        self.assertEqual(self.opened_documents("a %f %%.lhtest"), [f"--file={document}", "--", "%", "a%f"])
+
+    def test_a_program_of_the_desktop_that_names_no_document_gets_it_last(self):
+        self.set_desktop_program(b"viewer -x")
+        self.assertEqual(self.opened_documents("a.lhtest"), ["-x", str(self.folder / "a.lhtest")])
 
     def test_many_programs_can_be_spawned_where_few_files_may_be_open(self):
         limits = resource.getrlimit(resource.RLIMIT_NOFILE)

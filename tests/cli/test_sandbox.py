@@ -35,6 +35,16 @@ class Files(SandboxTest):
         outcome = self.run_sandboxed(f'(princ (read-line (open "{self.folder}/inside/data/list.txt" "r")))')
         self.assert_gives(outcome, "first")
 
+    def test_the_drawings_folder_can_be_read(self):
+        self.write("drawings/points.txt", "first\n")
+        self.assert_gives(self.lisphost("--save", "drawings/d.dxf", "eval", "1"), "1\n")
+        read = f'(if (setq f (open "{self.folder}/drawings/points.txt" "r")) (read-line f))'
+        self.assert_gives(self.lisphost("--sandbox", "--drawing", "drawings/d.dxf", "eval", read), '"first"\n')
+        self.assert_refused(self.lisphost("--sandbox", "eval", read), "nil\n",
+                            f"opening {self.folder}/drawings/points.txt")
+        self.assert_refused(self.lisphost("--sandbox", "--drawing", "drawings/d.dxf", "eval",
+                                          f'(open "{self.secret}" "r")'), "nil\n", f"opening {self.secret}")
+
     def test_a_program_can_load_another_one_beside_it(self):
         self.write("inside/library.lsp", '(princ "loaded")')
         self.assert_gives(self.run_sandboxed('(load "library")'), "loaded")

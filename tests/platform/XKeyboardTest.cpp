@@ -80,6 +80,39 @@ TEST_F(XKeyboardTest, MouseButtonsAreDownWhileTheyArePressed)
     }
 }
 
+// Each key of the number pad is one of two, and Num Lock says which.
+TEST_F(XKeyboardTest, NumLockTellsWhatTheKeysOfTheNumberPadAre)
+{
+    const struct
+    {
+        const char *code; // by which an X server knows the key
+        int withNumLock, without;
+    } keys[] = {{"90", VK_NUMPAD0, VK_INSERT}, {"87", VK_NUMPAD1, VK_END},   {"88", VK_NUMPAD2, VK_DOWN},
+                {"89", VK_NUMPAD3, VK_NEXT},   {"83", VK_NUMPAD4, VK_LEFT},  {"84", VK_NUMPAD5, VK_CLEAR},
+                {"85", VK_NUMPAD6, VK_RIGHT},  {"79", VK_NUMPAD7, VK_HOME},  {"80", VK_NUMPAD8, VK_UP},
+                {"81", VK_NUMPAD9, VK_PRIOR},  {"91", VK_DECIMAL, VK_DELETE}};
+    for (const bool isOn : {false, true}) {
+        EXPECT_EQ(GetKeyState(VK_NUMLOCK), isOn ? 1 : 0);
+        for (const auto &[code, withNumLock, without] : keys) {
+            xdotool({QStringLiteral("keydown"), QString::fromLatin1(code)});
+            EXPECT_EQ(isDown(withNumLock), isOn) << code;
+            EXPECT_EQ(isDown(without), !isOn) << code;
+            xdotool({QStringLiteral("keyup"), QString::fromLatin1(code)});
+            EXPECT_FALSE(isDown(withNumLock) || isDown(without)) << code;
+        }
+        xdotool({QStringLiteral("key"), QStringLiteral("Num_Lock")});
+    }
+    // The keys that move the cursor without the number pad do not depend on it.
+    for (const bool isOn : {false, true}) {
+        EXPECT_EQ(GetKeyState(VK_NUMLOCK), isOn ? 1 : 0);
+        xdotool({QStringLiteral("keydown"), QStringLiteral("118")});
+        EXPECT_TRUE(isDown(VK_INSERT));
+        EXPECT_FALSE(isDown(VK_NUMPAD0));
+        xdotool({QStringLiteral("keyup"), QStringLiteral("118")});
+        xdotool({QStringLiteral("key"), QStringLiteral("Num_Lock")});
+    }
+}
+
 TEST_F(XKeyboardTest, AKeyWithALampIsToggledByEveryPress)
 {
     constexpr int CapsLock = 0x14;

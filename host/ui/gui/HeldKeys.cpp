@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr std::int16_t Down = -128; // the high bits, as Windows sets them
-constexpr std::int16_t Toggled = 1;
-
 bool systemCanBeAsked()
 {
     return QGuiApplication::platformName() == u"xcb" || QGuiApplication::platformName() == u"windows";
@@ -25,9 +22,9 @@ Qt::MouseButton buttonOf(int virtualKey)
         return Qt::RightButton;
     case VK_MBUTTON:
         return Qt::MiddleButton;
-    case 0x05:
+    case VK_XBUTTON1:
         return Qt::BackButton;
-    case 0x06:
+    case VK_XBUTTON2:
         return Qt::ForwardButton;
     default:
         return Qt::NoButton;
@@ -36,7 +33,7 @@ Qt::MouseButton buttonOf(int virtualKey)
 
 bool hasLamp(int virtualKey)
 {
-    return virtualKey == 0x14 || virtualKey == 0x90 || virtualKey == 0x91;
+    return virtualKey == VK_CAPITAL || virtualKey == VK_NUMLOCK || virtualKey == VK_SCROLL;
 }
 
 } // namespace
@@ -57,7 +54,7 @@ HeldKeys::~HeldKeys()
 std::int16_t HeldKeys::state(int virtualKey) const
 {
     const bool isDown = m_down.contains(virtualKey) || (QGuiApplication::mouseButtons() & buttonOf(virtualKey)) != 0;
-    return static_cast<std::int16_t>((isDown ? Down : 0) | (m_toggled.contains(virtualKey) ? Toggled : 0));
+    return static_cast<std::int16_t>((isDown ? KeyIsDown : 0) | (m_toggled.contains(virtualKey) ? KeyIsToggled : 0));
 }
 
 // A key goes to a window first and from there to one widget after the other: it counts once.

@@ -1,5 +1,7 @@
 #include "host/ui/gui/VirtualKey.h"
 
+#include "platform/VirtualKeys.h"
+
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -15,25 +17,29 @@ struct KeyRow
 
 // Letters, digits and the function keys follow rules and are not here.
 constexpr KeyRow keyRows[] = {
-    {Qt::Key_Cancel, 0x03},      {Qt::Key_Backspace, 0x08}, {Qt::Key_Tab, 0x09},          {Qt::Key_Backtab, 0x09},
-    {Qt::Key_Clear, 0x0C},       {Qt::Key_Return, 0x0D},    {Qt::Key_Enter, 0x0D},        {Qt::Key_Shift, 0x10},
-    {Qt::Key_Control, 0x11},     {Qt::Key_Alt, 0x12},       {Qt::Key_AltGr, 0x12},        {Qt::Key_Pause, 0x13},
-    {Qt::Key_CapsLock, 0x14},    {Qt::Key_Escape, 0x1B},    {Qt::Key_Space, 0x20},        {Qt::Key_PageUp, 0x21},
-    {Qt::Key_PageDown, 0x22},    {Qt::Key_End, 0x23},       {Qt::Key_Home, 0x24},         {Qt::Key_Left, 0x25},
-    {Qt::Key_Up, 0x26},          {Qt::Key_Right, 0x27},     {Qt::Key_Down, 0x28},         {Qt::Key_Select, 0x29},
-    {Qt::Key_Execute, 0x2B},     {Qt::Key_Print, 0x2C},     {Qt::Key_SysReq, 0x2C},       {Qt::Key_Insert, 0x2D},
-    {Qt::Key_Delete, 0x2E},      {Qt::Key_Help, 0x2F},      {Qt::Key_Meta, 0x5B},         {Qt::Key_Super_L, 0x5B},
-    {Qt::Key_Super_R, 0x5C},     {Qt::Key_Menu, 0x5D},      {Qt::Key_NumLock, 0x90},      {Qt::Key_ScrollLock, 0x91},
-    {Qt::Key_Semicolon, 0xBA},   {Qt::Key_Equal, 0xBB},     {Qt::Key_Plus, 0xBB},         {Qt::Key_Comma, 0xBC},
-    {Qt::Key_Minus, 0xBD},       {Qt::Key_Period, 0xBE},    {Qt::Key_Slash, 0xBF},        {Qt::Key_QuoteLeft, 0xC0},
-    {Qt::Key_BracketLeft, 0xDB}, {Qt::Key_Backslash, 0xDC}, {Qt::Key_BracketRight, 0xDD}, {Qt::Key_Apostrophe, 0xDE},
-    {Qt::Key_Less, 0xE2},
+    {Qt::Key_Cancel, VK_CANCEL},    {Qt::Key_Backspace, VK_BACK},     {Qt::Key_Tab, VK_TAB},
+    {Qt::Key_Backtab, VK_TAB},      {Qt::Key_Clear, VK_CLEAR},        {Qt::Key_Return, VK_RETURN},
+    {Qt::Key_Enter, VK_RETURN},     {Qt::Key_Shift, VK_SHIFT},        {Qt::Key_Control, VK_CONTROL},
+    {Qt::Key_Alt, VK_MENU},         {Qt::Key_AltGr, VK_MENU},         {Qt::Key_Pause, VK_PAUSE},
+    {Qt::Key_CapsLock, VK_CAPITAL}, {Qt::Key_Escape, VK_ESCAPE},      {Qt::Key_Space, VK_SPACE},
+    {Qt::Key_PageUp, VK_PRIOR},     {Qt::Key_PageDown, VK_NEXT},      {Qt::Key_End, VK_END},
+    {Qt::Key_Home, VK_HOME},        {Qt::Key_Left, VK_LEFT},          {Qt::Key_Up, VK_UP},
+    {Qt::Key_Right, VK_RIGHT},      {Qt::Key_Down, VK_DOWN},          {Qt::Key_Select, VK_SELECT},
+    {Qt::Key_Execute, VK_EXECUTE},  {Qt::Key_Print, VK_SNAPSHOT},     {Qt::Key_SysReq, VK_SNAPSHOT},
+    {Qt::Key_Insert, VK_INSERT},    {Qt::Key_Delete, VK_DELETE},      {Qt::Key_Help, VK_HELP},
+    {Qt::Key_Meta, VK_LWIN},        {Qt::Key_Super_L, VK_LWIN},       {Qt::Key_Super_R, VK_RWIN},
+    {Qt::Key_Menu, VK_APPS},        {Qt::Key_NumLock, VK_NUMLOCK},    {Qt::Key_ScrollLock, VK_SCROLL},
+    {Qt::Key_Semicolon, VK_OEM_1},  {Qt::Key_Equal, VK_OEM_PLUS},     {Qt::Key_Plus, VK_OEM_PLUS},
+    {Qt::Key_Comma, VK_OEM_COMMA},  {Qt::Key_Minus, VK_OEM_MINUS},    {Qt::Key_Period, VK_OEM_PERIOD},
+    {Qt::Key_Slash, VK_OEM_2},      {Qt::Key_QuoteLeft, VK_OEM_3},    {Qt::Key_BracketLeft, VK_OEM_4},
+    {Qt::Key_Backslash, VK_OEM_5},  {Qt::Key_BracketRight, VK_OEM_6}, {Qt::Key_Apostrophe, VK_OEM_7},
+    {Qt::Key_Less, VK_OEM_102},
 };
 
 // What the number pad's keys write has codes of its own.
 constexpr KeyRow padRows[] = {
-    {Qt::Key_Asterisk, 0x6A}, {Qt::Key_Plus, 0x6B},   {Qt::Key_Comma, 0x6C},
-    {Qt::Key_Minus, 0x6D},    {Qt::Key_Period, 0x6E}, {Qt::Key_Slash, 0x6F},
+    {Qt::Key_Asterisk, VK_MULTIPLY}, {Qt::Key_Plus, VK_ADD},       {Qt::Key_Comma, VK_SEPARATOR},
+    {Qt::Key_Minus, VK_SUBTRACT},    {Qt::Key_Period, VK_DECIMAL}, {Qt::Key_Slash, VK_DIVIDE},
 };
 
 bool isBetween(int key, Qt::Key least, Qt::Key most)
@@ -49,15 +55,13 @@ template <std::size_t Count> int find(const KeyRow (&rows)[Count], int key)
 
 int padKeyOf(int key)
 {
-    constexpr int PadZero = 0x60;
-    return isBetween(key, Qt::Key_0, Qt::Key_9) ? PadZero + (key - Qt::Key_0) : find(padRows, key);
+    return isBetween(key, Qt::Key_0, Qt::Key_9) ? VK_NUMPAD0 + (key - Qt::Key_0) : find(padRows, key);
 }
 
 } // namespace
 
 int virtualKeyOf(const QKeyEvent &event)
 {
-    constexpr int FunctionKey1 = 0x70;
     const int key = event.key();
     if ((event.modifiers() & Qt::KeypadModifier) != 0)
         if (const int padKey = padKeyOf(key); padKey != 0)
@@ -65,6 +69,6 @@ int virtualKeyOf(const QKeyEvent &event)
     if (isBetween(key, Qt::Key_0, Qt::Key_9) || isBetween(key, Qt::Key_A, Qt::Key_Z))
         return key; // the same numbers
     if (isBetween(key, Qt::Key_F1, Qt::Key_F24))
-        return FunctionKey1 + (key - Qt::Key_F1);
+        return VK_F1 + (key - Qt::Key_F1);
     return find(keyRows, key);
 }
