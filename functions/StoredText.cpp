@@ -1,16 +1,21 @@
 #include "functions/StoredText.h"
 
 #include "lisp/ActiveLispHost.h"
+#include "lisp/ArgumentChecker.h"
 #include "lisp/LispStatus.h"
 
 #include <string>
 
-void returnStoredText(const char16_t *section, const char16_t *name, int units)
+int callForStoredText(const char16_t *section, int units)
 {
+    resbuf *nameNode = checkArgument(TypeString, activeLispHost()->getArgs());
+    if (nameNode == nullptr)
+        return StatusNormal;
     std::u16string buffer(static_cast<std::size_t>(units), u'\0');
-    const int status = activeLispHost()->getProfileString(section, name, u"", buffer.data(), units);
-    if (status == StatusNormal)
+    if (activeLispHost()->getProfileString(section, nameNode->resval.string, u"", buffer.data(), units) == StatusNormal)
         activeLispHost()->retWStr(buffer.c_str());
     else
         activeLispHost()->retNil();
+    activeLispHost()->releaseRb(nameNode);
+    return StatusNormal;
 }

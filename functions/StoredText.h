@@ -1,5 +1,5 @@
 #pragma once
 
-// Sets the result to what the host's profile store holds by a name: the empty text when it was never written, nil when
-// the store fails. The store cuts the text to `units` UTF-16 units, terminator included.
-void returnStoredText(const char16_t *section, const char16_t *name, int units);
+// A whole call of a function that takes a name and gives what the host's profile store holds by it: the empty text when
+// it was never written, nil when the store fails. The store cuts the text to `units` UTF-16 units, terminator included.
+int callForStoredText(const char16_t *section, int units);

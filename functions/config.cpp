@@ -30,12 +30,7 @@ int acetRegUserProdkey()
 
 int acetGetConfig()
 {
-    resbuf *nameNode = checkArgument(TypeString, activeLispHost()->getArgs());
-    if (nameNode == nullptr)
-        return StatusNormal;
-    returnStoredText(Section, nameNode->resval.string, BufferUnits);
-    activeLispHost()->releaseRb(nameNode);
-    return StatusNormal;
+    return callForStoredText(Section, BufferUnits);
 }
 
 // Sets no result, so every call gives nil: programs cannot tell a failed write from a successful one.

@@ -53,10 +53,5 @@ int acetVarSetvar()
 
 int acetVarGetvar()
 {
-    resbuf *nameNode = checkArgument(TypeString, activeLispHost()->getArgs());
-    if (nameNode == nullptr)
-        return StatusNormal;
-    returnStoredText(Section, nameNode->resval.string, BufferUnits);
-    activeLispHost()->releaseRb(nameNode);
-    return StatusNormal;
+    return callForStoredText(Section, BufferUnits);
 }

@@ -71,10 +71,10 @@ QRegularExpression expressionOf(const QString &pattern, Qt::CaseSensitivity case
 }
 
 // Positions count from 0; -1: nowhere.
-int plainPosition(const resbuf *text, const resbuf *pattern, Qt::CaseSensitivity caseSensitivity)
+int plainPosition(const QString &text, const QString &pattern, Qt::CaseSensitivity caseSensitivity)
 {
-    CFxString where(text->resval.string);
-    CFxString what(pattern->resval.string);
+    CFxString where(text);
+    CFxString what(pattern);
     if (caseSensitivity == Qt::CaseInsensitive) {
         where.makeLower();
         what.makeLower();
@@ -83,10 +83,10 @@ int plainPosition(const resbuf *text, const resbuf *pattern, Qt::CaseSensitivity
 }
 
 // An expression that is not valid is nowhere.
-int expressionPosition(const resbuf *text, const resbuf *pattern, Qt::CaseSensitivity caseSensitivity)
+int expressionPosition(const QString &text, const QString &pattern, Qt::CaseSensitivity caseSensitivity)
 {
-    const QRegularExpression expression = expressionOf(viewOf(pattern), caseSensitivity);
-    return expression.isValid() ? static_cast<int>(expression.match(viewOf(text)).capturedStart(0)) : -1;
+    const QRegularExpression expression = expressionOf(pattern, caseSensitivity);
+    return expression.isValid() ? static_cast<int>(expression.match(text).capturedStart(0)) : -1;
 }
 
 // Each search starts at the replacement just made, not behind it, and each replacement covers as many characters as the
@@ -139,7 +139,7 @@ int acetStrFind()
     resbuf *options = text->rbnext;
     const Search search = findOptions(options);
     const auto find = search.syntax == Syntax::Plain ? plainPosition : expressionPosition;
-    const int position = find(text, pattern, search.caseSensitivity);
+    const int position = find(viewOf(text), viewOf(pattern), search.caseSensitivity);
     if (position < 0)
         activeLispHost()->retNil();
     else
@@ -164,10 +164,7 @@ int acetStrReplace()
     QString result = viewOf(text);
     const auto replace = search.syntax == Syntax::Plain ? replacePlain : replaceExpression;
     replace(result, viewOf(pattern), viewOf(replacement), search);
-    if (isViewOf(result, text)) // nothing was replaced
-        activeLispHost()->retWStr(text->resval.string);
-    else
-        returnText(result);
+    returnChanged(result, text);
     activeLispHost()->releaseRb(last);
     return StatusNormal;
 }

@@ -39,15 +39,19 @@ QString viewOf(const resbuf *node)
     return QString::fromRawData(units.data(), units.size());
 }
 
-bool isViewOf(const QString &text, const resbuf *node)
-{
-    return text.constData() == QStringView(node->resval.string, 0).data();
-}
-
 void returnText(const QString &text)
 {
     const CFxString result(text);
     activeLispHost()->retWStr(result.wide_strU());
+}
+
+void returnChanged(const QString &text, const resbuf *node)
+{
+    const bool isUnchanged = text.constData() == reinterpret_cast<const QChar *>(node->resval.string);
+    if (isUnchanged)
+        activeLispHost()->retWStr(node->resval.string);
+    else
+        returnText(text);
 }
 
 void returnTruth(bool value)

@@ -10,12 +10,10 @@ bool isString(const resbuf *node); // false for null, too
 QString textOf(const resbuf *node);
 QString viewOf(const resbuf *node); // the same without a copy: only until the node is released
 
-// Whether the text still is the view that viewOf() gave: no copy was made to change it.
-bool isViewOf(const QString &text, const resbuf *node);
-
 // Set the call's result.
 void returnText(const QString &text);
-void returnTruth(bool value); // T or nil
+void returnChanged(const QString &text, const resbuf *node); // the node's own where viewOf() of it was never changed
+void returnTruth(bool value);                                // T or nil
 
 // A list begin with the strings behind it, in the order given; the closing node is left to the host. The caller's.
 resbuf *listOfNames(const QStringList &names);

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+enum class Writers { Locked, Free };
+
 // Replaces the content of a file, or makes it, in one step: whoever reads the file, and whatever happens meanwhile (a
 // full disk, a killed process, a power cut), finds the old content or the new, never a part. When it gives true the new
 // content is on the disk to stay. Otherwise `failure` says why, naming the file, and nothing has changed, except that
@@ -15,10 +17,9 @@
 //
 // Where the caller holds the file's FileLock, the new content always goes to the same file beside, FILE.new, and what a
 // killed process left there is overwritten. Without a lock each process has a file beside of its own, and the last one
-// to write has its say. QSaveFile would leave a file of another name behind each time, and takes a
-// failed sync for a success. A symbolic link stays one; what it leads to is replaced, and keeps its permissions. A file
-// that may not be written is not replaced, though its folder would allow it.
-enum class Writers { Locked, Free };
+// to write has its say. QSaveFile would leave a file of another name behind each time, and takes a failed sync for a
+// success. A symbolic link stays one; what it leads to is replaced, and keeps its permissions. A file that may not be
+// written is not replaced, though its folder would allow it.
 bool replaceFile(const QString &path, const QByteArray &content, QString &failure, Writers writers = Writers::Locked);
 
 // The same for content that is written piece by piece.

@@ -3,6 +3,7 @@
 #include "host/kernel/profile/EscapedText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -28,9 +29,8 @@ QByteArray SettingsText::toBytes() const
 
 const QString *SettingsText::value(const QString &section, const QString &key) const
 {
-    const auto found = std::find_if(m_sections.begin(), m_sections.end(),
-                                    [&section](const Section &each) { return each.name == section; });
-    if (found == m_sections.end())
+    const Section *found = find(section);
+    if (!found)
         return nullptr;
     const auto place = found->places.constFind(key);
     return place == found->places.constEnd() ? nullptr : &found->entries[*place].value;
@@ -63,9 +63,14 @@ bool SettingsText::addKey(const QString &section, const QString &key, const QStr
     return true;
 }
 
-SettingsText::Section *SettingsText::find(const QString &section)
+const SettingsText::Section *SettingsText::find(const QString &section) const
 {
     const auto found = std::find_if(m_sections.begin(), m_sections.end(),
                                     [&section](const Section &each) { return each.name == section; });
     return found == m_sections.end() ? nullptr : &*found;
+}
+
+SettingsText::Section *SettingsText::find(const QString &section)
+{
+    return const_cast<Section *>(std::as_const(*this).find(section));
 }

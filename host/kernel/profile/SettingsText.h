@@ -44,6 +44,7 @@ private:
         QHash<QString, std::size_t> places; // of the keys among the entries
     };
 
+    const Section *find(const QString &section) const;
     Section *find(const QString &section);
 
     std::vector<Section> m_sections;
