@@ -13,7 +13,7 @@ namespace {
 
 using View = std::u16string_view;
 
-constexpr View textAlphabet = u"ab1-,[`";
+constexpr View textAlphabet = u"ab1-,[]`~*";
 
 // An element of a pattern: any sequence, or one of these characters of the alphabet.
 struct Element

@@ -1,0 +1,12 @@
+# The date in the version's text for a build on a day with one digit and on one with two.
+foreach(day IN ITEMS "1483315200=Jan  2 2017" "1482451200=Dec 23 2016")
+  string(REGEX MATCH "^([0-9]+)=(.*)$" matched "${day}")
+  set(expected "LispExtension Version: ${CMAKE_MATCH_2}\"")
+  set(ENV{SOURCE_DATE_EPOCH} "${CMAKE_MATCH_1}")
+  execute_process(COMMAND "${CMAKE_COMMAND}" "-DSOURCE=${OUTPUT}" -P "${SCRIPT}" COMMAND_ERROR_IS_FATAL ANY)
+  file(READ "${OUTPUT}" text)
+  string(FIND "${text}" "${expected}" place)
+  if(place EQUAL -1)
+    message(FATAL_ERROR "not in it: ${expected}\n${text}")
+  endif()
+endforeach()
