@@ -28,10 +28,12 @@ void TextBrowserView::openPage(const QString &page)
     const PageSource source = PageSource::of(page);
     if (source.kind != PageSource::Kind::File)
         m_browser->setHtml(source.html);
-    else if (QFile::exists(source.url.toLocalFile()))
-        m_browser->setSource(source.url);
-    else
+    else if (!QFile::exists(source.url.toLocalFile()))
         m_browser->setPlainText(QStringLiteral("There is no file %1.").arg(source.url.toLocalFile()));
+    else if (m_browser->source() == source.url) // setSource() would leave the page as it was read before
+        m_browser->reload();
+    else
+        m_browser->setSource(source.url);
 }
 
 void TextBrowserView::loadUrl(const QString &url)

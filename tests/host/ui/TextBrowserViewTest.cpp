@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -45,12 +46,22 @@ TEST_F(TextBrowserViewTest, ShowsAFileByPathAndAddress)
     EXPECT_EQ(shown(), u"First"_qs);
 }
 
+TEST_F(TextBrowserViewTest, ShowsAFileAsItIsNow)
+{
+    for (const char *text : {"first", "second", "third"}) {
+        m_view.openPage(page(u"page.htm"_qs, text));
+        EXPECT_EQ(shown(), QLatin1String(text));
+    }
+}
+
 TEST_F(TextBrowserViewTest, FollowsLinksToOtherLocalPages)
 {
     page(u"second.htm"_qs, "<h1>Second</h1>");
     m_view.openPage(page(u"first.htm"_qs, "<a href='second.htm'>on</a>"));
-    QMetaObject::invokeMethod(&browser(), "anchorClicked", Q_ARG(QUrl, QUrl(u"second.htm"_qs)));
-    browser().setSource(browser().source().resolved(QUrl(u"second.htm"_qs)));
+    browser().show();
+    QTextCursor link(browser().document());
+    link.movePosition(QTextCursor::NextCharacter);
+    QTest::mouseClick(browser().viewport(), Qt::LeftButton, {}, browser().cursorRect(link).center());
     EXPECT_EQ(shown(), u"Second"_qs);
     EXPECT_TRUE(browser().openLinks());
     EXPECT_TRUE(browser().openExternalLinks());
