@@ -75,13 +75,13 @@ void NativeMessageBox::addButtons(UINT type)
             setEscapeButton(buttons.last());
     }
     if ((type & MB_HELP) != 0)
-        addHelpButton();
+        buttons += addHelpButton();
     const auto wanted = static_cast<qsizetype>((type & MB_DEFMASK) / MB_DEFBUTTON2);
     setDefaultButton(buttons.value(wanted, buttons.first())); // a button that is not there: the first
 }
 
 // The box stays open: its own reaction to the button is taken away.
-void NativeMessageBox::addHelpButton()
+QPushButton *NativeMessageBox::addHelpButton()
 {
     QPushButton *button = ::addButton(*this, "&Help");
     button->disconnect();
@@ -89,6 +89,7 @@ void NativeMessageBox::addHelpButton()
         if (parentWidget() != nullptr)
             QApplication::postEvent(parentWidget(), new QEvent(QEvent::HelpRequest));
     });
+    return button;
 }
 
 void NativeMessageBox::setIconOf(UINT type)

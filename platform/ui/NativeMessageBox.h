@@ -21,7 +21,7 @@ protected:
 
 private:
     void addButtons(UINT type);
-    void addHelpButton();
+    QPushButton *addHelpButton();
     void setIconOf(UINT type);
     void setModalityOf(UINT type);
     void setTextDirectionOf(UINT type);

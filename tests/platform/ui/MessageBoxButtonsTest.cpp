@@ -81,6 +81,15 @@ TEST_P(MessageBoxButtons, OneIsTheDefaultAsTheTypeSaysAndTheFirstWhenThereIsNoSu
     }
 }
 
+TEST_P(MessageBoxButtons, HelpIsTheLastOneAndCanBeTheDefault)
+{
+    const auto index = UINT(texts().size());
+    show(GetParam().type | MB_HELP | (index * MB_DEFBUTTON2), press(texts()[0]), [](QMessageBox &box) {
+        ASSERT_NE(defaultButton(box), nullptr);
+        EXPECT_EQ(defaultButton(box)->text(), u"&Help"_qs);
+    });
+}
+
 TEST_P(MessageBoxButtons, EscapeAndTheCloseButtonAreCancelOrALoneOkAndElseDoNothing)
 {
     for (const DialogWatcher::Action &closing : {pressKey(Qt::Key_Escape), DialogWatcher::Action(closeByItsButton)}) {
