@@ -56,7 +56,7 @@ CommandPanel::CommandPanel()
     m_input->setFrame(false);
     m_input->installEventFilter(this);
     m_prompt->setObjectName(QStringLiteral("commandPrompt"));
-    m_prompt->setBuddy(m_input);
+    m_prompt->setTextFormat(Qt::PlainText); // programs write "<A>" and "&" in their prompts, and mean them
 
     m_completer->setModel(m_names);
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);

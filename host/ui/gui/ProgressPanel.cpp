@@ -7,6 +7,8 @@
 
 ProgressPanel::ProgressPanel() : m_label(new QLabel), m_bar(new QProgressBar), m_cancel(new QToolButton)
 {
+    m_label->setObjectName(QStringLiteral("progressLabel"));
+    m_label->setTextFormat(Qt::PlainText);
     m_bar->setObjectName(QStringLiteral("progressBar"));
     m_bar->setFixedWidth(200);
     m_bar->setTextVisible(false);

@@ -19,6 +19,16 @@ TEST_F(CommandLine, EvaluatesLispAndEchoesIt)
     EXPECT_EQ(output(), "Command: (+ 1 2)\n3\n");
 }
 
+TEST_F(CommandLine, APromptIsShownAsItIsAndNotAsHtml)
+{
+    later([this] {
+        EXPECT_EQ(prompt(), "Length & Width [Add/Subtract] <A>: ");
+        EXPECT_GE(promptLabel->sizeHint().width(), promptLabel->fontMetrics().horizontalAdvance(promptLabel->text()));
+        QTest::keyClick(input, Qt::Key_Return);
+    });
+    type(QStringLiteral("(getstring \"\\nLength & Width [Add/Subtract] <A>: \")"));
+}
+
 TEST_F(CommandLine, AProgramThatEndsWithPrincAloneShowsNoValue)
 {
     type(QStringLiteral("(progn (princ \"done\") (princ))"));
