@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr qint64 PulseInterval = 30;        // milliseconds; a screen shows no more
+constexpr int PulseInterval = 30;           // milliseconds; a screen shows no more
 constexpr qsizetype PendingLimit = 1 << 16; // characters, before a program that prints much is shown
 
 QString echoOf(const InputReply &reply)
@@ -39,6 +39,8 @@ WindowInterface::WindowInterface(HostServices &services) : m_services(services)
     HostSdk::installWebViewMaker(makeTextBrowserView);
     connect(&m_window, &MainWindow::escapePressed, this, &WindowInterface::escape);
     connect(&m_window.progressPanel(), &ProgressPanel::cancelled, this, &WindowInterface::escape);
+    m_meterTimer.setInterval(PulseInterval);
+    connect(&m_meterTimer, &QTimer::timeout, this, [this] { m_services.progressMeter.showLatest(); });
     m_sincePulse.start();
 }
 
@@ -186,10 +188,12 @@ std::optional<QString> WindowInterface::chooseFile(const FileRequest &request)
 void WindowInterface::showProgress(const Progress &progress)
 {
     m_window.progressPanel().showProgress(progress);
+    m_meterTimer.start();
     pulse();
 }
 
 void WindowInterface::endProgress()
 {
+    m_meterTimer.stop();
     m_window.progressPanel().hide();
 }

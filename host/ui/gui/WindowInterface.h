@@ -9,6 +9,7 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QTimer>
 
 #include <optional>
 
@@ -66,6 +67,7 @@ private:
     lisp::Machine *m_machine = nullptr; // that runs
     QString m_pending;                  // printed, but not shown yet
     QElapsedTimer m_sincePulse;
+    QTimer m_meterTimer;             // brings the progress meter up to date while a program waits or shows a dialog
     QEventLoop *m_waiting = nullptr; // of the request that waits for an answer
     std::optional<InputReply> m_reply;
 };

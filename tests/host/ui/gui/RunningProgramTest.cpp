@@ -92,6 +92,24 @@ TEST_F(RunningProgram, TheProgressMeterHasAButtonToStop)
     EXPECT_FALSE(bar->isVisible());
 }
 
+// The second position comes too soon after the first to be shown at once.
+TEST_F(RunningProgram, TheProgressMeterShowsTheLatestWhileTheProgramWaits)
+{
+    auto *bar = interface.window().findChild<QProgressBar *>(QStringLiteral("progressBar"));
+    auto *label = interface.window().findChild<QLabel *>(QStringLiteral("progressLabel"));
+    LispHost *lispHost = document.lispHost();
+    lispHost->progressStart(u"Copy A & B <b>");
+    lispHost->progressSet(1);
+    lispHost->progressSet(50);
+    later([&] {
+        EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->value() == 50; }));
+        EXPECT_GE(label->sizeHint().width(), label->fontMetrics().horizontalAdvance(label->text()));
+        QTest::keyClick(input, Qt::Key_Return);
+    });
+    type(QStringLiteral("(getstring)"));
+    lispHost->progressEnd();
+}
+
 TEST_F(RunningProgram, TheProgressMeterIsPaintedNoMoreOftenThanAScreenCan)
 {
     class PaintCounter final : public QObject
