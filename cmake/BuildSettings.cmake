@@ -3,6 +3,7 @@
 option(LISPEXTENSION_WERROR "Treat warnings as errors" OFF)
 option(LISPEXTENSION_FUZZ "Build the libFuzzer targets (needs clang)" OFF)
 option(LISPEXTENSION_BENCHMARKS "Build the Google Benchmark targets" OFF)
+option(LISPEXTENSION_WEBENGINE "Show web pages in windows by Qt WebEngine (Debian: qt6-webengine-dev)" OFF)
 set(LISPEXTENSION_SANITIZE "" CACHE STRING "Value for -fsanitize=, empty for none")
 
 set(CMAKE_CXX_STANDARD 20)

@@ -6,6 +6,9 @@
 #include "host/ui/FileChooser.h"
 #include "host/ui/HtmlDialog.h"
 #include "host/ui/TextBrowserView.h"
+#ifdef WITH_WEBENGINE
+#include "host/ui/WebEngineView.h"
+#endif
 
 #include <QCoreApplication>
 
@@ -13,6 +16,15 @@ namespace {
 
 constexpr int PulseInterval = 30;           // milliseconds; a screen shows no more
 constexpr qsizetype PendingLimit = 1 << 16; // characters, before a program that prints much is shown
+
+CFxWebView *makeWebView()
+{
+#ifdef WITH_WEBENGINE
+    return makeWebEngineView();
+#else
+    return makeTextBrowserView();
+#endif
+}
 
 QString echoOf(const InputReply &reply)
 {
@@ -36,7 +48,7 @@ WindowInterface::WindowInterface(HostServices &services) : m_services(services)
     services.input = this;
     services.print = [this](std::u16string_view text) { write(text); };
     services.warn = [this](const QString &text) { writeError(text + u'\n'); };
-    HostSdk::installWebViewMaker(makeTextBrowserView);
+    HostSdk::installWebViewMaker(makeWebView);
     connect(&m_window, &MainWindow::escapePressed, this, &WindowInterface::escape);
     connect(&m_window.progressPanel(), &ProgressPanel::cancelled, this, &WindowInterface::escape);
     m_meterTimer.setInterval(PulseInterval);
