@@ -25,9 +25,12 @@ int RecordingHost::regApp(const char16_t *applicationName)
     return recordText("regApp", applicationName);
 }
 
-int RecordingHost::getEnvVar(const char *name, int, int, int, char16_t *)
+int RecordingHost::getEnvVar(const char *name, int zero, int secondZero, int capacity, char16_t *)
 {
-    return recordAnswered("getEnvVar", operation("getEnvVar", name));
+    std::string line = operation("getEnvVar", name);
+    for (const int number : {zero, secondZero, capacity})
+        line += ' ' + std::to_string(number);
+    return recordAnswered("getEnvVar", line);
 }
 
 int RecordingHost::wcMatch(const char16_t *text, const char16_t *pattern)

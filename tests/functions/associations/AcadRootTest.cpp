@@ -4,6 +4,22 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QTranslator>
+
+namespace {
+
+class Translator final : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *source, const char *disambiguation, int number) const override
+    {
+        const bool isMessage = qstrcmp(context, "QObject") == 0 && qstrcmp(source, "Error. Too much arguments") == 0;
+        return isMessage && disambiguation == nullptr && number == -1 ? u"Fehler. Zu viele Argumente"_qs : QString();
+    }
+};
+
+} // namespace
 
 class AcadRoot : public HandlerTest
 {
@@ -27,4 +43,17 @@ TEST_F(AcadRoot, WithAnyArgumentYieldsTheTextAndTheCallCountsAsFailed)
         EXPECT_EQ(acetFilenameAcadRoot(), StatusError);
         EXPECT_EQ(host().operations(), (Operations{"getArgs", operation("retWStr", "Error. Too much arguments")}));
     }
+}
+
+TEST_F(AcadRoot, TheTextIsTranslatedWhenATranslationIsInstalled)
+{
+    int count = 1;
+    char name[] = "test";
+    char *arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments);
+    Translator translator;
+    QCoreApplication::installTranslator(&translator);
+    host().setArguments({nil()});
+    EXPECT_EQ(acetFilenameAcadRoot(), StatusError);
+    EXPECT_EQ(host().operations(), (Operations{"getArgs", operation("retWStr", "Fehler. Zu viele Argumente")}));
 }

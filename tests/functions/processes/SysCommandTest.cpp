@@ -16,7 +16,7 @@ protected:
         return host().operations();
     }
 
-    const std::string m_environment = operation("getEnvVar", "COMSPEC");
+    const std::string m_environment = operation("getEnvVar", "COMSPEC") + " 0 0 511";
 };
 
 } // namespace

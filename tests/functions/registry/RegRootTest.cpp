@@ -39,6 +39,7 @@ TEST_F(RegRoot, TheOtherRootsKeepTheFirstCharacterOfThePathToo)
     } rows[] = {{HKEY_CLASSES_ROOT, u"HKEY_CLASSES_ROOT\\.testcase"},
                 {HKEY_USERS, u"HKEY_USERS\\.DEFAULT"},
                 {HKEY_CURRENT_CONFIG, u"HKEY_CURRENT_CONFIG\\Software"}};
+    int tried = 0;
     for (const auto &row : rows) {
         const std::u16string path = row.path;
         const std::u16string cut = u"H" + path.substr(path.find(u'\\') + 2);
@@ -46,12 +47,18 @@ TEST_F(RegRoot, TheOtherRootsKeepTheFirstCharacterOfThePathToo)
         if (RegCreateKeyExW(row.root, windowsText(cut.c_str()), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
                             nullptr) != 0)
             continue; // Windows lets nobody add keys everywhere
+        ++tried;
         RegCloseKey(key);
         set(u"x", REG_SZ, bytesOf(u"found\0"s), row.root, cut.c_str());
         EXPECT_EQ(get(path), found);
         RegDeleteKeyW(row.root, windowsText(cut.c_str()));
         EXPECT_EQ(get(path), notFound);
     }
+#ifdef _WIN32
+    EXPECT_GE(tried, 1);
+#else
+    EXPECT_EQ(tried, 3);
+#endif
 }
 
 TEST_F(RegRoot, APathThatBeginsWithHkcuYieldsNilWithoutTouchingTheRegistry)

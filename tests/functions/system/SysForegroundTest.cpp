@@ -6,6 +6,8 @@
 #include <QEvent>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
 // Writes down the states that it goes through.
@@ -13,8 +15,15 @@ class Window final : public QWidget
 {
 public:
     std::vector<Qt::WindowStates> states;
+    std::vector<QEvent::Type> events; // those changes and coming to the front
 
 protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::WindowStateChange || event->type() == QEvent::ZOrderChange)
+            events.push_back(event->type());
+        return QWidget::event(event);
+    }
     void changeEvent(QEvent *event) override
     {
         if (event->type() == QEvent::WindowStateChange)
@@ -38,14 +47,32 @@ TEST_F(SysForeground, MaximisesTheDocumentsWindowAndShowsItNormal)
     Window window;
     window.showMinimized();
     window.states.clear();
+    window.events.clear();
     host().setWindow(&window);
     EXPECT_EQ(call(acetSysForeground, {text(u"any")}), Operations{"retNil"});
     ASSERT_GE(window.states.size(), 2U);
     EXPECT_TRUE(window.states.front().testFlag(Qt::WindowMaximized));
+    EXPECT_TRUE(window.states.front().testFlag(Qt::WindowActive));
     EXPECT_FALSE(window.states.front().testFlag(Qt::WindowMinimized));
     EXPECT_FALSE(window.isMaximized());
     EXPECT_FALSE(window.isMinimized());
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(SysForeground, GivesTheWindowTheFocusAndRaisesItLast)
+{
+    Window window;
+    QWidget child(&window);
+    window.show();
+    child.setFocus();
+    ASSERT_EQ(window.focusWidget(), &child);
+    window.events.clear();
+    host().setWindow(&window);
+    call(acetSysForeground, {});
+    EXPECT_EQ(window.focusWidget(), &window);
+    ASSERT_FALSE(window.events.empty());
+    EXPECT_EQ(std::count(window.events.begin(), window.events.end(), QEvent::ZOrderChange), 1);
+    EXPECT_EQ(window.events.back(), QEvent::ZOrderChange);
 }
 
 TEST_F(SysForeground, WithoutAWindowGivesNil)
