@@ -89,14 +89,22 @@ Selection entitiesCrossed(Session &session, const std::vector<Point> &fence)
     return entities;
 }
 
-std::optional<Point> snapped(Session &session, const Point &near, snap::Modes modes, const std::optional<Point> &from)
+std::optional<snap::Snap> snapAt(Session &session, const Point &near, snap::Modes modes,
+                                 const std::optional<Point> &from)
 {
     const WorkPlane plane(session);
-    snap::Aim aim{plane.world(near), pixelSize(session) * session.integer(u"APERTURE"), std::nullopt};
+    const double aperture = pixelSize(session) * session.integer(u"APERTURE");
+    snap::Aim aim{plane.world(near), aperture, std::nullopt};
     if (from)
         aim.from = plane.world(*from);
-    const auto found = snap::snapAt(session.drawing(), visibleEntities(session), aim, modes);
-    return found ? std::optional(plane.user(found->place)) : std::nullopt;
+    const Selection candidates = visibleNear(session, seen(session, {near}), aperture);
+    return snap::snapAt(session.drawing(), candidates, aim, modes);
+}
+
+std::optional<Point> snapped(Session &session, const Point &near, snap::Modes modes, const std::optional<Point> &from)
+{
+    const std::optional<snap::Snap> found = snapAt(session, near, modes, from);
+    return found ? std::optional(WorkPlane(session).user(found->place)) : std::nullopt;
 }
 
 } // namespace commands

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/commands/Session.h"
-#include "host/drawing/snap/Modes.h"
+#include "host/drawing/snap/Snap.h"
 
 // What lies where a person points. Places are in the user's coordinate system.
 namespace commands {
@@ -22,6 +22,8 @@ Selection entitiesCrossed(Session &session, const std::vector<Point> &fence);
 
 // The place that a point near it means, within the aperture; perpendiculars and tangents begin at `from`. None: nothing
 // there has such a place.
+std::optional<snap::Snap> snapAt(Session &session, const Point &near, snap::Modes modes,
+                                 const std::optional<Point> &from);
 std::optional<Point> snapped(Session &session, const Point &near, snap::Modes modes, const std::optional<Point> &from);
 
 } // namespace commands

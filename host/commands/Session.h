@@ -32,8 +32,10 @@ public:
 
     virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
 
-    virtual bool isPaperSpaceCurrent() const = 0;         // else entities go to the model
-    virtual void workThroughViewport(bool isThrough) = 0; // while a layout is shown: its paper, or the model in it
+    virtual bool isPaperSpaceCurrent() const = 0; // else entities go to the model
+    // While a layout is shown: the model is worked on in it (false: the layout has no viewport), or its paper.
+    virtual bool workThroughViewport() = 0;
+    virtual void workOnPaper() = 0;
 
     // Typed texts, in the current units; "@" begins at LASTPOINT.
     virtual std::optional<Point> pointOf(std::u16string_view text) const = 0;

@@ -2,6 +2,7 @@
 
 #include "host/commands/Picking.h"
 #include "host/drawing/LayoutEditing.h"
+#include "host/drawing/LayoutViewports.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/variables/DrawingVariables.h"
@@ -22,6 +23,13 @@ std::u16string fileName(const drawing::Drawing &drawing)
 std::u16string folderOf(const drawing::Drawing &drawing)
 {
     return folderName(drawing.path().isEmpty() ? QDir::currentPath() : QFileInfo(drawing.path()).absolutePath());
+}
+
+// Drawings that are too old for layouts have one sheet.
+std::u16string activeLayoutName(const drawing::Drawing &drawing)
+{
+    const std::optional<drawing::Layout> active = drawing::activeLayout(drawing);
+    return active ? active->name : u"Layout1";
 }
 
 } // namespace
@@ -56,7 +64,8 @@ void Document::open(const QString &path)
     ReadingProgress progress(*m_services.userInterface, m_machine, path);
     m_openDrawing = std::make_unique<OpenDrawing>(path, [&progress](double share) { progress.show(share); });
     m_session.forgetSelections();
-    m_isInViewport = false;
+    m_viewport = drawing::NoRecord;
+    workOnPaper();
     readVariables();
 }
 
@@ -72,26 +81,49 @@ std::u16string Document::currentLayer() const
 
 bool Document::isPaperSpaceCurrent() const
 {
-    return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0 && !m_isInViewport;
+    return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0 && currentViewport() == drawing::NoRecord;
+}
+
+// It may have been erased meanwhile, or another layout be shown.
+drawing::RecordId Document::currentViewport() const
+{
+    const bool isModelTab = std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) != 0;
+    const bool isCurrent = m_isInViewport && !isModelTab && drawing::isViewport(m_openDrawing->drawing, m_viewport);
+    return isCurrent ? m_viewport : drawing::NoRecord;
+}
+
+void Document::workThroughViewport(drawing::RecordId viewport)
+{
+    m_viewport = viewport;
+    m_isInViewport = true;
+}
+
+bool Document::workThroughViewport()
+{
+    const std::vector<drawing::RecordId> viewports = drawing::viewports(drawing());
+    if (viewports.empty())
+        return false;
+    const bool isLastThere = drawing::isViewport(drawing(), m_viewport);
+    workThroughViewport(isLastThere ? m_viewport : viewports.front());
+    return true;
 }
 
 std::u16string Document::currentLayout() const
 {
     if (std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) != 0)
         return u"Model";
-    const std::optional<drawing::Layout> active = drawing::activeLayout(m_openDrawing->drawing);
-    return active ? active->name : u"Layout1"; // of a drawing that is too old for layouts
+    return activeLayoutName(m_openDrawing->drawing);
 }
 
 bool Document::showLayout(std::u16string_view name)
 {
     const bool isModel = drawing::isModelName(name);
-    if (!isModel && drawing::folded(name) != drawing::folded(currentLayout())) {
+    if (!isModel && drawing::folded(name) != drawing::folded(activeLayoutName(drawing()))) {
         const std::optional<drawing::Layout> layout = drawing::findLayout(drawing().database(), name);
         if (!layout || !drawing::activateLayout(drawing(), *layout))
             return false;
     }
-    m_isInViewport = false;
+    workOnPaper();
     return m_variables.set(*findVariable(u"TILEMODE"), isModel ? 1 : 0);
 }
 

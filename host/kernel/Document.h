@@ -40,8 +40,11 @@ public:
     bool isPaperSpaceCurrent() const;
     std::u16string currentLayout() const;      // "Model", or its name
     bool showLayout(std::u16string_view name); // false: there is no such layout
-    // While a layout is shown (TILEMODE 0): whether its paper is worked on, or the model through a viewport.
-    void workThroughViewport(bool isThrough) { m_isInViewport = isThrough; }
+    // While a layout is shown (TILEMODE 0): the viewport that the model is worked on through. NoRecord: its paper is.
+    drawing::RecordId currentViewport() const;
+    bool workThroughViewport(); // the one that was current last, else the first; false: there is none
+    void workThroughViewport(drawing::RecordId viewport);
+    void workOnPaper() { m_isInViewport = false; }
     // The place of an entity that a point near it means, in the user's coordinates; perpendiculars begin at `from`.
     std::optional<LispPoint> snapped(const LispPoint &near, snap::Modes modes, const LispPoint &from);
     SelectionSets &selectionSets() { return m_selectionSets; }
@@ -59,5 +62,6 @@ private:
     TypedLines m_typedLines{m_lispHost.prompter()};
     DocumentSession m_session{*this};
     commands::CommandLine m_commandLine{m_session};
+    drawing::RecordId m_viewport = drawing::NoRecord; // that was current last
     bool m_isInViewport = false;
 };

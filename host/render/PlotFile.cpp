@@ -30,7 +30,7 @@ void paintSheet(const Sheet &sheet, double pixelsPerMillimetre, double thinnest,
     for (const Sheet::Part &part : sheet.parts) {
         painter.save();
         QPainterPath outline;
-        outline.addPolygon(view.toDevice.map(part.outline));
+        outline.addPolygon(view.toDevice.map(part.space.outline));
         painter.setClipPath(outline);
         paint(part.list, view, painter);
         painter.restore();

@@ -54,11 +54,11 @@ QRectF roomFor(const QRectF &window)
 
 } // namespace
 
-void Scene::add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre, const MakingWatch &watch)
+void Scene::add(DisplayList list, ShownSpace space, double unitsPerMillimetre, const MakingWatch &watch)
 {
     SceneIndex index(list, unitsPerMillimetre, watch);
     m_bounds |= list.bounds();
-    m_parts.push_back({std::move(list), std::move(index), outline});
+    m_parts.push_back({std::move(list), std::move(index), std::move(space)});
 }
 
 Projection Scene::projection() const
@@ -79,6 +79,8 @@ Scene Scene::ofEntities(const drawing::Drawing &drawing, const Surface &surface,
     AppearanceResolver appearances(drawing, surface);
     Projection projection = scene.projection();
     projection.toPage = transform;
+    if (const double scale = length(transform.x); scale > 0)
+        projection.scale = scale;
     DisplayList list(window.center());
     DisplayListBuilder builder(drawing, appearances, projection, list);
     for (std::size_t i = 0; i < entities.size(); ++i) {
@@ -145,13 +147,12 @@ Scene Scene::ofModel(const drawing::Drawing &drawing, const Surface &surface, co
     return ofEntities(drawing, surface, entities, window, size > 0 ? size / StepsAcross : 1 / StepsAcross, {}, watch);
 }
 
-Scene Scene::ofLayout(const drawing::Drawing &drawing, const drawing::Layout &layout)
+Scene Scene::ofSheet(Sheet sheet)
 {
-    Sheet sheet = layoutSheet(drawing, layout);
     Scene scene;
     scene.m_paper = QRectF(QPointF(0, 0), sheet.size);
     for (Sheet::Part &part : sheet.parts)
-        scene.add(std::move(part.list), part.outline, 1);
+        scene.add(std::move(part.list), std::move(part.space), 1);
     scene.m_bounds = scene.m_paper;
     return scene;
 }
@@ -189,7 +190,7 @@ void Scene::paint(const DeviceView &view, QImage &image) const
 void Scene::paintParts(const DeviceView &view, QImage &image) const
 {
     for (const Part &part : m_parts)
-        if (part.outline.isEmpty())
+        if (part.space.outline.isEmpty())
             ScenePainter(part.list, part.index, view, image).paint();
         else
             paintInside(part, view, image);
@@ -199,7 +200,7 @@ void Scene::paintParts(const DeviceView &view, QImage &image) const
 // than to clip every line.
 void Scene::paintInside(const Part &part, const DeviceView &view, QImage &image)
 {
-    const QPolygonF onDevice = view.toDevice.map(part.outline);
+    const QPolygonF onDevice = view.toDevice.map(part.space.outline);
     const QRectF around = onDevice.boundingRect();
     const QRect rectangle = around.intersected(QRectF(image.rect())).toAlignedRect() & image.rect();
     if (rectangle.isEmpty())
@@ -209,7 +210,23 @@ void Scene::paintInside(const Part &part, const DeviceView &view, QImage &image)
     QImage window(first, rectangle.width(), rectangle.height(), image.bytesPerLine(), image.format());
     const DeviceView moved = movedTo(rectangle, view);
     const bool isRectangle = QPolygonF(around).intersected(onDevice).boundingRect() == around && onDevice.size() <= 5;
-    ScenePainter(part.list, part.index, moved, window).paint(isRectangle ? QPolygonF() : part.outline);
+    ScenePainter(part.list, part.index, moved, window).paint(isRectangle ? QPolygonF() : part.space.outline);
+}
+
+ShownSpace Scene::space(RecordId viewport) const
+{
+    for (const Part &part : m_parts)
+        if (viewport != drawing::NoRecord && part.space.viewport == viewport)
+            return part.space;
+    return m_parts.empty() ? ShownSpace() : m_parts.back().space; // the paper lies above its viewports
+}
+
+RecordId Scene::viewportAt(const QPointF &place) const
+{
+    for (auto part = m_parts.rbegin(); part != m_parts.rend(); ++part)
+        if (part->space.viewport != drawing::NoRecord && part->space.outline.containsPoint(place, Qt::OddEvenFill))
+            return part->space.viewport;
+    return drawing::NoRecord;
 }
 
 std::optional<std::vector<RecordId>> Scene::entitiesIn(const QRectF &rectangle, std::size_t most) const

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "host/drawing/Layouts.h"
 #include "host/render/Appearance.h"
 #include "host/render/DisplayList.h"
 #include "host/render/ListPainter.h"
 #include "host/render/SceneIndex.h"
-
-#include <QPolygonF>
+#include "host/render/ShownSpace.h"
 
 #include <functional>
 #include <optional>
@@ -15,6 +13,7 @@
 namespace render {
 
 struct Projection;
+struct Sheet;
 
 // Called now and then while a large scene is made.
 using MakingWatch = std::function<void()>;
@@ -25,7 +24,7 @@ class Scene
 {
 public:
     static Scene ofModel(const drawing::Drawing &drawing, const Surface &surface, const MakingWatch &watch = {});
-    static Scene ofLayout(const drawing::Drawing &drawing, const drawing::Layout &layout);
+    static Scene ofSheet(Sheet sheet);
 
     QRectF bounds() const { return m_bounds; } // null when there is nothing
     QRectF paper() const { return m_paper; }   // null for the model
@@ -38,6 +37,10 @@ public:
     // The entities with something in the rectangle, in drawing order, each once; none when there are more than `most`.
     std::optional<std::vector<drawing::RecordId>> entitiesIn(const QRectF &rectangle, std::size_t most) const;
     double tolerance() const { return m_tolerance; } // how far curves are off
+
+    // The model in this viewport; by NoRecord, or where it is not shown, the paper, or the model of a scene without.
+    ShownSpace space(drawing::RecordId viewport) const;
+    drawing::RecordId viewportAt(const QPointF &place) const; // the uppermost one; NoRecord where there is none
 
     // Of the model: draws these entities as they are now. False when the scene has to be made anew: it is small, so
     // much has changed that this is quicker, or it is drawn in an order of its own.
@@ -53,9 +56,9 @@ private:
     {
         DisplayList list;
         SceneIndex index;
-        QPolygonF outline; // empty: no clip
+        ShownSpace space;
     };
-    void add(DisplayList list, const QPolygonF &outline, double unitsPerMillimetre, const MakingWatch &watch = {});
+    void add(DisplayList list, ShownSpace space, double unitsPerMillimetre, const MakingWatch &watch = {});
     void paintParts(const DeviceView &view, QImage &image) const;
     struct Items // their numbers in the model's list
     {

@@ -71,9 +71,9 @@ QRectF pageOf(const QSizeF &size)
 }
 
 Sheet::Part part(const drawing::Drawing &drawing, AppearanceResolver &appearances, const Projection &projection,
-                 const std::vector<RecordId> &entities)
+                 const std::vector<RecordId> &entities, ShownSpace::Kind kind)
 {
-    Sheet::Part result{DisplayList(), projection.window};
+    Sheet::Part result{DisplayList(), {kind, projection.toPage, projection.scale, projection.window}};
     DisplayListBuilder builder(drawing, appearances, projection, result.list);
     for (const RecordId entity : entities)
         builder.add(entity);
@@ -119,20 +119,29 @@ Fit fitOf(const PageSetup &setup, const drawing::Drawing &drawing, AppearanceRes
     return fit;
 }
 
+QPolygonF onPage(const QPolygonF &polygon, const Fit &fit)
+{
+    QPolygonF result;
+    for (const QPointF &corner : polygon) {
+        const geometry::Vector place = fit.toPage.place({corner.x(), corner.y(), 0});
+        result << QPointF(place.x, place.y);
+    }
+    return result;
+}
+
 void addViewport(const drawing::Drawing &drawing, const Viewport &viewport, const Fit &fit,
                  AppearanceResolver &appearances, Sheet &sheet)
 {
-    QPolygonF outline;
-    for (const QPointF &corner : viewport.outline) {
-        const geometry::Vector place = fit.toPage.place({corner.x(), corner.y(), 0});
-        outline << QPointF(place.x, place.y);
-    }
+    const QPolygonF outline = onPage(viewport.outline, fit);
     const bool areLinetypesOfPaper = integerVariable(drawing.database(), "$PSLTSCALE", 1) != 0;
     Projection projection{fit.toPage * viewport.toPaper, viewport.scale * fit.scale, Tolerance, outline.boundingRect()};
     projection.linetypeScale = areLinetypesOfPaper ? 1 / viewport.scale : 1;
     appearances.setFrozen(viewport.frozenLayers);
-    sheet.parts.push_back(part(drawing, appearances, projection, modelEntities(drawing)));
-    sheet.parts.back().outline = outline;
+    sheet.parts.push_back(part(drawing, appearances, projection, modelEntities(drawing), ShownSpace::Kind::Viewport));
+    ShownSpace &space = sheet.parts.back().space;
+    space.outline = outline;
+    space.viewport = viewport.entity;
+    space.view = onPage(viewport.view, fit).boundingRect();
     appearances.setFrozen({});
 }
 
@@ -147,7 +156,7 @@ Sheet paperSheet(const drawing::Drawing &drawing, const PageSetup &setup, const 
             addViewport(drawing, *viewport, fit, appearances, sheet);
     const QRectF page = fit.shown.isEmpty() ? pageOf(fit.size) : fit.shown & pageOf(fit.size);
     const Projection projection{fit.toPage, fit.scale, Tolerance, page};
-    sheet.parts.push_back(part(drawing, appearances, projection, entities));
+    sheet.parts.push_back(part(drawing, appearances, projection, entities, ShownSpace::Kind::Paper));
     return sheet;
 }
 
@@ -160,7 +169,8 @@ Sheet modelSheet(const drawing::Drawing &drawing)
     const Fit fit = fitTo(boundsOf(drawing, appearances, entities));
     Sheet sheet;
     sheet.size = fit.size;
-    sheet.parts.push_back(part(drawing, appearances, {fit.toPage, fit.scale, Tolerance, pageOf(fit.size)}, entities));
+    const Projection projection{fit.toPage, fit.scale, Tolerance, pageOf(fit.size)};
+    sheet.parts.push_back(part(drawing, appearances, projection, entities, ShownSpace::Kind::Model));
     return sheet;
 }
 

@@ -4,8 +4,8 @@
 #include "host/drawing/Layouts.h"
 #include "host/render/DisplayList.h"
 #include "host/render/PageSetup.h"
+#include "host/render/ShownSpace.h"
 
-#include <QPolygonF>
 #include <QSizeF>
 
 #include <optional>
@@ -18,7 +18,7 @@ struct Sheet
     struct Part
     {
         DisplayList list;
-        QPolygonF outline; // what lies outside is not drawn
+        ShownSpace space;
     };
 
     QSizeF size;

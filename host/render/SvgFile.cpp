@@ -58,7 +58,7 @@ private:
     void writePart(const Sheet::Part &part)
     {
         QString outline;
-        for (const QPointF &point : part.outline)
+        for (const QPointF &point : part.space.outline)
             outline += name(outline.isEmpty() ? "M" : "L") + place(point);
         const QString clip = writeClip(outline + QLatin1Char('Z'));
         m_xml.writeStartElement(name("g"));

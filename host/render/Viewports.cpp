@@ -142,6 +142,11 @@ public:
     QPolygonF outline;
 };
 
+QRectF rectangleOf(const Groups &groups)
+{
+    return {groups.centre.x - groups.width / 2, groups.centre.y - groups.height / 2, groups.width, groups.height};
+}
+
 QPolygonF outlineOf(const drawing::Drawing &drawing, const Groups &groups)
 {
     if (groups.clip != NoRecord) {
@@ -150,7 +155,7 @@ QPolygonF outlineOf(const drawing::Drawing &drawing, const Groups &groups)
         if (sink.outline.size() > 2)
             return sink.outline;
     }
-    return QRectF(groups.centre.x - groups.width / 2, groups.centre.y - groups.height / 2, groups.width, groups.height);
+    return rectangleOf(groups);
 }
 
 // The display's own coordinates: z towards the eye, x to the right after the twist.
@@ -172,7 +177,9 @@ std::optional<Viewport> viewportOf(const drawing::Drawing &drawing, RecordId ent
     if (!isShown || !(groups.width > 0 && groups.height > 0 && groups.viewHeight > 0))
         return std::nullopt;
     Viewport viewport;
+    viewport.entity = entity;
     viewport.outline = outlineOf(drawing, groups);
+    viewport.view = rectangleOf(groups);
     viewport.scale = groups.height / groups.viewHeight;
     viewport.toPaper = Matrix::translation(groups.centre) *
                        Matrix::scale(viewport.scale, viewport.scale, viewport.scale) *

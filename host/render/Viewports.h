@@ -13,7 +13,9 @@ namespace render {
 // A window of a layout into the model.
 struct Viewport
 {
+    drawing::RecordId entity = drawing::NoRecord;
     QPolygonF outline;        // in paper units; what lies outside is not drawn
+    QRectF view;              // in paper units: the outline of a viewport that is not cut
     geometry::Matrix toPaper; // from the world
     double scale = 1;         // paper units for a drawing unit
     std::unordered_set<drawing::RecordId> frozenLayers;

@@ -68,3 +68,28 @@ TEST_F(InteractionOnScreen, ARectangleSelectsAndTheSnapIsMarked)
     });
     EXPECT_EQ(value("(mapcar 'rtos (getpoint '(30 20)))"), "(\"62.0000\" \"46.0000\" \"0.0000\")");
 }
+
+TEST_F(InteractionOnScreen, ALayoutIsWorkedOnByItsTabAndTheModelByADoubleClick)
+{
+    QTabBar &tabs = interactive.area().tabs();
+    type("(progn (setvar \"TILEMODE\" 0) (command \"_.mview\" '(20 20) '(220 170)) (setvar \"TILEMODE\" 1))");
+    QTest::mouseClick(&tabs, Qt::LeftButton, Qt::NoModifier, tabs.tabRect(1).center());
+    EXPECT_EQ(value("(getvar \"CTAB\")"), "\"Layout1\"");
+    click(120, 170);
+    later([this] {
+        move(260, 190);
+        take(u"layout-paper"_qs);
+        click(260, 190);
+    });
+    type("(setq p (getpoint '(60 60)))");
+    escape();
+    QTest::mouseDClick(&view(), Qt::LeftButton, Qt::NoModifier, at(120, 95));
+    EXPECT_EQ(value("(getvar \"CVPORT\")"), "2");
+    type("(setvar \"OSMODE\" 1)");
+    later([this] {
+        move(61, 47);
+        take(u"layout-viewport"_qs);
+        click(61, 47);
+    });
+    EXPECT_EQ(value("(mapcar 'rtos (getpoint '(30 20)))"), "(\"62.0000\" \"46.0000\" \"0.0000\")");
+}

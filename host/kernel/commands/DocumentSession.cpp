@@ -122,9 +122,14 @@ bool DocumentSession::isPaperSpaceCurrent() const
     return m_document.isPaperSpaceCurrent();
 }
 
-void DocumentSession::workThroughViewport(bool isThrough)
+bool DocumentSession::workThroughViewport()
 {
-    m_document.workThroughViewport(isThrough);
+    return m_document.workThroughViewport();
+}
+
+void DocumentSession::workOnPaper()
+{
+    m_document.workOnPaper();
 }
 
 std::optional<Point> DocumentSession::pointOf(std::u16string_view text) const

@@ -19,7 +19,8 @@ public:
     bool set(std::u16string_view name, const commands::VariableValue &value) override;
     void readVariables() override;
     bool isPaperSpaceCurrent() const override;
-    void workThroughViewport(bool isThrough) override;
+    bool workThroughViewport() override;
+    void workOnPaper() override;
     std::optional<commands::Point> pointOf(std::u16string_view text) const override;
     std::optional<double> distanceOf(std::u16string_view text) const override;
     std::optional<double> angleOf(std::u16string_view text) const override;

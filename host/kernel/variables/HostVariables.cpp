@@ -1,5 +1,6 @@
 #include "host/kernel/variables/HostVariables.h"
 
+#include "host/drawing/LayoutViewports.h"
 #include "host/interpreter/Machine.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/input/Prompter.h"
@@ -35,6 +36,40 @@ int millisecondsSinceStart()
     using namespace std::chrono;
     static const steady_clock::time_point start = steady_clock::now();
     return static_cast<int>(duration_cast<milliseconds>(steady_clock::now() - start).count() & 0x7FFFFFFF);
+}
+
+constexpr int PaperNumber = 1, ModelNumber = 2; // of the paper itself, and of the model in its own tab
+
+bool isModelShown(Document &document)
+{
+    return std::get<int>(document.variables().get(*findVariable(u"TILEMODE"))) != 0;
+}
+
+int currentViewportNumber(Document &document)
+{
+    if (isModelShown(document))
+        return ModelNumber;
+    const drawing::RecordId viewport = document.currentViewport();
+    return viewport == drawing::NoRecord
+               ? PaperNumber
+               : static_cast<int>(drawing::viewportNumber(document.drawing().database(), viewport));
+}
+
+// False: there is no viewport with this number.
+bool makeViewportCurrent(Document &document, int number)
+{
+    if (isModelShown(document))
+        return number == ModelNumber;
+    if (number == PaperNumber) {
+        document.workOnPaper();
+        return true;
+    }
+    for (const drawing::RecordId viewport : drawing::viewports(document.drawing()))
+        if (drawing::viewportNumber(document.drawing().database(), viewport) == number) {
+            document.workThroughViewport(viewport);
+            return true;
+        }
+    return false;
 }
 
 std::u16string loginName()
@@ -85,13 +120,12 @@ void computeSpace(SystemVariables &variables, Document &document)
         return document.showLayout(std::get<std::u16string>(value));
     };
     const auto useViewport = [&document](const VariableValue &value) {
-        document.workThroughViewport(std::get<int>(value) > 1);
-        return true;
+        return makeViewportCurrent(document, std::get<int>(value));
     };
     variables.compute(
         u"CTAB", [&document] { return document.currentLayout(); }, showLayout);
     variables.compute(
-        u"CVPORT", [&document] { return document.isPaperSpaceCurrent() ? 1 : 2; }, useViewport);
+        u"CVPORT", [&document] { return currentViewportNumber(document); }, useViewport);
 }
 
 void computeChanges(SystemVariables &variables, Document &document)

@@ -15,6 +15,7 @@ public:
     CommandRunner(WindowInterface &interface, Document &document);
     ~CommandRunner() override;
 
+    bool isRunning() const { return m_interface.isRunning(); }
     void loadProgram(const QString &path);
     void runCommand(const QString &name);
     void giveAnswers(const QStringList &answers); // a command's name and what it is to be answered

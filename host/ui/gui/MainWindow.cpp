@@ -103,10 +103,16 @@ void MainWindow::showDrawing(DrawingArea &area)
     m_viewMenu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, view, [zoom] { zoom(Step); });
     m_viewMenu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, view, [zoom] { zoom(1 / Step); });
     m_viewMenu->addSeparator();
-    connect(view, &DrawingView::cursorMoved, this, [this](const QPointF &place) {
-        m_coordinates->setText(QStringLiteral("%1, %2").arg(place.x(), 0, 'f', 4).arg(place.y(), 0, 'f', 4));
-    });
-    connect(view, &DrawingView::cursorLeft, m_coordinates, &QLabel::clear);
+}
+
+void MainWindow::showCoordinates(double x, double y)
+{
+    m_coordinates->setText(QStringLiteral("%1, %2").arg(x, 0, 'f', 4).arg(y, 0, 'f', 4));
+}
+
+void MainWindow::hideCoordinates()
+{
+    m_coordinates->clear();
 }
 
 void MainWindow::setRunning(bool running)

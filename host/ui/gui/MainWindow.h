@@ -23,7 +23,9 @@ public:
     QWidget *documentArea() { return m_documentArea; }
     // At the right, below those that are there; the View menu shows and hides it. The window takes it over.
     void addPanel(const QString &title, QWidget *panel);
-    void showDrawing(DrawingArea &area); // in the document's place, with its menu and the cursor's coordinates
+    void showDrawing(DrawingArea &area);      // in the document's place, with its menu
+    void showCoordinates(double x, double y); // of the cursor
+    void hideCoordinates();
 
     // While a program runs the menus can be seen but not used.
     void setRunning(bool running);

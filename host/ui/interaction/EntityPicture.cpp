@@ -1,6 +1,7 @@
 #include "host/ui/interaction/EntityPicture.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <array>
@@ -26,19 +27,34 @@ void EntityPicture::show(std::vector<drawing::RecordId> entities, const geometry
     m_scene.reset();
 }
 
-void EntityPicture::makeScene(const DrawingView &view)
+std::vector<drawing::RecordId> EntityPicture::seenEntities(const DrawingView &view) const
 {
-    const drawing::Drawing &drawing = m_source();
+    const drawing::Database &database = m_source().database();
+    const bool isPaper = view.space().kind == render::ShownSpace::Kind::Paper;
     std::vector<drawing::RecordId> seen;
     std::copy_if(m_entities.begin(), m_entities.begin() + std::ptrdiff_t(std::min(m_entities.size(), MostEntities)),
-                 std::back_inserter(seen),
-                 [&](drawing::RecordId entity) { return !drawing.database().record(entity).isGone(); });
+                 std::back_inserter(seen), [&](drawing::RecordId entity) {
+                     const drawing::Record &record = database.record(entity);
+                     return !record.isGone() && record.has(drawing::Record::PaperSpace) == isPaper;
+                 });
+    return seen;
+}
+
+bool EntityPicture::isSceneFor(const DrawingView &view) const
+{
+    return m_scene && m_scene->tolerance() * pixelsPerUnit(view) <= VisibleError && m_space == view.space().toPage &&
+           m_color == view.palette().color(QPalette::Highlight).rgb();
+}
+
+void EntityPicture::makeScene(const DrawingView &view)
+{
     m_color = view.palette().color(QPalette::Highlight).rgb();
+    m_space = view.space().toPage;
     render::Surface surface;
     surface.isPlot = false;
     surface.ink = m_color & 0xffffff;
-    m_scene = render::Scene::ofEntities(drawing, surface, seen, view.visibleWorld(),
-                                        VisibleError / 2 / pixelsPerUnit(view), m_transform);
+    m_scene = render::Scene::ofEntities(m_source(), surface, seenEntities(view), view.visiblePart(),
+                                        VisibleError / 2 / pixelsPerUnit(view), m_space * m_transform);
     m_image = QImage();
 }
 
@@ -60,12 +76,16 @@ void EntityPicture::paint(QPainter &painter, const DrawingView &view)
 {
     if (m_entities.empty() || m_source().number() != m_drawingNumber)
         return;
-    const bool isFine = m_scene && m_scene->tolerance() * pixelsPerUnit(view) <= VisibleError;
-    if (!isFine || m_color != view.palette().color(QPalette::Highlight).rgb())
+    if (!isSceneFor(view))
         makeScene(view);
     const bool fits = m_shown == view.toWidget() && m_image.deviceIndependentSize() == QSizeF(view.size());
     if (!fits || m_image.isNull())
         makeImage(view);
+    if (!view.space().outline.isEmpty()) {
+        QPainterPath outline;
+        outline.addPolygon(view.toWidget().map(view.space().outline));
+        painter.setClipPath(outline);
+    }
     for (const QPoint &stroke : Strokes)
         painter.drawImage(stroke, m_image);
 }

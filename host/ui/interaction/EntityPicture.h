@@ -4,7 +4,7 @@
 #include "host/render/Scene.h"
 #include "host/ui/view/DrawingView.h"
 
-// Entities of the model, drawn wider and in one colour over the picture that they are part of.
+// Entities of the space that is worked on, drawn wider and in one colour over the picture that they are part of.
 class EntityPicture final : public ViewOverlay
 {
 public:
@@ -21,6 +21,8 @@ public:
     void paint(QPainter &painter, const DrawingView &view) override;
 
 private:
+    std::vector<drawing::RecordId> seenEntities(const DrawingView &view) const;
+    bool isSceneFor(const DrawingView &view) const;
     void makeScene(const DrawingView &view);
     void makeImage(const DrawingView &view);
 
@@ -29,7 +31,8 @@ private:
     std::uint32_t m_drawingNumber = 0; // of the drawing that they are in
     geometry::Matrix m_transform;
     std::optional<render::Scene> m_scene;
-    QRgb m_color = 0; // of the scene
-    QImage m_image;   // of the scene, as m_shown says
+    QRgb m_color = 0;         // of the scene
+    geometry::Matrix m_space; // of the scene
+    QImage m_image;           // of the scene, as m_shown says
     QTransform m_shown;
 };

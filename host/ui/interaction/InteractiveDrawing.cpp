@@ -12,14 +12,21 @@ InteractiveDrawing::InteractiveDrawing(WindowInterface &interface, CommandRunner
       m_pictures(m_area.view(), *interface.window().statusBar(),
                  [&document]() -> const drawing::Drawing & { return document.drawing(); }),
       m_variables(m_area, document), m_selection(interface, runner, m_area, document),
-      m_input(interface, m_area, document)
+      m_input(interface, m_area, document), m_spaces(runner, m_area, document)
 {
     interface.window().showDrawing(m_area);
     document.services().overlay = &m_pictures;
     connect(&runner, &CommandRunner::ended, this, &InteractiveDrawing::showWhatIs);
     connect(&runner, &CommandRunner::ended, &m_selection, &ViewSelection::showWhatIs);
     connect(&m_selection, &ViewSelection::changed, this, &InteractiveDrawing::selectionChanged);
-    connect(&interface, &WindowInterface::requestBegan, this, &InteractiveDrawing::showWhatIs);
+    connect(&interface, &WindowInterface::requestBegan, this, [this](const InputRequest &request) {
+        showWhatIs();
+        m_input.begin(request);
+    });
+    connect(&m_area, &DrawingArea::tabShown, this, [this] { m_pictures.clear(); });
+    connect(&m_area.view(), &DrawingView::cursorMoved, this, &InteractiveDrawing::showCoordinates);
+    connect(&m_area.view(), &DrawingView::cursorLeft, &interface.window(), &MainWindow::hideCoordinates);
+    showWhatIs();
 }
 
 InteractiveDrawing::~InteractiveDrawing()
@@ -29,6 +36,16 @@ InteractiveDrawing::~InteractiveDrawing()
 
 void InteractiveDrawing::showWhatIs()
 {
+    const std::optional<ViewVariables::Place> wanted = m_variables.changed(); // before the view tells others
     m_area.refresh([this] { m_interface.pulse(); });
-    m_variables.showInView();
+    m_area.workThrough(m_document.currentViewport());
+    if (wanted)
+        m_variables.show(*wanted);
+    m_variables.takeFromView(); // the coordinate system may be another one
+}
+
+void InteractiveDrawing::showCoordinates(const QPointF &place)
+{
+    const LispPoint user = ViewCoordinates(m_document, m_area.view()).user(place);
+    m_interface.window().showCoordinates(user.x, user.y);
 }

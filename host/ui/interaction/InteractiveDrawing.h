@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/ui/interaction/OverlayPictures.h"
+#include "host/ui/interaction/SpaceChooser.h"
 #include "host/ui/interaction/ViewInput.h"
 #include "host/ui/interaction/ViewSelection.h"
 #include "host/ui/interaction/ViewVariables.h"
@@ -25,6 +26,7 @@ Q_SIGNALS:
 
 private:
     void showWhatIs(); // the drawing after a change, in a view that commands may have changed
+    void showCoordinates(const QPointF &place);
 
     WindowInterface &m_interface;
     Document &m_document;
@@ -33,4 +35,5 @@ private:
     ViewVariables m_variables;
     ViewSelection m_selection;
     ViewInput m_input;
+    SpaceChooser m_spaces;
 };

@@ -13,7 +13,7 @@ constexpr int Foreground = 7; // as what is drawn without a colour: black or whi
 QColor colorOf(int number, const DrawingView &view)
 {
     if (number <= 0 || number >= static_cast<int>(palette::Count) || number == Foreground)
-        return view.palette().color(QPalette::Text);
+        return view.ink();
     const palette::Color &color = palette::colors[static_cast<std::size_t>(number)];
     return {color.red, color.green, color.blue};
 }
@@ -75,6 +75,6 @@ void OverlayPictures::Lines::paint(QPainter &painter, const DrawingView &view)
     for (const Line &line : all) {
         const Qt::PenStyle style = line.highlight == Highlight::On ? Qt::DashLine : Qt::SolidLine;
         painter.setPen(QPen(colorOf(line.color, view), 1, style));
-        painter.drawLine(view.positionOf({line.from.x, line.from.y}), view.positionOf({line.to.x, line.to.y}));
+        painter.drawLine(view.positionOf(line.from), view.positionOf(line.to));
     }
 }

@@ -5,7 +5,7 @@
 
 #include <QStatusBar>
 
-// Shows over the view of the model what programs and commands want to be seen there.
+// Shows over the view what programs and commands want to be seen there.
 class OverlayPictures final : public DrawingOverlay
 {
 public:

@@ -9,7 +9,7 @@ constexpr int FillAlpha = 40;
 
 } // namespace
 
-void RubberBand::begin(Shape shape, const QPointF &from)
+void RubberBand::begin(Shape shape, const geometry::Vector &from)
 {
     m_shape = shape;
     m_from = from;
@@ -35,6 +35,6 @@ void RubberBand::paint(QPainter &painter, const DrawingView &view)
     if (m_shape == Shape::Rectangle)
         return paintRectangle(painter, from, to);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(view.palette().color(QPalette::Text), 1, Qt::DashLine));
+    painter.setPen(QPen(view.ink(), 1, Qt::DashLine));
     painter.drawLine(from, to);
 }

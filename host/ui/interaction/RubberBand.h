@@ -9,9 +9,10 @@ class RubberBand final : public ViewOverlay
 public:
     enum class Shape { Line, Rectangle };
 
-    void begin(Shape shape, const QPointF &from); // in the scene
+    // Places are in the world of the space that is worked on.
+    void begin(Shape shape, const geometry::Vector &from);
     void end() { m_from.reset(); }
-    void setTo(const std::optional<QPointF> &to) { m_to = to; } // in the scene; none: where the cursor is
+    void setTo(const std::optional<geometry::Vector> &to) { m_to = to; } // none: where the cursor is
 
     void paint(QPainter &painter, const DrawingView &view) override;
 
@@ -19,5 +20,5 @@ private:
     static void paintRectangle(QPainter &painter, const QPointF &from, const QPointF &to);
 
     Shape m_shape = Shape::Line;
-    std::optional<QPointF> m_from, m_to;
+    std::optional<geometry::Vector> m_from, m_to;
 };

@@ -42,7 +42,7 @@ void SnapMarker::paint(QPainter &painter, const DrawingView &view)
         return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor(Color), LineWidth));
-    painter.translate(view.positionOf({m_snap->place.x, m_snap->place.y}));
+    painter.translate(view.positionOf(m_snap->place));
     draw(painter, m_snap->mode);
     painter.drawText(QPointF(2 * Size, 3 * Size), QString::fromStdU16String(snap::namesOf(m_snap->mode)));
 }

@@ -2,6 +2,7 @@
 
 #include "host/commands/WorkPlane.h"
 #include "host/kernel/Document.h"
+#include "host/ui/view/DrawingView.h"
 
 #include <cmath>
 
@@ -9,21 +10,23 @@ using geometry::Vector;
 
 namespace {
 
-constexpr double LeastSlope = 1e-9; // of a plane that can be seen from above
+constexpr double LeastSlope = 1e-9; // of a plane that can be seen
 
 } // namespace
 
-LispPoint ViewCoordinates::user(const QPointF &world) const
+// Along the line of sight to the plane; where that is seen from its edge, wherever the line begins.
+LispPoint ViewCoordinates::user(const QPointF &scene) const
 {
     const commands::WorkPlane plane(m_document.session());
+    const geometry::Matrix toWorld = geometry::inverse(m_view.space().toPage);
     const double elevation = m_document.session().real(u"ELEVATION");
-    const commands::Point below = plane.user({world.x(), world.y(), 0});
-    const commands::Point above = plane.user({world.x(), world.y(), 1});
-    const Vector step{above.x - below.x, above.y - below.y, above.z - below.z};
-    if (std::abs(step.z) < LeastSlope)
-        return {below.x, below.y, below.z};
-    const double height = (elevation - below.z) / step.z;
-    return {below.x + height * step.x, below.y + height * step.y, elevation};
+    const commands::Point begin = plane.user(toWorld.place({scene.x(), scene.y(), 0}));
+    const commands::Point further = plane.user(toWorld.place({scene.x(), scene.y(), 1}));
+    const Vector step{further.x - begin.x, further.y - begin.y, further.z - begin.z};
+    if (std::abs(step.z) < LeastSlope * length(step))
+        return {begin.x, begin.y, begin.z};
+    const double steps = (elevation - begin.z) / step.z;
+    return {begin.x + steps * step.x, begin.y + steps * step.y, elevation};
 }
 
 LispPoint ViewCoordinates::user(const Vector &world) const
@@ -32,8 +35,7 @@ LispPoint ViewCoordinates::user(const Vector &world) const
     return {place.x, place.y, place.z};
 }
 
-QPointF ViewCoordinates::world(const LispPoint &user) const
+Vector ViewCoordinates::world(const LispPoint &user) const
 {
-    const Vector place = commands::WorkPlane(m_document.session()).world({user.x, user.y, user.z});
-    return {place.x, place.y};
+    return commands::WorkPlane(m_document.session()).world({user.x, user.y, user.z});
 }

@@ -1,6 +1,6 @@
 #include "host/ui/interaction/ViewInput.h"
 
-#include "host/commands/WorkPlane.h"
+#include "host/commands/Picking.h"
 #include "host/kernel/Document.h"
 #include "host/ui/gui/WindowInterface.h"
 #include "host/ui/view/DrawingArea.h"
@@ -13,8 +13,12 @@ using Kind = InputRequest::Kind;
 
 namespace {
 
-constexpr double HeldDistance = 4;       // pixels: nearer, the button was not held but clicked
-constexpr std::size_t MostSnapped = 200; // entities about the cursor
+constexpr double HeldDistance = 4; // pixels: nearer, the button was not held but clicked
+
+commands::Point pointOf(const LispPoint &point)
+{
+    return {point.x, point.y, point.z};
+}
 
 bool asksForPlace(Kind kind)
 {
@@ -60,14 +64,13 @@ bool asksForObject(Kind kind)
 } // namespace
 
 ViewInput::ViewInput(WindowInterface &interface, DrawingArea &area, Document &document)
-    : m_interface(interface), m_area(area), m_document(document), m_coordinates(document),
+    : m_interface(interface), m_area(area), m_document(document), m_coordinates(document, area.view()),
       m_draggedPicture([&document]() -> const drawing::Drawing & { return document.drawing(); })
 {
     DrawingView &view = area.view();
     view.addOverlay(m_draggedPicture);
     view.addOverlay(m_rubberBand);
     view.addOverlay(m_marker);
-    connect(&interface, &WindowInterface::requestBegan, this, &ViewInput::begin);
     connect(&interface, &WindowInterface::requestEnded, this, &ViewInput::end);
     connect(&view, &DrawingView::pressed, this, &ViewInput::press);
     connect(&view, &DrawingView::released, this, &ViewInput::release);
@@ -132,61 +135,53 @@ LispPoint ViewInput::constrained(LispPoint place) const
     return place;
 }
 
-// None, where as much lies as nobody can tell apart.
-std::optional<snap::Snap> ViewInput::snapAt(const QPointF &world) const
+std::optional<snap::Snap> ViewInput::snapAt(const LispPoint &place) const
 {
-    const DocumentSession &session = m_document.session();
+    DocumentSession &session = m_document.session();
     const auto modes = m_snapModes.value_or(static_cast<snap::Modes>(session.integer(u"OSMODE")));
     if (!m_kind || !takesSnaps(*m_kind) || modes == snap::None || modes & snap::Suppressed)
         return std::nullopt;
-    const double aperture = session.integer(u"APERTURE") / m_area.view().scale();
-    const QRectF around(world.x() - aperture, world.y() - aperture, 2 * aperture, 2 * aperture);
-    const auto candidates = m_area.entitiesIn(around, MostSnapped);
-    if (!candidates)
-        return std::nullopt;
-    snap::Aim aim{{world.x(), world.y(), 0}, aperture, {}};
-    if (m_base)
-        aim.from = commands::WorkPlane(session).world({m_base->x, m_base->y, m_base->z});
-    return snap::snapAt(m_document.drawing(), *candidates, aim, modes);
+    return commands::snapAt(session, pointOf(place), modes, m_base ? std::optional(pointOf(*m_base)) : std::nullopt);
 }
 
-void ViewInput::aim(const QPointF &world)
+void ViewInput::aim(const QPointF &place)
 {
-    const std::optional<snap::Snap> snap = snapAt(world);
+    m_place = m_coordinates.user(place);
+    const std::optional<snap::Snap> snap = snapAt(m_place);
     m_marker.show(snap);
-    m_place = snap ? m_coordinates.user(snap->place) : constrained(m_coordinates.user(world));
+    m_place = snap ? m_coordinates.user(snap->place) : constrained(m_place);
     m_rubberBand.setTo(m_coordinates.world(m_place));
 }
 
-void ViewInput::press(const QPointF &world)
+void ViewInput::press(const QPointF &place)
 {
-    m_held = world;
-    pick(world);
+    m_held = place;
+    pick(place);
 }
 
-void ViewInput::release(const QPointF &world)
+void ViewInput::release(const QPointF &place)
 {
     const std::optional<QPointF> pressed = std::exchange(m_held, std::nullopt);
-    const bool wasHeld = pressed && QLineF(*pressed, world).length() * m_area.view().scale() >= HeldDistance;
+    const bool wasHeld = pressed && QLineF(*pressed, place).length() * m_area.view().scale() >= HeldDistance;
     if (wasHeld && m_kind == Kind::Corner)
-        pick(world);
+        pick(place);
 }
 
-void ViewInput::move(const QPointF &world)
+void ViewInput::move(const QPointF &place)
 {
-    if (!m_kind || !m_area.showsModel())
+    if (!m_kind)
         return;
-    aim(world);
+    aim(place);
     if (m_tellsMoves)
         m_interface.answer({InputReply::Kind::Moved, {}, m_place});
     if (m_dragged)
         m_draggedPicture.show(m_dragged->entities, affine(m_dragged->transformAt(m_place)));
 }
 
-void ViewInput::pick(const QPointF &world)
+void ViewInput::pick(const QPointF &place)
 {
-    if (!m_kind || !m_area.showsModel())
+    if (!m_kind)
         return;
-    aim(world);
+    aim(place);
     m_interface.answer({InputReply::Kind::Picked, {}, m_place});
 }

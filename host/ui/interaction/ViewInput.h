@@ -9,7 +9,7 @@
 class DrawingArea;
 class WindowInterface;
 
-// Answers requests for places by clicks in the view of the model. The right button is Enter. A rectangle may also be
+// Answers requests for places by clicks in the view. The right button is Enter. A rectangle may also be
 // drawn with the button held: where it is let go is the other corner. What is dragged follows the cursor. Places are
 // put to what OSMODE asks for near the cursor.
 class ViewInput final : public QObject
@@ -20,15 +20,16 @@ public:
     ViewInput(WindowInterface &interface, DrawingArea &area, Document &document);
     ~ViewInput() override;
 
+    void begin(const InputRequest &request); // once the drawing is shown as it is
+
 private:
-    void begin(const InputRequest &request);
     void end();
-    void press(const QPointF &world);
-    void release(const QPointF &world);
-    void move(const QPointF &world);
-    void pick(const QPointF &world);
-    void aim(const QPointF &world); // the cursor is here
-    std::optional<snap::Snap> snapAt(const QPointF &world) const;
+    void press(const QPointF &place);
+    void release(const QPointF &place);
+    void move(const QPointF &place);
+    void pick(const QPointF &place);
+    void aim(const QPointF &place); // the cursor is here
+    std::optional<snap::Snap> snapAt(const LispPoint &place) const;
     void showMarks();
     LispPoint constrained(LispPoint place) const; // by ORTHOMODE
 

@@ -24,7 +24,7 @@ commands::Point pointOf(const LispPoint &point)
 } // namespace
 
 ViewSelection::ViewSelection(WindowInterface &interface, CommandRunner &runner, DrawingArea &area, Document &document)
-    : m_interface(interface), m_runner(runner), m_area(area), m_document(document), m_coordinates(document)
+    : m_interface(interface), m_runner(runner), m_area(area), m_document(document), m_coordinates(document, area.view())
 {
     DrawingView &view = area.view();
     view.addOverlay(m_rectangle);
@@ -41,44 +41,62 @@ ViewSelection::~ViewSelection()
 
 bool ViewSelection::isMine() const
 {
-    return !m_interface.isRunning() && m_area.showsModel() && m_document.session().integer(u"PICKFIRST") != 0;
+    return !m_interface.isRunning() && m_document.session().integer(u"PICKFIRST") != 0;
+}
+
+// What is selected stays with its space: nobody sees what a command would take there.
+void ViewSelection::forgetOtherSpaces()
+{
+    const drawing::Database &database = m_document.drawing().database();
+    const bool isPaper = m_document.isPaperSpaceCurrent();
+    commands::Selection selected = m_document.session().impliedSelection();
+    const auto isElsewhere = [&](RecordId entity) {
+        const drawing::Record &record = database.record(entity);
+        return record.has(drawing::Record::PaperSpace) != isPaper ||
+               record.container != database.section(drawing::known::Entities);
+    };
+    if (std::erase_if(selected, isElsewhere) > 0)
+        m_document.session().setImpliedSelection(std::move(selected));
 }
 
 void ViewSelection::showWhatIs()
 {
     m_corner.reset();
     m_rectangle.end();
+    forgetOtherSpaces();
     m_document.session().showSelected(m_document.session().impliedSelection());
 }
 
-void ViewSelection::press(const QPointF &world, Qt::KeyboardModifiers modifiers)
+void ViewSelection::press(const QPointF &place, Qt::KeyboardModifiers modifiers)
 {
     if (!isMine())
         return;
     if (m_corner)
-        return selectTo(world);
+        return selectTo(place);
     m_change = modifiers & Qt::ShiftModifier ? Change::Remove : Change::Add;
-    const RecordId entity = commands::entityAt(m_document.session(), pointOf(m_coordinates.user(world)));
+    const RecordId entity = commands::entityAt(m_document.session(), pointOf(m_coordinates.user(place)));
     if (entity != drawing::NoRecord)
         return change({entity});
-    m_corner = world;
-    m_rectangle.begin(RubberBand::Shape::Rectangle, world);
+    m_corner = place;
+    m_rectangle.begin(RubberBand::Shape::Rectangle, m_coordinates.world(place));
     m_area.view().update();
 }
 
-void ViewSelection::release(const QPointF &world)
+void ViewSelection::release(const QPointF &place)
 {
-    if (isMine() && m_corner && QLineF(*m_corner, world).length() * m_area.view().scale() >= HeldDistance)
-        selectTo(world);
+    if (isMine() && m_corner && QLineF(*m_corner, place).length() * m_area.view().scale() >= HeldDistance)
+        selectTo(place);
 }
 
+// As it is seen: it need not lie along the axes of the user's coordinate system.
 void ViewSelection::selectTo(const QPointF &corner)
 {
     const QPointF first = *std::exchange(m_corner, std::nullopt);
     m_rectangle.end();
     const auto reach = corner.x() < first.x() ? commands::Reach::Crossing : commands::Reach::Inside;
-    const std::vector<commands::Point> rectangle =
-        commands::rectangle(pointOf(m_coordinates.user(first)), pointOf(m_coordinates.user(corner)));
+    std::vector<commands::Point> rectangle;
+    for (const QPointF &place : {first, QPointF(corner.x(), first.y()), corner, QPointF(first.x(), corner.y())})
+        rectangle.push_back(pointOf(m_coordinates.user(place)));
     change(commands::entitiesIn(m_document.session(), rectangle, reach));
 }
 

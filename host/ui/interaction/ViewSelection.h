@@ -30,13 +30,14 @@ Q_SIGNALS:
 private:
     enum class Change { Add, Remove };
 
-    void press(const QPointF &world, Qt::KeyboardModifiers modifiers);
-    void release(const QPointF &world);
+    void press(const QPointF &place, Qt::KeyboardModifiers modifiers);
+    void release(const QPointF &place);
     void selectTo(const QPointF &corner);
     void change(const std::vector<drawing::RecordId> &entities);
+    void forgetOtherSpaces();
     void clear();
     void erase();
-    bool isMine() const; // whether clicks select: no program runs, and the model is shown
+    bool isMine() const; // whether clicks select: no program runs
 
     WindowInterface &m_interface;
     CommandRunner &m_runner;
@@ -44,6 +45,6 @@ private:
     Document &m_document;
     ViewCoordinates m_coordinates;
     RubberBand m_rectangle;
-    std::optional<QPointF> m_corner; // of the rectangle that is being drawn
+    std::optional<QPointF> m_corner; // of the rectangle that is being drawn, in the scene
     Change m_change = Change::Add;
 };

@@ -1,10 +1,11 @@
 #include "host/ui/interaction/ViewVariables.h"
 
+#include "host/drawing/LayoutViewports.h"
 #include "host/kernel/Document.h"
-#include "host/ui/interaction/ViewCoordinates.h"
 #include "host/ui/view/DrawingArea.h"
 
-ViewVariables::ViewVariables(DrawingArea &area, Document &document) : m_area(area), m_document(document)
+ViewVariables::ViewVariables(DrawingArea &area, Document &document)
+    : m_area(area), m_document(document), m_coordinates(document, area.view())
 {
     connect(&area.view(), &DrawingView::viewChanged, this, &ViewVariables::takeFromView);
     takeFromView();
@@ -15,27 +16,43 @@ ViewVariables::Place ViewVariables::ofVariables() const
     return {m_document.session().point(u"VIEWCTR"), m_document.session().real(u"VIEWSIZE")};
 }
 
+std::optional<ViewVariables::Place> ViewVariables::changed() const
+{
+    const Place place = ofVariables();
+    return place == m_told ? std::nullopt : std::optional(place);
+}
+
 void ViewVariables::takeFromView()
 {
-    if (!m_area.showsModel())
-        return;
     const DrawingView &view = m_area.view();
-    const LispPoint centre = ViewCoordinates(m_document).user(view.centre());
+    const QRectF &viewport = view.space().view;
+    if (view.space().kind == render::ShownSpace::Kind::Viewport)
+        tell(viewport.center(), viewport.size() * view.scale());
+    else
+        tell(view.centre(), view.size());
+}
+
+void ViewVariables::tell(const QPointF &centre, const QSizeF &pixels)
+{
+    const LispPoint place = m_coordinates.user(centre);
+    const DrawingView &view = m_area.view();
     DocumentSession &session = m_document.session();
-    session.assign(u"VIEWCTR", commands::Point{centre.x, centre.y, centre.z});
-    session.assign(u"VIEWSIZE", view.height() / view.scale());
-    session.assign(u"SCREENSIZE", commands::Point{double(view.width()), double(view.height()), 0});
+    session.assign(u"VIEWCTR", commands::Point{place.x, place.y, place.z});
+    session.assign(u"VIEWSIZE", pixels.height() / (view.scale() * view.space().scale));
+    session.assign(u"SCREENSIZE", commands::Point{pixels.width(), pixels.height(), 0});
     m_told = ofVariables();
 }
 
-void ViewVariables::showInView()
+void ViewVariables::show(const Place &place)
 {
-    if (!m_area.showsModel())
-        return;
-    const Place place = ofVariables();
-    if (place == m_told)
-        takeFromView(); // the coordinate system may be another one
-    else
-        m_area.view().show(ViewCoordinates(m_document).world({place.centre.x, place.centre.y, place.centre.z}),
-                           place.height);
+    DrawingView &view = m_area.view();
+    const geometry::Vector world = m_coordinates.world({place.centre.x, place.centre.y, place.centre.z});
+    const geometry::Vector onPage = view.space().toPage.place(world);
+    if (view.space().kind == render::ShownSpace::Kind::Viewport) {
+        const QPointF by = (QPointF(onPage.x, onPage.y) - view.space().view.center()) / view.space().scale;
+        drawing::changeView(m_document.drawing().database(), view.space().viewport, by.x(), by.y(), place.height);
+        m_area.refresh();
+    } else {
+        view.show({onPage.x, onPage.y}, place.height * view.space().scale);
+    }
 }

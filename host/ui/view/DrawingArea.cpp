@@ -1,6 +1,9 @@
 #include "host/ui/view/DrawingArea.h"
 
 #include "host/drawing/ChangedEntities.h"
+#include "host/drawing/HeaderVariables.h"
+#include "host/drawing/Layouts.h"
+#include "host/render/Sheet.h"
 
 #include <QEvent>
 #include <QVBoxLayout>
@@ -11,6 +14,13 @@ namespace {
 
 constexpr int ModelTab = 0;
 constexpr std::size_t MostRefined = 20000; // entities; more take too long to be cut anew while a person zooms
+
+bool isModelCurrent(const drawing::Database &database)
+{
+    const std::optional<drawing::Group> group = drawing::variable(database, "$TILEMODE");
+    const auto *value = group ? std::get_if<std::int64_t>(&group->value) : nullptr;
+    return !value || *value != 0;
+}
 
 } // namespace
 
@@ -32,7 +42,7 @@ DrawingArea::DrawingArea(Source source, QWidget *parent)
     column->addWidget(m_view, 1);
     column->addWidget(m_tabs);
     m_view->setRefiner([this](const QRectF &window, double tolerance) { return refined(window, tolerance); });
-    connect(m_tabs, &QTabBar::currentChanged, this, [this] { showTab(DrawingView::Place::ShowAll); });
+    connect(m_tabs, &QTabBar::currentChanged, this, &DrawingArea::choose);
     refresh();
 }
 
@@ -42,60 +52,80 @@ bool DrawingArea::isCurrent() const
     return drawing.number() == m_drawingNumber && drawing.database().journal().changeCount() == m_changeCount;
 }
 
-std::optional<std::vector<drawing::RecordId>> DrawingArea::entitiesIn(const QRectF &rectangle, std::size_t most) const
-{
-    const bool isShown = m_source().number() == m_drawingNumber; // else the scene's entities are another drawing's
-    return isShown ? m_scene->entitiesIn(rectangle, most) : std::vector<drawing::RecordId>();
-}
-
-bool DrawingArea::showsModel() const
-{
-    return m_tabs->currentIndex() <= ModelTab;
-}
-
 void DrawingArea::refresh(const render::MakingWatch &watch)
 {
-    if (isCurrent() || replaceChanged())
+    if (isCurrent())
         return;
     const bool isOther = m_source().number() != m_drawingNumber;
-    fillTabs();
-    showTab(isOther ? DrawingView::Place::ShowAll : DrawingView::Place::Keep, watch);
+    if (isOther) {
+        m_places.clear();
+        m_model = {};
+    } else {
+        m_places[m_tab] = m_view->place();
+    }
+    showTabs();
+    const QString tab = m_tabs->tabText(m_tabs->currentIndex());
+    const bool isOtherTab = isOther || tab != m_tab;
+    m_tab = tab;
+    showScene(watch);
+    if (isOtherTab)
+        Q_EMIT tabShown();
 }
 
-// A drawing of a million lines is not made anew because of one.
-bool DrawingArea::replaceChanged()
+void DrawingArea::workThrough(drawing::RecordId viewport)
 {
-    const drawing::Drawing &drawing = m_source();
-    const drawing::Journal &journal = drawing.database().journal();
-    if (drawing.number() != m_drawingNumber || !showsModel())
-        return false;
-    const auto records = journal.changedSince(m_changeCount);
-    const auto entities = records ? drawing::changedEntities(drawing, *records) : std::nullopt;
-    if (!entities || !m_scene->replace(drawing, surface(), *entities))
-        return false;
-    m_changeCount = journal.changeCount();
-    m_view->setScene(m_scene, DrawingView::Place::Keep);
-    return true;
+    if (viewport == m_viewport)
+        return;
+    m_viewport = viewport;
+    m_view->setSpace(m_scene->space(viewport));
 }
 
-// Keeps the tab that is shown, when it is still there.
-void DrawingArea::fillTabs()
+QStringList DrawingArea::namesOfTabs() const
+{
+    std::vector<drawing::Layout> layouts = drawing::layouts(m_source().database());
+    std::erase_if(layouts, [](const drawing::Layout &layout) { return layout.tab == 0; });
+    std::stable_sort(layouts.begin(), layouts.end(),
+                     [](const drawing::Layout &a, const drawing::Layout &b) { return a.tab < b.tab; });
+    QStringList names{tr("Model")};
+    for (const drawing::Layout &layout : layouts)
+        names.append(QString::fromStdU16String(layout.name));
+    if (layouts.empty())
+        names.append(QStringLiteral("Layout1")); // as CTAB calls the one sheet of drawings before R2000
+    return names;
+}
+
+int DrawingArea::currentTab() const
+{
+    if (isModelCurrent(m_source().database()))
+        return ModelTab;
+    const std::optional<drawing::Layout> layout = drawing::activeLayout(m_source());
+    const QString name = layout ? QString::fromStdU16String(layout->name) : QString();
+    for (int tab = ModelTab + 1; tab < m_tabs->count(); ++tab)
+        if (m_tabs->tabText(tab) == name)
+            return tab;
+    return std::min(ModelTab + 1, m_tabs->count() - 1);
+}
+
+void DrawingArea::showTabs()
 {
     const QSignalBlocker quiet(m_tabs);
-    const bool isOther = m_source().number() != m_drawingNumber;
-    const QString shown = isOther ? QString() : m_tabs->tabText(m_tabs->currentIndex());
-    m_layouts = drawing::layouts(m_source().database());
-    std::erase_if(m_layouts, [](const drawing::Layout &layout) { return layout.tab == 0; });
-    std::stable_sort(m_layouts.begin(), m_layouts.end(),
-                     [](const drawing::Layout &a, const drawing::Layout &b) { return a.tab < b.tab; });
-    while (m_tabs->count() > 0)
-        m_tabs->removeTab(0);
-    m_tabs->addTab(tr("Model"));
-    for (const drawing::Layout &layout : m_layouts) {
-        const int tab = m_tabs->addTab(QString::fromStdU16String(layout.name));
-        if (m_tabs->tabText(tab) == shown)
-            m_tabs->setCurrentIndex(tab);
-    }
+    const QStringList names = namesOfTabs();
+    for (qsizetype tab = 0; tab < names.size(); ++tab)
+        if (tab >= m_tabs->count())
+            m_tabs->addTab(names[tab]);
+        else if (m_tabs->tabText(static_cast<int>(tab)) != names[tab])
+            m_tabs->setTabText(static_cast<int>(tab), names[tab]);
+    while (m_tabs->count() > names.size())
+        m_tabs->removeTab(m_tabs->count() - 1);
+    m_tabs->setCurrentIndex(currentTab());
+}
+
+// The tab bar has gone ahead of the drawing; it comes back when nobody has followed it.
+void DrawingArea::choose(int tab)
+{
+    const QString name = m_tabs->tabText(tab);
+    showTabs();
+    Q_EMIT tabChosen(name);
 }
 
 render::Surface DrawingArea::surface() const
@@ -103,32 +133,51 @@ render::Surface DrawingArea::surface() const
     return {palette().color(QPalette::Base).rgb() & 0xffffff, false};
 }
 
-render::Scene DrawingArea::sceneOfTab(const render::MakingWatch &watch) const
+// A drawing of a million lines is not made anew because of one.
+bool DrawingArea::followChanges()
 {
-    const int tab = m_tabs->currentIndex();
-    return tab <= ModelTab ? render::Scene::ofModel(m_source(), surface(), watch)
-                           : render::Scene::ofLayout(m_source(), m_layouts[static_cast<std::size_t>(tab - 1)]);
+    if (!m_model.scene)
+        return false;
+    const drawing::Drawing &drawing = m_source();
+    const auto records = drawing.database().journal().changedSince(m_model.changeCount);
+    const auto entities = records ? drawing::changedEntities(drawing, *records) : std::nullopt;
+    return entities && (entities->empty() || m_model.scene->replace(drawing, surface(), *entities));
 }
 
-// While the watch lets the window live another tab may be chosen, or other colours: then what was made is of no use.
-void DrawingArea::showTab(DrawingView::Place place, const render::MakingWatch &watch)
+// While the watch lets the window live other colours may be chosen: then what was made is of no use.
+void DrawingArea::makeScene(const render::MakingWatch &watch)
+{
+    m_isMaking = true;
+    for (bool isAgain = false; std::exchange(m_isOutdated, false); isAgain = true) {
+        if (isAgain)
+            m_model = {};
+        const bool isModel = isModelCurrent(m_source().database());
+        if (!isModel)
+            m_scene = std::make_shared<render::Scene>(render::Scene::ofSheet(render::currentSheet(m_source())));
+        else if (!followChanges())
+            m_model.scene = std::make_shared<render::Scene>(render::Scene::ofModel(m_source(), surface(), watch));
+        if (isModel) {
+            m_scene = m_model.scene;
+            m_model.changeCount = m_source().database().journal().changeCount();
+        }
+    }
+    m_isMaking = false;
+}
+
+void DrawingArea::showScene(const render::MakingWatch &watch)
 {
     m_isOutdated = true;
     if (m_isMaking)
         return;
-    m_isMaking = true;
-    while (std::exchange(m_isOutdated, false))
-        m_scene = std::make_shared<render::Scene>(sceneOfTab(watch));
-    m_isMaking = false;
-    const drawing::Drawing &drawing = m_source();
-    m_drawingNumber = drawing.number();
-    m_changeCount = drawing.database().journal().changeCount();
-    m_view->setScene(m_scene, place);
+    makeScene(watch);
+    m_drawingNumber = m_source().number();
+    m_changeCount = m_source().database().journal().changeCount();
+    m_view->setScene(m_scene, m_scene->space(m_viewport), m_places.value(m_tab));
 }
 
 std::optional<render::Scene> DrawingArea::refined(const QRectF &window, double tolerance)
 {
-    if (!showsModel() || !isCurrent())
+    if (isLayoutShown() || !isCurrent())
         return std::nullopt;
     const auto entities = m_scene->entitiesIn(window, MostRefined);
     if (!entities)
@@ -140,6 +189,9 @@ std::optional<render::Scene> DrawingArea::refined(const QRectF &window, double t
 void DrawingArea::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_scene)
-        showTab(DrawingView::Place::Keep);
+    if (event->type() != QEvent::PaletteChange || m_tab.isEmpty())
+        return;
+    m_model = {};
+    m_places[m_tab] = m_view->place();
+    showScene();
 }

@@ -24,41 +24,52 @@ DrawingView::DrawingView(QWidget *parent) : QWidget(parent), m_scene(std::make_s
     setMinimumSize(100, 100);
 }
 
-void DrawingView::setScene(std::shared_ptr<const render::Scene> scene, Place place)
+void DrawingView::setScene(std::shared_ptr<const render::Scene> scene, const render::ShownSpace &space,
+                           const Place &place)
 {
     m_scene = std::move(scene);
     m_detail.reset();
-    if (place == Place::ShowAll)
-        zoomExtents();
+    m_space = space;
+    m_place = place;
+    if (place.showsAll)
+        placeAll();
     changeView();
+}
+
+void DrawingView::setSpace(const render::ShownSpace &space)
+{
+    m_space = space;
+    Q_EMIT viewChanged();
+    update(); // of what is drawn over the picture
+}
+
+void DrawingView::placeAll()
+{
+    const QRectF bounds = m_scene->bounds();
+    const double across = bounds.width() > 0 ? width() / bounds.width() : MostScale;
+    const double up = bounds.height() > 0 ? height() / bounds.height() : MostScale;
+    const double scale = std::min(across, up);
+    m_place = {bounds.center(), scale < MostScale ? std::max(scale * Border, LeastScale) : 1, true};
 }
 
 void DrawingView::zoomExtents()
 {
-    const QRectF bounds = m_scene->bounds();
-    m_showsAll = true;
-    m_centre = bounds.center();
-    const double across = bounds.width() > 0 ? width() / bounds.width() : MostScale;
-    const double up = bounds.height() > 0 ? height() / bounds.height() : MostScale;
-    const double scale = std::min(across, up);
-    m_scale = scale < MostScale ? std::max(scale * Border, LeastScale) : 1;
+    placeAll();
     changeView();
 }
 
 void DrawingView::zoom(double factor, const QPointF &about)
 {
-    const QPointF fixed = worldAt(about);
-    m_scale = std::clamp(m_scale * factor, LeastScale, MostScale);
-    m_centre += fixed - worldAt(about);
-    m_showsAll = false;
+    const QPointF fixed = placeAt(about);
+    m_place.scale = std::clamp(m_place.scale * factor, LeastScale, MostScale);
+    m_place.centre += fixed - placeAt(about);
+    m_place.showsAll = false;
     changeView();
 }
 
 void DrawingView::show(const QPointF &centre, double height)
 {
-    m_centre = centre;
-    m_scale = std::clamp(this->height() / height, LeastScale, MostScale);
-    m_showsAll = false;
+    m_place = {centre, std::clamp(this->height() / height, LeastScale, MostScale), false};
     changeView();
 }
 
@@ -78,32 +89,49 @@ void DrawingView::setMarks(Marks marks, int pickBox)
 
 QTransform DrawingView::toWidget() const
 {
-    return {m_scale, 0, 0, -m_scale, width() / 2.0 - m_centre.x() * m_scale, height() / 2.0 + m_centre.y() * m_scale};
+    const auto &[centre, scale, showsAll] = m_place;
+    return {scale, 0, 0, -scale, width() / 2.0 - centre.x() * scale, height() / 2.0 + centre.y() * scale};
 }
 
-QPointF DrawingView::positionOf(const QPointF &world) const
+QPointF DrawingView::positionOf(const QPointF &scene) const
 {
-    return toWidget().map(world);
+    return toWidget().map(scene);
 }
 
-QPointF DrawingView::worldAt(const QPointF &position) const
+QPointF DrawingView::positionOf(const geometry::Vector &world) const
 {
-    return {m_centre.x() + (position.x() - width() / 2.0) / m_scale,
-            m_centre.y() - (position.y() - height() / 2.0) / m_scale};
+    const geometry::Vector onPage = m_space.toPage.place(world);
+    return positionOf(QPointF(onPage.x, onPage.y));
 }
 
-QRectF DrawingView::visibleWorld() const
+QPointF DrawingView::placeAt(const QPointF &position) const
 {
-    return QRectF(worldAt(QPointF(0, 0)), worldAt(QPointF(width(), height()))).normalized();
+    return {m_place.centre.x() + (position.x() - width() / 2.0) / m_place.scale,
+            m_place.centre.y() - (position.y() - height() / 2.0) / m_place.scale};
+}
+
+QRectF DrawingView::visiblePart() const
+{
+    return QRectF(placeAt(QPointF(0, 0)), placeAt(QPointF(width(), height()))).normalized();
+}
+
+bool DrawingView::hasPaper() const
+{
+    return !m_scene->paper().isNull();
+}
+
+QColor DrawingView::ink() const
+{
+    return hasPaper() ? QColor(Qt::black) : palette().color(QPalette::Text);
 }
 
 // The scene itself, or a finer one for where the view is; which is kept as long as the view stays in it.
 const render::Scene &DrawingView::sceneForFrame()
 {
-    const double pixelsPerUnit = m_scale * devicePixelRatioF();
+    const double pixelsPerUnit = m_place.scale * devicePixelRatioF();
     if (!m_refiner || m_scene->tolerance() * pixelsPerUnit <= VisibleError)
         return *m_scene;
-    const QRectF visible = visibleWorld();
+    const QRectF visible = visiblePart();
     const bool fits =
         m_detail && m_detailWindow.contains(visible) && m_detail->tolerance() * pixelsPerUnit <= VisibleError;
     if (!fits) {
@@ -119,14 +147,13 @@ void DrawingView::drawFrame()
     const QSize pixels = (QSizeF(size()) * ratio).toSize();
     if (m_frame.size() != pixels)
         m_frame = QImage(pixels, QImage::Format_RGB32);
-    const bool hasPaper = !m_scene->paper().isNull();
     m_frame.setDevicePixelRatio(1);
-    m_frame.fill(palette().color(hasPaper ? QPalette::Mid : QPalette::Base));
+    m_frame.fill(palette().color(hasPaper() ? QPalette::Mid : QPalette::Base));
     render::DeviceView view;
     view.toDevice = toWidget() * QTransform::fromScale(ratio, ratio);
     view.thinnest = ratio;
-    view.pixelsPerMillimetre = hasPaper ? m_scale * ratio : 0; // the model's lines are thin
-    if (hasPaper) {
+    view.pixelsPerMillimetre = hasPaper() ? m_place.scale * ratio : 0; // the model's lines are thin
+    if (hasPaper()) {
         QPainter painter(&m_frame);
         painter.fillRect(view.toDevice.mapRect(m_scene->paper()), Qt::white);
     }
@@ -139,7 +166,7 @@ void DrawingView::drawMarks(QPainter &painter)
 {
     if (!m_cursor || m_dragged)
         return;
-    painter.setPen(palette().color(QPalette::Text));
+    painter.setPen(ink());
     painter.setBrush(Qt::NoBrush);
     if (m_marks != Marks::PickBox) {
         painter.drawLine(QPointF(0, m_cursor->y()), QPointF(width(), m_cursor->y()));
@@ -165,7 +192,7 @@ void DrawingView::paintEvent(QPaintEvent *)
 
 void DrawingView::resizeEvent(QResizeEvent *)
 {
-    if (m_showsAll)
+    if (m_place.showsAll)
         zoomExtents();
     changeView();
 }
@@ -180,7 +207,7 @@ void DrawingView::mousePressEvent(QMouseEvent *event)
 {
     m_cursor = event->position();
     if (event->button() == Qt::LeftButton)
-        Q_EMIT pressed(worldAt(*m_cursor), event->modifiers());
+        Q_EMIT pressed(placeAt(*m_cursor), event->modifiers());
     else if (event->button() == Qt::RightButton)
         Q_EMIT rightClicked();
     if (event->button() != Qt::MiddleButton)
@@ -193,19 +220,19 @@ void DrawingView::mouseMoveEvent(QMouseEvent *event)
 {
     m_cursor = event->position();
     if (m_dragged) {
-        m_centre += worldAt(*m_dragged) - worldAt(*m_cursor);
+        m_place.centre += placeAt(*m_dragged) - placeAt(*m_cursor);
         m_dragged = m_cursor;
-        m_showsAll = false;
+        m_place.showsAll = false;
         changeView();
     }
-    Q_EMIT cursorMoved(worldAt(*m_cursor));
+    Q_EMIT cursorMoved(placeAt(*m_cursor));
     update();
 }
 
 void DrawingView::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        Q_EMIT released(worldAt(event->position()));
+        Q_EMIT released(placeAt(event->position()));
     if (event->button() != Qt::MiddleButton)
         return;
     m_dragged.reset();
@@ -216,8 +243,11 @@ void DrawingView::mouseReleaseEvent(QMouseEvent *event)
 void DrawingView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::MiddleButton)
-        zoomExtents();
-    else
+        return zoomExtents();
+    bool isTaken = false;
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT doubleClicked(placeAt(event->position()), isTaken);
+    if (!isTaken)
         mousePressEvent(event); // two quick clicks are two
 }
 

@@ -28,21 +28,32 @@ class DrawingView final : public QWidget
 public:
     explicit DrawingView(QWidget *parent = nullptr);
 
-    enum class Place { Keep, ShowAll };
-    void setScene(std::shared_ptr<const render::Scene> scene, Place place);
+    // What is seen of a scene.
+    struct Place
+    {
+        QPointF centre;       // of the widget, in the scene
+        double scale = 1;     // logical pixels for a unit of the scene
+        bool showsAll = true; // as long as nobody has panned or zoomed; then centre and scale follow the widget's size
+    };
+    void setScene(std::shared_ptr<const render::Scene> scene, const render::ShownSpace &space, const Place &place);
+    const Place &place() const { return m_place; }
+    void setSpace(const render::ShownSpace &space); // of the scene: the one that is worked on
+    const render::ShownSpace &space() const { return m_space; }
     // What draws a part of the scene with finer curves, when it is looked at closely. None when it has too much in it.
     using Refiner = std::function<std::optional<render::Scene>(const QRectF &window, double tolerance)>;
     void setRefiner(Refiner refiner) { m_refiner = std::move(refiner); }
 
     void zoomExtents();
     void zoom(double factor, const QPointF &about); // the place in the widget stays where it is
-    QPointF worldAt(const QPointF &position) const;
-    QPointF positionOf(const QPointF &world) const;
-    double scale() const { return m_scale; }         // logical pixels for a unit of the scene
-    void show(const QPointF &centre, double height); // of what is seen, in the scene
-    QPointF centre() const { return m_centre; }
-    QTransform toWidget() const; // from the scene
-    QRectF visibleWorld() const;
+    QPointF placeAt(const QPointF &position) const; // in the scene
+    QPointF positionOf(const QPointF &scene) const;
+    QPointF positionOf(const geometry::Vector &world) const; // of the space that is worked on
+    double scale() const { return m_place.scale; }           // logical pixels for a unit of the scene
+    void show(const QPointF &centre, double height);         // of what is seen, in the scene
+    QPointF centre() const { return m_place.centre; }
+    QTransform toWidget() const;                               // from the scene
+    QRectF visiblePart() const;                                // of the scene
+    QColor ink() const;                                        // that is seen on what the drawing is drawn on
     std::optional<QPointF> cursor() const { return m_cursor; } // in the widget; none: it is elsewhere
 
     void addOverlay(ViewOverlay &overlay) { m_overlays.push_back(&overlay); } // later ones above; see removeOverlay
@@ -51,12 +62,14 @@ public:
     void setMarks(Marks marks, int pickBox); // pickBox: pixels from its middle to its edge
 
 Q_SIGNALS:
-    void cursorMoved(const QPointF &world);
+    // Places are of the scene.
+    void cursorMoved(const QPointF &place);
     void cursorLeft();
-    void pressed(const QPointF &world, Qt::KeyboardModifiers modifiers); // the left button
-    void released(const QPointF &world);
+    void pressed(const QPointF &place, Qt::KeyboardModifiers modifiers); // the left button
+    void released(const QPointF &place);
+    void doubleClicked(const QPointF &place, bool &isTaken); // the left button; else it is pressed a second time
     void rightClicked();
-    void viewChanged(); // another part is seen, or another scene
+    void viewChanged(); // another part is seen, another scene, or another space is worked on
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -69,7 +82,9 @@ protected:
     void leaveEvent(QEvent *event) override;
 
 private:
+    void placeAll();
     void changeView();
+    bool hasPaper() const; // else the model is shown
     void drawFrame();
     void drawMarks(QPainter &painter);
     const render::Scene &sceneForFrame();
@@ -78,11 +93,10 @@ private:
     Refiner m_refiner;
     std::optional<render::Scene> m_detail; // finer, for m_detailWindow
     QRectF m_detailWindow;
-    QPointF m_centre; // of the widget, in the scene
-    double m_scale = 1;
+    render::ShownSpace m_space;
+    Place m_place;
     QImage m_frame; // what was drawn last
     bool m_isFrameValid = false;
-    bool m_showsAll = true; // as long as nobody has panned or zoomed
     std::optional<QPointF> m_cursor, m_dragged;
     std::vector<ViewOverlay *> m_overlays;
     Marks m_marks = Marks::Crosshair;

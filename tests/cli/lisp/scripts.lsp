@@ -25,6 +25,7 @@
 (setvar "TILEMODE" 0)
 (show '(getvar "CVPORT"))
 (command "_.mspace")
+(command "_.mview" '(10 10) '(110 110))
 (setvar "CVPORT" 2)
 (show '(getvar "CVPORT"))
 (command "_.pspace")

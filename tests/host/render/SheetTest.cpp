@@ -102,8 +102,9 @@ TEST(Sheet, ViewportShowsTheModelClippedAndScaledWithoutItsFrozenLayers)
     ASSERT_EQ(view.list.items().size(), 1u); // the cold one is frozen
     EXPECT_EQ(view.list.items()[0].rgb, 0xff0000u);
     EXPECT_NEAR(view.list.bounds().width(), 2000 * 0.1, 1e-3);
-    EXPECT_EQ(view.outline.boundingRect().size(), QSizeF(80, 60));
-    EXPECT_NEAR(view.list.bounds().center().y(), view.outline.boundingRect().center().y(), 1e-3);
+    EXPECT_EQ(view.space.kind, ShownSpace::Kind::Viewport);
+    EXPECT_EQ(view.space.outline.boundingRect().size(), QSizeF(80, 60));
+    EXPECT_NEAR(view.list.bounds().center().y(), view.space.outline.boundingRect().center().y(), 1e-3);
     EXPECT_FALSE(namedSheet(test.drawing, u"no such layout"));
 }
 

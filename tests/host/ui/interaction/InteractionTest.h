@@ -19,9 +19,9 @@ protected:
     using GuiTest::type;
     void type(const char *text) { GuiTest::type(QString::fromLatin1(text)); }
     DrawingView &view() { return interactive.area().view(); }
-    QPoint at(double x, double y) { return view().positionOf({x, y}).toPoint(); }
+    QPoint at(double x, double y) { return view().positionOf(geometry::Vector{x, y, 0}).toPoint(); }
     // What a click there gives: pixels are not as fine as places.
-    QPointF placeOf(double x, double y) { return view().worldAt(at(x, y)); }
+    QPointF placeOf(double x, double y) { return view().placeAt(at(x, y)); }
     void click(double x, double y, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         move(x, y);

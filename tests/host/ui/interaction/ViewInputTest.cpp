@@ -179,8 +179,10 @@ TEST_F(ViewInputTest, WhatAProgramHasDrawnIsShownWhenItAsks)
     const QRect around(at(50, 40) - QPoint(0, 3), QSize(1, 7));
     const QImage before = picture();
     later([this, &shown] {
-        shown = picture();
-        escape();
+        later([this, &shown] { // the drawing is made ready before the program waits
+            shown = picture();
+            escape();
+        });
     });
     type("(progn (command \"_.line\" '(0 40) '(100 40) \"\") (getpoint))");
     EXPECT_NE(shown.copy(around), before.copy(around));

@@ -1,5 +1,6 @@
 #include "host/ui/view/DrawingArea.h"
 
+#include "host/drawing/HeaderVariables.h"
 #include "tests/host/render/DrawnList.h"
 
 #include <QSignalSpy>
@@ -38,6 +39,11 @@ protected:
                 return true;
         return false;
     }
+    void setLayoutShown(bool isShown)
+    {
+        drawing::setVariable(m_test.drawing.database(), "$TILEMODE", {70, std::int64_t{isShown ? 0 : 1}});
+        m_area->refresh();
+    }
     void wheel(const QPointF &position, int steps)
     {
         QWheelEvent event(position, view().mapToGlobal(position), QPoint(), QPoint(0, 120 * steps), Qt::NoButton,
@@ -58,17 +64,17 @@ TEST_F(DrawingAreaTest, ShowsAllOfTheDrawingWhenItIsOpened)
     EXPECT_TRUE(isRed({1, 50}));
     EXPECT_TRUE(isRed({99, 50}));
     EXPECT_FALSE(isRed({50, 25}));
-    EXPECT_LT(view().positionOf({50, 50}).y(), view().positionOf({50, 0}).y()); // up is up
+    EXPECT_LT(view().positionOf(QPointF(50, 50)).y(), view().positionOf(QPointF(50, 0)).y()); // up is up
 }
 
 TEST_F(DrawingAreaTest, WheelZoomsAboutTheCursor)
 {
-    const QPointF cursor(100, 200), before = view().worldAt(cursor);
+    const QPointF cursor(100, 200), before = view().placeAt(cursor);
     const double scale = view().scale();
     wheel(cursor, 3);
     EXPECT_NEAR(view().scale(), scale * 1.25 * 1.25 * 1.25, 1e-9);
-    EXPECT_NEAR(view().worldAt(cursor).x(), before.x(), 1e-9);
-    EXPECT_NEAR(view().worldAt(cursor).y(), before.y(), 1e-9);
+    EXPECT_NEAR(view().placeAt(cursor).x(), before.x(), 1e-9);
+    EXPECT_NEAR(view().placeAt(cursor).y(), before.y(), 1e-9);
     wheel(cursor, -3);
     EXPECT_NEAR(view().scale(), scale, 1e-9);
 }
@@ -76,15 +82,15 @@ TEST_F(DrawingAreaTest, WheelZoomsAboutTheCursor)
 TEST_F(DrawingAreaTest, MiddleButtonPansAndADoubleClickShowsAll)
 {
     const QPoint from(100, 100), to(150, 80);
-    const QPointF held = view().worldAt(from);
+    const QPointF held = view().placeAt(from);
     QTest::mousePress(&view(), Qt::MiddleButton, Qt::NoModifier, from);
     QTest::mouseMove(&view(), to);
     QTest::mouseRelease(&view(), Qt::MiddleButton, Qt::NoModifier, to);
-    EXPECT_NEAR(view().worldAt(to).x(), held.x(), 1e-9);
-    EXPECT_NEAR(view().worldAt(to).y(), held.y(), 1e-9);
+    EXPECT_NEAR(view().placeAt(to).x(), held.x(), 1e-9);
+    EXPECT_NEAR(view().placeAt(to).y(), held.y(), 1e-9);
     QTest::mouseDClick(&view(), Qt::MiddleButton, Qt::NoModifier, from);
-    EXPECT_NEAR(view().worldAt(middle()).x(), 50, 1e-9);
-    EXPECT_NEAR(view().worldAt(middle()).y(), 25, 1e-9);
+    EXPECT_NEAR(view().placeAt(middle()).x(), 50, 1e-9);
+    EXPECT_NEAR(view().placeAt(middle()).y(), 25, 1e-9);
 }
 
 TEST_F(DrawingAreaTest, CursorIsToldInCoordinatesOfTheDrawing)
@@ -93,7 +99,7 @@ TEST_F(DrawingAreaTest, CursorIsToldInCoordinatesOfTheDrawing)
     const QPoint at(120, 90);
     QTest::mouseMove(&view(), at);
     ASSERT_FALSE(moved.isEmpty());
-    EXPECT_EQ(moved.last().first().toPointF(), view().worldAt(at));
+    EXPECT_EQ(moved.last().first().toPointF(), view().placeAt(at));
 }
 
 TEST_F(DrawingAreaTest, ChangeIsShownAfterARefreshAndTheViewStays)
@@ -122,7 +128,7 @@ TEST_F(DrawingAreaTest, ALargeDrawingIsShownAsItIsAfterEachChangeAndAfterUndo)
     EXPECT_FALSE(isRed({50, 25}));
     m_test.drawing.database().journal().redo();
     m_area->refresh();
-    EXPECT_EQ(m_area->entitiesIn(QRectF(1, 24, 2, 2), 10)->size(), 1U);
+    EXPECT_TRUE(isRed({50, 25}));
 }
 
 TEST_F(DrawingAreaTest, AnotherDrawingIsShownAsAWhole)
@@ -131,7 +137,7 @@ TEST_F(DrawingAreaTest, AnotherDrawingIsShownAsAWhole)
     m_other->line({1000, 1000, 0}, {3000, 1000, 0}, {{8, u"0"}, {62, Red}});
     m_area->refresh();
     EXPECT_TRUE(isRed({2000, 1000}));
-    EXPECT_NEAR(view().worldAt(middle()).x(), 2000, 1e-6);
+    EXPECT_NEAR(view().placeAt(middle()).x(), 2000, 1e-6);
 }
 
 TEST_F(DrawingAreaTest, LayoutsAreTabsBehindTheModel)
@@ -139,12 +145,41 @@ TEST_F(DrawingAreaTest, LayoutsAreTabsBehindTheModel)
     ASSERT_GE(m_area->tabs().count(), 2);
     EXPECT_EQ(m_area->tabs().tabText(0), QStringLiteral("Model"));
     EXPECT_EQ(m_area->tabs().tabText(1), QStringLiteral("Layout1"));
-    m_area->tabs().setCurrentIndex(1);
+    setLayoutShown(true);
+    EXPECT_EQ(m_area->tabs().currentIndex(), 1);
     const QImage image = view().grab().toImage();
     EXPECT_EQ(image.pixelColor(view().rect().center()), QColor(Qt::white)); // the paper
     EXPECT_NE(image.pixelColor(1, 1), QColor(Qt::white));
-    m_area->tabs().setCurrentIndex(0);
+    setLayoutShown(false);
     EXPECT_TRUE(isRed({50, 0}));
+}
+
+TEST_F(DrawingAreaTest, AClickOnATabOnlyTellsWhatIsWanted)
+{
+    const QSignalSpy chosen(m_area.get(), &DrawingArea::tabChosen);
+    QTest::mouseClick(&m_area->tabs(), Qt::LeftButton, Qt::NoModifier, m_area->tabs().tabRect(1).center());
+    ASSERT_EQ(chosen.size(), 1);
+    EXPECT_EQ(chosen.first().first(), QStringLiteral("Layout1"));
+    EXPECT_EQ(m_area->tabs().currentIndex(), 0);
+    EXPECT_TRUE(isRed({50, 0}));
+}
+
+TEST_F(DrawingAreaTest, ATabIsShownAsItWasLeft)
+{
+    wheel(middle(), 3);
+    const DrawingView::Place model = view().place();
+    setLayoutShown(true);
+    EXPECT_TRUE(view().place().showsAll);
+    wheel(middle(), -2);
+    const DrawingView::Place layout = view().place();
+    m_test.line({0, 25, 0}, {100, 25, 0}, {{8, u"0"}, {62, Red}});
+    setLayoutShown(false);
+    EXPECT_EQ(view().scale(), model.scale);
+    EXPECT_EQ(view().centre(), model.centre);
+    EXPECT_TRUE(isRed({50, 25})) << "what was drawn meanwhile";
+    setLayoutShown(true);
+    EXPECT_EQ(view().scale(), layout.scale);
+    EXPECT_EQ(view().centre(), layout.centre);
 }
 
 TEST_F(DrawingAreaTest, CirclesStayRoundWhenTheyAreLookedAtClosely)

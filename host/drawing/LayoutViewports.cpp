@@ -1,0 +1,61 @@
+#include "host/drawing/LayoutViewports.h"
+
+namespace drawing {
+
+namespace {
+
+constexpr int NumberCode = 69, FlagsCode = 90, ViewCentreCode = 12, ViewHeightCode = 45;
+constexpr std::int64_t SheetNumber = 1, IsOff = 0x20000;
+
+std::int64_t integer(const Database &database, RecordId record, int code)
+{
+    const std::optional<Group> group = database.firstGroup(record, code);
+    const auto *value = group ? std::get_if<std::int64_t>(&group->value) : nullptr;
+    return value ? *value : 0;
+}
+
+} // namespace
+
+std::vector<RecordId> viewports(const Drawing &drawing)
+{
+    std::vector<RecordId> found;
+    const RecordId section = drawing.database().section(known::Entities);
+    if (section != NoRecord)
+        for (RecordId id = drawing.database().firstIn(section); id != NoRecord; id = drawing.database().nextIn(id))
+            if (isViewport(drawing, id))
+                found.push_back(id);
+    return found;
+}
+
+bool isViewport(const Drawing &drawing, RecordId id)
+{
+    const Database &database = drawing.database();
+    if (id == NoRecord)
+        return false;
+    const Record &record = database.record(id);
+    return record.kind == RecordKind::Entity && record.has(Record::PaperSpace) && !record.isGone() &&
+           record.container == database.section(known::Entities) && database.names().text(record.type) == "VIEWPORT" &&
+           viewportNumber(database, id) > SheetNumber && (integer(database, id, FlagsCode) & IsOff) == 0;
+}
+
+std::int64_t viewportNumber(const Database &database, RecordId viewport)
+{
+    return integer(database, viewport, NumberCode);
+}
+
+void changeView(Database &database, RecordId viewport, double right, double up, double height)
+{
+    GroupList groups = database.groups(viewport);
+    for (Group &group : groups) {
+        auto *centre = std::get_if<Point>(&group.value);
+        if (group.code == ViewCentreCode && centre) {
+            centre->x += right;
+            centre->y += up;
+        } else if (group.code == ViewHeightCode) {
+            group.value = height;
+        }
+    }
+    database.replace(viewport, groups);
+}
+
+} // namespace drawing
