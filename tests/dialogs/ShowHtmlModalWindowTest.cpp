@@ -42,6 +42,17 @@ CFxWebView *makeView()
 
 using Calls = std::vector<std::string>;
 
+// That the item stands in this row of the first column and covers no other cell.
+void expectCell(const QGridLayout &grid, int item, int expectedRow)
+{
+    int row = -1, column = -1, rows = 0, columns = 0;
+    grid.getItemPosition(item, &row, &column, &rows, &columns);
+    EXPECT_EQ(row, expectedRow);
+    EXPECT_EQ(column, 0);
+    EXPECT_EQ(rows, 1);
+    EXPECT_EQ(columns, 1);
+}
+
 class ShowHtmlModalWindow : public testing::Test
 {
 protected:
@@ -83,8 +94,10 @@ TEST_F(ShowHtmlModalWindow, HasAPlaceholderAboveTheCloseButton)
     EXPECT_EQ(grid.verticalSpacing(), 6);
     EXPECT_EQ(grid.contentsMargins(), QMargins(11, 11, 11, 11));
     ASSERT_EQ(grid.count(), 2);
-    EXPECT_EQ(grid.itemAtPosition(0, 0)->widget(), dialog.webViewFake);
-    EXPECT_EQ(grid.itemAtPosition(1, 0)->layout(), dialog.horizontalLayout);
+    expectCell(grid, 0, 0);
+    expectCell(grid, 1, 1);
+    EXPECT_EQ(grid.itemAt(0)->widget(), dialog.webViewFake);
+    EXPECT_EQ(grid.itemAt(1)->layout(), dialog.horizontalLayout);
     EXPECT_EQ(dialog.webViewFake->objectName(), u"webViewFake"_qs);
     EXPECT_STREQ(dialog.webViewFake->metaObject()->className(), "QWidget");
     expectPolicy(*dialog.webViewFake, QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -1,6 +1,7 @@
 #include "tests/screens/Screen.h"
 
 #include <QApplication>
+#include <QImageWriter>
 #include <QScreen>
 #include <QTest>
 #include <QWindow>
@@ -34,7 +35,8 @@ void takePicture(QWidget &window, const QString &name)
     const QRect frame = window.frameGeometry();
     const QPixmap picture = window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
     EXPECT_EQ(picture.deviceIndependentSize().toSize(), frame.size()) << frame.x() << ' ' << frame.y();
-    EXPECT_TRUE(picture.save(qEnvironmentVariable("SCREEN_PICTURES") + u'/' + name + u".png"_qs));
+    QImageWriter file(qEnvironmentVariable("SCREEN_PICTURES") + u'/' + name + u".png"_qs);
+    EXPECT_TRUE(file.write(picture.toImage())) << file.errorString().toStdString();
 }
 
 void typeKey(QWidget &window, Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -113,6 +113,7 @@ TEST_F(FileDialogs, PickdirWithNoArgumentsOpensAtTheRootOfTheFileSystemWithAnEmp
     expectDialog(
         [this](QDialog &dialog) {
             EXPECT_EQ(dialog.parentWidget(), &documentWindow());
+            EXPECT_EQ(dialog.windowTitle(), QFileDialog::tr("Find Directory")); // Qt's own, where there is no caption
             EXPECT_EQ(fileDialog(dialog).directory().path(), QDir::rootPath());
             EXPECT_EQ(fileDialog(dialog).fileMode(), QFileDialog::Directory);
             EXPECT_TRUE(fileDialog(dialog).testOption(QFileDialog::ShowDirsOnly));
@@ -133,6 +134,22 @@ TEST_F(FileDialogs, PickdirWithAnIntegerAsItsFirstArgumentPrintsAMessageAndStill
     person().expect(choose(m_folder.path()));
     EXPECT_EQ(call(acetUiPickdir, {shortInteger(1), text(m_folder.path()), text(u"Caption")}),
               (Operations{"getArgs", wrongType, "retNil", "releaseRb 1", operation("retWStr", m_folder.path())}));
+}
+
+TEST_F(FileDialogs, PickdirWithAnIntegerAsALaterArgumentPrintsAMessageAndShowsTheDialogWithWhatWasReadBefore)
+{
+    expectDialog([](QDialog &dialog) { EXPECT_EQ(fileDialog(dialog).directory().path(), QDir::rootPath()); },
+                 press(u"Cancel"_qs));
+    EXPECT_EQ(call(acetUiPickdir, {text(u""), shortInteger(1), text(u"Caption")}),
+              (Operations{"getArgs", wrongType, "retNil", "releaseRb 2", "retNil"}));
+    expectDialog(
+        [this](QDialog &dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QFileDialog::tr("Find Directory"));
+            EXPECT_EQ(fileDialog(dialog).directory().path(), m_folder.path());
+        },
+        press(u"Cancel"_qs));
+    EXPECT_EQ(call(acetUiPickdir, {text(u""), text(m_folder.path()), shortInteger(1)}),
+              (Operations{"getArgs", wrongType, "retNil", "releaseRb 3", "retNil"}));
 }
 
 TEST_F(FileDialogs, PickdirStartsInItsFolderWithItsCaptionAndReleasesTheThirdNode)
