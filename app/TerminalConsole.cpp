@@ -1,10 +1,12 @@
 #include "app/TerminalConsole.h"
 
+#include "app/CommandLine.h"
 #include "app/system/Process.h"
 
 #include <QString>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -13,6 +15,13 @@ constexpr qsizetype PendingLimit = qsizetype{64} * 1024;
 QStringView viewOf(std::u16string_view text)
 {
     return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+// A program that prints for ever would never notice. Where a signal tells of it, the process does not come here.
+[[noreturn]] void endWithoutReader()
+{
+    std::fputs("lisphost: nobody reads the standard output any more\n", stderr);
+    std::_Exit(ExitFile);
 }
 
 } // namespace
@@ -44,6 +53,8 @@ void TerminalConsole::flush()
 {
     std::fwrite(m_pending.constData(), 1, static_cast<std::size_t>(m_pending.size()), stdout);
     std::fflush(stdout);
+    if (std::ferror(stdout) && isPipe(stdout))
+        endWithoutReader();
     m_pending.clear();
 }
 

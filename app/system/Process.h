@@ -19,5 +19,8 @@ std::vector<std::string> programArguments(int argumentCount, char **arguments);
 // The folder that holds this program's file and what is installed beside it.
 QString programFolder();
 
+// Whether another process is at the other end. Such a stream fails when nobody reads it any more.
+bool isPipe(std::FILE *stream);
+
 // Whether a person is at the other end.
 bool isTerminal(std::FILE *stream);

@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -51,6 +52,14 @@ std::vector<std::string> programArguments(int argumentCount, char **arguments)
 QString programFolder()
 {
     return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
+}
+
+bool isPipe(std::FILE *stream)
+{
+    struct stat status
+    {
+    };
+    return fstat(fileno(stream), &status) == 0 && S_ISFIFO(status.st_mode);
 }
 
 bool isTerminal(std::FILE *stream)

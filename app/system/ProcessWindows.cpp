@@ -11,6 +11,15 @@
 // after it
 #include <shellapi.h>
 
+namespace {
+
+HANDLE handleOf(std::FILE *stream)
+{
+    return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+}
+
+} // namespace
+
 void prepareProcess()
 {
     // Lines end as programs write them, and a transcript is the same on every system.
@@ -39,9 +48,14 @@ QString programFolder()
     return QFileInfo(QString::fromWCharArray(path, static_cast<int>(length))).absolutePath();
 }
 
+bool isPipe(std::FILE *stream)
+{
+    return GetFileType(handleOf(stream)) == FILE_TYPE_PIPE;
+}
+
 // _isatty() would not do: to it the null device is a terminal.
 bool isTerminal(std::FILE *stream)
 {
     DWORD mode = 0;
-    return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))), &mode) != 0;
+    return GetConsoleMode(handleOf(stream), &mode) != 0;
 }

@@ -47,14 +47,20 @@ class Streams(LispHostTest):
         done = self.start("repl", closed=(0,), capture_output=True)
         self.assertEqual((done.returncode, done.stdout), (0, ""))
 
-    @unittest.skipIf(WINDOWS, "there is no signal that ends it")
-    def test_a_program_that_prints_to_a_pipe_which_nobody_reads_ends(self):
+    def print_to_a_pipe_which_nobody_reads(self, **options) -> tuple[int, str]:
         reading, writing = os.pipe()
         os.close(reading)
-        done = self.start("eval", '(while T (princ "line\n"))', stdout=writing, stderr=subprocess.PIPE,
-                          restore_signals=True)
+        done = self.start("eval", '(while T (princ "line\n"))', stdout=writing, stderr=subprocess.PIPE, **options)
         os.close(writing)
-        self.assertEqual((done.returncode, done.stderr), (-13, ""))
+        return done.returncode, done.stderr
+
+    @unittest.skipIf(WINDOWS, "there is no signal that ends it")
+    def test_a_program_that_prints_to_a_pipe_which_nobody_reads_ends(self):
+        self.assertEqual(self.print_to_a_pipe_which_nobody_reads(restore_signals=True), (-13, ""))
+
+    def test_a_program_that_prints_to_a_pipe_which_nobody_reads_ends_without_the_signal(self):
+        self.assertEqual(self.print_to_a_pipe_which_nobody_reads(restore_signals=False),
+                         (3, "lisphost: nobody reads the standard output any more\n"))
 
 
 unittest.main()
