@@ -54,15 +54,18 @@ void EntityIndex::follow()
     if (m_changeCount == journal.changeCount())
         return;
     const auto records = m_changeCount ? journal.changedSince(*m_changeCount) : std::nullopt;
-    const auto entities = records ? drawing::changedEntities(m_drawing, *records) : std::nullopt;
+    const auto entities =
+        records ? drawing::changedEntities(m_drawing, *records, drawing::Aspect::Shape) : std::nullopt;
     m_changeCount = journal.changeCount();
     if (!entities || entities->size() > m_boxes.size() / ReplacedShare)
         return makeAnew();
     const drawing::Database &database = m_drawing.database();
+    const RecordId section = database.section(drawing::known::Entities);
     m_boxes.resize(database.recordCount());
     for (const RecordId entity : *entities) {
         remove(entity);
-        if (database.record(entity).isGone() || database.isPart(entity))
+        const drawing::Record &record = database.record(entity);
+        if (record.isGone() || record.container != section)
             continue;
         measure(entity);
         add(entity);

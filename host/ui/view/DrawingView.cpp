@@ -12,6 +12,7 @@ constexpr double Border = 0.95;                        // of the widget, when al
 constexpr double LeastScale = 1e-12, MostScale = 1e12; // beyond them numbers have no digits left
 constexpr double WheelStep = 120, ZoomOfStep = 1.25;   // an eighth of a degree each
 constexpr double VisibleError = 0.5;                   // of a curve, in pixels
+constexpr double ViewportFrame = 3;                    // pixels wide
 
 } // namespace
 
@@ -182,6 +183,10 @@ void DrawingView::paintEvent(QPaintEvent *)
         drawFrame();
     QPainter painter(this);
     painter.drawImage(0, 0, m_frame);
+    if (m_space.kind == render::ShownSpace::Kind::Viewport) { // which of them is worked through
+        painter.setPen(QPen(ink(), ViewportFrame));
+        painter.drawPolygon(toWidget().map(m_space.outline));
+    }
     for (ViewOverlay *overlay : m_overlays) {
         painter.save();
         overlay->paint(painter, *this);

@@ -2,6 +2,7 @@
 
 #include "tests/host/render/DrawnList.h"
 
+#include "host/drawing/LayoutEditing.h"
 #include "host/drawing/geometry/Extents.h"
 #include "host/drawing/selection/Candidates.h"
 #include "host/drawing/selection/EntityIndex.h"
@@ -99,6 +100,23 @@ TEST_F(EntityIndexTest, IsEmptyForAnEmptyDrawingAndGrowsBeyondItsFirstBounds)
     const RecordId far = m_test.line({1e6, 1e6, 0}, {2e6, 1e6, 0});
     EXPECT_EQ(m_index.entitiesNear({{1.5e6, 1e6 - 1, 0}, {1.6e6, 1e6 + 1, 0}}), std::vector{far});
     EXPECT_EQ(m_index.entitiesNear({{0, 0, 0}, {1, 1, 0}}), std::vector{first});
+}
+
+TEST_F(EntityIndexTest, FollowsTheSheetThatIsCurrent)
+{
+    for (int i = 0; i < 100; ++i)
+        add();
+    const RecordId onPaper = m_test.line({-50, -50, 0}, {-40, -50, 0}, {{67, std::int64_t{1}}, {8, u"0"}});
+    const geometry::Box there{{-51, -51, 0}, {-39, -49, 0}}, all{{-100, -100, 0}, {2 * Width, 2 * Width, 0}};
+    const drawing::Layout first = drawing::findLayout(m_test.drawing.database(), u"Layout1").value();
+    const drawing::Layout second = drawing::addLayout(m_test.drawing, first, u"Second").value();
+    EXPECT_EQ(m_index.entitiesNear(there), searched(there));
+    ASSERT_TRUE(drawing::activateLayout(m_test.drawing, second));
+    EXPECT_EQ(m_index.entitiesNear(all), searched(all));
+    ASSERT_TRUE(drawing::activateLayout(m_test.drawing, first));
+    EXPECT_EQ(m_index.entitiesNear(all), searched(all));
+    const std::vector<RecordId> found = m_index.entitiesNear(there);
+    EXPECT_NE(std::find(found.begin(), found.end(), onPaper), found.end());
 }
 
 TEST_F(EntityIndexTest, ABlockThatChangesMovesWhatIsInserted)

@@ -157,6 +157,8 @@ TEST_F(Layouts, ADoubleClickIntoAViewportWorksOnTheModelThere)
     clickTab(1);
     doubleClick(110, 90);
     EXPECT_EQ(space(), "(\"Layout1\" 0 2)");
+    EXPECT_EQ(picture().pixelColor(at(50, 25) + QPoint(8, 8)), QColor(Qt::white));
+    EXPECT_EQ(picture().pixelColor(at(0, 25) + QPoint(-1, 0)), QColor(Qt::black)) << "its frame is bold";
     expectPoint(40, 20);
     EXPECT_EQ(entityAt(50, 50), "1");
     type("(setvar \"OSMODE\" 2)");
