@@ -4,6 +4,7 @@
 #include "host/interpreter/files/SourceFile.h"
 #include "host/kernel/ProductKeys.h"
 #include "host/kernel/RegistryExchange.h"
+#include "storage/RegistryText.h"
 
 #include <QSaveFile>
 
@@ -31,8 +32,11 @@ QByteArray encoded(const std::u16string &text)
 int exportRegistryKeys(const QString &file, const QStringList &keys)
 {
     openProductRegistry();
-    const QStringList roots = {QStringLiteral("HKEY_CURRENT_USER"), QStringLiteral("HKEY_LOCAL_MACHINE"),
-                               QStringLiteral("HKEY_USERS"), QStringLiteral("HKEY_CURRENT_CONFIG")};
+    // That of classes is part of the local machine's.
+    QStringList roots;
+    for (const std::u16string_view root : {RegistryRoot::CurrentUser, RegistryRoot::LocalMachine, RegistryRoot::Users,
+                                           RegistryRoot::CurrentConfiguration})
+        roots.append(QStringView(root).toString());
     QString failure;
     const std::optional<std::u16string> text = exportRegistry(keys.isEmpty() ? roots : keys, failure);
     if (!text)

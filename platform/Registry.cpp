@@ -44,32 +44,21 @@ template <class Action> LSTATUS changeBelow(HKEY handle, LPCWSTR path, Action ac
     RegistryStore &store = RegistryStore::instance();
     const std::lock_guard guard(store.mutex());
     RegistryStore::Place place;
-    LSTATUS status = store.locateBelow(handle, textArgument(path), place);
-    if (status == ERROR_SUCCESS)
-        status = store.begin(*place.hive);
-    if (status != ERROR_SUCCESS)
-        return status;
-    status = store.locateBelow(handle, textArgument(path), place); // others may have removed it until now
-    if (status == ERROR_SUCCESS)
-        status = action(*place.hive, *place.key);
-    const LSTATUS written = store.end(*place.hive);
-    return status != ERROR_SUCCESS ? status : written;
+    return store.change(
+        place, [&](RegistryStore::Place &found) { return store.locateBelow(handle, textArgument(path), found); },
+        [&](RegistryStore::Place &found) { return action(*found.hive, *found.key); });
 }
 
 LSTATUS addKey(RegistryStore &store, RegistryStore::Place &place, HKEY handle, std::u16string_view path)
 {
     if (!canBeAdded(path, levelOf(*place.key)))
         return ERROR_INVALID_PARAMETER;
-    RegistryHive &hive = *place.hive;
-    LSTATUS status = store.begin(hive);
-    if (status != ERROR_SUCCESS)
-        return status;
-    status = store.locate(handle, 0, place);
-    RegistryKey *added = status == ERROR_SUCCESS ? &hive.addKey(*place.key, path) : nullptr;
-    const LSTATUS written = store.end(hive);
-    if (status == ERROR_SUCCESS && written == ERROR_SUCCESS)
-        place.key = added;
-    return status != ERROR_SUCCESS ? status : written;
+    return store.change(
+        place, [&](RegistryStore::Place &found) { return store.locate(handle, 0, found); },
+        [&](RegistryStore::Place &found) -> LSTATUS {
+            found.key = &found.hive->addKey(*found.key, path);
+            return ERROR_SUCCESS;
+        });
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #ifndef _WIN32
 
+#include "storage/RegistryText.h"
+
 // The registry, as documented at learn.microsoft.com/windows/win32/sysinfo/registry-functions. Each call gives
 // ERROR_SUCCESS or an error; the last error is left alone. Names are UTF-16, end at their NUL, and are told apart
 // without regard to case. A path may go through several keys, with backslashes between them.
@@ -31,11 +33,11 @@ inline const HKEY HKEY_USERS = reinterpret_cast<HKEY>(std::uintptr_t{0x80000003}
 inline const HKEY HKEY_CURRENT_CONFIG = reinterpret_cast<HKEY>(std::uintptr_t{0x80000005});
 
 inline constexpr DWORD REG_NONE = 0;
-inline constexpr DWORD REG_SZ = 1;
-inline constexpr DWORD REG_EXPAND_SZ = 2;
-inline constexpr DWORD REG_BINARY = 3;
-inline constexpr DWORD REG_DWORD = 4;
-inline constexpr DWORD REG_MULTI_SZ = 7;
+inline constexpr DWORD REG_SZ = RegistryText;
+inline constexpr DWORD REG_EXPAND_SZ = RegistryExpandableText;
+inline constexpr DWORD REG_BINARY = RegistryBinary;
+inline constexpr DWORD REG_DWORD = RegistryNumber;
+inline constexpr DWORD REG_MULTI_SZ = RegistryTexts;
 inline constexpr DWORD REG_QWORD = 11;
 
 inline constexpr REGSAM KEY_QUERY_VALUE = 0x1;

@@ -9,9 +9,9 @@
 namespace {
 
 constexpr char16_t ClassesPath[] = u"Software\\Classes";
-constexpr std::array<const char16_t *, 4> RootNames = {u"HKEY_CURRENT_USER", u"HKEY_LOCAL_MACHINE", u"HKEY_USERS",
-                                                       u"HKEY_CURRENT_CONFIG"};
-constexpr std::size_t HandleStep = 4; // handles are multiples of it
+constexpr std::array RootNames = {RegistryRoot::CurrentUser, RegistryRoot::LocalMachine, RegistryRoot::Users,
+                                  RegistryRoot::CurrentConfiguration}; // in the order of RegistryStore's own
+constexpr std::size_t HandleStep = 4;                                  // handles are multiples of it
 
 std::size_t placeOf(HKEY handle)
 {
@@ -48,7 +48,7 @@ void RegistryStore::setUp(const QString &folder, const QStringList &keys)
     m_keys = keys;
     m_notice = std::make_unique<RegistryNotice>(registryFolder);
     for (std::size_t root = 0; root < m_hives.size(); ++root)
-        m_hives[root] = std::make_unique<RegistryHive>(RootNames[root], registryFolder, *m_notice,
+        m_hives[root] = std::make_unique<RegistryHive>(std::u16string(RootNames[root]), registryFolder, *m_notice,
                                                        [this](RegistryKey &key) { complete(key); });
 }
 

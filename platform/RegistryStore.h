@@ -36,9 +36,24 @@ public:
     HKEY open(const Place &place, std::u16string_view path, RegistryKey &key, REGSAM access);
     LSTATUS close(HKEY handle);
 
-    // Around a change of a hive. Give a status.
-    LSTATUS begin(RegistryHive &hive);
-    LSTATUS end(RegistryHive &hive);
+    // A change of the key that `locate` finds for a place: finds it, begins, finds it again, because others may have
+    // removed it until then, acts and ends. Gives the first status that is none of success.
+    template <class Locate, class Action> LSTATUS change(Place &place, Locate locateKey, Action action)
+    {
+        LSTATUS status = locateKey(place);
+        if (status == ERROR_SUCCESS)
+            status = begin(*place.hive);
+        if (status != ERROR_SUCCESS)
+            return status;
+        RegistryHive &hive = *place.hive;
+        status = locateKey(place);
+        if (status == ERROR_SUCCESS && place.hive != &hive)
+            status = ERROR_KEY_DELETED; // another root has one of its name
+        if (status == ERROR_SUCCESS)
+            status = action(place);
+        const LSTATUS written = end(hive);
+        return status != ERROR_SUCCESS ? status : written;
+    }
 
     void beginBatch() { m_isBatch = true; }
     bool endBatch();
@@ -65,6 +80,9 @@ private:
     enum Root { CurrentUser, LocalMachine, Users, CurrentConfiguration };
 
     RegistryStore();
+    // Around a change of a hive. Give a status.
+    LSTATUS begin(RegistryHive &hive);
+    LSTATUS end(RegistryHive &hive);
     void complete(RegistryKey &root) const;
     OpenKey *find(HKEY handle);
     bool isFoundAgain(HKEY handle, std::u16string_view path);

@@ -67,16 +67,9 @@ template <class Action> LSTATUS change(HKEY handle, Action action)
     RegistryStore &store = RegistryStore::instance();
     const std::lock_guard guard(store.mutex());
     RegistryStore::Place place;
-    LSTATUS status = store.locate(handle, KEY_SET_VALUE, place);
-    if (status == ERROR_SUCCESS)
-        status = store.begin(*place.hive);
-    if (status != ERROR_SUCCESS)
-        return status;
-    status = store.locate(handle, KEY_SET_VALUE, place); // others may have removed it until now
-    if (status == ERROR_SUCCESS)
-        status = action(*place.hive, *place.key);
-    const LSTATUS written = store.end(*place.hive);
-    return status != ERROR_SUCCESS ? status : written;
+    return store.change(
+        place, [&](RegistryStore::Place &found) { return store.locate(handle, KEY_SET_VALUE, found); },
+        [&](RegistryStore::Place &found) { return action(*found.hive, *found.key); });
 }
 
 // A terminator that the caller forgot to count is stored, as Windows does it.

@@ -12,8 +12,8 @@ namespace {
 constexpr std::u16string_view OlderHeader = u"REGEDIT4";
 constexpr std::size_t DeepestKey = 512; // levels, as Windows documents it
 
-constexpr std::array<std::u16string_view, 5> RootNames = {u"HKEY_CLASSES_ROOT", u"HKEY_CURRENT_USER",
-                                                          u"HKEY_LOCAL_MACHINE", u"HKEY_USERS", u"HKEY_CURRENT_CONFIG"};
+constexpr std::array RootNames = {RegistryRoot::Classes, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine,
+                                  RegistryRoot::Users, RegistryRoot::CurrentConfiguration};
 
 QStringView view(std::u16string_view text)
 {

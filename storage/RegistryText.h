@@ -26,6 +26,17 @@
 
 inline constexpr std::u16string_view RegistryTextHeader = u"Windows Registry Editor Version 5.00";
 
+// The names of the roots.
+namespace RegistryRoot {
+
+inline constexpr std::u16string_view Classes = u"HKEY_CLASSES_ROOT";
+inline constexpr std::u16string_view CurrentUser = u"HKEY_CURRENT_USER";
+inline constexpr std::u16string_view LocalMachine = u"HKEY_LOCAL_MACHINE";
+inline constexpr std::u16string_view Users = u"HKEY_USERS";
+inline constexpr std::u16string_view CurrentConfiguration = u"HKEY_CURRENT_CONFIG";
+
+} // namespace RegistryRoot
+
 // The types of values, as Windows numbers them.
 enum RegistryType : std::uint32_t {
     RegistryText = 1,

@@ -1,5 +1,7 @@
 #include "host/kernel/OpenRegistryKey.h"
 
+#include "storage/RegistryText.h"
+
 #include <QString>
 
 #include <algorithm>
@@ -9,11 +11,12 @@ namespace {
 
 HKEY rootNamed(QStringView name)
 {
-    static const std::array<std::pair<QStringView, HKEY>, 5> roots = {{{u"HKEY_CLASSES_ROOT", HKEY_CLASSES_ROOT},
-                                                                       {u"HKEY_CURRENT_USER", HKEY_CURRENT_USER},
-                                                                       {u"HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE},
-                                                                       {u"HKEY_USERS", HKEY_USERS},
-                                                                       {u"HKEY_CURRENT_CONFIG", HKEY_CURRENT_CONFIG}}};
+    static const std::array<std::pair<QStringView, HKEY>, 5> roots = {
+        {{RegistryRoot::Classes, HKEY_CLASSES_ROOT},
+         {RegistryRoot::CurrentUser, HKEY_CURRENT_USER},
+         {RegistryRoot::LocalMachine, HKEY_LOCAL_MACHINE},
+         {RegistryRoot::Users, HKEY_USERS},
+         {RegistryRoot::CurrentConfiguration, HKEY_CURRENT_CONFIG}}};
     const auto found = std::ranges::find_if(
         roots, [name](const auto &root) { return root.first.compare(name, Qt::CaseInsensitive) == 0; });
     return found == roots.end() ? nullptr : found->second;
