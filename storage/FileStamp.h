@@ -9,8 +9,8 @@
 // number and size. Who changes a file reads it again under its lock and does not rely on the stamp.
 struct FileStamp
 {
-    std::uint64_t number = 0;   // of the file in its file system; 0 where the system tells none by name
-    std::int64_t modified = -1; // in nanoseconds, or what the system has; -1: there is no file
+    std::uint64_t number = 0;   // of the file in its file system
+    std::int64_t modified = -1; // in nanoseconds, on Windows in hundreds of them; -1: there is no file
     std::int64_t size = 0;
 
     static FileStamp of(const QString &path);
