@@ -118,11 +118,14 @@ CommandLine::Result CommandLine::start(const std::u16string &typed, Source sourc
         m_session.print(u"\nUnknown command \"" + commandName(typed) + u"\".\n");
         return Result::Unknown;
     }
-    if (row->undo == CommandRow::Undo::OneStep && !isActive())
+    const bool isFirst = !isActive();
+    if (row->undo == CommandRow::Undo::OneStep && isFirst)
         m_session.drawing().database().journal().nextStep();
     const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
     m_running.push_back(std::make_unique<Running>(*row, commandName(typed), *this, echoing));
     running().followsSelect = m_lastName == SelectName;
+    if (row->preselection == CommandRow::Preselection::TakenOrDropped && isFirst)
+        running().context.preselect(m_session.takeImpliedSelection());
     if (source == Source::Program)
         echo(u'\n' + typed);
     proceed([this] { running().task.start(); });

@@ -11,6 +11,7 @@ namespace commands {
 namespace {
 
 using enum CommandRow::Undo;
+using enum CommandRow::Preselection;
 
 // Sorted by name.
 // clang-format off
@@ -28,8 +29,8 @@ constexpr CommandRow table[] = {
     {u"-LAYOUT", layout},
     {u"-LINETYPE", linetype},
     {u"-MTEXT", paragraphText},
-    {u"-OSNAP", objectSnap},
-    {u"-PAN", pan, Own},
+    {u"-OSNAP", objectSnap, OneStep, Kept},
+    {u"-PAN", pan, Own, Kept},
     {u"-PLOT", plot, Own},
     {u"-PURGE", purge},
     {u"-RENAME", renameObject},
@@ -51,7 +52,7 @@ constexpr CommandRow table[] = {
     {u"CIRCLE", circle},
     {u"COLOR", color},
     {u"COPY", copy},
-    {u"DELAY", delay, Own},
+    {u"DELAY", delay, Own, Kept},
     {u"DIM", dimensions},
     {u"DIM1", dimensionOnce},
     {u"DIMALIGNED", dimensionAligned},
@@ -68,7 +69,7 @@ constexpr CommandRow table[] = {
     {u"EXPLODE", explode},
     {u"EXTEND", extend},
     {u"FILLET", fillet},
-    {u"GRAPHSCR", changeNothing, Own},
+    {u"GRAPHSCR", changeNothing, Own, Kept},
     {u"HATCH", hatch},
     {u"HATCHEDIT", editHatch},
     {u"INSERT", insert},
@@ -85,8 +86,8 @@ constexpr CommandRow table[] = {
     {u"OFFSET", offset},
     {u"OOPS", unerase},
     {u"OPEN", open, Own},
-    {u"OSNAP", objectSnap},
-    {u"PAN", pan, Own},
+    {u"OSNAP", objectSnap, OneStep, Kept},
+    {u"PAN", pan, Own, Kept},
     {u"PEDIT", editPolyline},
     {u"PLAN", plan, Own},
     {u"PLINE", polyline},
@@ -100,8 +101,8 @@ constexpr CommandRow table[] = {
     {u"RECTANG", rectangle},
     {u"RECTANGLE", rectangle},
     {u"REDO", redo, Own},
-    {u"REDRAW", changeNothing, Own},
-    {u"REDRAWALL", changeNothing, Own},
+    {u"REDRAW", changeNothing, Own, Kept},
+    {u"REDRAWALL", changeNothing, Own, Kept},
     {u"REGEN", changeNothing, Own},
     {u"REGENALL", changeNothing, Own},
     {u"RENAME", renameObject},
@@ -111,11 +112,11 @@ constexpr CommandRow table[] = {
     {u"SCALE", scale},
     {u"SCRIPT", script, Own},
     {u"SELECT", select, Own},
-    {u"SETVAR", setVariable},
+    {u"SETVAR", setVariable, OneStep, Kept},
     {u"SOLID", solid},
     {u"STYLE", style},
     {u"TEXT", text},
-    {u"TEXTSCR", changeNothing, Own},
+    {u"TEXTSCR", changeNothing, Own, Kept},
     {u"TRIM", trim},
     {u"U", undoOne, Own},
     {u"UCS", ucs},
@@ -124,13 +125,13 @@ constexpr CommandRow table[] = {
     {u"VPORTS", viewports},
     {u"WBLOCK", writeBlock},
     {u"XLINE", xline},
-    {u"ZOOM", zoom, Own},
+    {u"ZOOM", zoom, Own, Kept},
 };
 
 // clang-format on
 static_assert(std::ranges::is_sorted(table, {}, &CommandRow::name));
 
-constexpr CommandRow variableRow{u"", changeVariable};
+constexpr CommandRow variableRow{u"", changeVariable, OneStep, Kept};
 
 } // namespace
 

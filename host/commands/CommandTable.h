@@ -11,10 +11,14 @@ namespace commands {
 struct CommandRow
 {
     enum class Undo { OneStep, Own }; // Own: it deals with the journal itself, or changes nothing
+    // Of the objects that are selected before it begins: a command that may run within another one leaves them
+    // selected, any other takes them or drops them.
+    enum class Preselection { TakenOrDropped, Kept };
 
     std::u16string_view name;
     Command (*run)(Context &context);
     Undo undo = Undo::OneStep;
+    Preselection preselection = Preselection::TakenOrDropped;
 };
 
 std::span<const CommandRow> commandTable();

@@ -5,6 +5,8 @@
 #include "host/commands/Session.h"
 #include "host/commands/Task.h"
 
+#include <utility>
+
 namespace commands {
 
 enum class Echo { Off, On };
@@ -36,12 +38,17 @@ public:
     }
     Echo echo() const { return m_echo; }
 
+    // What was selected before the command began. The first selection of the command takes it, none takes it later.
+    void preselect(Selection entities) { m_preselected = std::move(entities); }
+    Selection takePreselected() { return std::exchange(m_preselected, {}); }
+
 private:
     Session &m_session;
     Memory &m_memory;
     Questions m_questions;
     std::u16string m_name;
     Echo m_echo;
+    Selection m_preselected;
 };
 
 } // namespace commands

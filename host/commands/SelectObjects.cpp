@@ -170,7 +170,7 @@ Task<Selection> select(Context &context, Purpose purpose, Answers answers)
 {
     Collected collected(context, purpose);
     if (context.session().integer(u"PICKFIRST") != 0)
-        if (const Selection implied = context.session().takeImpliedSelection(); !implied.empty())
+        if (const Selection implied = context.takePreselected(); !implied.empty())
             collected.take(implied);
     bool wantsMore = collected.entities.empty();
     while (wantsMore) {

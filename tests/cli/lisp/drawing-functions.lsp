@@ -17,6 +17,13 @@
 (setq last-one (entlast))
 (command "_.select" line "")
 (show-all '((sslength (ssget "P")) (acet-ss-clear-prev) (ssget "P") (eq (entlast) last-one) (getvar "PICKFIRST")))
+(title "also while something is selected beforehand")
+(foreach pickfirst '(0 1)
+  (setvar "PICKFIRST" pickfirst)
+  (command "_.select" line "")
+  (sssetfirst nil (ssget "X"))
+  (show-all '((acet-ss-clear-prev) (ssget "P") (cadr (ssgetfirst)) (eq (entlast) last-one) (getvar "PICKFIRST")
+              (sslength (ssget "X")))))
 
 (title "what happens between begin and end is one step of undo")
 (setq before (entget line))

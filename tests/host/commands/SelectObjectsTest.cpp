@@ -132,4 +132,48 @@ TEST_F(SelectObjects, WithPickfirstOffTheCommandAfterSelectWaits)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
 }
 
+TEST_F(SelectObjects, WhatIsSelectedBeforehandIsTakenWithoutAsking)
+{
+    evaluate("(sssetfirst nil (ssadd (entlast))) (command \"_.erase\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    EXPECT_EQ(evaluate("(cadr (ssgetfirst))"), "nil");
+}
+
+TEST_F(SelectObjects, ACommandThatSelectsNothingDropsWhatIsSelectedBeforehand)
+{
+    evaluate("(sssetfirst nil (ssadd (entlast))) (command \"_.point\" \"9,9\")");
+    EXPECT_EQ(evaluate("(cadr (ssgetfirst))"), "nil");
+    evaluate("(command \"_.erase\" (entlast) \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(SelectObjects, ACommandThatAsksForMoreFirstTakesWhatIsSelectedBeforehand)
+{
+    evaluate("(sssetfirst nil (ssadd (entlast))) (command \"_.-block\" \"part\" \"0,0\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(SelectObjects, OnlyTheFirstSelectionOfACommandTakesWhatIsSelectedBeforehand)
+{
+    evaluate("(sssetfirst nil (ssget \"X\" '((0 . \"LINE\"))))");
+    evaluate("(command \"_.zoom\" \"_w\" '(0 0) '(8 5) \"_.trim\" '(1.29 1.29) \"\")"); // the line cuts, not the rest
+    EXPECT_EQ(evaluate("(cadr (ssgetfirst))"), "nil");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(SelectObjects, ACommandThatMayInterruptOthersLeavesObjectsSelected)
+{
+    evaluate("(sssetfirst nil (ssadd (entlast))) (command \"_.zoom\" \"_e\" \"'_.pan\" \"0,0\" \"1,1\")");
+    EXPECT_EQ(evaluate("(sslength (cadr (ssgetfirst)))"), "1");
+    evaluate("(command \"_.osmode\" 0 \"_.setvar\" \"ORTHOMODE\" 1)");
+    EXPECT_EQ(evaluate("(sslength (cadr (ssgetfirst)))"), "1");
+}
+
+TEST_F(SelectObjects, WithPickfirstOffWhatIsSelectedBeforehandIsDropped)
+{
+    evaluate("(setvar \"PICKFIRST\" 0) (sssetfirst nil (ssadd (entlast))) (command \"_.erase\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+    EXPECT_EQ(evaluate("(cadr (ssgetfirst))"), "nil");
+}
+
 } // namespace
