@@ -6,6 +6,9 @@ namespace commands {
 
 namespace {
 
+constexpr std::u16string_view NothingIsLeft = u"Everything has been undone.";
+constexpr std::u16string_view TransactionIsOpen = u"A transaction is open: nothing before it can be undone.";
+
 Command control(Context &context)
 {
     drawing::Journal &journal = context.database().journal();
@@ -23,25 +26,27 @@ Command control(Context &context)
 Command back(Context &context)
 {
     drawing::Journal &journal = context.database().journal();
-    if (!journal.hasMark()) {
+    if (!journal.hasMark() && !journal.isTransactionOpen()) {
         const auto confirmed =
             co_await context.ask().keyword({u"This will undo everything. OK? [Yes/No] <Y>: ", u"Yes No"});
         if (confirmed.is(u"No"))
             co_return;
     }
-    journal.undoToMark();
+    const drawing::Journal::UndoEnd end = journal.undoToMark();
     context.session().readVariables();
-    context.say(journal.undoableSteps() == 0 ? u"Everything has been undone." : u"Mark encountered.");
+    using enum drawing::Journal::UndoEnd;
+    context.say(end == Mark ? u"Mark encountered." : end == Transaction ? TransactionIsOpen : NothingIsLeft);
 }
 
 void undoSteps(Context &context, int steps)
 {
     if (steps < 1)
         throw CommandError{u"Value must be between 1 and 32767."};
-    const std::size_t undone = context.database().journal().undo(static_cast<std::size_t>(steps));
+    drawing::Journal &journal = context.database().journal();
+    const std::size_t undone = journal.undo(static_cast<std::size_t>(steps));
     context.session().readVariables();
     if (undone < static_cast<std::size_t>(steps))
-        context.say(u"Everything has been undone.");
+        context.say(journal.isTransactionOpen() ? TransactionIsOpen : NothingIsLeft);
 }
 
 } // namespace

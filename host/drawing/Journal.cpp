@@ -34,7 +34,7 @@ void Journal::remember(RecordId id)
         dropFrom(m_done);
         m_steps.resize(m_step + 1);
     }
-    if (isRemembered(id) || (m_recording == Recording::Off && m_transactions.empty()))
+    if (m_recording == Recording::Off || isRemembered(id))
         return;
     if (m_newest.size() <= id)
         m_newest.resize(m_store.records.size());
@@ -47,7 +47,7 @@ void Journal::remember(RecordId id)
 bool Journal::isRemembered(RecordId id) const
 {
     const std::size_t place = id < m_newest.size() ? m_newest[id] : m_images.size();
-    return place >= std::max(floor(), m_steps[m_step].begin) && place < m_images.size() && m_images[place].id == id;
+    return place >= m_steps[m_step].begin && place < m_images.size() && m_images[place].id == id;
 }
 
 void Journal::startStep()
@@ -119,14 +119,15 @@ std::size_t Journal::undo(std::size_t steps)
     return count;
 }
 
-std::size_t Journal::undoToMark()
+Journal::UndoEnd Journal::undoToMark()
 {
     endGroup();
-    for (std::size_t count = 0;; ++count) {
+    do {
         Step &step = m_steps[m_step];
-        if ((step.begin == m_done && std::exchange(step.marked, false)) || !undoStep())
-            return count;
-    }
+        if (step.begin == m_done && std::exchange(step.marked, false))
+            return UndoEnd::Mark;
+    } while (undoStep());
+    return isTransactionOpen() ? UndoEnd::Transaction : UndoEnd::Beginning;
 }
 
 std::size_t Journal::redo(std::size_t steps)
@@ -142,30 +143,10 @@ std::size_t Journal::redo(std::size_t steps)
     return count;
 }
 
-bool Journal::commitTransaction()
+void Journal::endTransaction()
 {
-    if (m_transactions.empty())
-        return false;
-    m_transactions.pop_back();
-    if (m_recording == Recording::Off && m_transactions.empty())
-        clear();
-    return true;
-}
-
-bool Journal::abortTransaction()
-{
-    if (m_transactions.empty())
-        return false;
-    const std::size_t begin = m_transactions.back();
-    m_transactions.pop_back();
-    if (m_done == begin)
-        return true;
-    takeBack(begin);
-    dropFrom(begin);
-    while (m_step > 0 && m_steps[m_step].begin > begin)
-        --m_step;
-    m_steps.resize(m_step + 1);
-    return true;
+    if (isTransactionOpen())
+        m_transactions.pop_back();
 }
 
 void Journal::dropFrom(std::size_t begin)
@@ -177,7 +158,7 @@ void Journal::dropFrom(std::size_t begin)
 
 void Journal::setRecording(Recording recording)
 {
-    if (recording == Recording::Off && m_transactions.empty())
+    if (recording == Recording::Off)
         clear();
     m_recording = recording;
 }

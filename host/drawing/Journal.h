@@ -22,12 +22,13 @@ struct RecordStore
 // records are what they were.
 //
 // Steps: undo(1) takes one step back. Commands begin one each with nextStep(), which does nothing while a group is
-// open, so that a group is one step. Steps in which nothing changed do not count. Transactions nest; an undo never
-// reaches behind the start of one that is open.
+// open, so that a group is one step. Steps in which nothing changed do not count. Transactions nest and keep their
+// changes; an undo never reaches behind the start of one that is open.
 class Journal
 {
 public:
     enum class Recording { On, Off };
+    enum class UndoEnd { Mark, Beginning, Transaction }; // where an undo stopped
 
     explicit Journal(RecordStore &store) : m_store(store) {}
 
@@ -46,15 +47,15 @@ public:
     void setMark(); // here: before the next step
     bool hasMark() const;
     std::size_t undo(std::size_t steps = 1); // gives how many were undone; ends an open group
-    std::size_t undoToMark();                // also removes the mark; without a mark everything
+    UndoEnd undoToMark();                    // also removes the mark; without a mark everything
     std::size_t redo(std::size_t steps = 1); // possible until the next change
 
     void startTransaction() { m_transactions.push_back(m_done); }
-    bool commitTransaction(); // keeps the changes; false when none is open
-    bool abortTransaction();  // takes the changes back, which cannot be redone
-    std::size_t openTransactions() const { return m_transactions.size(); }
+    void endTransaction(); // the innermost; nothing when none is open
+    void endTransactions() { m_transactions.clear(); }
+    bool isTransactionOpen() const { return !m_transactions.empty(); }
 
-    // Off forgets what could be undone; transactions work all the same.
+    // Off forgets what could be undone.
     void setRecording(Recording recording);
     Recording recording() const { return m_recording; }
     void clear();

@@ -336,8 +336,11 @@ void Machine::noteError(LispError &error)
 {
     if (!std::exchange(error.traced, true) && error.trace.empty())
         error.trace = backTrace();
-    if (m_catchDepth == 0 && !m_inErrorHandler && !std::exchange(error.offered, true))
-        callErrorHandler(error);
+    if (m_catchDepth > 0 || m_inErrorHandler || std::exchange(error.offered, true))
+        return;
+    callErrorHandler(error);
+    if (m_owner)
+        m_owner->programFailed();
 }
 
 // While *error* runs: it has room of its own, and its errors do not call it again.

@@ -48,6 +48,10 @@ protected:
 // Machine::owner().
 class MachineOwner
 {
+public:
+    // An error that nothing caught ends the program, after its *error* has run.
+    virtual void programFailed() {}
+
 protected:
     ~MachineOwner() = default;
 };

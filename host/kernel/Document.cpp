@@ -79,6 +79,11 @@ std::u16string Document::currentLayer() const
     return std::get<std::u16string>(m_variables.get(*findVariable(u"CLAYER")));
 }
 
+void Document::programFailed()
+{
+    m_openDrawing->drawing.database().journal().endTransactions();
+}
+
 bool Document::isPaperSpaceCurrent() const
 {
     return std::get<int>(m_variables.get(*findVariable(u"TILEMODE"))) == 0 && currentViewport() == drawing::NoRecord;

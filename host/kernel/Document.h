@@ -26,6 +26,7 @@ public:
     CFxUserInput *userInput() override { return &m_userInput; }
     QWidget *window() override;
     lisp::Machine &machine() { return m_machine; }
+    void programFailed() override; // ends the transactions that the program has left open
     HostServices &services() { return m_services; }
     SystemVariables &variables() { return m_variables; }
     Prompter &prompter() { return m_lispHost.prompter(); }

@@ -103,7 +103,7 @@ void DrawingDatabase::startTransaction()
 
 void DrawingDatabase::endTransaction()
 {
-    m_drawing.database().journal().commitTransaction();
+    m_drawing.database().journal().endTransaction();
 }
 
 OdDbObjectId DrawingDatabase::objectId(const LispName &name)

@@ -59,6 +59,8 @@ TEST_F(UndoCommands, BackGoesToTheMark)
     eraseLast();
     evaluate("(command \"_.undo\" \"_back\")");
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.undo\" \"_mark\" \"_.undo\" \"_back\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Mark encountered."));
 }
 
 TEST_F(UndoCommands, BackWithoutMarkAsksBeforeEverythingIsUndone)
@@ -68,6 +70,44 @@ TEST_F(UndoCommands, BackWithoutMarkAsksBeforeEverythingIsUndone)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
     evaluate("(command \"_.undo\" \"_back\" \"_yes\")");
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(UndoCommands, NothingBeforeAnOpenTransactionIsUndone)
+{
+    eraseLast();
+    database().journal().startTransaction();
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.u\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("A transaction is open: nothing before it can be undone."));
+    evaluate("(command \"_.undo\" \"_back\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("A transaction is open: nothing before it can be undone."));
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+}
+
+TEST_F(UndoCommands, AnErrorThatEndsTheProgramEndsItsTransactionsAndKeepsTheirChanges)
+{
+    eraseLast();
+    database().journal().startTransaction();
+    database().journal().startTransaction();
+    eraseLast();
+    EXPECT_EQ(evaluate("(car 5)"), "error: bad argument type: consp 5");
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+    evaluate("(command \"_.undo\" 2)");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(UndoCommands, AnErrorThatTheProgramCatchesLeavesItsTransactionOpen)
+{
+    database().journal().startTransaction();
+    evaluate("(vl-catch-all-apply 'car '(5))");
+    EXPECT_TRUE(database().journal().isTransactionOpen());
+}
+
+TEST_F(UndoCommands, TheErrorHandlerOfTheProgramRunsWithinItsTransaction)
+{
+    database().journal().startTransaction();
+    evaluate("(defun *error* (message) (entdel (entlast))) (car 5)");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
+    EXPECT_FALSE(database().journal().isTransactionOpen());
 }
 
 TEST_F(UndoCommands, ControlSwitchesUndoOffAndOn)
