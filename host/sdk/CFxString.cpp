@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 #include <utility>
 
@@ -20,6 +21,24 @@ QChar decoded(char character)
     const auto code = static_cast<unsigned char>(character);
     const bool special = code >= 0x80 && code < 0xA0 && windows1252From80[code - 0x80] != 0;
     return special ? QChar(windows1252From80[code - 0x80]) : QChar(static_cast<char16_t>(code));
+}
+
+// Takes the first character off the text. One that the code page lacks stands as \U+XXXX, as in drawings.
+QChar takeCharacter(std::string_view &text)
+{
+    constexpr std::string_view escape = "\\U+";
+    constexpr std::size_t escapeLength = escape.size() + 4;
+    if (text.size() >= escapeLength && text.starts_with(escape)) {
+        const char *end = text.data() + escapeLength;
+        std::uint16_t code = 0;
+        if (std::from_chars(text.data() + escape.size(), end, code, 16).ptr == end) {
+            text.remove_prefix(escapeLength);
+            return QChar(code);
+        }
+    }
+    const QChar character = decoded(text.front());
+    text.remove_prefix(1);
+    return character;
 }
 
 int ordinalCompare(const QString &left, const QString &right)
@@ -67,9 +86,11 @@ CFxString::~CFxString() = default;
 
 CFxString CFxString::from_ansi_str(const char *text)
 {
-    const std::string_view characters(text != nullptr ? text : "");
-    QString result(static_cast<qsizetype>(characters.size()), Qt::Uninitialized);
-    std::transform(characters.cbegin(), characters.cend(), result.begin(), decoded);
+    std::string_view rest(text != nullptr ? text : "");
+    QString result;
+    result.reserve(static_cast<qsizetype>(rest.size()));
+    while (!rest.empty())
+        result += takeCharacter(rest);
     return CFxString(result);
 }
 

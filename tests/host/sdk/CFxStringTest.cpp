@@ -28,6 +28,13 @@ TEST(CFxString, DecodesAnsiTextAsWindows1252)
     EXPECT_EQ(CFxString::from_ansi_str(nullptr).toQString(), QString());
 }
 
+TEST(CFxString, ReadsWhatEightBitTextLacksFromItsEscapes)
+{
+    EXPECT_EQ(CFxString::from_ansi_str("\\U+0416x\\U+D83D\\U+DE00").toQString(), u"\u0416x\U0001F600"_qs);
+    for (const char *noEscape : {"\\U+041", "\\U+04g6", "\\u+0416", "\\U+-041", "\\U+"})
+        EXPECT_EQ(CFxString::from_ansi_str(noEscape).toQString(), QString::fromLatin1(noEscape));
+}
+
 TEST(CFxString, TheAllocatedLengthCountsUnitsWithoutTheTerminator)
 {
     EXPECT_EQ(CFxString(u"a\U0001F4D0").getAllocLength(), 3);
