@@ -1,8 +1,8 @@
 #include "storage/AtomicFile.h"
 
+#include "storage/AbandonedFiles.h"
 #include "storage/SyncedWrite.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -68,9 +68,7 @@ QString syncFolder([[maybe_unused]] const QString &folder)
 
 QString nameBeside(const QFileInfo &target, Writers writers)
 {
-    const QString own =
-        writers == Writers::Free ? QStringLiteral(".%1").arg(QCoreApplication::applicationPid()) : QString();
-    return target.filePath() + own + QStringLiteral(".new");
+    return writers == Writers::Free ? ownFileBeside(target) : target.filePath() + QStringLiteral(".new");
 }
 
 QString prepare(const QString &name, const QFileInfo &target, const ContentWriter &write)
@@ -115,6 +113,8 @@ std::unique_ptr<PreparedFile> PreparedFile::make(const QString &path, const Cont
 {
     const QString linked = QFileInfo(path).canonicalFilePath(); // empty when there is no file
     const QFileInfo target(linked.isEmpty() ? path : linked);
+    if (writers == Writers::Free)
+        removeAbandonedFiles(target);
     const QString beside = nameBeside(target, writers);
     if (!report(path, prepare(beside, target, write), failure))
         return nullptr;

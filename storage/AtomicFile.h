@@ -17,9 +17,9 @@ enum class Writers { Locked, Free };
 //
 // Where the caller holds the file's FileLock, the new content always goes to the same file beside, FILE.new, and what a
 // killed process left there is overwritten. Without a lock each process has a file beside of its own, and the last one
-// to write has its say. QSaveFile would leave a file of another name behind each time, and takes a failed sync for a
-// success. A symbolic link stays one; what it leads to is replaced, and keeps its permissions. A file that may not be
-// written is not replaced, though its folder would allow it.
+// to write has its say; what a killed one left is removed by the next. QSaveFile would leave a file of another name
+// behind each time, and takes a failed sync for a success. A symbolic link stays one; what it leads to is replaced, and
+// keeps its permissions. A file that may not be written is not replaced, though its folder would allow it.
 bool replaceFile(const QString &path, const QByteArray &content, QString &failure, Writers writers = Writers::Locked);
 
 // The same for content that is written piece by piece.

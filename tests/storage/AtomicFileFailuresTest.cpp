@@ -3,30 +3,12 @@
 #include "storage/AtomicFile.h"
 
 #include "tests/storage/StorageTest.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/Unprivileged.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
-
-// No file can grow beyond this while it lives: writing more fails as on a full disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before = {};
-};
 
 class AtomicFileFailures : public StorageTest
 {

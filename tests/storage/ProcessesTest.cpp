@@ -65,6 +65,24 @@ TEST_F(Processes, KilledWritersLeaveTheOldContentOrTheNew)
     EXPECT_NE(contentOf(u"a"_qs).front(), '0'); // the writers did write
 }
 
+TEST_F(Processes, WhatKilledOnesWithoutALockLeftIsRemovedByTheNext)
+{
+    const pid_t dead = start([] {}), living = start([] { pause(); });
+    ASSERT_TRUE(endsWell(dead));
+    const QString left = u"a.%1.new"_qs.arg(dead), others = u"b.%1.new"_qs.arg(dead), busy = u"a.%1.new"_qs.arg(living);
+    const QStringList kept = {u"a"_qs, busy, u"a.new"_qs, u"a.x.new"_qs, others};
+    for (const QString &name : QStringList(kept) << left)
+        write(name, "old");
+    EXPECT_TRUE(replaceFile(path(u"a"_qs), "new", m_failure, Writers::Locked));
+    write(u"a.new"_qs, "old"); // which was overwritten and renamed
+    EXPECT_TRUE(names().contains(left));
+    EXPECT_TRUE(replaceFile(path(u"a"_qs), "new", m_failure, Writers::Free));
+    QStringList sorted = kept;
+    sorted.sort();
+    EXPECT_EQ(names(), sorted);
+    killAfter(living, 0);
+}
+
 TEST_F(Processes, NoneOfTheChangesMadeUnderTheLockIsLost)
 {
     constexpr int Writers = 4, Changes = 100;
