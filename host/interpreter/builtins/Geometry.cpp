@@ -1,9 +1,9 @@
 // Points and angles: angle, distance, polar, inters. Points are lists of two or three numbers.
 
 #include "host/interpreter/Builtins.h"
+#include "host/interpreter/Direction.h"
 
 #include <cmath>
-#include <numbers>
 #include <optional>
 
 namespace lisp {
@@ -41,12 +41,10 @@ Value makePoint(Machine &machine, const Point &point)
     return list.list();
 }
 
-// From the X axis, counter-clockwise, 0 <= angle < 2 pi.
 Value angle(Machine &, Args arguments)
 {
     const Point from = pointOf(arguments[0]), to = pointOf(arguments[1]);
-    const double result = std::atan2(to.y - from.y, to.x - from.x);
-    return Value::real(result < 0 ? result + 2 * std::numbers::pi : result);
+    return Value::real(directionOf(to.x - from.x, to.y - from.y));
 }
 
 Value distance(Machine &, Args arguments)

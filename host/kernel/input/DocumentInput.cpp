@@ -11,8 +11,12 @@ int DocumentInput::initGet(int bits, const char16_t *keywords)
 
 int DocumentInput::getPoint(const char16_t *prompt, const LispPoint *base, LispPoint *result, CFxString *keyword)
 {
+    m_prompter.letOtherInputThrough();
     const int status = m_prompter.point(prompt ? prompt : u"", base, *result);
-    if (status == StatusKeyword && keyword)
-        *keyword = CFxString(m_prompter.lastInput().c_str());
-    return status;
+    const bool isEnter = status == StatusNoInput;
+    if (status != StatusKeyword && !isEnter)
+        return status;
+    if (keyword)
+        *keyword = isEnter ? CFxString() : CFxString(m_prompter.lastInput().c_str());
+    return StatusKeyword;
 }

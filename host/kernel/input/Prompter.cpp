@@ -1,5 +1,6 @@
 #include "host/kernel/input/Prompter.h"
 
+#include "host/interpreter/Direction.h"
 #include "host/kernel/HostServices.h"
 #include "lisp/LispStatus.h"
 
@@ -30,8 +31,7 @@ std::optional<std::u16string_view> complaintAbout(double value, int bits)
 
 double directionFrom(const LispPoint &from, const LispPoint &to)
 {
-    const double direction = std::atan2(to.y - from.y, to.x - from.x);
-    return direction < 0 ? direction + 2 * std::numbers::pi : direction;
+    return lisp::directionOf(to.x - from.x, to.y - from.y);
 }
 
 double distanceBetween(const LispPoint &from, const LispPoint &to)

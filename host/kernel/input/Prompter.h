@@ -36,6 +36,9 @@ public:
 
     void initGet(int bits, std::u16string_view keywords) { m_options = {bits, lisp::Keywords(keywords)}; }
 
+    // The next request takes text that is neither value nor keyword as it stands, instead of asking again.
+    void letOtherInputThrough() { m_options.bits |= InputOptions::ArbitraryInput; }
+
     int integer(std::u16string_view prompt, std::int32_t &value); // -32768 to 32767
     int real(std::u16string_view prompt, double &value);
     // Text is never a keyword, and Enter alone is the empty text. Without blanks the text ends at the first one.
