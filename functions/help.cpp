@@ -20,7 +20,7 @@ enum ExtendedDataCode : int {
     ExtendedLong = 1071,
 };
 
-char16_t urlApplication[] = u"PE_URL";
+constexpr char16_t urlApplication[] = u"PE_URL";
 
 // The help file's full path where the host finds it, else its bare name.
 QString helpFile()

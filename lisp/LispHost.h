@@ -45,7 +45,7 @@ public:
 
     // Type codes and values in turn, ended by a code of 0 or TypeNone (the narrow form by TypeNone alone). Integers as
     // int, reals as double, strings as text; points and names by address; no value after TypeListBegin, TypeListEnd,
-    // TypeDot, TypeNil and TypeTrue.
+    // TypeDot, TypeNil, TypeTrue and -3, where the extended data of an entity begin.
     virtual resbuf *buildListNarrow(int firstCode, ...) = 0;
     virtual resbuf *buildList(int firstCode, ...) = 0;
     virtual resbuf *newRb(int typeCode) = 0; // one node, its value all zero

@@ -1,8 +1,9 @@
-// Calls, arguments, results, evaluation and the command line. What needs a drawing or a person is in
-// UnavailableServices.cpp.
+// Calls, arguments, results, evaluation, messages and the help that modules register. Variables, input, the drawing,
+// commands and windows are in the …Operations.cpp beside; what this host does not have, in UnavailableServices.cpp.
 
 #include "host/kernel/SubstituteLispHost.h"
 
+#include "host/interpreter/Direction.h"
 #include "host/interpreter/FileSearch.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/ArgumentList.h"
@@ -14,9 +15,7 @@
 #include "sdk/fx/CFxString.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
-#include <numbers>
 
 using lisp::Args;
 using lisp::External;
@@ -247,13 +246,15 @@ int SubstituteLispHost::findFile(const char16_t *name, char16_t *resultPath)
 
 double SubstituteLispHost::angle(const LispPoint *from, const LispPoint *to)
 {
-    const double direction = std::atan2(to->y - from->y, to->x - from->x);
-    return direction < 0 ? direction + 2 * std::numbers::pi : direction;
+    return lisp::directionOf(to->x - from->x, to->y - from->y);
 }
 
-// Help is looked up by the name of a command: what was registered last holds.
+// Nobody looks help up here; what was registered is seen in the transcript.
 int SubstituteLispHost::helpTrap(const char16_t *first, const char16_t *helpFile, const char16_t *topic)
 {
-    m_helpTopics[first] = {helpFile, topic};
+    m_services.transcript.write(TranscriptEvent(u"help")
+                                    .add(u"name", QStringView(first).toString())
+                                    .add(u"file", QStringView(helpFile).toString())
+                                    .add(u"topic", QStringView(topic).toString()));
     return StatusNormal;
 }

@@ -6,7 +6,6 @@
 #include "host/kernel/input/Prompter.h"
 #include "lisp/LispHost.h"
 
-#include <map>
 #include <string>
 
 class SystemVariables;
@@ -79,13 +78,6 @@ public:
     int namedObjDict(LispName *dictionary) override;
     void prependRb(resbuf *list, int typeCode, void *value) override;
 
-    struct HelpTopic
-    {
-        std::u16string file, topic;
-    };
-    // What modules have registered, by the name that it is for.
-    const std::map<std::u16string, HelpTopic> &helpTopics() const { return m_helpTopics; }
-
 private:
     int setResult(lisp::Value value);
     resbuf *nodesOf(lisp::Value value);
@@ -95,6 +87,5 @@ private:
     SystemVariables &m_variables;
     Prompter m_prompter;
     NodePool m_pool;
-    std::map<std::u16string, HelpTopic> m_helpTopics;
     CallFrame *m_frame = nullptr; // of the running call; null between calls
 };

@@ -20,9 +20,6 @@ using Operations = std::vector<std::string>;
 std::string operation(const char *name, const QString &text);
 std::string operation(const char *name, const char *text); // UTF-8
 
-// An interpreter that does nothing but write down, in order, what is asked of it. It answers every operation with
-// StatusNormal unless told otherwise. A test fails when an operation is not preceded by a fetch of the document and of
-// its interpreter, or when a node is released twice.
 // The codes of a list with its texts, integers and points, each behind a blank.
 std::string describeList(const resbuf *list);
 
@@ -35,6 +32,7 @@ struct HostReplies
     std::u16string text;                     // getString
     LispPoint point{};                       // dragSelection; getEntityExtents, the minimum
     LispPoint otherPoint{};                  // getEntityExtents, the maximum
+    LispPoint angleFrom{}, angleTo{};        // what angle was called with
     LispName name{};                         // namedObjDict; what the object id was asked for
     resbuf *list = nullptr;                  // dictSearch, entGet, entGetX
     resbuf *tableRecord = nullptr;           // tblSearch
@@ -43,6 +41,9 @@ struct HostReplies
     OdDbObjectId objectId;
 };
 
+// An interpreter that does nothing but write down, in order, what is asked of it. It answers every operation with
+// StatusNormal unless told otherwise. A test fails when an operation is not preceded by a fetch of the document and of
+// its interpreter, or when a node is released twice.
 class RecordingHost final : public LispHost, private CFxDocument, private HostSdk::ActiveDocumentProvider
 {
 public:

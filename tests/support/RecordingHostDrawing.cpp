@@ -47,6 +47,8 @@ int RecordingHost::getVar(const char16_t *name, resbuf *value)
 double RecordingHost::angle(const LispPoint *from, const LispPoint *to)
 {
     record("angle");
+    replies.angleFrom = *from;
+    replies.angleTo = *to;
     return std::atan2(to->y - from->y, to->x - from->x);
 }
 

@@ -18,7 +18,7 @@ public:
 class TranscriptEvent
 {
 public:
-    // The kind of event: request, dialog, window, progress, shell, beep.
+    // The kind of event: request, dialog, window, progress, shell, beep, help.
     explicit TranscriptEvent(QStringView kind);
 
     TranscriptEvent &add(QStringView name, const QJsonValue &value);

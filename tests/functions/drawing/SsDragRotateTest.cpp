@@ -43,6 +43,14 @@ TEST_F(SsDragRotate, A2dPointAsTheBasePointIsAcceptedWithItsThirdDoubleAsItStand
     base.value.point.z = 9;
     host().replies.point = {0, -1, 0};
     EXPECT_EQ(call(acetSsDragRotate, {set, base}).at(3), angle(-Pi / 2));
+    EXPECT_EQ(host().replies.angleFrom.z, 9);
+    LispMatrix matrix{};
+    host().replies.drag = [&](DragTransform transform) {
+        const LispPoint cursor{1, 0, 0};
+        transform(&cursor, &matrix);
+        EXPECT_EQ(host().replies.angleTo.z, 9);
+    };
+    EXPECT_EQ(call(acetSsDragRotate, {set}).at(2), "angle"); // of the transform, which has the base of the call before
 }
 
 TEST_F(SsDragRotate, ThePromptReplacesTheDefault)

@@ -1,6 +1,10 @@
 #include "sdk/oda/OdCmEntityColor.h"
 
+#include "host/palette/Palette.h"
+
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace {
 
@@ -48,6 +52,19 @@ TEST(OdCmEntityColor, TheGreysStandAtTheEnd)
     EXPECT_EQ(lookUp(132, 132, 132), 252);
     EXPECT_EQ(lookUp(173, 173, 173), 253);
     EXPECT_EQ(lookUp(214, 214, 214), 254);
+}
+
+TEST(OdCmEntityColor, EveryColourOfThePaletteIsFoundExactly)
+{
+    const auto number = [](const palette::Color &color) { return color.red << 16 | color.green << 8 | color.blue; };
+    std::map<int, int> lowest; // index by colour: some colours stand in the palette twice
+    for (int index = 255; index > 0; --index)
+        lowest[number(palette::colors[static_cast<std::size_t>(index)])] = index;
+    EXPECT_EQ(palette::colors[255].red, 255);
+    for (std::size_t index = 1; index < palette::Count; ++index) {
+        const palette::Color &color = palette::colors[index];
+        EXPECT_EQ(lookUp(color.red, color.green, color.blue), lowest[number(color)]) << index;
+    }
 }
 
 TEST(OdCmEntityColor, WhatLiesBetweenGoesToTheNearest)
