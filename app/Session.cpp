@@ -66,8 +66,10 @@ int Session::finish(int status)
 
 bool Session::save(QString &failure) const
 {
+    const bool keepsBackup = m_document->session().integer(u"ISAVEBAK") != 0;
     return m_saveFile.isEmpty() ||
-           drawing::saveDrawing(m_document->drawing().database(), m_saveFile, drawing::Backup::None, failure);
+           drawing::saveDrawing(m_document->drawing().database(), m_saveFile,
+                                keepsBackup ? drawing::Backup::Keep : drawing::Backup::None, failure);
 }
 
 bool Session::plot(QString &failure) const

@@ -7,8 +7,8 @@ LAYERS = 20
 
 
 def common(handle: int, kind: str, subclass: str) -> str:
-    return (f"  0\n{kind}\n  5\n{handle:X}\n330\n1F\n100\nAcDbEntity\n  8\nLayer{handle % LAYERS}\n 62\n{handle % 7 + 1:6d}\n"
-            f"100\n{subclass}\n")
+    return (f"  0\n{kind}\n  5\n{handle:X}\n330\n1F\n100\nAcDbEntity\n  8\nLayer{handle % LAYERS}\n"
+            f"  6\nContinuous\n 62\n{handle % 7 + 1:6d}\n 48\n1.0\n370\n    25\n100\n{subclass}\n")
 
 
 def entity(handle: int) -> str:

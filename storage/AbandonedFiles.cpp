@@ -11,7 +11,7 @@
 
 namespace {
 
-const QString suffix = QStringLiteral(".new");
+constexpr QLatin1String Suffix(".new");
 
 #ifdef _WIN32
 // The system does not remove a file that a process has open: to try is enough.
@@ -30,20 +30,21 @@ bool isAlive(int process)
 
 QString ownFileBeside(const QFileInfo &target)
 {
-    return QStringLiteral("%1.%2%3").arg(target.filePath(), QString::number(QCoreApplication::applicationPid()),
-                                         suffix);
+    return target.filePath() + u'.' + QString::number(QCoreApplication::applicationPid()) + Suffix;
 }
 
 void removeAbandonedFiles(const QFileInfo &target)
 {
     const QString prefix = target.fileName() + u'.';
-    QDirIterator files(target.absolutePath(), {u'*' + suffix}, QDir::Files | QDir::Hidden);
+    QDirIterator files(target.absolutePath(), {u'*' + QString(Suffix)}, QDir::Files | QDir::Hidden);
     while (files.hasNext()) {
         const QString path = files.next(), name = files.fileName();
-        if (!name.startsWith(prefix))
-            continue;
+        QStringView number = QStringView(name).mid(prefix.size());
+        if (!name.startsWith(prefix) || !number.endsWith(Suffix))
+            continue; // also FILE.new, which a process with a lock writes
+        number.chop(Suffix.size());
         bool isNumber = false;
-        const int process = QStringView(name).mid(prefix.size()).chopped(suffix.size()).toInt(&isNumber);
+        const int process = number.toInt(&isNumber);
         if (isNumber && process > 0 && !isAlive(process))
             QFile::remove(path);
     }

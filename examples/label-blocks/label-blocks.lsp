@@ -17,18 +17,10 @@
   (if (setq place (getpoint (value 10 (entget block)) "\nPlace of the label: "))
     (entmake (list '(0 . "TEXT") (cons 10 place) '(40 . 2.5) (cons 1 text)))))
 
-;; Programs find an entity's hyperlink in its extended data.
-(defun link (block address)
-  (regapp "PE_URL")
-  (entmod (append (entget block) (list (list -3 (list "PE_URL" (cons 1000 address)))))))
-
-(defun hyperlink (block)
-  (value 1000 (cdr (assoc "PE_URL" (cdr (assoc -3 (entget block '("PE_URL"))))))))
-
 (defun report (blocks)
   (foreach block (reverse blocks)
     (princ (acet-str-format "\n%1: turned by %2 degrees, %3" (value 2 (entget block))
-                            (angtos (value 50 (entget block)) 0 1) (hyperlink block)))))
+                            (angtos (value 50 (entget block)) 0 1) (geturl block)))))
 
 (defun c:label-blocks (/ pick block name number blocks)
   (setq number 0)
@@ -38,6 +30,6 @@
           (T (setq number (1+ number) blocks (cons block blocks))
              (turn block)
              (label block (acet-str-format "%1-%2" name number))
-             (link block (acet-str-format catalogue (strcase name T) number)))))
+             (seturl block (acet-str-format catalogue (strcase name T) number)))))
   (report blocks)
   (princ))

@@ -28,8 +28,9 @@ Command confirmReplacing(Context &context, const QString path)
 
 void writeDrawing(Context &context, const drawing::Database &database, const QString &path)
 {
+    const bool keepsBackup = context.session().integer(u"ISAVEBAK") != 0;
     QString failure;
-    if (!drawing::saveDrawing(database, path, drawing::Backup::None, failure))
+    if (!drawing::saveDrawing(database, path, keepsBackup ? drawing::Backup::Keep : drawing::Backup::None, failure))
         throw CommandError{failure.toStdU16String()};
     context.say(u"Saved as " + path.toStdU16String());
 }

@@ -70,6 +70,13 @@ class Dialogs(LispHostTest):
         _, events = self.run_with("", '(acet-ui-progress "\ufeffCopying" 100)', "(acet-ui-progress)")
         self.assertEqual([event["label"] for event in events], ["\ufeffCopying"] * 2)
 
+    def test_registered_help_is_noted(self):
+        _, events = self.run_with("", '(acet-help-trap "DOOR" "doors")', '(acet-help-trap "WALL" "walls" "own.chm")',
+                                  '(acet-help-trap "ROOF")', "(acet-help-trap 5)")
+        self.assertEqual(events, [{"event": "help", "name": "DOOR", "file": "WexoTools.chm", "topic": "doors"},
+                                  {"event": "help", "name": "WALL", "file": "own.chm", "topic": "walls"},
+                                  {"event": "help", "name": "ROOF", "file": "", "topic": ""}])
+
     def test_each_step_of_the_progress_meter_is_noted(self):
         _, events = self.run_with("", '(acet-ui-progress "Copying" 100)', "(acet-ui-progress 50)", "(acet-ui-progress)")
         self.assertEqual([(event["event"], event["call"], event["label"], event["position"]) for event in events],

@@ -65,6 +65,17 @@ class Drawing(LispHostTest):
         self.lisphost("eval", "--drawing", "old.dxf", "--save", "new.dxf", "1")
         self.assertEqual(sorted(path.name for path in self.folder.glob("*.dxf*")), ["new.dxf", "old.dxf"])
 
+    def test_what_is_replaced_is_kept_when_a_program_asks_for_it(self):
+        self.write("old.dxf", R12)
+        self.lisphost("eval", "--drawing", "old.dxf", "--save", "old.dxf", '(setvar "ISAVEBAK" 1)', "(entdel (entnext))")
+        self.assertEqual((self.folder / "old.bak").read_text(), R12)
+        changed = (self.folder / "old.dxf").read_text()
+        self.assertNotIn("LINE", changed)
+        self.lisphost("eval", "--drawing", "old.dxf", '(setvar "ISAVEBAK" 1)', '(setvar "CMDECHO" 0)',
+                      "(entmake '((0 . \"POINT\") (10 1 2)))", '(command "_.qsave")')
+        self.assertEqual((self.folder / "old.bak").read_text(), changed)
+        self.assertIn("POINT", (self.folder / "old.dxf").read_text())
+
     def test_a_program_that_fails_saves_nothing(self):
         self.write("old.dxf", R12)
         outcome = self.lisphost("eval", "--drawing", "old.dxf", "--save", "old.dxf", "(entdel (entnext))", "(car 5)")
@@ -96,6 +107,15 @@ class Drawing(LispHostTest):
                   f"drawing.saveas({str(path)!r})")
         subprocess.run([READER, "-c", script], check=True)
         self.assert_gives(self.lisphost("eval", "--drawing", "linked.dxf", "(geturl (entnext))"), '"https://other.example"\n')
+
+    def test_attribute_definitions_of_several_lines_are_told_from_others(self):
+        path = self.folder / "attributes.dxf"
+        script = (f"import ezdxf; drawing = ezdxf.new('R2018'); model = drawing.modelspace(); model.add_attdef('ONE', (0, 0)); "
+                  f"model.add_attdef('MORE', (0, 0)).set_mtext(ezdxf.new('R2018').modelspace().add_mtext('a')); "
+                  f"drawing.saveas({str(path)!r})")
+        subprocess.run([READER, "-c", script], check=True)
+        self.assert_gives(self.lisphost("eval", "--drawing", path, "(_vorns_util (entnext))", "(_vorns_util (entlast))",
+                                        "(_vorns_util (entlast) 0)", "(_vorns_util (entlast) 0.5)"), "nil\nT\nnil\nT\n")
 
     def test_what_is_beside_the_drawing_is_found(self):
         self.write("plans/old.dxf", R12)

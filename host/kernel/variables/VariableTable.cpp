@@ -146,6 +146,7 @@ constexpr VariableRow table[] = {
     {u"INSUNITSDEFSOURCE", Integer, u"4", Session, ReadWrite, 0, 24},
     {u"INSUNITSDEFTARGET", Integer, u"4", Session, ReadWrite, 0, 24},
     {u"INTELLIGENTUPDATE", Integer, u"20", Session, ReadWrite, 0, 100},
+    {u"ISAVEBAK", Integer, u"0", Session, ReadWrite, 0, 1}, // programs ask for backups
     {u"LASTANGLE", Real, u"0", Session, ReadOnly},
     {u"LASTPOINT", Point3d, u"0,0,0"},
     {u"LASTPROMPT", Text, u"", Session, ReadOnly},

@@ -49,3 +49,11 @@
 (title "registered help")
 (show-all '((acet-help-trap "CMD" "topic") (acet-help-trap "CMD") (acet-help-trap "CMD" "topic" "own.chm") (acet-help-trap)
             (acet-help-trap 5)))
+
+(title "hyperlinks of any characters; an escape in a text of the drawing is the character that it stands for")
+(setq point (entmakex '((0 . "POINT") (10 1 2))))
+(show-all '((geturl point) (seturl point "https://пример.example/Ж/€/😀") (geturl point) (seturl point "a\\U+0041b")
+            (geturl point) (seturl point "\\u+0041\\U+04") (geturl point)))
+
+(title "and what cannot have one")
+(show-all '((entdel point) (seturl point "x") (geturl point) (seturl point) (seturl "x" "y") (geturl) (geturl 5)))
