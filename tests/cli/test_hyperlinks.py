@@ -57,7 +57,8 @@ EACH = """
   (setq entity (entnext))
   (while entity
     (setq data (entget entity))
-    (if (not (member (cdr (assoc 0 data)) '("SEQEND" "VERTEX"))) (action entity (cdr (assoc 0 data)) (cdr (assoc 5 data))))
+    (if (not (member (cdr (assoc 0 data)) '("SEQEND" "VERTEX")))
+      (apply action (list entity (cdr (assoc 0 data)) (cdr (assoc 5 data)))))
     (setq entity (entnext entity))))
 """
 SET = EACH + """

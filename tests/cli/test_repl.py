@@ -38,6 +38,14 @@ class Repl(LispHostTest):
         terminal.wait_for_prompt(r"\n6\n")
         self.leave(terminal)
 
+    def test_an_error_ends_the_transaction_that_it_leaves_open(self):
+        terminal = self.open("repl")
+        terminal.type('(progn (setvar "CMDECHO" 0) (command "_.point" "1,2") (startAddTableTransaction) (car 5))\n')
+        terminal.wait_for("error: bad argument type")
+        terminal.type('(progn (command "_.u") (if (entlast) "still there" "undone"))\n')
+        terminal.wait_for_prompt(r'\n"undone"\n')
+        self.leave(terminal)
+
     def test_a_stray_parenthesis_does_not_end_the_session(self):
         terminal = self.open("repl")
         terminal.type(")\n")

@@ -41,6 +41,9 @@ ON_WINDOWS = {
         r'"Z:/.*/drawings/report\.txt"',
 }
 
+# Stands behind the output of each example. Where the user answers, prompts stand before the value.
+END, END_MARK = "(progn (princ (chr 30)) (princ))", "\x1e"
+
 VALUE = re.compile(r';\s+("(?:[^"\\]|\\.)*"|\([^)]*\)|[^\s,:]+)')
 
 
@@ -99,16 +102,18 @@ def failures(lisphost, directory, found, answers):
     """What the examples of one heading print, where it is not what the page says."""
     answers_file = directory / "answers.txt"
     answers_file.write_text("".join(f"{line}\n" for line in answers), encoding="utf-8")
-    command = [lisphost, "eval", *(expression for expression, _ in found), "--answers", str(answers_file)]
+    expressions = [part for expression, _ in found for part in (expression, END)]
+    command = [lisphost, "eval", *expressions, "--answers", str(answers_file)]
     environment = os.environ | {"LISPHOST_PROFILE": str(directory / "profile")}
     result = subprocess.run(command, cwd=directory, env=environment, capture_output=True, text=True, timeout=60, check=False)
-    printed = result.stdout.splitlines()
-    if result.returncode != 0 or len(printed) != len(found) or "no answer left" in result.stderr:
+    printed = [part.strip("\n").splitlines() for part in result.stdout.split(END_MARK)[:-1]]
+    is_odd = len(printed) != len(found) or any(not lines or (len(lines) > 1 and not answers) for lines in printed)
+    if result.returncode != 0 or is_odd or "no answer left" in result.stderr:
         yield f"status {result.returncode}: {[expression for expression, _ in found]}\n{result.stdout}{result.stderr}"
         return
-    for (expression, expected), value in zip(found, printed):
-        if not agrees(expression, expected, value):
-            yield f"{expression}\n  printed  {value}\n  expected {expected}"
+    for (expression, expected), lines in zip(found, printed):
+        if not agrees(expression, expected, lines[-1]):
+            yield f"{expression}\n  printed  {lines[-1]}\n  expected {expected}"
 
 
 def main():

@@ -89,7 +89,7 @@ TEST_F(UndoCommands, AnErrorThatEndsTheProgramEndsItsTransactionsAndKeepsTheirCh
     database().journal().startTransaction();
     database().journal().startTransaction();
     eraseLast();
-    EXPECT_EQ(evaluate("(car 5)"), "error: bad argument type: consp 5");
+    EXPECT_EQ(evaluate("(car 5)"), "error: bad argument type: listp 5");
     EXPECT_THAT(types(), ElementsAre("POINT"));
     evaluate("(command \"_.undo\" 2)");
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
