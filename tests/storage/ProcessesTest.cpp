@@ -71,7 +71,8 @@ TEST_F(Processes, WhatKilledOnesWithoutALockLeftIsRemovedByTheNext)
     ASSERT_TRUE(endsWell(dead));
     const QString left = u"a.%1.new"_qs.arg(dead), others = u"b.%1.new"_qs.arg(dead), busy = u"a.%1.new"_qs.arg(living);
     const QStringList kept = {u"a"_qs, busy, u"a.new"_qs, u"a.x.new"_qs, others};
-    for (const QString &name : QStringList(kept) << left)
+    write(left, "old");
+    for (const QString &name : kept)
         write(name, "old");
     EXPECT_TRUE(replaceFile(path(u"a"_qs), "new", m_failure, Writers::Locked));
     write(u"a.new"_qs, "old"); // which was overwritten and renamed
