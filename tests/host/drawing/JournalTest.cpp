@@ -123,7 +123,7 @@ TEST_F(JournalTest, TransactionsNest)
     EXPECT_FALSE(m_journal.isTransactionOpen());
     m_journal.endTransaction();
     EXPECT_EQ(colour(), 3);
-    EXPECT_EQ(m_journal.undo(9), 1);
+    EXPECT_EQ(m_journal.undo(9), 3);
     EXPECT_EQ(colour(), 7);
 }
 

@@ -46,7 +46,7 @@ void editMiddle(Database &database, int count)
 
 TEST_F(SavingFailures, ASaveThatIsKilledLeavesTheOldDrawingOrTheNew)
 {
-    constexpr int Kills = 200, Lines = 60'000;
+    constexpr int Kills = 200, Lines = 30'000;
     const auto original = databaseOf(linesText(Lines)), changed = databaseOf(linesText(Lines));
     editMiddle(*changed, Lines);
     const auto begin = std::chrono::steady_clock::now();
