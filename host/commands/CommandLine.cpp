@@ -44,8 +44,10 @@ CommandLine::Result CommandLine::giveOne(const Input &input)
     const auto *text = std::get_if<std::u16string>(&input);
     if (isActive() && text && *text == Pause)
         return askPerson();
-    if (isActive() && !(text && isTransparent(*text)))
-        return offer(input);
+    if (isActive() && !(text && isTransparent(*text))) {
+        offer(input);
+        return Result::Taken;
+    }
     if (text && !text->empty() && *text != u" ")
         return start(*text, Source::Program);
     return Result::Taken; // Enter, or a value that nobody asked for
@@ -154,7 +156,7 @@ template <class Step> void CommandLine::proceed(Step step)
     }
 }
 
-CommandLine::Result CommandLine::offer(const Input &input, Source source)
+Request::Outcome CommandLine::offer(const Input &input, Source source)
 {
     Request &request = *running().context.ask().waiting();
     if (!running().promptIsShown)
@@ -164,29 +166,28 @@ CommandLine::Result CommandLine::offer(const Input &input, Source source)
     m_lastPrompt = request.prompt() + shown(input);
     running().promptIsShown = false;
     running().followsSelect = false;
-    switch (request.offer(input)) {
-    case Request::Outcome::Answered:
-        proceed([this] { running().context.ask().takeWaiting()->resume(); });
-        break;
-    case Request::Outcome::Refused:
+    const Request::Outcome outcome = request.offer(input);
+    if (outcome == Request::Outcome::Refused)
         m_session.print(u'\n' + request.complaint() + u'\n');
-        break;
-    case Request::Outcome::WantsMore:
-        break;
-    }
-    return Result::Taken;
+    else if (outcome == Request::Outcome::Answered)
+        proceed([this] { running().context.ask().takeWaiting()->resume(); });
+    return outcome;
 }
 
 CommandLine::Result CommandLine::askPerson()
 {
-    const Request &request = *running().context.ask().waiting();
-    const std::optional<Input> reply = m_session.request(request.kind(), u'\n' + request.prompt(), request.base());
-    if (!reply) {
-        cancel();
-        return Result::Cancelled;
+    for (;;) {
+        const Request &request = *running().context.ask().waiting();
+        const std::optional<Input> reply =
+            m_session.request(request.kind(), u'\n' + request.prompt(), request.base(), request.snap());
+        if (!reply) {
+            cancel();
+            return Result::Cancelled;
+        }
+        running().promptIsShown = true;
+        if (offer(*reply, Source::Person) == Request::Outcome::Answered)
+            return Result::Taken;
     }
-    running().promptIsShown = true;
-    return offer(*reply, Source::Person);
 }
 
 void CommandLine::cancel()

@@ -53,9 +53,9 @@ private:
     enum class Source { Program, Person };
 
     Result start(const std::u16string &typed, Source source);
-    Result offer(const Input &input, Source source = Source::Program);
+    Request::Outcome offer(const Input &input, Source source = Source::Program);
     Result giveOne(const Input &input);
-    Result askPerson();
+    Result askPerson(); // until there is an answer: what is refused, and a snap, is none
     void runScripts();
     bool takeTyped(const std::u16string &typed); // false: an expression failed
     void finishSelecting();

@@ -2,6 +2,7 @@
 
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/selection/Candidates.h"
+#include "host/drawing/selection/EntityIndex.h"
 #include "host/drawing/selection/Region.h"
 #include "host/drawing/snap/Snap.h"
 

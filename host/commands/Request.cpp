@@ -46,6 +46,11 @@ bool Request::takesPoints() const
            m_kind == InputKind::Angle;
 }
 
+std::optional<snap::Modes> Request::snap() const
+{
+    return m_snap ? std::optional(m_snap->modes) : std::nullopt;
+}
+
 // "_end" and the like: the next point lies near what is meant.
 Request::Outcome Request::startSnap(snap::Modes modes)
 {

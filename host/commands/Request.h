@@ -66,6 +66,7 @@ public:
     const std::optional<Point> &base() const { return m_base; }
     const std::u16string &prompt() const { return m_prompt; }
     Blanks blanks() const { return m_blanks; }
+    std::optional<snap::Modes> snap() const;                        // that were typed for the next point
     const std::u16string &complaint() const { return m_complaint; } // of the answer that was refused last
     Outcome offer(const Input &input);
     void cancel() { m_isCancelled = true; }

@@ -3,12 +3,16 @@
 #include "host/commands/Input.h"
 #include "host/commands/PlotJob.h"
 #include "host/drawing/Drawing.h"
-#include "host/drawing/selection/EntityIndex.h"
+#include "host/drawing/snap/Modes.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+
+namespace selection {
+class EntityIndex;
+}
 
 namespace commands {
 
@@ -51,9 +55,9 @@ public:
 
     virtual void print(std::u16string_view text) = 0;
     // What a person answers; none: the request was cancelled. Shows the prompt and the answer itself. The base is where
-    // distances, directions and rectangles begin.
-    virtual std::optional<Input> request(InputKind kind, const std::u16string &prompt,
-                                         const std::optional<Point> &base) = 0;
+    // distances, directions and rectangles begin; the snaps are shown instead of OSMODE's, and put to use by who asks.
+    virtual std::optional<Input> request(InputKind kind, const std::u16string &prompt, const std::optional<Point> &base,
+                                         const std::optional<snap::Modes> &snap) = 0;
 
     // The entities that "Previous" means; some may be erased. The implied ones are selected before a command begins.
     virtual const Selection &previousSelection() const = 0;

@@ -196,9 +196,11 @@ void DocumentSession::print(std::u16string_view text)
 }
 
 std::optional<commands::Input> DocumentSession::request(InputKind kind, const std::u16string &prompt,
-                                                        const std::optional<Point> &base)
+                                                        const std::optional<Point> &base,
+                                                        const std::optional<snap::Modes> &snap)
 {
     InputRequest request{requestKind(kind), prompt};
+    request.snap = snap;
     if (base)
         request.base = LispPoint{base->x, base->y, base->z};
     const InputReply reply = m_document.services().input->request(request);

@@ -29,7 +29,8 @@ public:
     bool evaluate(const std::u16string &expression, std::optional<commands::Input> &answer) override;
     void print(std::u16string_view text) override;
     std::optional<commands::Input> request(commands::InputKind kind, const std::u16string &prompt,
-                                           const std::optional<commands::Point> &base) override;
+                                           const std::optional<commands::Point> &base,
+                                           const std::optional<snap::Modes> &snap) override;
     const commands::Selection &previousSelection() const override { return m_previousSelection; }
     void setPreviousSelection(commands::Selection selection) override { m_previousSelection = std::move(selection); }
     commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }

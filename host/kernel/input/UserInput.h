@@ -27,7 +27,7 @@ struct InputRequest
     std::u16string prompt; // shown as it stands
     // Where a distance, a direction or a rectangle begins, in the user's coordinate system.
     std::optional<LispPoint> base = {};
-    std::optional<snap::Modes> snap = {}; // for this place alone, instead of OSMODE's
+    std::optional<snap::Modes> snap = {}; // shown instead of OSMODE's; who asks puts the place to them
     const Dragged *dragged = nullptr;     // of a drag
     bool tellsMoves = false;              // of an event: the cursor's moves count, too
 };

@@ -146,11 +146,13 @@ std::optional<snap::Snap> ViewInput::snapAt(const LispPoint &place) const
 
 void ViewInput::aim(const QPointF &place)
 {
-    m_place = m_coordinates.user(place);
-    const std::optional<snap::Snap> snap = snapAt(m_place);
+    const LispPoint cursor = m_coordinates.user(place);
+    const std::optional<snap::Snap> snap = snapAt(cursor);
     m_marker.show(snap);
-    m_place = snap ? m_coordinates.user(snap->place) : constrained(m_place);
+    m_place = snap ? m_coordinates.user(snap->place) : constrained(cursor);
     m_rubberBand.setTo(m_coordinates.world(m_place));
+    if (snap && m_snapModes) // who has asked puts the answer to typed modes: a centre is not found again from itself
+        m_place = cursor;
 }
 
 void ViewInput::press(const QPointF &place)

@@ -57,6 +57,15 @@ TEST_F(CommandLine, PauseAsksThePerson)
     EXPECT_THAT(takePrinted(), HasSubstr("Enter new value for LUPREC <4>: 3"));
 }
 
+TEST_F(CommandLine, PauseAsksAgainUntilThereIsAnAnswer)
+{
+    m_services.answers = AnswersFile::fromText(u"many\n3\n", QStringLiteral("answers"));
+    EXPECT_EQ(evaluate("(command \"_.setvar\" \"LUPREC\" PAUSE \"_.auprec\" 5) "
+                       "(mapcar 'getvar '(LUPREC AUPREC))"),
+              "(3 5)");
+    EXPECT_THAT(takePrinted(), HasSubstr("Requires an integer value."));
+}
+
 TEST_F(CommandLine, WhatAPersonAnswersIsShownOnce)
 {
     evaluate("(setvar \"CMDECHO\" 1)");

@@ -18,6 +18,14 @@ TEST_F(ObjectSnap, IsTypedBeforeAPoint)
     EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{8, 0, 0}));
 }
 
+TEST_F(ObjectSnap, IsNoAnswerToAPauseYet)
+{
+    m_services.answers = AnswersFile::fromText(u"_mid\n1,0\n", QStringLiteral("answers"));
+    evaluate("(command \"_.line\" PAUSE \"9,9\" \"\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{2, 0, 0}));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{9, 9, 0}));
+}
+
 TEST_F(ObjectSnap, MeasuresDistancesToo)
 {
     evaluate("(command \"_.circle\" \"_end\" \"3.9,0\" \"_qua\" \"6.05,0\")");

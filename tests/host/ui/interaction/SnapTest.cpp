@@ -52,6 +52,38 @@ TEST_F(SnapTest, AModeThatIsTypedHoldsForOnePoint)
     EXPECT_EQ(value("(mapcar 'rtos (getpoint))"), "(\"25.0000\" \"20.0000\" \"0.0000\")");
 }
 
+TEST_F(SnapTest, ACentreThatIsTypedForIsFoundFromItsCircle)
+{
+    const auto clickTheCircle = [this] {
+        later([this] {
+            type("cen");
+            later([this] { click(90, 40.2); });
+        });
+    };
+    clickTheCircle();
+    EXPECT_EQ(value("(mapcar 'rtos (getpoint))"), "(\"80.0000\" \"40.0000\" \"0.0000\")");
+    clickTheCircle();
+    type("(command \"_.line\" pause '(1 2) \"\")");
+    EXPECT_EQ(value("(cdr (assoc 10 (entget (entlast))))"), "(80.0 40.0 0.0)");
+}
+
+TEST_F(SnapTest, AModeThatIsTypedForACommandShowsItsMarker)
+{
+    QImage with;
+    later([this, &with] {
+        type("_end");
+        later([this, &with] {
+            move(12, 11.3);
+            with = picture();
+            click(12, 11.3);
+            later([this] { click(60, 60); });
+        });
+    });
+    type("(command \"_.line\" pause pause \"\")");
+    EXPECT_EQ(with.pixelColor(at(10, 10) + QPoint(6, 0)), QColor(0xe0, 0x7b, 0x00));
+    EXPECT_EQ(value("(cdr (assoc 10 (entget (entlast))))"), "(10.0 10.0 0.0)");
+}
+
 TEST_F(SnapTest, AMarkerShowsThePlace)
 {
     type("(setvar \"OSMODE\" 1)");
