@@ -1,5 +1,7 @@
 #include "host/drawing/LayoutViewports.h"
 
+#include "host/drawing/Blocks.h"
+
 namespace drawing {
 
 namespace {
@@ -18,12 +20,9 @@ std::int64_t integer(const Database &database, RecordId record, int code)
 
 std::vector<RecordId> viewports(const Drawing &drawing)
 {
-    std::vector<RecordId> found;
-    const RecordId section = drawing.database().section(known::Entities);
-    if (section != NoRecord)
-        for (RecordId id = drawing.database().firstIn(section); id != NoRecord; id = drawing.database().nextIn(id))
-            if (isViewport(drawing, id))
-                found.push_back(id);
+    const Database &database = drawing.database();
+    std::vector<RecordId> found = entitiesIn(database, database.section(known::Entities), Space::Paper);
+    std::erase_if(found, [&](RecordId entity) { return !isViewport(drawing, entity); });
     return found;
 }
 
