@@ -3,7 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/Picking.h"
 #include "host/commands/SelectObjects.h"
-#include "host/drawing/geometry/Extents.h"
+#include "host/drawing/selection/EntityIndex.h"
 
 #include <QString>
 
@@ -50,9 +50,9 @@ void showRectangle(Context &context, double left, double bottom, double right, d
 Box extentsOfAll(Context &context, const Selection &entities)
 {
     Box box;
+    selection::EntityIndex &index = context.session().entityIndex();
     for (const RecordId entity : entities)
-        if (const std::optional<Box> one = geometry::extentsOf(context.drawing(), entity))
-            box.add(*one);
+        box.add(index.extentsOf(entity));
     return box;
 }
 

@@ -35,6 +35,7 @@ int cellOf(double value, double low, double high, int size)
 std::vector<RecordId> EntityIndex::entitiesNear(const Box &rectangle)
 {
     follow();
+    workOff();
     std::vector<RecordId> found;
     for (const RecordId entity : m_wide)
         if (m_boxes[entity].isEmpty() || meet(m_boxes[entity], rectangle))
@@ -48,21 +49,42 @@ std::vector<RecordId> EntityIndex::entitiesNear(const Box &rectangle)
     return found;
 }
 
+Box EntityIndex::extentsOf(RecordId entity)
+{
+    follow();
+    workOff();
+    return m_boxes[entity];
+}
+
+bool EntityIndex::prepare()
+{
+    constexpr std::size_t Part = 50000;
+    follow();
+    work(Part);
+    return !isReady();
+}
+
 void EntityIndex::follow()
 {
     const drawing::Journal &journal = m_drawing.database().journal();
     if (m_changeCount == journal.changeCount())
         return;
-    const auto records = m_changeCount ? journal.changedSince(*m_changeCount) : std::nullopt;
+    const auto records = m_changeCount && isReady() ? journal.changedSince(*m_changeCount) : std::nullopt;
     const auto entities =
         records ? drawing::changedEntities(m_drawing, *records, drawing::Aspect::Shape) : std::nullopt;
     m_changeCount = journal.changeCount();
-    if (!entities || entities->size() > m_boxes.size() / ReplacedShare)
-        return makeAnew();
+    if (entities && entities->size() <= m_boxes.size() / ReplacedShare)
+        takeChanges(*entities);
+    else
+        makeAnew();
+}
+
+void EntityIndex::takeChanges(const std::vector<RecordId> &entities)
+{
     const drawing::Database &database = m_drawing.database();
     const RecordId section = database.section(drawing::known::Entities);
     m_boxes.resize(database.recordCount());
-    for (const RecordId entity : *entities) {
+    for (const RecordId entity : entities) {
         remove(entity);
         const drawing::Record &record = database.record(entity);
         if (record.isGone() || record.container != section)
@@ -74,19 +96,45 @@ void EntityIndex::follow()
 
 void EntityIndex::makeAnew()
 {
-    const std::vector<RecordId> entities = allEntities(m_drawing);
+    m_waiting = allEntities(m_drawing);
+    m_measured = m_added = 0;
     m_boxes.assign(m_drawing.database().recordCount(), {});
     m_whole = {};
-    for (const RecordId entity : entities) {
-        measure(entity);
-        m_whole.add(m_boxes[entity]);
+    m_wide.clear();
+    m_cells.assign(1, {});
+    m_size = 1;
+}
+
+void EntityIndex::workOff()
+{
+    work(2 * m_waiting.size()); // each is measured and added
+}
+
+void EntityIndex::work(std::size_t entities)
+{
+    if (isReady())
+        return;
+    for (; m_measured < m_waiting.size() && entities > 0; ++m_measured, --entities) {
+        measure(m_waiting[m_measured]);
+        m_whole.add(m_boxes[m_waiting[m_measured]]);
     }
-    m_size = std::clamp(static_cast<int>(std::sqrt(static_cast<double>(entities.size()) / EntitiesInCell)), 1,
+    if (m_measured < m_waiting.size())
+        return;
+    if (m_added == 0)
+        layOutCells();
+    for (; m_added < m_waiting.size() && entities > 0; ++m_added, --entities)
+        add(m_waiting[m_added]);
+    if (m_added < m_waiting.size())
+        return;
+    m_waiting = {};
+    m_measured = m_added = 0;
+}
+
+void EntityIndex::layOutCells()
+{
+    m_size = std::clamp(static_cast<int>(std::sqrt(static_cast<double>(m_waiting.size()) / EntitiesInCell)), 1,
                         MostCellsInRow);
     m_cells.assign(static_cast<std::size_t>(m_size) * static_cast<std::size_t>(m_size), {});
-    m_wide.clear();
-    for (const RecordId entity : entities)
-        add(entity);
 }
 
 void EntityIndex::measure(RecordId entity)

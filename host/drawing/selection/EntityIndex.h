@@ -9,7 +9,7 @@
 namespace selection {
 
 // Where the entities of a drawing's model and paper lie, seen from above, so that picks and windows need not look at
-// all of them. It is made when it is first asked and follows the drawing's changes then.
+// all of them. It is made when it is first asked, or before that in parts, and follows the drawing's changes then.
 class EntityIndex
 {
 public:
@@ -17,6 +17,11 @@ public:
 
     // Every entity whose extents meet the rectangle, in the drawing's order, and those that have no extents.
     std::vector<drawing::RecordId> entitiesNear(const geometry::Box &rectangle);
+    // As geometry::extentsOf(), of an entity of the model or the paper; an empty one where that gives none.
+    geometry::Box extentsOf(drawing::RecordId entity);
+
+    // Does a part of what the next question would wait for, a few hundredths of a second long. False: nothing is left.
+    bool prepare();
 
 private:
     struct Cells // inclusive
@@ -24,7 +29,12 @@ private:
         int left, bottom, right, top;
     };
     void follow();
+    void takeChanges(const std::vector<drawing::RecordId> &entities);
     void makeAnew();
+    void workOff();                  // all that wait
+    void work(std::size_t entities); // at most so many of those that wait
+    void layOutCells();
+    bool isReady() const { return m_added == m_waiting.size(); }
     void measure(drawing::RecordId entity);
     void add(drawing::RecordId entity);
     void remove(drawing::RecordId entity);
@@ -39,6 +49,9 @@ private:
     int m_size = 1; // cells in a row and in a column
     std::vector<std::vector<drawing::RecordId>> m_cells;
     std::vector<drawing::RecordId> m_wide; // in so many cells that they stand in none
+    // While it is made: first all are measured, then all are added.
+    std::vector<drawing::RecordId> m_waiting;
+    std::size_t m_measured = 0, m_added = 0;
 };
 
 } // namespace selection

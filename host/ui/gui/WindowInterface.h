@@ -32,6 +32,7 @@ public:
     void programStarted(lisp::Machine &machine);
     void programEnded();
     bool isRunning() const { return m_machine != nullptr; }
+    bool isIdle() const { return !m_machine || m_waiting; } // what runs, if anything, waits for the person
     // A safe point of the running program: paints, and hears of Esc, every now and then.
     void pulse();
 

@@ -1,5 +1,6 @@
 #include "host/ui/interaction/InteractiveDrawing.h"
 
+#include "host/drawing/selection/EntityIndex.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
 #include "host/ui/gui/CommandRunner.h"
@@ -26,6 +27,7 @@ InteractiveDrawing::InteractiveDrawing(WindowInterface &interface, CommandRunner
     connect(&m_area, &DrawingArea::tabShown, this, [this] { m_pictures.clear(); });
     connect(&m_area.view(), &DrawingView::cursorMoved, this, &InteractiveDrawing::showCoordinates);
     connect(&m_area.view(), &DrawingView::cursorLeft, &interface.window(), &MainWindow::hideCoordinates);
+    connect(&m_preparing, &QTimer::timeout, this, &InteractiveDrawing::prepareForClicks);
     showWhatIs();
 }
 
@@ -42,6 +44,15 @@ void InteractiveDrawing::showWhatIs()
     if (wanted)
         m_variables.show(*wanted);
     m_variables.takeFromView(); // the coordinate system may be another one
+    m_preparing.start(0);
+}
+
+// Clicks ask an index of where entities lie, which is made while nobody waits for anything. When a program goes on, the
+// rest waits until its changes are shown.
+void InteractiveDrawing::prepareForClicks()
+{
+    if (!m_interface.isIdle() || !m_document.session().entityIndex().prepare())
+        m_preparing.stop();
 }
 
 void InteractiveDrawing::showCoordinates(const QPointF &place)

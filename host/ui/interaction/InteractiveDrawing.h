@@ -6,6 +6,8 @@
 #include "host/ui/interaction/ViewSelection.h"
 #include "host/ui/interaction/ViewVariables.h"
 
+#include <QTimer>
+
 class CommandRunner;
 
 // The drawing in the window as a person works with it: shown as it is, answering requests by clicks, with what is
@@ -27,6 +29,7 @@ Q_SIGNALS:
 private:
     void showWhatIs(); // the drawing after a change, in a view that commands may have changed
     void showCoordinates(const QPointF &place);
+    void prepareForClicks();
 
     WindowInterface &m_interface;
     Document &m_document;
@@ -36,4 +39,5 @@ private:
     ViewSelection m_selection;
     ViewInput m_input;
     SpaceChooser m_spaces;
+    QTimer m_preparing;
 };

@@ -92,6 +92,36 @@ TEST_F(EntityIndexTest, FindsAfterAnyEditsWhatASearchOfAllEntitiesFinds)
     }
 }
 
+TEST_F(EntityIndexTest, IsMadeInPartsAndFindsTheSame)
+{
+    for (int i = 0; i < 60000; ++i)
+        add();
+    const geometry::Box box{{100, 100, 0}, {200, 200, 0}};
+    ASSERT_TRUE(m_index.prepare());
+    EXPECT_EQ(m_index.entitiesNear(box), searched(box)); // asked when a part is there
+    EXPECT_FALSE(m_index.prepare());
+    for (int i = 0; i < 40000; ++i)
+        add(); // so many that it is made anew
+    ASSERT_TRUE(m_index.prepare());
+    add(); // a change comes between
+    int parts = 0;
+    while (m_index.prepare())
+        ++parts;
+    EXPECT_GE(parts, 2);
+    EXPECT_EQ(m_index.entitiesNear(box), searched(box));
+}
+
+TEST_F(EntityIndexTest, KnowsTheExtentsOfEachEntity)
+{
+    for (int i = 0; i < 300; ++i)
+        add();
+    m_index.prepare();
+    for (int i = 0; i < 20; ++i)
+        edit();
+    for (const RecordId entity : selection::allEntities(m_test.drawing))
+        ASSERT_EQ(m_index.extentsOf(entity), geometry::extentsOf(m_test.drawing, entity).value_or(geometry::Box()));
+}
+
 TEST_F(EntityIndexTest, IsEmptyForAnEmptyDrawingAndGrowsBeyondItsFirstBounds)
 {
     EXPECT_EQ(m_index.entitiesNear({{0, 0, 0}, {1, 1, 0}}), std::vector<RecordId>());

@@ -2,6 +2,10 @@
 
 #include "tests/host/ui/interaction/InteractionTest.h"
 
+#include "host/drawing/selection/EntityIndex.h"
+
+#include <QAbstractEventDispatcher>
+
 #include <cmath>
 
 using testing::EndsWith;
@@ -186,4 +190,19 @@ TEST_F(ViewInputTest, WhatAProgramHasDrawnIsShownWhenItAsks)
     });
     type("(progn (command \"_.line\" '(0 40) '(100 40) \"\") (getpoint))");
     EXPECT_NE(shown.copy(around), before.copy(around));
+}
+
+TEST_F(ViewInputTest, AWindowThatIsIdleMakesReadyForTheFirstClickAndRestsThen)
+{
+    type("(repeat 60000 (entmake '((0 . \"POINT\") (10 1.0 2.0 0.0))))");
+    constexpr int Turns = 20; // of the event loop; a part of the work is done in each
+    for (int i = 0; i < Turns; ++i)
+        QCoreApplication::processEvents();
+    EXPECT_FALSE(document.session().entityIndex().prepare()); // else a part would have been left
+    int wakes = 0;
+    const auto *dispatcher = QAbstractEventDispatcher::instance();
+    const auto counting = QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, [&wakes] { ++wakes; });
+    QTest::qWait(100);
+    QObject::disconnect(counting);
+    EXPECT_LT(wakes, 50);
 }
