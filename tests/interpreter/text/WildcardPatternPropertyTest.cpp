@@ -73,7 +73,7 @@ private:
         if (element == u"@"_qs)
             return u"ab";
         if (element == u"."_qs)
-            return u"-,[`";
+            return u"-,[]`~*";
         if (element.startsWith(u'[') && element.size() > 1)
             return membersOf(element.mid(1, element.size() - 2));
         return element.right(1).toStdU16String();
@@ -135,11 +135,11 @@ rc::Gen<std::u16string> patterns()
                         });
 }
 
-// Ten million pairs: 100 times 250 patterns of up to ten pieces, each with 400 texts.
+// Ten million pairs: 100 times 90 patterns of up to ten pieces, each with 1111 texts.
 RC_GTEST_PROP(WildcardPatternProperty, agreesWithTrialOfAllPossibilities, ())
 {
     static const std::vector<std::u16string> texts = shortTexts();
-    const auto several = rc::gen::container<std::vector<std::u16string>>(250, rc::gen::scale(0.1, patterns()));
+    const auto several = rc::gen::container<std::vector<std::u16string>>(90, rc::gen::scale(0.1, patterns()));
     for (const std::u16string &pattern : *several) {
         const lisp::WildcardPattern fast(pattern);
         const SlowPattern slow(pattern);
