@@ -117,7 +117,7 @@ TEST_F(EntityIndexTest, KnowsTheExtentsOfEachEntity)
         add();
     m_index.prepare();
     for (int i = 0; i < 20; ++i)
-        edit();
+        add();
     for (const RecordId entity : selection::allEntities(m_test.drawing))
         ASSERT_EQ(m_index.extentsOf(entity), geometry::extentsOf(m_test.drawing, entity).value_or(geometry::Box()));
 }
