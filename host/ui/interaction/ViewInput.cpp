@@ -151,7 +151,7 @@ void ViewInput::aim(const QPointF &place)
     m_marker.show(snap);
     m_place = snap ? m_coordinates.user(snap->place) : constrained(cursor);
     m_rubberBand.setTo(m_coordinates.world(m_place));
-    if (snap && m_snapModes) // who has asked puts the answer to typed modes: a centre is not found again from itself
+    if (snap && m_snapModes) // who has asked snaps to typed modes: a foot beyond a line is not found again from itself
         m_place = cursor;
 }
 

@@ -67,6 +67,17 @@ TEST_F(SnapTest, ACentreThatIsTypedForIsFoundFromItsCircle)
     EXPECT_EQ(value("(cdr (assoc 10 (entget (entlast))))"), "(80.0 40.0 0.0)");
 }
 
+TEST_F(SnapTest, AFootOnTheContinuationOfALineIsFoundFromTheLine)
+{
+    type("(command \"_.line\" '(10 60) '(20 60) \"\")");
+    later([this] {
+        type("per");
+        later([this] { click(19, 60.2); });
+    });
+    type("(command \"_.line\" '(70 75) pause \"\")");
+    EXPECT_EQ(value("(mapcar 'rtos (cdr (assoc 11 (entget (entlast)))))"), "(\"70.0000\" \"60.0000\" \"0.0000\")");
+}
+
 TEST_F(SnapTest, AModeThatIsTypedForACommandShowsItsMarker)
 {
     QImage with;
