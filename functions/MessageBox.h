@@ -11,7 +11,7 @@ class QWidget;
 //
 // The code is the sum of a buttons value, an icon value and a default-button value, as for MessageBoxW
 // (https://learn.microsoft.com/windows/win32/api/winuser/nf-winuser-messageboxw). Only these three are understood: with
-// any other flag no box appears and the result is 0. The default-button value has no effect: the host's box chooses. The
-// parent is not used.
+// any other flag no box appears and the result is 0. The default-button value has no effect: the host's box chooses.
+// The parent is not used.
 int showMessageBox(QWidget *parent, const QString &text, const QString &title, std::uint16_t code,
                    Qt::TextFormat textFormat);

@@ -75,7 +75,7 @@ TEST_F(RegistryDamage, AFileThatCouldNotBeRepairedIsRepairedBeforeTheFirstChange
     const QByteArray content = header() + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:31\n";
     begin(content);
     makeReadOnly();
-    EXPECT_TRUE(holdsUnprivileged([this] {
+    EXPECT_TRUE(holdsUnprivileged([] {
         const bool isRead = get(u"x") == "1";
         return isRead && warnings().size() == 1;
     }));
