@@ -1,10 +1,9 @@
 // Files and folders that cannot be used, and a full disk.
 
 #include "tests/platform/registry/RegistryStoreTest.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/Unprivileged.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -16,23 +15,6 @@ protected:
     {
         ASSERT_EQ(chmod(QFile::encodeName(file).constData(), mode), 0);
     }
-};
-
-// No file can grow beyond this while it lives: writing more fails as on a full disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-private:
-    rlimit m_before = {};
 };
 
 } // namespace
