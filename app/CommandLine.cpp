@@ -54,8 +54,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     app.fallthrough();
     app.require_subcommand(0, 1);
     std::vector<std::string> files, expressions, modules;
-    std::string name, registryFile, profile, drawing, save, plot, layout, answers, transcript;
-    bool noModule = false;
+    std::string name, registryFile, profile, drawing, save, plot, layout, answers, transcript, junit;
+    bool noModule = false, reportsAsTap = false;
     app.add_option("--module", modules, "load this module (repeatable) instead of the one beside the program")
         ->type_name("FILE.tx")
         ->allow_extra_args(false);
@@ -106,6 +106,10 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     run->add_option("files", files)->type_name("FILE.lsp")->required();
     CLI::App *eval = app.add_subcommand("eval", "Evaluate expressions and print each value.");
     eval->add_option("expressions", expressions)->type_name("EXPR")->required();
+    CLI::App *test = app.add_subcommand("test", "Run the tests in programs, and in folders with programs.");
+    test->add_option("paths", files)->type_name("PATH")->required();
+    test->add_option("--junit", junit, "write the results to this file, too, in JUnit's XML")->type_name("FILE");
+    test->add_flag("--tap", reportsAsTap, "report in the Test Anything Protocol");
     CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
     CLI::App *gui = app.add_subcommand("gui", "Show the window; open drawings and load programs.");
     gui->add_option("files", files)->type_name("FILE.lsp|FILE.dxf");
@@ -135,6 +139,13 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     } else if (eval->parsed()) {
         options.command = Options::Command::Eval;
         options.operands = toQStrings(expressions);
+    } else if (test->parsed()) {
+        options.command = Options::Command::Test;
+        options.operands = toQStrings(files);
+        if (!save.empty() || !plot.empty()) {
+            std::cerr << "lisphost: --save and --plot are not for test, where each test has a drawing of its own\n";
+            parsed.exitStatus = ExitUsage;
+        }
     } else if (gui->parsed()) {
         options.command = Options::Command::Gui;
         options.operands = toQStrings(files);
@@ -152,8 +163,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
         parsed.exitStatus = ExitUsage;
     }
     if (isSandboxed) {
-        if (!run->parsed() && !eval->parsed()) {
-            std::cerr << "lisphost: --sandbox is for run and eval\n";
+        if (!run->parsed() && !eval->parsed() && !test->parsed()) {
+            std::cerr << "lisphost: --sandbox is for run, eval and test\n";
             parsed.exitStatus = ExitUsage;
         }
         sandbox.writableFolders = toQStrings(writable);
@@ -171,6 +182,8 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     options.plotFile = QString::fromStdString(plot);
     options.plotLayout = QString::fromStdString(layout);
     options.answersFile = QString::fromStdString(answers);
+    options.junitFile = QString::fromStdString(junit);
+    options.reportsAsTap = reportsAsTap;
     options.transcriptFile = QString::fromStdString(transcript);
     return parsed;
 }

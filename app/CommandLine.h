@@ -11,10 +11,10 @@
 // What the user asked for on the command line.
 struct Options
 {
-    enum class Command { Run, Eval, Repl, Gui, Doc, RegistryExport, RegistryImport };
+    enum class Command { Run, Eval, Test, Repl, Gui, Doc, RegistryExport, RegistryImport };
 
     Command command = Command::Repl;
-    std::vector<QString> operands;               // files, expressions, the name to explain, registry keys
+    std::vector<QString> operands;               // files, folders, expressions, the name to explain, registry keys
     std::vector<QString> programArguments;       // after --
     std::optional<std::vector<QString>> modules; // nothing: the module beside the program
     QString profileFolder;                       // empty: the user's own
@@ -24,6 +24,8 @@ struct Options
     QString plotLayout;                          // empty: what the drawing shows when it is opened
     QString answersFile;                         // empty: no answers
     QString transcriptFile;                      // empty: none; "-": standard error
+    QString junitFile;                           // empty: none
+    bool reportsAsTap = false;                   // how tests went
     std::optional<SandboxOptions> sandbox;
 };
 

@@ -3,6 +3,7 @@
 #include "app/ReferencePages.h"
 #include "app/Session.h"
 #include "host/interpreter/Builtins.h"
+#include "host/lisptest/Assertions.h"
 
 #include <algorithm>
 #include <string>
@@ -43,6 +44,7 @@ std::u16string description(const Object &function)
 
 int showDocumentation(Session &session, const QString &name)
 {
+    lisp::defineBuiltins(session.machine(), lisptest::assertionBuiltins());
     if (!name.isEmpty()) {
         const Symbol *symbol = session.machine().symbols().find(name.toStdU16String());
         const Object *function = symbol ? functionOf(*symbol) : nullptr;

@@ -22,37 +22,61 @@ Session::Session(const Options &options)
     connectServices(options);
     if (options.sandbox)
         m_host.services().machineLimits.frames = static_cast<std::size_t>(options.sandbox->depth);
-    m_document = &m_host.documents().open();
-    machine().setConsole(&m_console);
-    if (!m_drawingFile.isEmpty())
-        openDrawing();
+    openDocument();
+    warnOfOddities();
     loadModules(m_host, options);
 }
 
 void Session::connectServices(const Options &options)
 {
     HostServices &services = m_host.services();
-    services.print = [this](std::u16string_view text) { m_console.write(text); };
+    services.print = [this](std::u16string_view text) { m_output->write(text); };
     services.plotter = plotToFile;
     services.warn = [this](const QString &text) {
         m_console.writeError((QStringLiteral("lisphost: ") + text + u'\n').toStdU16String());
     };
     if (!options.answersFile.isEmpty())
-        services.answers = AnswersFile::read(options.answersFile);
+        m_answers = AnswersFile::read(options.answersFile);
     if (!options.transcriptFile.isEmpty())
         services.transcript = Transcript(options.transcriptFile);
 }
 
-void Session::openDrawing()
+void Session::openDocument()
 {
+    m_host.services().answers = m_answers;
+    m_document = &m_host.documents().open();
+    machine().setConsole(m_output);
+    if (m_drawingFile.isEmpty())
+        return;
     m_document->open(m_drawingFile);
+    addSearchFolderOf(m_drawingFile);
+}
+
+void Session::warnOfOddities()
+{
     const drawing::Oddities &oddities = m_document->drawing().database().oddities();
     if (oddities.count > 0)
-        m_host.services().warn(QStringLiteral("%1: not understood and kept as it is in %2 places, first %3")
-                                   .arg(m_drawingFile)
-                                   .arg(oddities.count)
-                                   .arg(QString::fromStdString(oddities.first)));
-    machine().searchFolders().push_back(QFileInfo(m_drawingFile).absolutePath().toStdU16String());
+        warn(QStringLiteral("%1: not understood and kept as it is in %2 places, first %3")
+                 .arg(m_drawingFile)
+                 .arg(oddities.count)
+                 .arg(QString::fromStdString(oddities.first)));
+}
+
+void Session::startOver()
+{
+    m_host.documents().close(*m_document);
+    openDocument();
+}
+
+void Session::setOutput(lisp::Console &output)
+{
+    m_output = &output;
+    machine().setConsole(m_output);
+}
+
+void Session::addSearchFolderOf(const QString &file)
+{
+    machine().searchFolders().push_back(QFileInfo(file).absolutePath().toStdU16String());
 }
 
 int Session::finish(int status)
@@ -60,7 +84,7 @@ int Session::finish(int status)
     QString failure;
     if (status != ExitFine || (save(failure) && plot(failure)))
         return status;
-    m_host.services().warn(failure);
+    warn(failure);
     return ExitFile;
 }
 
@@ -112,11 +136,10 @@ int Session::runFile(const QString &path)
     QString failure;
     const std::optional<std::u16string> source = lisp::readSourceFile(path, failure);
     if (!source) {
-        m_host.services().warn(failure);
+        warn(failure);
         return ExitFile;
     }
-    // What the program loads in turn may stand beside it.
-    machine().searchFolders().push_back(QFileInfo(path).absolutePath().toStdU16String());
+    addSearchFolderOf(path);
     const InterruptScope interrupts(machine());
     try {
         machine().load(*source, path.toStdU16String());

@@ -21,17 +21,27 @@ public:
     // failed. Gives the exit status.
     int finish(int status);
 
+    // Opens a new document in place of the one that there is, with the drawing and the answers as at the beginning.
+    void startOver();
+
     // Bounds what programs may take from now on: time, memory.
     void limit(const SandboxOptions &limits);
 
     lisp::Machine &machine() { return m_document->machine(); }
     TerminalConsole &console() { return m_console; }
+    // Where programs print: on the console at first.
+    void setOutput(lisp::Console &output);
+    // What the program loads in turn may stand beside it.
+    void addSearchFolderOf(const QString &file);
+    // A line of the program's own on standard error.
+    void warn(const QString &words) { m_host.services().warn(words); }
     // Prints a value as prin1 does, on a line of its own.
     void printValue(lisp::Value value);
     void report(const lisp::LispError &error);
 
 private:
-    void openDrawing();
+    void openDocument();
+    void warnOfOddities();
     bool save(QString &failure) const;
     bool plot(QString &failure) const;
     int runFile(const QString &path);
@@ -39,8 +49,23 @@ private:
     void connectServices(const Options &options);
 
     QString m_drawingFile, m_saveFile, m_plotFile, m_plotLayout; // empty: none
+    AnswersFile m_answers;
     TerminalConsole m_console;
+    lisp::Console *m_output = &m_console;
     Host m_host;
     HeadlessInterface m_userInterface{m_host.services()};
     Document *m_document = nullptr;
+};
+
+// While it lives, what programs print goes elsewhere.
+class OutputScope
+{
+public:
+    OutputScope(Session &session, lisp::Console &output) : m_session(session) { session.setOutput(output); }
+    ~OutputScope() { m_session.setOutput(m_session.console()); }
+    OutputScope(const OutputScope &) = delete;
+    OutputScope &operator=(const OutputScope &) = delete;
+
+private:
+    Session &m_session;
 };

@@ -6,12 +6,14 @@
 #include "app/RegistryCommands.h"
 #include "app/Repl.h"
 #include "app/Session.h"
+#include "app/TestRunner.h"
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/system/Process.h"
 #include "storage/ProfileFolder.h"
 
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -29,9 +31,11 @@ void dropQtWarnings(QtMsgType type, const QMessageLogContext &, const QString &m
 QStringList readableFolders(const Options &options)
 {
     QStringList folders;
-    if (options.command == Options::Command::Run)
-        for (const QString &file : options.operands)
-            folders.append(QFileInfo(file).canonicalPath());
+    if (options.command == Options::Command::Run || options.command == Options::Command::Test)
+        for (const QString &path : options.operands) {
+            const QFileInfo info(path);
+            folders.append(info.isDir() ? info.canonicalFilePath() : info.canonicalPath());
+        }
     if (!options.drawingFile.isEmpty())
         folders.append(QFileInfo(options.drawingFile).canonicalPath());
     return folders;
@@ -49,6 +53,8 @@ int executeInSession(const Options &options, const QString &sandboxFolder)
         return session.finish(session.runFiles(options.operands, options.programArguments));
     case Options::Command::Eval:
         return session.finish(session.evaluate(options.operands));
+    case Options::Command::Test:
+        return runTests(session, options);
     case Options::Command::Doc:
         return showDocumentation(session, options.operands.empty() ? QString() : options.operands.front());
     default:
@@ -56,8 +62,18 @@ int executeInSession(const Options &options, const QString &sandboxFolder)
     }
 }
 
+// What tests store stays theirs, unless the user names a place for it.
+int testInOwnProfile(const Options &options)
+{
+    const QTemporaryDir folder;
+    setProfileFolder(folder.path());
+    return executeInSession(options, QString());
+}
+
 int execute(const Options &options, const QString &sandboxFolder = QString())
 {
+    if (options.command == Options::Command::Test && options.profileFolder.isEmpty())
+        return testInOwnProfile(options);
     setProfileFolder(options.profileFolder);
     switch (options.command) {
     case Options::Command::Gui:

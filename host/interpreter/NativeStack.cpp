@@ -14,9 +14,7 @@ namespace {
 
 constexpr std::size_t Reserve = std::size_t{512} * 1024;
 
-} // namespace
-
-const char *nativeStackLimit()
+const char *findLimit()
 {
 #ifdef _WIN32
     ULONG_PTR low = 0, high = 0;
@@ -32,6 +30,15 @@ const char *nativeStackLimit()
     pthread_attr_destroy(&attributes);
     return static_cast<const char *>(low) + Reserve;
 #endif
+}
+
+} // namespace
+
+// The system looks in a file of the process, which later may be out of reach.
+const char *nativeStackLimit()
+{
+    thread_local const char *const limit = findLimit();
+    return limit;
 }
 
 } // namespace lisp

@@ -33,6 +33,7 @@ MAY_USE = {
     "host/commands": ["host/interpreter", "host/drawing"],
     "host/kernel": ["host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform",
                     "storage"],
+    "host/lisptest": ["host/interpreter", "host/kernel", "storage"],
     "host/ui": ["host/kernel", "host/render", "host/sdk", "host/interpreter", "host/drawing", "host/commands",
                 "host/palette", "lisp", "sdk", "platform", "storage"],
     "app": ["host", "lisp", "sdk", "storage"],

@@ -11,7 +11,7 @@ class Options(LispHostTest):
     def test_help_tells_the_commands(self):
         outcome = self.lisphost("--help")
         self.assertEqual((outcome.status, outcome.errors), (0, ""))
-        for command in ("run", "eval", "repl", "gui", "doc", "--module", "--no-module", "--profile", "--version"):
+        for command in ("run", "eval", "test", "repl", "gui", "doc", "--module", "--no-module", "--profile", "--version"):
             self.assertIn(command, outcome.output)
 
     def test_version(self):
@@ -62,7 +62,7 @@ class Doc(LispHostTest):
         self.assertEqual(self.lisphost("doc", "MapCar"), self.lisphost("doc", "mapcar"))
 
     def test_knows_special_forms_and_functions_of_the_module(self):
-        for name in ("setq", "acet-ini-get"):
+        for name in ("setq", "acet-ini-get", "assert-equal"):
             self.assertIn(name, self.lisphost("doc", name).output.lower())
 
     def test_of_a_function_of_the_module_shows_its_page(self):

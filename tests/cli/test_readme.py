@@ -1,4 +1,4 @@
-"""The README's screens show what really happens: each command after "$" is run and its output compared."""
+"""The screens on pages show what really happens: each command after "$" is run and its output compared."""
 
 import re
 import subprocess
@@ -10,15 +10,15 @@ from lisphost import LISPHOST, TIMEOUT, LispHostTest, with_paths_of_this_machine
 ROOT = Path(__file__).resolve().parents[2]
 
 
-def screens() -> list[tuple[str, str]]:
+def screens(page: str) -> list[tuple[str, str]]:
     """The commands and what follows each of them."""
-    blocks = re.findall(r"(?:^(?:    .*|)\n)+", (ROOT / "README.md").read_text(), re.MULTILINE)
+    blocks = re.findall(r"(?:^(?:    .*|)\n)+", (ROOT / page).read_text(), re.MULTILINE)
     indented = "".join(block for block in blocks if block.lstrip().startswith("$ "))
     shown = re.sub("^    ", "", indented, flags=re.MULTILINE)
     return re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", shown, re.MULTILINE)
 
 
-class Readme(LispHostTest):
+class Screens(LispHostTest):
     def normalised(self, text: str) -> str:
         text = with_paths_of_this_machine(text, self.folder)
         text = text.replace(str(self.folder), "/home/you/drawings")
@@ -30,15 +30,21 @@ class Readme(LispHostTest):
                                  stderr=subprocess.STDOUT, text=True, timeout=TIMEOUT)
         return process.stdout
 
-    def test_every_screen_is_true(self):
-        found = screens()
-        self.assertGreaterEqual(len(found), 5)
+    def assert_true(self, page: str, least: int):
+        found = screens(page)
+        self.assertGreaterEqual(len(found), least)
         for command, shown in found:
             with self.subTest(command):
                 if command.startswith("cat "):
                     self.write(command.removeprefix("cat "), shown)
                 else:
                     self.assertEqual(self.normalised(self.printed(command)), self.normalised(shown))
+
+    def test_those_of_the_readme(self):
+        self.assert_true("README.md", least=5)
+
+    def test_those_about_testing(self):
+        self.assert_true("docs/testing.md", least=5)
 
 
 unittest.main()

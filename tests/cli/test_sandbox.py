@@ -222,5 +222,32 @@ class Usage(SandboxTest):
         self.assert_fails(self.lisphost("--sandbox", "run", "missing.lsp"), 3, r"missing\.lsp")
 
 
+@unittest.skipIf(WINDOWS, NONE)
+class UnitTests(SandboxTest):
+    def test_tests_read_their_folder_and_nothing_else(self):
+        self.write("inside/list.txt", "first\n")
+        self.write("inside/a-test.lsp", f"""
+            (defun test-inside () (assert-equal "first" (read-line (open "inside/list.txt" "r"))))
+            (defun test-outside () (assert-nil (open "{self.secret}" "r")))""")
+        outcome = self.lisphost("--sandbox", "test", "inside")
+        self.assert_refused(outcome, "ok    inside/a-test.lsp: test-inside\nok    inside/a-test.lsp: test-outside\n"
+                            "2 tests: 2 passed\n", f"opening {self.secret}")
+
+    def test_the_report_is_written_where_writing_is_allowed(self):
+        self.write("inside/a-test.lsp", "(assert 1)")
+        call = ["test", "inside/a-test.lsp", "--junit", "outside/results.xml"]
+        self.assert_fails(self.lisphost("--sandbox", *call), 3, "results.xml")
+        self.assertFalse((self.outside / "results.xml").exists())
+        outcome = self.lisphost("--sandbox", "--allow-write", "outside", *call)
+        self.assert_gives(outcome, "ok    inside/a-test.lsp\n1 test: 1 passed\n")
+        self.assertIn("<testsuites", (self.outside / "results.xml").read_text())
+
+    def test_the_time_limit_ends_the_run(self):
+        self.write("inside/a-test.lsp", "(defun test-one () (while T)) (defun test-two () T)")
+        outcome = self.lisphost("--sandbox", "--limit-time", "1", "test", "inside")
+        self.assert_fails(outcome, 1, "the time limit is reached\n")
+        self.assertNotIn("test-two", outcome.output)
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/interpreter/Machine.h"
+#include "host/lisptest/TestResult.h"
+
+#include <memory>
+
+namespace lisptest {
+
+// What a person, or a program that reads the output, is told while tests run.
+class TestReport
+{
+public:
+    virtual ~TestReport() = default;
+    virtual void add(const TestResult &result) = 0;
+    virtual void finish(const TestCounts &counts) = 0;
+};
+
+// Both write to a console, which outlives them.
+std::unique_ptr<TestReport> plainReport(lisp::Console &console); // for people
+std::unique_ptr<TestReport> tapReport(lisp::Console &console);   // Test Anything Protocol, version 13: testanything.org
+
+// Every line of a text that ends there, with `prefix` in front and a newline behind.
+QString withPrefix(const QString &prefix, const QString &text);
+
+} // namespace lisptest
