@@ -61,6 +61,16 @@ TEST_F(EditRtext, LeavesTheProcessToTheMainWindow)
     EXPECT_EQ(mainWindow().findChildren<QProcess *>().size(), 1);
 }
 
+TEST_F(EditRtext, ComesBackAfterHalfAMinuteThoughTheProgramStillRuns)
+{
+    EXPECT_EQ(call(editRtext, {program(), text(u"wait:600000")}), started);
+    auto *process = mainWindow().findChild<QProcess *>();
+    ASSERT_NE(process, nullptr);
+    EXPECT_EQ(process->state(), QProcess::Running);
+    process->kill();
+    EXPECT_TRUE(process->waitForFinished());
+}
+
 TEST_F(EditRtext, Of5PrintsAMessageAndReturnsNil)
 {
     EXPECT_EQ(call(editRtext, {shortInteger(5)}),

@@ -60,7 +60,10 @@ TEST_F(UiStatus, TheWindowCannotBeResizedByTheUserAndHasNoContextHelpButton)
     call(acetUiStatus, {text(u"Working")});
     EXPECT_EQ(window().minimumSize(), QSize(306, 125));
     EXPECT_EQ(window().maximumSize(), QSize(306, 125));
+    window().setWindowFlag(Qt::WindowContextHelpButtonHint);
+    call(acetUiStatus, {text(u"Still working")});
     EXPECT_FALSE(window().windowFlags().testFlag(Qt::WindowContextHelpButtonHint));
+    EXPECT_TRUE(window().isVisible());
 }
 
 TEST_F(UiStatus, AWindowThatTheUserClosedIsShownAgain)

@@ -88,6 +88,15 @@ TEST_F(MessageBoxLooks, MayBeShownWithoutTheFocus)
     look(MB_OK, [](QMessageBox &box) { EXPECT_FALSE(box.testAttribute(Qt::WA_ShowWithoutActivating)); });
 }
 
+TEST_F(MessageBoxLooks, TheDesktopThatItIsForMakesNoDifference)
+{
+    const auto plain = [](QMessageBox &box) {
+        EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+        EXPECT_FALSE(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    };
+    EXPECT_EQ(show(MB_YESNO | MB_DEFAULT_DESKTOP_ONLY, press(u"&No"_qs), plain), IDNO);
+}
+
 TEST_F(MessageBoxLooks, RightPutsTheTextAtTheRight)
 {
     look(MB_RIGHT, [](QMessageBox &box) {
