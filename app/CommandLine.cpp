@@ -110,6 +110,11 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     test->add_option("paths", files)->type_name("PATH")->required();
     test->add_option("--junit", junit, "write the results to this file, too, in JUnit's XML")->type_name("FILE");
     test->add_flag("--tap", reportsAsTap, "report in the Test Anything Protocol");
+    int secondsForATest = 0;
+    test->add_option("--timeout", secondsForATest, "fail a test that runs longer; 0: never")
+        ->type_name("SECONDS")
+        ->check(CLI::NonNegativeNumber)
+        ->capture_default_str();
     CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
     CLI::App *gui = app.add_subcommand("gui", "Show the window; open drawings and load programs.");
     gui->add_option("files", files)->type_name("FILE.lsp|FILE.dxf");
@@ -184,6 +189,7 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     options.answersFile = QString::fromStdString(answers);
     options.junitFile = QString::fromStdString(junit);
     options.reportsAsTap = reportsAsTap;
+    options.secondsForATest = secondsForATest;
     options.transcriptFile = QString::fromStdString(transcript);
     return parsed;
 }

@@ -26,6 +26,7 @@ struct Options
     QString transcriptFile;                      // empty: none; "-": standard error
     QString junitFile;                           // empty: none
     bool reportsAsTap = false;                   // how tests went
+    int secondsForATest = 0;                     // 0: as many as it takes
     std::optional<SandboxOptions> sandbox;
 };
 

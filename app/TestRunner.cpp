@@ -2,6 +2,7 @@
 
 #include "app/Interrupts.h"
 #include "app/Session.h"
+#include "app/Watchdog.h"
 #include "host/interpreter/files/SourceFile.h"
 #include "host/lisptest/Assertions.h"
 #include "host/lisptest/Discovery.h"
@@ -48,7 +49,11 @@ TestResult verdict(const TestRun &run, const std::optional<LispError> &uncaught)
 class TestRunner
 {
 public:
-    TestRunner(Session &session, lisptest::TestReport &report) : m_session(session), m_report(report) {}
+    // A test that runs longer than so many seconds fails; 0: none does.
+    TestRunner(Session &session, lisptest::TestReport &report, int secondsForATest)
+        : m_session(session), m_report(report), m_secondsForATest(secondsForATest)
+    {
+    }
 
     // False when somebody has interrupted the tests.
     bool runFile(const QString &file);
@@ -59,6 +64,7 @@ private:
 
     TestResult run(const QString &name, const Body &body);
     std::optional<LispError> attempt(const Body &body);
+    LispError tooLong(const std::optional<LispError> &uncaught) const;
     void read();
     void load();
     void callTest(const std::u16string &name);
@@ -68,6 +74,7 @@ private:
 
     Session &m_session;
     lisptest::TestReport &m_report;
+    const int m_secondsForATest;
     QString m_file;
     std::u16string m_source;
     bool m_isInterrupted = false;
@@ -111,16 +118,28 @@ TestResult TestRunner::run(const QString &name, const Body &body)
     return result;
 }
 
+// The error that says so, at the place where the test gave up.
+LispError TestRunner::tooLong(const std::optional<LispError> &uncaught) const
+{
+    LispError error(QStringLiteral("it ran longer than %1 s").arg(m_secondsForATest).toStdU16String());
+    if (uncaught)
+        error.trace = uncaught->trace;
+    return error;
+}
+
 std::optional<LispError> TestRunner::attempt(const Body &body)
 {
     const InterruptScope interrupts(machine());
     const lisp::Machine::CatchScope scope(machine());
+    const Watchdog watchdog(machine(), m_secondsForATest);
     std::optional<LispError> uncaught;
     try {
         body();
     } catch (const LispError &error) {
         uncaught = error;
     }
+    if (watchdog.hasInterrupted())
+        return tooLong(uncaught);
     m_isInterrupted = machine().wasInterrupted();
     return uncaught;
 }
@@ -196,7 +215,7 @@ int runTests(Session &session, const Options &options)
         return ExitFile;
     const std::unique_ptr<lisptest::TestReport> report =
         options.reportsAsTap ? lisptest::tapReport(session.console()) : lisptest::plainReport(session.console());
-    TestRunner runner(session, *report);
+    TestRunner runner(session, *report, options.secondsForATest);
     const bool isComplete =
         std::all_of(files->begin(), files->end(), [&](const QString &file) { return runner.runFile(file); });
     const lisptest::TestCounts counts = lisptest::countOf(runner.results());

@@ -247,6 +247,21 @@ class Reports(UnitTests):
         outcome = self.run_tests("(assert 1)", "--junit", "missing/results.xml")
         self.assert_fails(outcome, 3, "^lisphost: missing/results.xml: ")
 
+    def test_a_test_that_takes_too_long_is_ended_and_the_next_one_runs(self):
+        outcome = self.run_tests("""(defun forever () (while T))
+            (defun test-one () (forever)) (defun test-two () (vl-catch-all-apply 'forever) (assert 1))
+            (defun test-three () (assert 1))""", "--timeout", "1")
+        self.assertEqual((outcome.status, outcome.errors), (1, ""))
+        self.assertRegex(outcome.output, r"""ERROR test.lsp: test-one
+      it ran longer than 1 s
+        in FOREVER at test.lsp:1
+        in TEST-ONE at test.lsp:2
+ERROR test.lsp: test-two
+      it ran longer than 1 s
+ok    test.lsp: test-three
+3 tests: 1 passed, 2 with errors
+$""")
+
     @unittest.skipIf(WINDOWS, "Wine passes no interrupts on")
     def test_an_interrupt_ends_the_test_and_the_run(self):
         self.write("test.lsp", '(defun test-one () (alert "at work") (while T)) (defun test-two () T)')
