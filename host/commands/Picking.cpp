@@ -18,6 +18,11 @@ selection::Space currentSpace(const Session &session)
     return session.isPaperSpaceCurrent() ? selection::Space::Paper : selection::Space::Model;
 }
 
+selection::Sight sight(const Session &session)
+{
+    return {currentSpace(session), session.currentViewport()};
+}
+
 std::vector<selection::Place> seen(const Session &session, const std::vector<Point> &points)
 {
     const WorkPlane plane(session);
@@ -45,7 +50,7 @@ Selection visibleNear(Session &session, const std::vector<selection::Place> &pla
         std::max(std::abs(box.maximum.x) + std::abs(box.minimum.x), std::abs(box.maximum.y) + std::abs(box.minimum.y));
     const Vector reach = Vector{1, 1, 0} * (distance + Rounding * size);
     Selection entities = session.entityIndex().entitiesNear({box.minimum - reach, box.maximum + reach});
-    selection::keepVisible(entities, session.drawing(), currentSpace(session));
+    selection::keepVisible(entities, session.drawing(), sight(session), [&] { session.pulse(); });
     return entities;
 }
 
@@ -58,7 +63,7 @@ Selection thawedEntities(Session &session)
 
 Selection visibleEntities(Session &session)
 {
-    return selection::visibleEntities(session.drawing(), currentSpace(session));
+    return selection::visibleEntities(session.drawing(), sight(session));
 }
 
 RecordId entityAt(Session &session, const Point &place)
@@ -78,7 +83,10 @@ Selection entitiesIn(Session &session, const std::vector<Point> &polygon, Reach 
     const selection::Polygon places = seen(session, polygon);
     const auto how = reach == Reach::Inside ? selection::Reach::Inside : selection::Reach::Crossing;
     Selection entities = visibleNear(session, places, 0);
-    std::erase_if(entities, [&](RecordId entity) { return !selection::takes(session.drawing(), entity, places, how); });
+    std::erase_if(entities, [&](RecordId entity) {
+        session.pulse();
+        return !selection::takes(session.drawing(), entity, places, how);
+    });
     return entities;
 }
 
@@ -86,7 +94,10 @@ Selection entitiesCrossed(Session &session, const std::vector<Point> &fence)
 {
     const std::vector<selection::Place> places = seen(session, fence);
     Selection entities = visibleNear(session, places, 0);
-    std::erase_if(entities, [&](RecordId entity) { return !selection::isCrossed(session.drawing(), entity, places); });
+    std::erase_if(entities, [&](RecordId entity) {
+        session.pulse();
+        return !selection::isCrossed(session.drawing(), entity, places);
+    });
     return entities;
 }
 

@@ -32,6 +32,7 @@ enum Code : int {
 template <class Change> void changeAll(Context &context, const Selection &entities, Change change)
 {
     for (const RecordId entity : entities) {
+        context.session().pulse();
         GroupList groups = context.database().groups(entity);
         change(groups);
         if (!context.database().replace(entity, groups))

@@ -2,7 +2,7 @@
 
 #include "host/commands/Picking.h"
 #include "host/drawing/Blocks.h"
-#include "host/drawing/selection/Candidates.h"
+#include "host/drawing/LayerState.h"
 
 #include <QString>
 
@@ -23,11 +23,13 @@ public:
     void take(const Selection &more)
     {
         std::size_t found = 0, duplicates = 0, locked = 0;
+        drawing::LayerStates layers(m_context.drawing());
         for (const RecordId entity : more) {
+            m_context.session().pulse();
             if (!isThere(entity))
                 continue;
             ++found;
-            if (m_purpose == Purpose::Edit && selection::isOnLockedLayer(m_context.drawing(), entity))
+            if (m_purpose == Purpose::Edit && layers.of(entity).isLocked)
                 ++locked;
             else if (!change(entity))
                 ++duplicates;

@@ -9,8 +9,10 @@ namespace commands {
 Command erase(Context &context)
 {
     const Selection entities = co_await selectObjects(context);
-    for (const RecordId entity : entities)
+    for (const RecordId entity : entities) {
+        context.session().pulse();
         context.database().erase(entity);
+    }
     context.memory().erased = entities;
 }
 

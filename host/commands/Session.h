@@ -37,6 +37,7 @@ public:
     virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
 
     virtual bool isPaperSpaceCurrent() const = 0; // else entities go to the model
+    virtual drawing::RecordId currentViewport() const = 0; // that the model is worked on through; NoRecord: none
     // While a layout is shown: the model is worked on in it (false: the layout has no viewport), or its paper.
     virtual bool workThroughViewport() = 0;
     virtual void workOnPaper() = 0;
@@ -65,6 +66,9 @@ public:
     virtual Selection takeImpliedSelection() = 0;
     virtual void setImpliedSelection(Selection selection) = 0;
 
+    // Lets a window live on; for everything that goes through many entities, called at each of them. Nothing changes
+    // meanwhile but what is shown.
+    virtual void pulse() = 0;
     // What the running command has been given so far, for the person to see; none at its end.
     virtual void showSelected(const Selection &entities) = 0;
 

@@ -20,8 +20,10 @@ void transformAll(Context &context, const Selection &entities, const Matrix &mat
 {
     const Similarity similarity{matrix, context.session().integer(u"MIRRTEXT") != 0};
     std::size_t left = 0;
-    for (const RecordId entity : entities)
+    for (const RecordId entity : entities) {
+        context.session().pulse();
         left += drawing::transformEntity(context.drawing(), entity, similarity) ? 0 : 1;
+    }
     if (left > 0)
         context.session().print(QStringLiteral("\n%1 object(s) could not be changed.\n").arg(left).toStdU16String());
 }
@@ -29,9 +31,11 @@ void transformAll(Context &context, const Selection &entities, const Matrix &mat
 Selection copies(Context &context, const Selection &entities)
 {
     Selection copies;
-    for (const RecordId entity : entities)
+    for (const RecordId entity : entities) {
+        context.session().pulse();
         if (const RecordId copy = drawing::copyEntity(context.drawing(), entity); copy != drawing::NoRecord)
             copies.push_back(copy);
+    }
     return copies;
 }
 

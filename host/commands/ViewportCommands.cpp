@@ -50,7 +50,7 @@ Rectangle printableArea(Context &context)
 Rectangle modelArea(Context &context)
 {
     geometry::Box box;
-    for (const RecordId entity : selection::visibleEntities(context.drawing(), selection::Space::Model))
+    for (const RecordId entity : selection::visibleEntities(context.drawing(), {selection::Space::Model}))
         if (const std::optional<geometry::Box> one = geometry::extentsOf(context.drawing(), entity))
             box.add(*one);
     if (!box.isEmpty() && (box.maximum.x > box.minimum.x || box.maximum.y > box.minimum.y))

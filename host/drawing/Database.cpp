@@ -113,6 +113,8 @@ void Database::giveHandles(const ReadWatch &watch)
     m_writesHandles = last != 0 || !isBefore2000();
     m_seed = std::max(m_seed, last + 1);
     for (const RecordId id : without) {
+        if (watch && id % WatchedRecords == 0)
+            watch(1);
         m_store.records[id].handle = m_seed++;
         m_store.records[id].flags |= Record::AssignedHandle;
         m_handles.insert(id);

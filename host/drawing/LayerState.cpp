@@ -1,6 +1,13 @@
 #include "host/drawing/LayerState.h"
+#include "host/drawing/LayoutViewports.h"
 
 namespace drawing {
+
+LayerStates::LayerStates(const Drawing &drawing, RecordId viewport) : m_drawing(drawing)
+{
+    if (viewport != NoRecord)
+        m_frozenThere = layersFrozenIn(drawing, viewport);
+}
 
 const LayerState &LayerStates::of(RecordId entity)
 {
@@ -19,7 +26,8 @@ LayerState LayerStates::read(NameId name) const
     const GroupList groups = database.groups(layer);
     const auto *color = findValue<std::int64_t>(groups, ColorCode);
     const auto *flags = findValue<std::int64_t>(groups, FlagsCode);
-    return {!color || *color >= 0, flags && (*flags & layerflag::Frozen) != 0,
+    const bool isFrozen = flags && (*flags & layerflag::Frozen) != 0;
+    return {!color || *color >= 0, isFrozen || m_frozenThere.contains(layer),
             flags && (*flags & layerflag::Locked) != 0};
 }
 

@@ -3,6 +3,7 @@
 #include "host/drawing/Drawing.h"
 
 #include <unordered_map>
+#include <unordered_set>
 
 namespace drawing {
 
@@ -21,11 +22,11 @@ struct LayerState
 };
 
 // Of the layers that entities lie on, each looked up once: good until a layer changes. A layer that is not there is as
-// a new one.
+// a new one. Seen through a viewport, what is frozen there alone is frozen too.
 class LayerStates
 {
 public:
-    explicit LayerStates(const Drawing &drawing) : m_drawing(drawing) {}
+    explicit LayerStates(const Drawing &drawing, RecordId viewport = NoRecord);
 
     const LayerState &of(RecordId entity);
 
@@ -33,6 +34,7 @@ private:
     LayerState read(NameId name) const;
 
     const Drawing &m_drawing;
+    std::unordered_set<RecordId> m_frozenThere;
     std::unordered_map<NameId, LayerState> m_states;
 };
 

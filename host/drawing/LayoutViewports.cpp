@@ -7,6 +7,7 @@ namespace drawing {
 namespace {
 
 constexpr int NumberCode = 69, FlagsCode = 90, ViewCentreCode = 12, ViewHeightCode = 45;
+constexpr int FrozenCode = 331, HardFrozenCode = 341, FrozenNameCode = 1003;
 constexpr std::int64_t SheetNumber = 1, IsOff = 0x20000;
 
 std::int64_t integer(const Database &database, RecordId record, int code)
@@ -40,6 +41,21 @@ bool isViewport(const Drawing &drawing, RecordId id)
 std::int64_t viewportNumber(const Database &database, RecordId viewport)
 {
     return integer(database, viewport, NumberCode);
+}
+
+std::unordered_set<RecordId> layersFrozenIn(const Drawing &drawing, RecordId viewport)
+{
+    const bool isOld = drawing.database().isBefore2000();
+    std::unordered_set<RecordId> layers;
+    GroupReader reader = drawing.database().reader(viewport);
+    for (Item item; reader.next(item);) {
+        if (item.code == FrozenCode || item.code == HardFrozenCode)
+            layers.insert(drawing.database().find({item.handle}));
+        else if (isOld && item.code == FrozenNameCode)
+            layers.insert(drawing.tables().find(known::Layer, reader.text(item)));
+    }
+    layers.erase(NoRecord);
+    return layers;
 }
 
 void changeView(Database &database, RecordId viewport, double right, double up, double height)

@@ -441,8 +441,7 @@ void Machine::safePoint()
     m_countdown = SafePointInterval;
     if (m_heap.collectionDue())
         collectGarbage();
-    if (m_pulse)
-        m_pulse();
+    pulse();
     raiseInterrupt();
     if (m_stepLimit != 0 && (m_steps += SafePointInterval) > m_stepLimit) {
         m_countdown = 1; // every further safe point fails too, also in loops that catch this error

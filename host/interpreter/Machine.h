@@ -113,6 +113,11 @@ public:
     // Is called every few thousand calls and loop turns of a running program: a window can be painted there. It may not
     // run LISP in this machine. An empty function ends that.
     void setPulse(std::function<void()> pulse) { m_pulse = std::move(pulse); }
+    void pulse() // for built-ins that take long
+    {
+        if (m_pulse)
+            m_pulse();
+    }
 
     // Null where nobody types.
     void setLineInput(LineInput *input) { m_lineInput = input; }

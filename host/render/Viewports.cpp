@@ -1,5 +1,6 @@
 #include "host/render/Viewports.h"
 
+#include "host/drawing/LayoutViewports.h"
 #include "host/drawing/geometry/EntityShapes.h"
 #include "host/drawing/geometry/Flatten.h"
 
@@ -20,7 +21,6 @@ struct Groups
     double width = 0, height = 0, viewHeight = 0, twist = 0; // twist in degrees
     std::int64_t status = 1, number = 0, flags = 0;
     RecordId clip = NoRecord;
-    std::unordered_set<RecordId> frozenLayers;
 };
 
 void takeNumber(const drawing::Item &item, Groups &groups)
@@ -67,28 +67,19 @@ void takePoint(const drawing::Item &item, Groups &groups)
 
 void takeReference(const drawing::Database &database, const drawing::Item &item, Groups &groups)
 {
-    constexpr int FrozenCode = 331, HardFrozenCode = 341, ClipCode = 340;
-    const RecordId id = database.find({item.handle});
-    if (id != NoRecord && (item.code == FrozenCode || item.code == HardFrozenCode))
-        groups.frozenLayers.insert(id);
-    else if (item.code == ClipCode)
-        groups.clip = id;
+    constexpr int ClipCode = 340;
+    if (item.code == ClipCode)
+        groups.clip = database.find({item.handle});
 }
 
 // Before R2000 the view stands in extended data: a list of values whose meaning is their position.
 class ExtendedView
 {
 public:
-    explicit ExtendedView(const drawing::Drawing &drawing) : m_drawing(drawing) {}
-
-    void take(const drawing::Item &item, const drawing::GroupReader &reader, Groups &groups)
+    void take(const drawing::Item &item, Groups &groups)
     {
-        constexpr int LayerCode = 1003, PointCode = 1010, RealCode = 1040;
-        if (item.code == LayerCode) {
-            const RecordId layer = m_drawing.tables().find(drawing::known::Layer, reader.text(item));
-            if (layer != NoRecord)
-                groups.frozenLayers.insert(layer);
-        } else if (item.code == PointCode) {
+        constexpr int PointCode = 1010, RealCode = 1040;
+        if (item.code == PointCode) {
             const int number = m_points++;
             if (number == 0)
                 groups.target = geometry::vectorOf(item.point);
@@ -103,7 +94,6 @@ public:
     }
 
 private:
-    const drawing::Drawing &m_drawing;
     int m_points = 0;
     std::size_t m_reals = 0;
 };
@@ -111,13 +101,13 @@ private:
 Groups read(const drawing::Drawing &drawing, RecordId entity)
 {
     Groups groups;
-    ExtendedView extended(drawing);
+    ExtendedView extended;
     const bool isOld = drawing.database().isBefore2000();
     drawing::GroupReader reader = drawing.database().reader(entity);
     for (drawing::Item item; reader.next(item);) {
         if (item.code >= drawing::groupcode::ExtendedString) {
             if (isOld)
-                extended.take(item, reader, groups);
+                extended.take(item, groups);
         } else if (item.kind == drawing::ValueKind::Point) {
             takePoint(item, groups);
         } else if (item.kind == drawing::ValueKind::Reference) {
@@ -184,7 +174,7 @@ std::optional<Viewport> viewportOf(const drawing::Drawing &drawing, RecordId ent
     viewport.toPaper = Matrix::translation(groups.centre) *
                        Matrix::scale(viewport.scale, viewport.scale, viewport.scale) *
                        Matrix::translation(-groups.viewCentre) * toDisplay(groups);
-    viewport.frozenLayers = groups.frozenLayers;
+    viewport.frozenLayers = drawing::layersFrozenIn(drawing, entity);
     return viewport;
 }
 

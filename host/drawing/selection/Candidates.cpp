@@ -69,19 +69,22 @@ std::vector<RecordId> entitiesOfAllLayouts(const Drawing &drawing)
     return entities;
 }
 
-std::vector<RecordId> visibleEntities(const Drawing &drawing, Space space)
+std::vector<RecordId> visibleEntities(const Drawing &drawing, const Sight &sight)
 {
-    std::vector<RecordId> entities = entitiesOf(drawing, space);
-    keepVisible(entities, drawing, space);
+    std::vector<RecordId> entities = entitiesOf(drawing, sight.space);
+    keepVisible(entities, drawing, sight);
     return entities;
 }
 
-void keepVisible(std::vector<RecordId> &entities, const Drawing &drawing, Space space)
+void keepVisible(std::vector<RecordId> &entities, const Drawing &drawing, const Sight &sight,
+                 const std::function<void()> &watch)
 {
     const Database &database = drawing.database();
-    LayerStates layers(drawing);
+    LayerStates layers(drawing, sight.viewport);
     std::erase_if(entities, [&](RecordId id) {
-        return !isInSpace(database.record(id), space) || !layers.of(id).isSeen() || isInvisible(database, id);
+        if (watch)
+            watch();
+        return !isInSpace(database.record(id), sight.space) || !layers.of(id).isSeen() || isInvisible(database, id);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "host/drawing/Drawing.h"
 #include "host/drawing/Layouts.h"
 
+#include <functional>
 #include <vector>
 
 // What can be selected at all.
@@ -23,9 +24,18 @@ std::vector<drawing::RecordId> entitiesOf(const drawing::Drawing &drawing, Space
 // Those of one space that are not on frozen layers.
 std::vector<drawing::RecordId> thawedEntities(const drawing::Drawing &drawing, Space space);
 
-// Those of one space that can be seen: not on layers that are off or frozen, and not invisible themselves.
-std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, Space space);
-void keepVisible(std::vector<drawing::RecordId> &entities, const drawing::Drawing &drawing, Space space);
+// What is looked at: a space, or the model through a viewport.
+struct Sight
+{
+    Space space = Space::Model;
+    drawing::RecordId viewport = drawing::NoRecord;
+};
+
+// What can be seen there: not on layers that are off or frozen, and not invisible itself.
+std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, const Sight &sight);
+// The watch is called at each entity.
+void keepVisible(std::vector<drawing::RecordId> &entities, const drawing::Drawing &drawing, const Sight &sight,
+                 const std::function<void()> &watch = {});
 
 bool isOnLockedLayer(const drawing::Drawing &drawing, drawing::RecordId entity);
 

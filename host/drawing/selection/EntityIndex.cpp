@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace selection {
 
@@ -16,7 +17,8 @@ namespace {
 
 constexpr double EntitiesInCell = 16;
 constexpr int MostCellsInRow = 512, MostCellsOfEntity = 256;
-constexpr std::size_t ReplacedShare = 4; // of all entities; more are quicker made anew
+constexpr std::size_t ReplacedShare = 4;  // of all entities; more are quicker made anew
+constexpr std::size_t StepsOfRenewal = 3; // each as long as it takes to measure an entity, or to add it
 
 bool meet(const Box &a, const Box &b)
 {
@@ -64,41 +66,51 @@ bool EntityIndex::prepare()
     return !isReady();
 }
 
+bool EntityIndex::isReady() const
+{
+    return m_added == m_waiting.size() && m_renewed == m_changed.size();
+}
+
 void EntityIndex::follow()
 {
     const drawing::Journal &journal = m_drawing.database().journal();
     if (m_changeCount == journal.changeCount())
         return;
-    const auto records = m_changeCount && isReady() ? journal.changedSince(*m_changeCount) : std::nullopt;
+    const bool isMade = m_changeCount && m_added == m_waiting.size();
+    const auto records = isMade ? journal.changedSince(*m_changeCount) : std::nullopt;
     const auto entities =
         records ? drawing::changedEntities(m_drawing, *records, drawing::Aspect::Shape) : std::nullopt;
     m_changeCount = journal.changeCount();
-    if (entities && entities->size() <= m_boxes.size() / ReplacedShare)
-        takeChanges(*entities);
-    else
+    if (entities && m_changed.size() - m_renewed + entities->size() <= m_boxes.size() / ReplacedShare) {
+        m_boxes.resize(m_drawing.database().recordCount());
+        m_isIn.resize(m_boxes.size());
+        m_changed.insert(m_changed.end(), entities->begin(), entities->end());
+    } else {
         makeAnew();
+    }
 }
 
-void EntityIndex::takeChanges(const std::vector<RecordId> &entities)
+// Until then it stands where it lay before.
+void EntityIndex::renew(RecordId entity)
 {
     const drawing::Database &database = m_drawing.database();
-    const RecordId section = database.section(drawing::known::Entities);
-    m_boxes.resize(database.recordCount());
-    for (const RecordId entity : entities) {
-        remove(entity);
-        const drawing::Record &record = database.record(entity);
-        if (record.isGone() || record.container != section)
-            continue;
-        measure(entity);
-        add(entity);
-    }
+    const drawing::Record &record = database.record(entity);
+    remove(entity);
+    m_boxes[entity] = Box();
+    if (record.isGone() || record.container != database.section(drawing::known::Entities))
+        return;
+    measure(entity);
+    add(entity);
 }
 
 void EntityIndex::makeAnew()
 {
     m_waiting = allEntities(m_drawing);
     m_measured = m_added = 0;
+    m_changed = {};
+    m_renewed = 0;
     m_boxes.assign(m_drawing.database().recordCount(), {});
+    m_isIn.assign(m_boxes.size(), false);
     m_whole = {};
     m_wide.clear();
     m_cells.assign(1, {});
@@ -107,27 +119,31 @@ void EntityIndex::makeAnew()
 
 void EntityIndex::workOff()
 {
-    work(2 * m_waiting.size()); // each is measured and added
+    work(std::numeric_limits<std::size_t>::max());
 }
 
-void EntityIndex::work(std::size_t entities)
+void EntityIndex::work(std::size_t steps)
 {
-    if (isReady())
-        return;
-    for (; m_measured < m_waiting.size() && entities > 0; ++m_measured, --entities) {
+    for (; m_measured < m_waiting.size() && steps > 0; ++m_measured, --steps) {
         measure(m_waiting[m_measured]);
         m_whole.add(m_boxes[m_waiting[m_measured]]);
     }
     if (m_measured < m_waiting.size())
         return;
-    if (m_added == 0)
+    if (!m_waiting.empty() && m_added == 0)
         layOutCells();
-    for (; m_added < m_waiting.size() && entities > 0; ++m_added, --entities)
+    for (; m_added < m_waiting.size() && steps > 0; ++m_added, --steps)
         add(m_waiting[m_added]);
     if (m_added < m_waiting.size())
         return;
     m_waiting = {};
     m_measured = m_added = 0;
+    for (; m_renewed < m_changed.size() && steps > 0; ++m_renewed, steps -= std::min(steps, StepsOfRenewal))
+        renew(m_changed[m_renewed]);
+    if (m_renewed < m_changed.size())
+        return;
+    m_changed = {};
+    m_renewed = 0;
 }
 
 void EntityIndex::layOutCells()
@@ -145,6 +161,7 @@ void EntityIndex::measure(RecordId entity)
 void EntityIndex::add(RecordId entity)
 {
     const Box &box = m_boxes[entity];
+    m_isIn[entity] = true;
     if (box.isEmpty() || isWide(cellsOf(box)))
         m_wide.push_back(entity);
     else
@@ -154,6 +171,9 @@ void EntityIndex::add(RecordId entity)
 void EntityIndex::remove(RecordId entity)
 {
     const Box &box = m_boxes[entity];
+    if (!m_isIn[entity])
+        return;
+    m_isIn[entity] = false;
     if (box.isEmpty() || isWide(cellsOf(box)))
         std::erase(m_wide, entity);
     else

@@ -29,12 +29,12 @@ private:
         int left, bottom, right, top;
     };
     void follow();
-    void takeChanges(const std::vector<drawing::RecordId> &entities);
     void makeAnew();
-    void workOff();                  // all that wait
-    void work(std::size_t entities); // at most so many of those that wait
+    void workOff();               // all that wait
+    void work(std::size_t steps); // at most so many
     void layOutCells();
-    bool isReady() const { return m_added == m_waiting.size(); }
+    bool isReady() const;
+    void renew(drawing::RecordId entity);
     void measure(drawing::RecordId entity);
     void add(drawing::RecordId entity);
     void remove(drawing::RecordId entity);
@@ -45,6 +45,7 @@ private:
     const drawing::Drawing &m_drawing;
     std::optional<std::uint64_t> m_changeCount; // of the journal, when the index was right
     std::vector<geometry::Box> m_boxes;         // by entity; an empty one: it has no extents
+    std::vector<bool> m_isIn;                   // by entity; in the cells, or among the wide ones
     geometry::Box m_whole;
     int m_size = 1; // cells in a row and in a column
     std::vector<std::vector<drawing::RecordId>> m_cells;
@@ -52,6 +53,8 @@ private:
     // While it is made: first all are measured, then all are added.
     std::vector<drawing::RecordId> m_waiting;
     std::size_t m_measured = 0, m_added = 0;
+    std::vector<drawing::RecordId> m_changed; // since it was made; some more than once
+    std::size_t m_renewed = 0;
 };
 
 } // namespace selection

@@ -127,8 +127,7 @@ private:
 
     std::vector<RecordId> visible() const
     {
-        const auto space = m_document.isPaperSpaceCurrent() ? selection::Space::Paper : selection::Space::Model;
-        return newestFirst(selection::visibleEntities(m_document.drawing(), space));
+        return newestFirst(commands::visibleEntities(m_document.session()));
     }
 
     std::vector<RecordId> within(const std::vector<Point> &polygon) const

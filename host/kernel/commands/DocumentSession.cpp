@@ -122,6 +122,11 @@ bool DocumentSession::isPaperSpaceCurrent() const
     return m_document.isPaperSpaceCurrent();
 }
 
+drawing::RecordId DocumentSession::currentViewport() const
+{
+    return m_document.currentViewport();
+}
+
 bool DocumentSession::workThroughViewport()
 {
     return m_document.workThroughViewport();
@@ -207,6 +212,13 @@ std::optional<commands::Input> DocumentSession::request(InputKind kind, const st
     if (reply.kind == InputReply::Kind::Picked)
         return pointOfValue(reply.place);
     return reply.kind == InputReply::Kind::Text ? std::optional<commands::Input>(reply.text) : std::nullopt;
+}
+
+void DocumentSession::pulse()
+{
+    constexpr unsigned Quiet = 256; // who looks at the time more often than that takes longer than the work
+    if (++m_pulses % Quiet == 0)
+        m_document.machine().pulse();
 }
 
 void DocumentSession::showSelected(const commands::Selection &entities)

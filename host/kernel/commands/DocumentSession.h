@@ -19,6 +19,7 @@ public:
     bool set(std::u16string_view name, const commands::VariableValue &value) override;
     void readVariables() override;
     bool isPaperSpaceCurrent() const override;
+    drawing::RecordId currentViewport() const override;
     bool workThroughViewport() override;
     void workOnPaper() override;
     std::optional<commands::Point> pointOf(std::u16string_view text) const override;
@@ -34,6 +35,7 @@ public:
     const commands::Selection &previousSelection() const override { return m_previousSelection; }
     void setPreviousSelection(commands::Selection selection) override { m_previousSelection = std::move(selection); }
     commands::Selection takeImpliedSelection() override { return std::exchange(m_impliedSelection, {}); }
+    void pulse() override;
     void showSelected(const commands::Selection &entities) override;
     void setImpliedSelection(commands::Selection selection) override { m_impliedSelection = std::move(selection); }
     const commands::Selection &impliedSelection() const { return m_impliedSelection; }
@@ -41,5 +43,6 @@ public:
 
 private:
     Document &m_document;
+    unsigned m_pulses = 0;
     commands::Selection m_previousSelection, m_impliedSelection;
 };

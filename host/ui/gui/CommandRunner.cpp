@@ -25,7 +25,10 @@ CommandRunner::CommandRunner(WindowInterface &interface, Document &document)
 {
     MainWindow &window = interface.window();
     document.machine().setConsole(&interface);
-    document.machine().setPulse([&interface] { interface.pulse(); });
+    document.machine().setPulse([&interface] {
+        if (!interface.isIdle()) // picks of a person who is being asked take no others in between
+            interface.pulse();
+    });
     window.commandPanel().setCompletions([this] { return names(); });
     connect(&window.commandPanel(), &CommandPanel::entered, this, &CommandRunner::runTyped);
     connect(&window, &MainWindow::programChosen, this, &CommandRunner::loadProgram);

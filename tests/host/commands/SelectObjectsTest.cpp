@@ -1,5 +1,7 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include <algorithm>
+
 namespace {
 
 using testing::ElementsAre;
@@ -26,6 +28,22 @@ TEST_F(SelectObjects, AllAndRemoveAndAdd)
 {
     evaluate("(command \"_.erase\" \"_all\" \"_r\" \"_l\" \"_a\" \"\")");
     EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(SelectObjects, AWindowLivesOnWhileManyAreFoundTakenAndErased)
+{
+    constexpr int Many = 2000;
+    for (int i = 0; i < Many; ++i)
+        add({{0, u"POINT"}, {8, u"0"}, {10, drawing::Point{50, 50, 0}}});
+    std::vector<std::size_t> left; // at each pulse
+    m_document.machine().setPulse([&] { left.push_back(types().size()); });
+    evaluate("(command \"_.erase\" \"_w\" '(40 40) '(60 60) \"\")");
+    m_document.machine().setPulse({});
+    const auto whole = std::ranges::count(left, Many + 3U); // while it finds what is visible and inside, and takes it
+    const auto partly = std::ranges::count_if(left, [](std::size_t count) { return count > 3 && count < Many + 3; });
+    EXPECT_GT(whole, 3 * Many / 256 - 2);
+    EXPECT_GT(partly, Many / 256 - 2);
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
 }
 
 TEST_F(SelectObjects, UndoTakesTheLastOneBack)

@@ -28,6 +28,26 @@ TEST_F(ViewportCommands, FitFillsThePaper)
     EXPECT_EQ(group(41), "257.0");
 }
 
+TEST_F(ViewportCommands, WhatIsFrozenInAViewportAloneIsNotSelectedThroughIt)
+{
+    evaluate("(setvar \"TILEMODE\" 1) (command \"_.-layer\" \"_n\" \"COLD\" \"_n\" \"ICY\" \"\")");
+    add({{0, u"POINT"}, {8, u"COLD"}, {10, drawing::Point{150, 150, 0}}});
+    add({{0, u"POINT"}, {8, u"ICY"}, {10, drawing::Point{250, 150, 0}}});
+    evaluate("(setvar \"TILEMODE\" 0) (command \"_.mview\" '(10 10) '(110 110))");
+    const std::string all = "(sslength (ssget \"_C\" '(90 90) '(310 210)))",
+                      cold = "(ssget \"_C\" '(149 149) '(151 151))";
+    evaluate("(setq view (entlast)) (command \"_.mspace\")");
+    EXPECT_EQ(evaluate(all), "3");
+    evaluate("(entmod (append (entget view) (list (cons 331 (tblobjname \"LAYER\" \"COLD\"))"
+             "                                    (cons 341 (tblobjname \"LAYER\" \"ICY\")))))");
+    EXPECT_EQ(evaluate(all), "1");
+    EXPECT_EQ(evaluate("(sslength (ssget \"_A\"))"), "1");
+    EXPECT_EQ(evaluate(cold), "nil");
+    evaluate("(command \"_.erase\" \"_c\" '(149 149) '(251 151) \"\")");
+    evaluate("(setvar \"TILEMODE\" 1)");
+    EXPECT_EQ(evaluate(all), "3"); // elsewhere they are seen
+}
+
 TEST_F(ViewportCommands, SwitchesOffAndLocks)
 {
     evaluate("(command \"_.mview\" '(10 10) '(110 110) \"_.mview\" \"_off\" \"_l\" \"\")");

@@ -111,6 +111,28 @@ TEST_F(EntityIndexTest, IsMadeInPartsAndFindsTheSame)
     EXPECT_EQ(m_index.entitiesNear(box), searched(box));
 }
 
+TEST_F(EntityIndexTest, FollowsManyChangesInPartsAndFindsTheSameWhenAskedBetweenThem)
+{
+    constexpr std::size_t Many = 40000; // less than a part of all, more than is renewed at a time
+    for (std::size_t i = 0; i < 5 * Many; ++i)
+        add();
+    const geometry::Box box{{100, 100, 0}, {200, 200, 0}};
+    EXPECT_EQ(m_index.entitiesNear(box), searched(box));
+    m_test.drawing.database().journal().nextStep();
+    for (std::size_t i = 0; i < Many; ++i)
+        m_test.drawing.database().erase(m_entities[i]);
+    ASSERT_TRUE(m_index.prepare());
+    EXPECT_EQ(m_index.entitiesNear(box), searched(box));
+    EXPECT_FALSE(m_index.prepare());
+    m_test.drawing.database().journal().undo();
+    ASSERT_TRUE(m_index.prepare());
+    add(); // a change comes between
+    ASSERT_TRUE(m_index.prepare());
+    while (m_index.prepare()) {
+    }
+    EXPECT_EQ(m_index.entitiesNear(box), searched(box));
+}
+
 TEST_F(EntityIndexTest, KnowsTheExtentsOfEachEntity)
 {
     for (int i = 0; i < 300; ++i)
