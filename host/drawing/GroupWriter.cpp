@@ -47,10 +47,11 @@ void GroupWriter::appendCode(std::string &bytes, int code) const
     constexpr std::size_t PaddedWidth = 3;
     constexpr int LongCode = 255;
     if (isText()) {
-        const std::string digits = std::to_string(code);
-        if (m_format.codes == FileFormat::Codes::Padded && digits.size() < PaddedWidth)
-            bytes.append(PaddedWidth - digits.size(), ' ');
-        bytes.append(digits).append(m_format.lineEnd);
+        char digits[16];
+        const auto length = static_cast<std::size_t>(std::to_chars(digits, std::end(digits), code).ptr - digits);
+        if (m_format.codes == FileFormat::Codes::Padded && length < PaddedWidth)
+            bytes.append(PaddedWidth - length, ' ');
+        bytes.append(digits, length).append(m_format.lineEnd);
         return;
     }
     const bool isShort = m_format.kind == FileFormat::Kind::BinaryShortCodes;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 
 namespace drawing {
 
@@ -94,22 +95,44 @@ void appendEscape(char16_t unit, std::string &bytes)
         bytes.push_back(digits[unit >> shift & 0xF]);
 }
 
+// Has bits where one of eight bytes is '^', '\\' or no ASCII, and none where there is no such byte.
+std::uint64_t specialBytes(std::uint64_t eight)
+{
+    constexpr std::uint64_t Ones = 0x0101'0101'0101'0101, High = 0x80 * Ones;
+    const auto zeroBytes = [](std::uint64_t bytes) { return (bytes - Ones) & ~bytes; };
+    return (zeroBytes(eight ^ '^' * Ones) | zeroBytes(eight ^ '\\' * Ones) | eight) & High;
+}
+
 } // namespace
 
+// Names are short: eight bytes are looked at at once, the last ones a second time.
 bool TextCodec::isPlain(std::string_view bytes)
 {
-    bool isSpecial = false; // without an early end, so that many bytes are looked at at once
-    for (const char byte : bytes)
-        isSpecial |= static_cast<signed char>(byte) < 0 || byte == '^' || byte == '\\';
-    return !isSpecial;
+    std::uint64_t special = 0, eight = 0;
+    if (bytes.size() < sizeof eight) {
+        for (const char byte : bytes)
+            eight = eight << 8 | static_cast<unsigned char>(byte);
+        return !specialBytes(eight);
+    }
+    const char *const last = bytes.data() + bytes.size() - sizeof eight;
+    for (const char *at = bytes.data(); at < last; at += sizeof eight) {
+        std::memcpy(&eight, at, sizeof eight);
+        special |= specialBytes(eight);
+    }
+    std::memcpy(&eight, last, sizeof eight);
+    return !(special | specialBytes(eight));
 }
 
 bool TextCodec::decodesTo(std::string_view bytes, std::u16string_view text) const
 {
     if (!isPlain(bytes))
         return decode(bytes) == text;
-    return std::equal(bytes.begin(), bytes.end(), text.begin(), text.end(),
-                      [](char byte, char16_t unit) { return static_cast<unsigned char>(byte) == unit; });
+    if (bytes.size() != text.size())
+        return false;
+    unsigned difference = 0; // all are looked at, which for short texts is faster than to stop at the first one
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        difference |= text[i] ^ static_cast<unsigned char>(bytes[i]);
+    return difference == 0;
 }
 
 std::u16string TextCodec::decode(std::string_view bytes) const

@@ -65,4 +65,30 @@ TEST(Folded, NamesThatDifferInCaseAreEqual)
 }
 
 } // namespace
+TEST(TextCodec, PlainIsWhatHasNoSpecialByteAnywhere)
+{
+    for (std::size_t length = 0; length < 40; ++length)
+        for (int byte = 0; byte < 256; ++byte) {
+            const bool isSpecial = byte == '^' || byte == '\\' || byte >= 0x80;
+            for (std::size_t place = 0; place < length; ++place) {
+                std::string text(length, 'x');
+                text[place] = static_cast<char>(byte);
+                ASSERT_EQ(TextCodec::isPlain(text), !isSpecial) << length << ' ' << byte << ' ' << place;
+            }
+        }
+    EXPECT_TRUE(TextCodec::isPlain({}));
+}
+
+TEST(TextCodec, KnowsWhetherBytesDecodeToATextWithoutDecodingThem)
+{
+    const TextCodec codec;
+    EXPECT_TRUE(codec.decodesTo("AcDbEntity", u"AcDbEntity"));
+    EXPECT_FALSE(codec.decodesTo("AcDbEntity", u"AcDbEntitY"));
+    EXPECT_FALSE(codec.decodesTo("AcDbEntity", u"AcDbEntit"));
+    EXPECT_FALSE(codec.decodesTo("A", u"\u0141"));
+    EXPECT_TRUE(codec.decodesTo("", u""));
+    EXPECT_TRUE(codec.decodesTo("1^J2", u"1\n2"));
+    EXPECT_FALSE(codec.decodesTo("1^J2", u"1^J2"));
+}
+
 } // namespace drawing
