@@ -21,5 +21,5 @@ public:
 
 private:
     DWORD m_id = 0;
-    HANDLE m_process = nullptr; // of Windows
+    [[maybe_unused]] HANDLE m_process = nullptr; // of Windows
 };
