@@ -36,7 +36,7 @@ public:
 
     virtual void readVariables() = 0; // those of the drawing, whose header has changed by undo
 
-    virtual bool isPaperSpaceCurrent() const = 0; // else entities go to the model
+    virtual bool isPaperSpaceCurrent() const = 0;          // else entities go to the model
     virtual drawing::RecordId currentViewport() const = 0; // that the model is worked on through; NoRecord: none
     // While a layout is shown: the model is worked on in it (false: the layout has no viewport), or its paper.
     virtual bool workThroughViewport() = 0;

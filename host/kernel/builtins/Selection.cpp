@@ -125,10 +125,7 @@ private:
         return entities;
     }
 
-    std::vector<RecordId> visible() const
-    {
-        return newestFirst(commands::visibleEntities(m_document.session()));
-    }
+    std::vector<RecordId> visible() const { return newestFirst(commands::visibleEntities(m_document.session())); }
 
     std::vector<RecordId> within(const std::vector<Point> &polygon) const
     {
