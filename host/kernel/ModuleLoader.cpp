@@ -19,6 +19,8 @@ namespace {
 
 constexpr std::array<int, 4> SupportedVersion = {26, 8, 0, 54758};
 
+constexpr const char *NotAWholeLibrary = ": not a library of this system, or not all of it";
+
 } // namespace
 
 // The operating system's side: an open library, closed again at the end.
@@ -29,12 +31,14 @@ public:
     {
 #ifdef _WIN32
         m_handle = LoadLibraryW(reinterpret_cast<const wchar_t *>(path.utf16()));
+        if (!m_handle && GetLastError() == ERROR_BAD_EXE_FORMAT)
+            throw ModuleError(path.toStdString() + NotAWholeLibrary);
         if (!m_handle)
-            throw ModuleError("cannot load the module " + path.toStdString());
+            throw ModuleError(path.toStdString() + ": " + qt_error_string().toStdString());
         observeCallsOf(static_cast<HMODULE>(m_handle));
 #else
         if (QFileInfo(path).isFile() && QFileInfo(path).isReadable() && !isWholeLibrary(path))
-            throw ModuleError(path.toStdString() + ": not a library of this system, or not all of it");
+            throw ModuleError(path.toStdString() + NotAWholeLibrary);
         m_handle = dlopen(path.toLocal8Bit().constData(), RTLD_NOW | RTLD_LOCAL);
         if (!m_handle)
             throw ModuleError(dlerror()); // names the file

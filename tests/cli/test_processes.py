@@ -14,8 +14,11 @@ CHILD = FOLDER / ("testchild.exe" if WINDOWS else "testchild")
 
 STARTED = 33 if WINDOWS else 42  # any number above 32 says so
 
+# What the registry says of documents there is in windows/proof.lsp.
+NO_DESKTOP = "there are no settings of a desktop, and the user's part of the registry is none of Wine's associations"
 
-class Processes(LispHostTest):
+
+class StartedPrograms(LispHostTest):
     def setUp(self):
         super().setUp()
         self.report = self.folder / "report"
@@ -26,6 +29,8 @@ class Processes(LispHostTest):
             time.sleep(0.01)
         return self.report.read_text().split("\n")[:-1]
 
+
+class Processes(StartedPrograms):
     def test_spawned_programs_get_what_stands_between_the_commas(self):
         self.assert_gives(self.evaluate(f'(acet-sys-spawn 1 "{CHILD}" "{self.report},a,,b c")'), "32\n")
         self.assertEqual(self.arguments_of_child(), ["a", "", "b c"])
@@ -34,56 +39,6 @@ class Processes(LispHostTest):
         self.assert_gives(self.evaluate(f'(acet-sys-spawn 4 "{CHILD}" "{self.report},a")', "(acet-sys-sleep 500)"),
                           "\nError: wrong type of argument.\nnil\nnil\n")
         self.assertEqual(self.arguments_of_child(), ["a"])
-
-    def opened_documents(self, document):
-        """What a program called "viewer", which comes first on PATH, is told to open by wexo_opendefaultapp."""
-        programs = self.folder / "programs"
-        programs.mkdir()
-        (programs / "viewer").symlink_to(CHILD)
-        self.environment["PATH"] = f"{programs}:{os.environ['PATH']}"
-        self.environment["TESTCHILD_FILE"] = str(self.report)
-        self.write(document, b"content")
-        outcome = self.lisphost("--transcript", "transcript", "eval", f'(wexo_opendefaultapp "{document}")')
-        self.assert_gives(outcome, "nil\n")
-        self.assertEqual(json.loads((self.folder / "transcript").read_text()),
-                         {"event": "shell", "verb": "open", "file": document, "parameters": "", "result": 42})
-        return self.arguments_of_child()
-
-    def test_a_document_is_opened_by_the_program_of_the_registry(self):
-        self.write("viewer.reg", "Windows Registry Editor Version 5.00\n\n"
-                   "[HKEY_CURRENT_USER\\Software\\Classes\\.lhtest\\shell\\open\\command]\n"
-                   '@="viewer \\"%1\\""\n'.encode())
-        self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
-        self.assertEqual(self.opened_documents("a b#ä.lhtest"), [str(self.folder / "a b#ä.lhtest")])
-
-    def test_codes_in_the_name_of_a_document_are_part_of_the_name(self):
-        self.write("viewer.reg", "Windows Registry Editor Version 5.00\n\n"
-                   "[HKEY_CURRENT_USER\\Software\\Classes\\.lhtest\\shell\\open\\command]\n"
-                   '@="viewer \\"%1\\" -l=%l %2 %* 100%"\n'.encode())
-        self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
-        document = str(self.folder / "a%L%l%1.lhtest")
-        self.assertEqual(self.opened_documents("a%L%l%1.lhtest"), [document, f"-l={document}", "%2", "100%"])
-
-    def set_desktop_program(self, command):
-        self.write("data/mime/globs2", b"50:text/x-lhtest:*.lhtest\n")
-        self.write("data/applications/viewer.desktop", b"[Desktop Entry]\nType=Application\nName=Viewer\n"
-                   b"Exec=" + command + b"\nMimeType=text/x-lhtest;\n")
-        self.write("data/applications/mimeapps.list", b"[Default Applications]\ntext/x-lhtest=viewer.desktop\n")
-        for variable in ("XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"):
-            self.environment[variable] = str(self.folder / "data")
-
-    def test_a_document_is_opened_by_the_program_of_the_desktop(self):
-        self.set_desktop_program(b"viewer %f")
-        self.assertEqual(self.opened_documents("a b.lhtest"), [str(self.folder / "a b.lhtest")])
-
-    def test_field_codes_of_the_desktop_stand_inside_arguments_too(self):
-        self.set_desktop_program(b'viewer --file=%f %i -%c- %% a%%f')
-        document = str(self.folder / "a %f %%.lhtest")
-        self.assertEqual(self.opened_documents("a %f %%.lhtest"), [f"--file={document}", "--", "%", "a%f"])
-
-    def test_a_program_of_the_desktop_that_names_no_document_gets_it_last(self):
-        self.set_desktop_program(b"viewer -x")
-        self.assertEqual(self.opened_documents("a.lhtest"), ["-x", str(self.folder / "a.lhtest")])
 
     def test_many_programs_can_be_spawned_where_few_files_may_be_open(self):
         limits = resource.getrlimit(resource.RLIMIT_NOFILE)
@@ -169,7 +124,60 @@ class Transcript(LispHostTest):
         self.assertEqual(self.events("(acet-sys-beep 32767)"), [])
 
 
-@unittest.skipIf(WINDOWS, "the registry alone knows of associations")
+@unittest.skipIf(WINDOWS, NO_DESKTOP)
+class OpenedDocuments(StartedPrograms):
+    def opened_documents(self, document):
+        """What a program called "viewer", which comes first on PATH, is told to open by wexo_opendefaultapp."""
+        programs = self.folder / "programs"
+        programs.mkdir()
+        (programs / "viewer").symlink_to(CHILD)
+        self.environment["PATH"] = f"{programs}:{os.environ['PATH']}"
+        self.environment["TESTCHILD_FILE"] = str(self.report)
+        self.write(document, b"content")
+        outcome = self.lisphost("--transcript", "transcript", "eval", f'(wexo_opendefaultapp "{document}")')
+        self.assert_gives(outcome, "nil\n")
+        self.assertEqual(json.loads((self.folder / "transcript").read_text()),
+                         {"event": "shell", "verb": "open", "file": document, "parameters": "", "result": 42})
+        return self.arguments_of_child()
+
+    def test_a_document_is_opened_by_the_program_of_the_registry(self):
+        self.write("viewer.reg", "Windows Registry Editor Version 5.00\n\n"
+                   "[HKEY_CURRENT_USER\\Software\\Classes\\.lhtest\\shell\\open\\command]\n"
+                   '@="viewer \\"%1\\""\n'.encode())
+        self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
+        self.assertEqual(self.opened_documents("a b#ä.lhtest"), [str(self.folder / "a b#ä.lhtest")])
+
+    def test_codes_in_the_name_of_a_document_are_part_of_the_name(self):
+        self.write("viewer.reg", "Windows Registry Editor Version 5.00\n\n"
+                   "[HKEY_CURRENT_USER\\Software\\Classes\\.lhtest\\shell\\open\\command]\n"
+                   '@="viewer \\"%1\\" -l=%l %2 %* 100%"\n'.encode())
+        self.assert_gives(self.lisphost("registry", "import", "viewer.reg"), "")
+        document = str(self.folder / "a%L%l%1.lhtest")
+        self.assertEqual(self.opened_documents("a%L%l%1.lhtest"), [document, f"-l={document}", "%2", "100%"])
+
+    def set_desktop_program(self, command):
+        self.write("data/mime/globs2", b"50:text/x-lhtest:*.lhtest\n")
+        self.write("data/applications/viewer.desktop", b"[Desktop Entry]\nType=Application\nName=Viewer\n"
+                   b"Exec=" + command + b"\nMimeType=text/x-lhtest;\n")
+        self.write("data/applications/mimeapps.list", b"[Default Applications]\ntext/x-lhtest=viewer.desktop\n")
+        for variable in ("XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"):
+            self.environment[variable] = str(self.folder / "data")
+
+    def test_a_document_is_opened_by_the_program_of_the_desktop(self):
+        self.set_desktop_program(b"viewer %f")
+        self.assertEqual(self.opened_documents("a b.lhtest"), [str(self.folder / "a b.lhtest")])
+
+    def test_field_codes_of_the_desktop_stand_inside_arguments_too(self):
+        self.set_desktop_program(b'viewer --file=%f %i -%c- %% a%%f')
+        document = str(self.folder / "a %f %%.lhtest")
+        self.assertEqual(self.opened_documents("a %f %%.lhtest"), [f"--file={document}", "--", "%", "a%f"])
+
+    def test_a_program_of_the_desktop_that_names_no_document_gets_it_last(self):
+        self.set_desktop_program(b"viewer -x")
+        self.assertEqual(self.opened_documents("a.lhtest"), ["-x", str(self.folder / "a.lhtest")])
+
+
+@unittest.skipIf(WINDOWS, NO_DESKTOP)
 class Associations(LispHostTest):
     """A kind of file with a program, in settings of the desktop of the test's own."""
 
