@@ -4,7 +4,7 @@
 # It lives outside the checkout, in $LISPEXTENSION_CACHE (else ~/.cache/lispextension), in a folder named after the
 # versions and options that decide how it turns out. That folder appears in one step when everything is done, so an interrupted build is
 # never taken for a finished one.
-# Usage: tools/windows/build-qt.sh
+# Usage: tools/windows/build-qt.sh [--is-there]     builds and prints nothing, but says by its status whether it is built
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
@@ -23,6 +23,7 @@ settings=$(printf '%s\n' "${options[@]}" "$compiler" | sha256sum | cut -c1-12)
 cache=${LISPEXTENSION_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/lispextension}
 finished=$cache/qt-$version-mingw-$settings
 work=$cache/qt-build
+[ "${1-}" != --is-there ] || exec test -d "$finished"
 
 # Fetches Debian's source through package lists of our own, so that the machine's apt settings stay as they are.
 fetch_source() {
