@@ -58,7 +58,12 @@ Selection visibleNear(Session &session, const std::vector<selection::Place> &pla
 
 Selection thawedEntities(Session &session)
 {
-    return selection::thawedEntities(session.drawing(), currentSpace(session));
+    return selection::thawedEntities(session.drawing(), {.space = currentSpace(session)});
+}
+
+Selection thawedEntitiesInSight(Session &session)
+{
+    return selection::thawedEntities(session.drawing(), sight(session));
 }
 
 Selection visibleEntities(Session &session)

@@ -8,6 +8,8 @@ namespace commands {
 
 // All of the current space but what is on frozen layers, in drawing order.
 Selection thawedEntities(Session &session);
+// The same without what is frozen in the viewport that is worked through.
+Selection thawedEntitiesInSight(Session &session);
 // What can be seen of it.
 Selection visibleEntities(Session &session);
 

@@ -190,7 +190,7 @@ Task<Selection> select(Context &context, Purpose purpose, Answers answers)
         else if (reply.is(u"Previous"))
             collected.take(context.session().previousSelection());
         else if (reply.is(u"ALL"))
-            collected.take(thawedEntities(context.session()));
+            collected.take(thawedEntitiesInSight(context.session()));
         else if (reply.is(u"Undo"))
             collected.takeLastBack();
         else if (isRegion(reply.keyword)) {

@@ -66,8 +66,8 @@ public:
     virtual Selection takeImpliedSelection() = 0;
     virtual void setImpliedSelection(Selection selection) = 0;
 
-    // Lets a window live on; for everything that goes through many entities, called at each of them. Nothing changes
-    // meanwhile but what is shown.
+    // Lets a window live on; for everything that goes through many entities, called at each of them. Neither
+    // the drawing nor a selection changes meanwhile.
     virtual void pulse() = 0;
     // What the running command has been given so far, for the person to see; none at its end.
     virtual void showSelected(const Selection &entities) = 0;

@@ -34,10 +34,10 @@ std::vector<RecordId> entitiesOf(const Drawing &drawing, Space space)
     return entitiesIn(drawing.database(), drawing.database().section(drawing::known::Entities), space);
 }
 
-std::vector<RecordId> thawedEntities(const Drawing &drawing, Space space)
+std::vector<RecordId> thawedEntities(const Drawing &drawing, const Sight &sight)
 {
-    LayerStates layers(drawing);
-    std::vector<RecordId> entities = entitiesOf(drawing, space);
+    LayerStates layers(drawing, sight.viewport);
+    std::vector<RecordId> entities = entitiesOf(drawing, sight.space);
     std::erase_if(entities, [&](RecordId id) { return layers.of(id).isFrozen; });
     return entities;
 }

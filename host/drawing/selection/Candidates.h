@@ -21,9 +21,6 @@ std::vector<drawing::RecordId> entitiesOfAllLayouts(const drawing::Drawing &draw
 using drawing::Space;
 std::vector<drawing::RecordId> entitiesOf(const drawing::Drawing &drawing, Space space);
 
-// Those of one space that are not on frozen layers.
-std::vector<drawing::RecordId> thawedEntities(const drawing::Drawing &drawing, Space space);
-
 // What is looked at: a space, or the model through a viewport.
 struct Sight
 {
@@ -31,6 +28,8 @@ struct Sight
     drawing::RecordId viewport = drawing::NoRecord;
 };
 
+// Those there that are not on frozen layers.
+std::vector<drawing::RecordId> thawedEntities(const drawing::Drawing &drawing, const Sight &sight);
 // What can be seen there: not on layers that are off or frozen, and not invisible itself.
 std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, const Sight &sight);
 // The watch is called at each entity.

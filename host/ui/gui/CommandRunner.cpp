@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 using lisp::LispError;
 using lisp::Value;
@@ -67,7 +68,7 @@ void CommandRunner::run(const std::function<void()> &action)
     m_interface.startFreshLine();
     m_interface.window().setCommands(commands());
     showPrompt();
-    if (m_isClosing)
+    if (std::exchange(m_isClosing, false)) // once: the person may keep it open
         m_interface.window().close();
 }
 

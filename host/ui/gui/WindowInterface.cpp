@@ -154,6 +154,8 @@ InputReply WindowInterface::request(const InputRequest &request)
 
 InputReply WindowInterface::wait(const InputRequest &request)
 {
+    if (m_machine && m_machine->isInterrupted()) // Esc came while what asks now was at work
+        return {};
     CommandPanel &panel = m_window.commandPanel();
     const bool wantsKeys = request.kind == InputRequest::Kind::Event;
     const auto accept = [this](const QString &text) { answer({InputReply::Kind::Text, text.toStdU16String()}); };

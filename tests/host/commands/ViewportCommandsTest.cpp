@@ -43,6 +43,7 @@ TEST_F(ViewportCommands, WhatIsFrozenInAViewportAloneIsNotSelectedThroughIt)
     EXPECT_EQ(evaluate(all), "1");
     EXPECT_EQ(evaluate("(sslength (ssget \"_A\"))"), "1");
     EXPECT_EQ(evaluate(cold), "nil");
+    EXPECT_EQ(evaluate("(progn (command \"_.select\" \"_all\" \"\") (sslength (ssget \"_P\")))"), "1");
     evaluate("(command \"_.erase\" \"_c\" '(149 149) '(251 151) \"\")");
     evaluate("(setvar \"TILEMODE\" 1)");
     EXPECT_EQ(evaluate(all), "3"); // elsewhere they are seen

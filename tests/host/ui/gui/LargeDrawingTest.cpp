@@ -23,6 +23,44 @@ protected:
     }
     MainWindow &window() { return interface.window(); }
     void pressEscape() { QTest::keyClick(&interface.window(), Qt::Key_Escape); }
+    // When so much of a file has been read that this is shown.
+    void whileItIsRead(const std::function<void()> &action)
+    {
+        auto *watch = new QTimer(&interface);
+        QObject::connect(watch, &QTimer::timeout, watch, [this, watch, action] {
+            if (!bar->isVisible())
+                return;
+            watch->stop();
+            watch->deleteLater();
+            action();
+        });
+        watch->start(1);
+    }
+    // Types a move of all there is; when the command has begun to look for it, the person acts. False: that was not
+    // enough to end it.
+    bool moveAll(const std::function<void()> &action)
+    {
+        bool isWaiting = false;
+        QTimer rescue;
+        QObject::connect(&rescue, &QTimer::timeout, &interface, [this, &isWaiting] {
+            isWaiting = true;
+            pressEscape();
+        });
+        rescue.start(10'000);
+        const QStringList answers = {QStringLiteral("c"), QStringLiteral("-1,-1"),
+                                     QStringLiteral("1001,%1").arg(LargeCount)};
+        later([this, answers, action] { answer(answers, action); });
+        type(QStringLiteral("move"));
+        return !isWaiting;
+    }
+    void answer(const QStringList &answers, const std::function<void()> &action)
+    {
+        if (answers.size() > 1)
+            later([this, answers, action] { answer(answers.sliced(1), action); });
+        else
+            later(action);
+        type(answers.first());
+    }
     bool isFormerThere() { return document.drawing().path().endsWith(QStringLiteral("mine.dxf")); }
     void expectReady()
     {
@@ -61,7 +99,7 @@ TEST_F(LargeDrawing, ItsProgressIsShownAndNothingElseCanBeDoneMeanwhile)
 
 TEST_F(LargeDrawing, EscWhileItIsReadKeepsTheFormerDrawing)
 {
-    later([this] { pressEscape(); });
+    whileItIsRead([this] { pressEscape(); });
     window().openFile(m_path);
     EXPECT_TRUE(isFormerThere());
     EXPECT_EQ(entityCount(), "1\n");
@@ -91,7 +129,7 @@ TEST_F(LargeDrawing, EscAtAnyMomentLeavesOneOfTheTwo)
 
 TEST_F(LargeDrawing, EscStopsAProgramThatOpensItAndKeepsTheFormerDrawing)
 {
-    later([this] { pressEscape(); });
+    whileItIsRead([this] { pressEscape(); });
     type(QStringLiteral("(progn (command \"_.OPEN\" \"%1\") (princ \"went on\"))").arg(m_path));
     EXPECT_TRUE(isFormerThere());
     EXPECT_THAT(output(), HasSubstr("error: Function cancelled\n"));
@@ -101,8 +139,23 @@ TEST_F(LargeDrawing, EscStopsAProgramThatOpensItAndKeepsTheFormerDrawing)
 
 TEST_F(LargeDrawing, ClosingTheWindowWhileItIsReadGivesItUpAndCloses)
 {
-    later([this] { EXPECT_FALSE(window().close()); });
+    whileItIsRead([this] { EXPECT_FALSE(window().close()); });
     window().openFile(m_path);
     EXPECT_TRUE(isFormerThere());
+    EXPECT_FALSE(window().isVisible());
+}
+
+TEST_F(LargeDrawing, EscWhileACommandLooksForEntitiesCancelsIt)
+{
+    window().openFile(m_path);
+    EXPECT_TRUE(moveAll([this] { pressEscape(); }));
+    EXPECT_THAT(output(), HasSubstr("*Cancel*"));
+    expectReady();
+}
+
+TEST_F(LargeDrawing, ClosingTheWindowWhileACommandLooksForEntitiesClosesIt)
+{
+    window().openFile(m_path);
+    EXPECT_TRUE(moveAll([this] { EXPECT_FALSE(window().close()); }));
     EXPECT_FALSE(window().isVisible());
 }
