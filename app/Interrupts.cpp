@@ -10,13 +10,15 @@ namespace {
 constexpr int PatientInterrupts = 2;
 
 std::atomic<lisp::Machine *> interruptible = nullptr;
+std::atomic<int> signalCount = 0;
 
 } // namespace
 
 extern "C" void onInterrupt(int signal)
 {
     lisp::Machine *machine = interruptible.load(std::memory_order_relaxed);
-    if (machine && machine->interrupt() <= PatientInterrupts) {
+    if (machine && signalCount.fetch_add(1, std::memory_order_relaxed) < PatientInterrupts) {
+        machine->interrupt();
         std::signal(signal, onInterrupt); // some systems reset the handler at its call
     } else {
         std::signal(signal, SIG_DFL);
@@ -27,6 +29,7 @@ extern "C" void onInterrupt(int signal)
 InterruptScope::InterruptScope(lisp::Machine &machine)
 {
     machine.clearInterrupts();
+    signalCount = 0;
     interruptible = &machine;
     std::signal(SIGINT, onInterrupt);
 }
@@ -35,4 +38,9 @@ InterruptScope::~InterruptScope()
 {
     std::signal(SIGINT, SIG_DFL);
     interruptible = nullptr;
+}
+
+bool InterruptScope::hasInterrupted() const
+{
+    return signalCount > 0;
 }

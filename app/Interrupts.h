@@ -17,4 +17,6 @@ public:
     ~InterruptScope();
     InterruptScope(const InterruptScope &) = delete;
     InterruptScope &operator=(const InterruptScope &) = delete;
+
+    bool hasInterrupted() const; // whether there was a signal while it lived
 };

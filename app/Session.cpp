@@ -46,6 +46,7 @@ void Session::openDocument()
     m_host.services().answers = m_answers;
     m_document = &m_host.documents().open();
     machine().setConsole(m_output);
+    machine().heap().setLimit(m_memoryLimit);
     if (m_drawingFile.isEmpty())
         return;
     m_document->open(m_drawingFile);
@@ -65,6 +66,7 @@ void Session::warnOfOddities()
 void Session::startOver()
 {
     m_host.documents().close(*m_document);
+    m_userInterface.closeWindows();
     openDocument();
 }
 
@@ -114,7 +116,8 @@ void Session::limit(const SandboxOptions &limits)
 {
     constexpr std::size_t Megabyte = 1024 * 1024;
     if (limits.megabytes > 0)
-        machine().heap().setLimit(static_cast<std::size_t>(limits.megabytes) * Megabyte);
+        m_memoryLimit = static_cast<std::size_t>(limits.megabytes) * Megabyte;
+    machine().heap().setLimit(m_memoryLimit);
     if (limits.seconds > 0)
         interruptAfter(limits.seconds);
 }

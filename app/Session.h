@@ -21,10 +21,12 @@ public:
     // failed. Gives the exit status.
     int finish(int status);
 
-    // Opens a new document in place of the one that there is, with the drawing and the answers as at the beginning.
+    // Opens a new document in place of the one that there is, whose values end with it, with the drawing and the
+    // answers as at the beginning. Raises drawing::ReadError, with an empty document, when the drawing can no longer be
+    // read.
     void startOver();
 
-    // Bounds what programs may take from now on: time, memory.
+    // Bounds what programs may take from now on: time, and the memory of each document.
     void limit(const SandboxOptions &limits);
 
     lisp::Machine &machine() { return m_document->machine(); }
@@ -50,6 +52,7 @@ private:
 
     QString m_drawingFile, m_saveFile, m_plotFile, m_plotLayout; // empty: none
     AnswersFile m_answers;
+    std::size_t m_memoryLimit = lisp::Heap::Unlimited;
     TerminalConsole m_console;
     lisp::Console *m_output = &m_console;
     Host m_host;

@@ -6,13 +6,9 @@
 #include "host/interpreter/files/SourceFile.h"
 #include "host/lisptest/Assertions.h"
 #include "host/lisptest/Discovery.h"
-#include "host/lisptest/JUnitFile.h"
-#include "host/lisptest/TestReport.h"
 #include "host/lisptest/TestRun.h"
 
 #include <QElapsedTimer>
-
-#include <algorithm>
 
 using lisp::LispError;
 using lisptest::TestResult;
@@ -46,40 +42,12 @@ TestResult verdict(const TestRun &run, const std::optional<LispError> &uncaught)
     return {};
 }
 
-class TestRunner
+} // namespace
+
+lisp::Machine &TestRunner::machine()
 {
-public:
-    // A test that runs longer than so many seconds fails; 0: none does.
-    TestRunner(Session &session, lisptest::TestReport &report, int secondsForATest)
-        : m_session(session), m_report(report), m_secondsForATest(secondsForATest)
-    {
-    }
-
-    // False when somebody has interrupted the tests.
-    bool runFile(const QString &file);
-    const std::vector<TestResult> &results() const { return m_results; }
-
-private:
-    using Body = std::function<void()>;
-
-    TestResult run(const QString &name, const Body &body);
-    std::optional<LispError> attempt(const Body &body);
-    LispError tooLong(const std::optional<LispError> &uncaught) const;
-    void read();
-    void load();
-    void callTest(const std::u16string &name);
-    void callIfDefined(std::u16string_view name);
-    void add(TestResult result);
-    lisp::Machine &machine() { return m_session.machine(); }
-
-    Session &m_session;
-    lisptest::TestReport &m_report;
-    const int m_secondsForATest;
-    QString m_file;
-    std::u16string m_source;
-    bool m_isInterrupted = false;
-    std::vector<TestResult> m_results;
-};
+    return m_session.machine();
+}
 
 // The first load tells which tests there are; without any the file itself is one.
 bool TestRunner::runFile(const QString &file)
@@ -106,11 +74,10 @@ TestResult TestRunner::run(const QString &name, const Body &body)
 {
     TestRun run;
     const OutputScope output(m_session, run);
-    m_session.startOver();
-    lisp::defineBuiltins(machine(), lisptest::assertionBuiltins());
+    const std::optional<LispError> failure = startOver();
     QElapsedTimer timer;
     timer.start();
-    TestResult result = verdict(run, attempt(body));
+    TestResult result = verdict(run, failure ? failure : attempt(body));
     result.seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     result.file = m_file;
     result.name = name;
@@ -127,6 +94,18 @@ LispError TestRunner::tooLong(const std::optional<LispError> &uncaught) const
     return error;
 }
 
+// The drawing may have been spoiled by the test before.
+std::optional<LispError> TestRunner::startOver()
+{
+    try {
+        m_session.startOver();
+        lisp::defineBuiltins(machine(), lisptest::assertionBuiltins());
+        return {};
+    } catch (const drawing::ReadError &error) {
+        return LispError(QString::fromUtf8(error.what()).toStdU16String());
+    }
+}
+
 std::optional<LispError> TestRunner::attempt(const Body &body)
 {
     const InterruptScope interrupts(machine());
@@ -138,9 +117,11 @@ std::optional<LispError> TestRunner::attempt(const Body &body)
     } catch (const LispError &error) {
         uncaught = error;
     }
-    if (watchdog.hasInterrupted())
+    m_isInterrupted = interrupts.hasInterrupted();
+    if (m_isInterrupted && !uncaught)
+        uncaught.emplace(u"Function cancelled"); // though the test has caught that
+    if (watchdog.hasInterrupted() && !m_isInterrupted)
         return tooLong(uncaught);
-    m_isInterrupted = machine().wasInterrupted();
     return uncaught;
 }
 
@@ -163,16 +144,24 @@ void TestRunner::callTest(const std::u16string &name)
 {
     load();
     callIfDefined(u"SETUP");
-    bool hasValue = false;
     try {
-        hasValue = machine().call(machine().intern(name)->value, {}).isTrue();
+        callAsserting(name);
     } catch (const LispError &) {
-        callIfDefined(u"TEARDOWN");
+        try {
+            callIfDefined(u"TEARDOWN");
+        } catch (const LispError &) { // the first error is the one to tell
+        }
         throw;
     }
     callIfDefined(u"TEARDOWN");
-    // A test that asserts nothing has to say by its value that all is well.
-    if (TestRun::current().assertions() == 0 && !hasValue)
+}
+
+// A test that asserts nothing has to say by its value that all is well.
+void TestRunner::callAsserting(const std::u16string &name)
+{
+    const int before = TestRun::current().assertions(); // of the file and of setup
+    const bool hasValue = machine().call(machine().intern(name)->value, {}).isTrue();
+    if (TestRun::current().assertions() == before && !hasValue)
         throw LispError(u"no assertion was made, and the value is nil");
 }
 
@@ -187,47 +176,4 @@ void TestRunner::add(TestResult result)
     m_report.add(result);
     m_session.console().flush();
     m_results.push_back(std::move(result));
-}
-
-// Nothing, after the reason was said on standard error, when one of the paths leads nowhere.
-std::optional<QStringList> filesOf(Session &session, const std::vector<QString> &paths)
-{
-    QStringList files;
-    for (const QString &path : paths) {
-        QString failure;
-        const std::optional<QStringList> found = lisptest::testFiles(path, failure);
-        if (!found) {
-            session.warn(failure);
-            return {};
-        }
-        files += *found;
-    }
-    files.removeDuplicates();
-    return files;
-}
-
-} // namespace
-
-int runTests(Session &session, const Options &options)
-{
-    const std::optional<QStringList> files = filesOf(session, options.operands);
-    if (!files)
-        return ExitFile;
-    const std::unique_ptr<lisptest::TestReport> report =
-        options.reportsAsTap ? lisptest::tapReport(session.console()) : lisptest::plainReport(session.console());
-    TestRunner runner(session, *report, options.secondsForATest);
-    const bool isComplete =
-        std::all_of(files->begin(), files->end(), [&](const QString &file) { return runner.runFile(file); });
-    const lisptest::TestCounts counts = lisptest::countOf(runner.results());
-    report->finish(counts);
-    if (!isComplete)
-        session.warn(QStringLiteral("interrupted; the tests that follow were not run"));
-    if (counts.all == 0)
-        session.warn(QStringLiteral("there are no tests"));
-    QString failure;
-    if (!options.junitFile.isEmpty() && !lisptest::writeJUnitFile(options.junitFile, runner.results(), failure)) {
-        session.warn(failure);
-        return ExitFile;
-    }
-    return isComplete && counts.all > 0 && counts.failed + counts.errored == 0 ? ExitFine : ExitFailed;
 }

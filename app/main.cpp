@@ -6,7 +6,7 @@
 #include "app/RegistryCommands.h"
 #include "app/Repl.h"
 #include "app/Session.h"
-#include "app/TestRunner.h"
+#include "app/TestCommand.h"
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/system/Process.h"
@@ -66,6 +66,10 @@ int executeInSession(const Options &options, const QString &sandboxFolder)
 int testInOwnProfile(const Options &options)
 {
     const QTemporaryDir folder;
+    if (!folder.isValid()) {
+        std::fprintf(stderr, "lisphost: no temporary folder can be made: %s\n", qPrintable(folder.errorString()));
+        return ExitFile;
+    }
     setProfileFolder(folder.path());
     return executeInSession(options, QString());
 }

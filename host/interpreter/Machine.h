@@ -142,7 +142,6 @@ public:
     // interrupts since they were cleared. Async-signal-safe.
     int interrupt() { return m_interrupts.fetch_add(1, std::memory_order_relaxed) + 1; }
     void clearInterrupts();
-    bool wasInterrupted() const { return m_interrupts.load(std::memory_order_relaxed) > 0; } // since they were cleared
     // Whether that failure is still to come; what takes long asks, gives up, and lets it come.
     bool isInterrupted() const { return m_interrupts.load(std::memory_order_relaxed) > m_interruptsRaised; }
     void raiseInterrupt(); // lets it come now; nothing without one

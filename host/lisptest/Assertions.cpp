@@ -30,8 +30,9 @@ Value assertTrue(Machine &machine, Args arguments)
 
 Value assertNil(Machine &machine, Args arguments)
 {
-    const std::u16string message = messageOr(arguments, 1, u"expected nil, got " + printed(arguments[0]));
-    TestRun::current().check(machine, arguments[0].isNil(), message);
+    const bool isNil = arguments[0].isNil();
+    const std::u16string otherwise = isNil ? std::u16string() : u"expected nil, got " + printed(arguments[0]);
+    TestRun::current().check(machine, isNil, messageOr(arguments, 1, otherwise));
     return machine.boolean(true);
 }
 
@@ -39,8 +40,9 @@ Value assertEqual(Machine &machine, Args arguments)
 {
     const double fuzz = arguments.has(2) ? arguments.number(2) : 0.0;
     const bool areEqual = lisp::isEqual(machine, arguments[0], arguments[1], fuzz);
-    const std::u16string message = u"expected " + printed(arguments[0]) + u", got " + printed(arguments[1]);
-    TestRun::current().check(machine, areEqual, areEqual ? std::u16string_view() : message);
+    const std::u16string message =
+        areEqual ? std::u16string() : u"expected " + printed(arguments[0]) + u", got " + printed(arguments[1]);
+    TestRun::current().check(machine, areEqual, message);
     return arguments[1];
 }
 

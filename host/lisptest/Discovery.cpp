@@ -2,6 +2,7 @@
 
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -11,9 +12,9 @@ namespace {
 
 bool isTestFileName(const QFileInfo &file)
 {
-    const QString name = file.completeBaseName().toLower();
-    return name.startsWith(QStringLiteral("test")) || name.endsWith(QStringLiteral("test")) ||
-           name.endsWith(QStringLiteral("tests"));
+    static const QRegularExpression word(QStringLiteral("^tests?([-_. ]|$)|[-_. ]tests?$"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    return word.match(file.completeBaseName()).hasMatch();
 }
 
 bool isTestName(std::u16string_view name)
@@ -33,6 +34,7 @@ const lisp::Function *functionIn(std::u16string_view file, const lisp::Symbol &s
     return isDefinition && function->parameterCount == 0 ? function : nullptr;
 }
 
+// Where it ends; one line may have the beginnings of many.
 std::uint32_t lineOf(const lisp::Function &function)
 {
     return function.lines.empty() ? 0 : *std::max_element(function.lines.begin(), function.lines.end());

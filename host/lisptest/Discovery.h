@@ -7,7 +7,7 @@
 namespace lisptest {
 
 // The files with tests that a path leads to: a file is one whatever its name is; in a folder, and below, those whose
-// name begins with "test" or ends with "test" or "tests" before ".lsp", in the order of their names. Nothing, with a
+// name begins or ends with the word "test" or "tests" before ".lsp", in the order of their names. Nothing, with a
 // reason in `failure`, where there is no such path.
 std::optional<QStringList> testFiles(const QString &path, QString &failure);
 

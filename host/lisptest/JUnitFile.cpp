@@ -3,6 +3,7 @@
 #include "storage/AtomicFile.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFileInfo>
 #include <QXmlStreamWriter>
 
@@ -28,6 +29,17 @@ QString xmlText(const QString &text)
             result.append(unit);
     }
     return result;
+}
+
+// Servers put the parts of a class name between dots into groups of their own.
+QString className(const QString &file)
+{
+    QString name = QDir::cleanPath(QDir::fromNativeSeparators(file));
+    if (name.endsWith(QStringLiteral(".lsp"), Qt::CaseInsensitive))
+        name.chop(4);
+    while (name.startsWith(u'/') || name.startsWith(u'.'))
+        name.remove(0, 1);
+    return name.replace(u'/', u'.');
 }
 
 class Writer
@@ -74,10 +86,9 @@ private:
 
     void writeTest(const TestResult &result)
     {
-        const QString fileName = QFileInfo(result.file).completeBaseName();
         m_xml.writeStartElement(QStringLiteral("testcase"));
-        attribute("classname", fileName);
-        attribute("name", result.name.isEmpty() ? fileName : result.name);
+        attribute("classname", className(result.file));
+        attribute("name", result.name.isEmpty() ? QFileInfo(result.file).fileName() : result.name);
         attribute("time", QString::number(result.seconds, 'f', 3));
         if (result.outcome != TestResult::Outcome::Passed)
             writeVerdict(result);

@@ -52,7 +52,7 @@ public:
         m_console.write(text.toStdU16String());
     }
 
-    void finish(const TestCounts &counts) override
+    void finish(const TestCounts &counts, bool) override
     {
         QString text = QStringLiteral("%1 %2: %3 passed")
                            .arg(counts.all)

@@ -39,7 +39,10 @@ public:
         write(text);
     }
 
-    void finish(const TestCounts &counts) override { write(QStringLiteral("1..%1\n").arg(counts.all)); }
+    void finish(const TestCounts &counts, bool isComplete) override
+    {
+        write(isComplete ? QStringLiteral("1..%1\n").arg(counts.all) : QStringLiteral("Bail out! interrupted\n"));
+    }
 
 private:
     static QString diagnostics(const TestResult &result)

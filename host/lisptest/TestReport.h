@@ -13,7 +13,8 @@ class TestReport
 public:
     virtual ~TestReport() = default;
     virtual void add(const TestResult &result) = 0;
-    virtual void finish(const TestCounts &counts) = 0;
+    // `isComplete`: nobody has interrupted the tests.
+    virtual void finish(const TestCounts &counts, bool isComplete) = 0;
 };
 
 // Both write to a console, which outlives them.

@@ -66,8 +66,20 @@ void HeadlessInterface::start()
     argumentCount = 5;
     m_application = makeApplication<QApplication>(argumentCount, arguments.data());
     m_driver = std::make_unique<DialogDriver>(m_services);
+    makeMainWindow();
+}
+
+void HeadlessInterface::makeMainWindow()
+{
     m_mainWindow = std::make_unique<QWidget>();
     m_mainWindow->setObjectName(QStringLiteral("mainWindow"));
+}
+
+// They belong to the main window and go with it.
+void HeadlessInterface::closeWindows()
+{
+    if (m_mainWindow)
+        makeMainWindow();
 }
 
 // Never shown: nobody is there to see it. It is the parent of the modules' dialogs.

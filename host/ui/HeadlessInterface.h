@@ -30,9 +30,11 @@ public:
     void showHtml(const QString &text) override;
     std::optional<QString> chooseFile(const FileRequest &request) override;
     void callEnded() override;
+    void closeWindows(); // those that programs have left open, too
 
 private:
     void start();
+    void makeMainWindow();
 
     HostServices &m_services;
     std::unique_ptr<QCoreApplication> m_application; // a QApplication as soon as a window is asked for

@@ -203,8 +203,8 @@ class Usage(SandboxTest):
         self.assertEqual(self.run_sandboxed('(princ "ran")'), refusal)
         self.assertEqual(self.lisphost("--sandbox", "--allow-write", ".", "eval", '(princ "ran")'), refusal)
 
-    def test_only_programs_and_expressions_run_in_it(self):
-        self.assert_fails(self.lisphost("--sandbox", "repl"), 2, "--sandbox is for run and eval")
+    def test_only_programs_expressions_and_tests_run_in_it(self):
+        self.assert_fails(self.lisphost("--sandbox", "repl"), 2, "--sandbox is for run, eval and test")
 
     def test_its_options_mean_nothing_without_it(self):
         for option in ("--allow-write", "--allow-run", "--limit-time", "--limit-memory", "--limit-depth"):
@@ -241,6 +241,18 @@ class UnitTests(SandboxTest):
         outcome = self.lisphost("--sandbox", "--allow-write", "outside", *call)
         self.assert_gives(outcome, "ok    inside/a-test.lsp\n1 test: 1 passed\n")
         self.assertIn("<testsuites", (self.outside / "results.xml").read_text())
+
+    def test_every_test_is_bound_to_the_memory(self):
+        self.write("inside/a-test.lsp", """(defun grow (/ all) (while T (setq all (cons 1 all))))
+            (defun test-one () (grow)) (defun test-two () (grow))""")
+        outcome = self.lisphost("--sandbox", "--limit-memory", "20", "test", "inside")
+        self.assertEqual((outcome.status, outcome.output.count("out of memory")), (1, 2), outcome)
+
+    def test_a_test_that_takes_too_long_is_ended_here_too(self):
+        self.write("inside/a-test.lsp", "(defun test-one () (while T)) (defun test-two () T)")
+        outcome = self.lisphost("--sandbox", "test", "--timeout", "1", "inside")
+        self.assertEqual((outcome.status, outcome.errors), (1, ""))
+        self.assertIn("ok    inside/a-test.lsp: test-two\n", outcome.output)
 
     def test_the_time_limit_ends_the_run(self):
         self.write("inside/a-test.lsp", "(defun test-one () (while T)) (defun test-two () T)")

@@ -1,5 +1,6 @@
 """lisphost test: LISP programs that test others."""
 
+import json
 import re
 import signal
 import subprocess
@@ -82,6 +83,21 @@ class Assertions(UnitTests):
         self.assert_fails_with("(defun test-it () (= 1 2))", "no assertion was made, and the value is nil",
                                verdict="ERROR")
 
+    def test_an_assertion_outside_the_test_is_none_of_its_own(self):
+        for outside in ("(assert 1)", "(defun setup () (assert 1))"):
+            self.assert_fails_with(f"{outside} (defun test-it () nil)", "no assertion was made, and the value is nil",
+                                   verdict="ERROR")
+
+    def test_the_error_of_the_test_comes_before_that_of_teardown(self):
+        self.assert_fails_with("(defun teardown () (car 2)) (defun test-it () (car 1))", "bad argument type: listp 1",
+                               verdict="ERROR")
+        self.assert_fails_with("(defun teardown () (car 2)) (defun test-it () T)", "bad argument type: listp 2",
+                               verdict="ERROR")
+
+    def test_an_error_in_setup_fails_the_test(self):
+        self.assert_fails_with("(defun setup () (car 2)) (defun test-it () T)", "bad argument type: listp 2",
+                               verdict="ERROR")
+
     def test_skipping_is_neither(self):
         outcome = self.run_tests('(defun test-it () (skip-test "no printer") (fail-test "never"))')
         self.assert_gives(outcome, "skip  test.lsp: test-it\n      no printer\n1 test: 0 passed, 1 skipped\n")
@@ -125,10 +141,35 @@ class Isolation(UnitTests):
         notes = (self.folder / "notes").read_text().split()
         self.assertEqual(notes, ["setup", "one", "teardown", "setup", "two", "teardown"])
 
+    @unittest.skipIf(WINDOWS, "the registry is the system's own")
     def test_settings_stay_out_of_the_users_profile(self):
         key = '"HKEY_CURRENT_USER\\\\Software\\\\Tests" "A"'
         self.assert_passes(f'(defun test-it () (vl-registry-write {key} "1") (assert-equal "1" (vl-registry-read {key})))')
         self.assert_gives(self.evaluate(f"(vl-registry-read {key})"), "nil\n")
+
+    @unittest.skipIf(WINDOWS, "Unix' permissions of a folder do not bind what is in it")
+    def test_where_no_folder_can_be_made_for_settings_nothing_is_run(self):
+        locked = self.folder / "locked"
+        locked.mkdir(mode=0o500)
+        self.environment |= {"TMPDIR": str(locked)}
+        self.write("test.lsp", "(assert 1)")
+        self.assert_fails(self.lisphost("test", "test.lsp"), 3, "^lisphost: no temporary folder can be made: ")
+
+    def test_windows_that_stay_open_are_closed_before_the_next(self):
+        outcome = self.run_tests("""(defun test-one () (acet-ui-status "Working" "Title") T) (defun test-two () T)
+            (defun test-three () (acet-ui-status "Working" "Title") T)""", "--transcript", "transcript")
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        events = [json.loads(line) for line in (self.folder / "transcript").read_text().splitlines()]
+        self.assertEqual([(event["class"], event["visible"]) for event in events], [("Dlg_Status", True)] * 2)
+
+    def test_a_drawing_that_a_test_has_spoiled_fails_those_that_follow(self):
+        self.assert_gives(self.lisphost("--save", "d.dxf", "eval", "1"), "1\n")
+        outcome = self.run_tests("""(defun test-one () (vl-file-delete "d.dxf") (assert 1))
+            (defun test-two () (assert 1)) (defun test-three () (assert 1))""", "--drawing", "d.dxf", "--junit", "r.xml")
+        self.assertEqual(outcome.status, 1)
+        self.assertRegex(outcome.output, r"(?s)^ok    test.lsp: test-one\nERROR test.lsp: test-two\n.*d\.dxf.*\n"
+                         r"ERROR test.lsp: test-three\n.*\n3 tests: 1 passed, 2 with errors\n$")
+        self.assertTrue((self.folder / "r.xml").exists())
 
     def test_answers_are_there_from_the_beginning_for_each(self):
         self.write("answers", "5\n6\n")
@@ -157,7 +198,7 @@ class Discovery(UnitTests):
         self.assert_passes('(load "program") (defun test-it () T)')
 
     def test_folders_are_searched_for_files_with_tests(self):
-        for name in ("a-test.lsp", "sub/Tests.LSP", "sub/test-b.lsp", "sub/contest-rules.lsp", "sub/latest.txt", "program.lsp"):
+        for name in ("a-test.lsp", "sub/Tests.LSP", "sub/test-b.lsp", "sub/contest.lsp", "latest.lsp", "sub/test.txt", "program.lsp"):
             self.write(name, "(defun test-it () T)")
         outcome = self.lisphost("test", ".")
         names = re.findall(r"ok +\./(\S+):", outcome.output)
@@ -232,8 +273,8 @@ class Reports(UnitTests):
         self.assertEqual([suites.get(name) for name in ("tests", "failures", "errors", "skipped")], ["5", "1", "1", "1"])
         self.assertEqual([(suite.get("name"), suite.get("tests")) for suite in suites], [("test.lsp", "4"), ("more-test.lsp", "1")])
         cases = {case.get("name"): case for case in suites.iter("testcase")}
-        self.assertEqual(list(cases), ["test-good", "test-bad", "test-broken", "test-later", "more-test"])
-        self.assertEqual({case.get("classname") for case in suites[0]}, {"test"})
+        self.assertEqual(list(cases), ["test-good", "test-bad", "test-broken", "test-later", "more-test.lsp"])
+        self.assertEqual([{case.get("classname") for case in suite} for suite in suites], [{"test"}, {"more-test"}])
         self.assertEqual([child.tag for child in cases["test-good"]], ["system-out"])
         bad = cases["test-bad"]
         self.assertEqual(bad.find("failure").get("message"), 'expected "a\\n<b>", got "c"')
@@ -275,6 +316,19 @@ $""")
         self.assertRegex(output, "\n1 test: 0 passed, 1 with errors\n$")
         self.assertIn("lisphost: interrupted; the tests that follow were not run\n", errors)
         self.assertIn('tests="1"', (self.folder / "r.xml").read_text())
+
+    @unittest.skipIf(WINDOWS, "Wine passes no interrupts on")
+    def test_an_interrupt_that_the_test_catches_ends_the_run_all_the_same(self):
+        self.write("test.lsp", """(defun at-work () (alert "at work") (while T))
+            (defun test-one () (vl-catch-all-apply 'at-work) (assert 1)) (defun test-two () T)""")
+        process = subprocess.Popen([LISPHOST, "test", "--tap", "--timeout", "60", "--transcript", "-", "test.lsp"],
+                                   cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, text=True, preexec_fn=respect_permissions)
+        self.assertIn("at work", process.stderr.readline())
+        process.send_signal(signal.SIGINT)
+        output, _ = process.communicate(timeout=TIMEOUT)
+        self.assertEqual(process.returncode, 1)
+        self.assertRegex(output, r'(?s)not ok 1 - test.lsp: test-one\n.*"Function cancelled".*\nBail out! interrupted\n$')
 
 
 unittest.main()

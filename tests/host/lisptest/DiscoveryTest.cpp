@@ -30,7 +30,8 @@ TEST(Discovery, InFoldersTheNameOfAFileSaysWhetherItHoldsTests)
 {
     const QTemporaryDir folder;
     ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("b/test.lsp")));
-    for (const char *name : {"c-test.lsp", "b/TESTS.LSP", "b/test.lsp/test-a.lsp", "b/program.lsp", "test.txt"})
+    for (const char *name : {"c-test.lsp", "b/TESTS.LSP", "b/test.lsp/test-a.lsp", "b/program.lsp", "latest.lsp",
+                             "testimony.lsp", "test.txt"})
         ASSERT_TRUE(QFile(folder.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly)) << name;
     QString failure;
     const std::optional<QStringList> files = testFiles(folder.path(), failure);

@@ -48,8 +48,9 @@ TEST(PlainReport, CountsEachKindThatThereIs)
     Shown shown;
     const auto report = lisptest::plainReport(shown);
     report->finish(lisptest::countOf({result(TestResult::Outcome::Passed), result(TestResult::Outcome::Failed),
-                                      result(TestResult::Outcome::Errored), result(TestResult::Outcome::Skipped)}));
-    report->finish(lisptest::countOf({result(TestResult::Outcome::Passed)}));
+                                      result(TestResult::Outcome::Errored), result(TestResult::Outcome::Skipped)}),
+                   true);
+    report->finish(lisptest::countOf({result(TestResult::Outcome::Passed)}), true);
     EXPECT_EQ(shown.text(), "4 tests: 1 passed, 1 failed, 1 with errors, 1 skipped\n1 test: 1 passed\n");
 }
 
@@ -59,11 +60,19 @@ TEST(TapReport, EscapesWhatWouldBeginADirective)
     const auto report = lisptest::tapReport(shown);
     report->add(result(TestResult::Outcome::Passed));
     report->add(result(TestResult::Outcome::Skipped, "back\\slash # line\nend"));
-    report->finish({.all = 2, .passed = 1, .failed = 0, .errored = 0, .skipped = 1});
+    report->finish({.all = 2, .passed = 1, .failed = 0, .errored = 0, .skipped = 1}, true);
     EXPECT_EQ(shown.text(), "TAP version 13\n"
                             "ok 1 - f.lsp: test-\\#1\n"
                             "ok 2 - f.lsp: test-\\#1 # SKIP back\\\\slash \\# line end\n"
                             "1..2\n");
+}
+
+TEST(TapReport, HasNoPlanWhenTheTestsWereInterrupted)
+{
+    Shown shown;
+    const auto report = lisptest::tapReport(shown);
+    report->finish({.all = 1, .passed = 1, .failed = 0, .errored = 0, .skipped = 0}, false);
+    EXPECT_EQ(shown.text(), "TAP version 13\nBail out! interrupted\n");
 }
 
 } // namespace
