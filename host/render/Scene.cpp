@@ -171,7 +171,6 @@ void Scene::paint(const DeviceView &view, QImage &image) const
     constexpr std::size_t FewItems = 20000;
     const int most = itemCount() < FewItems ? 1 : static_cast<int>(std::thread::hardware_concurrency());
     const int bands = std::clamp(most, 1, std::max(1, image.height()));
-    std::vector<std::jthread> others;
     const auto bandOf = [&](int band) {
         const int top = image.height() * band / bands, bottom = image.height() * (band + 1) / bands;
         return QRect(0, top, image.width(), bottom - top);
@@ -182,6 +181,7 @@ void Scene::paint(const DeviceView &view, QImage &image) const
                     image.bytesPerLine(), image.format());
         paintParts(movedTo(rectangle, view), band);
     };
+    std::vector<std::jthread> others; // end before what they use
     for (int band = 1; band < bands; ++band)
         others.emplace_back(paintBand, bandOf(band));
     paintBand(bandOf(0));
