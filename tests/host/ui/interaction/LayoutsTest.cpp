@@ -165,8 +165,7 @@ TEST_F(Layouts, ADoubleClickIntoAViewportWorksOnTheModelThere)
     later([this] { click(52, 49); });
     EXPECT_EQ(value("(mapcar 'rtos (getpoint))"), "(\"50.0000\" \"50.0000\" \"0.0000\")");
     click(30, 50);
-    move(30,
-         25); // the line is at the viewport's edge, where half of its width is seen: the crosshair would be on the rest
+    move(30, 25); // away from the line, of which the viewport's edge shows half the width
     EXPECT_TRUE(isHighlighted(10, 50));
     EXPECT_EQ(value("(ssname (cadr (ssgetfirst)) 0)"), value("!high"));
     escape();
