@@ -4,6 +4,7 @@
 #include "app/Session.h"
 #include "app/Watchdog.h"
 #include "host/interpreter/files/SourceFile.h"
+#include "host/interpreter/text/QtText.h"
 #include "host/lisptest/Assertions.h"
 #include "host/lisptest/Discovery.h"
 #include "host/lisptest/TestRun.h"
@@ -16,18 +17,13 @@ using lisptest::TestRun;
 
 namespace {
 
-QString qText(std::u16string_view text)
-{
-    return QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
-}
-
 TestResult resultOf(TestResult::Outcome outcome, std::u16string_view message,
                     const std::vector<lisp::TraceEntry> &trace = {})
 {
     TestResult result;
     result.outcome = outcome;
-    result.message = qText(message);
-    result.trace = qText(lisp::traceText(trace));
+    result.message = lisp::toQString(message);
+    result.trace = lisp::toQString(lisp::traceText(trace));
     return result;
 }
 
@@ -65,7 +61,7 @@ bool TestRunner::runFile(const QString &file)
         add(loaded);
     else
         for (auto name = names.begin(); name != names.end() && !m_isInterrupted; ++name)
-            add(run(qText(*name).toLower(), [&] { callTest(*name); }));
+            add(run(lisp::toQString(*name).toLower(), [&] { callTest(*name); }));
     return !m_isInterrupted;
 }
 
@@ -81,7 +77,7 @@ TestResult TestRunner::run(const QString &name, const Body &body)
     result.seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     result.file = m_file;
     result.name = name;
-    result.output = qText(run.output());
+    result.output = lisp::toQString(run.output());
     return result;
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/interpreter/Equality.h"
 #include "host/interpreter/Printer.h"
+#include "host/interpreter/text/QtText.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
@@ -94,10 +95,8 @@ Value captureOutput(Machine &machine, Args arguments)
 Value answerWith(Machine &machine, Args arguments)
 {
     QString lines;
-    for (std::uint32_t i = 0; i < arguments.count(); ++i) {
-        const std::u16string_view line = arguments.text(i);
-        lines.append(QStringView(line.data(), static_cast<qsizetype>(line.size()))).append(u'\n');
-    }
+    for (std::uint32_t i = 0; i < arguments.count(); ++i)
+        lines += lisp::toQString(arguments.text(i)) + u'\n';
     try {
         Document::of(machine).services().answers = AnswersFile::fromText(lines, QStringLiteral("answer-with"));
     } catch (const AnswersError &error) {

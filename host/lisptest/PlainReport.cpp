@@ -4,6 +4,9 @@
 
 namespace lisptest {
 
+namespace {
+
+// Every line of a text, with the prefix in front and a newline behind.
 QString withPrefix(const QString &prefix, const QString &text)
 {
     QStringList lines = text.split(u'\n');
@@ -14,8 +17,6 @@ QString withPrefix(const QString &prefix, const QString &text)
         result += prefix + line + u'\n';
     return result;
 }
-
-namespace {
 
 QString verdict(TestResult::Outcome outcome)
 {

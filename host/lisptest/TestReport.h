@@ -21,7 +21,4 @@ public:
 std::unique_ptr<TestReport> plainReport(lisp::Console &console); // for people
 std::unique_ptr<TestReport> tapReport(lisp::Console &console);   // Test Anything Protocol, version 13: testanything.org
 
-// Every line of a text that ends there, with `prefix` in front and a newline behind.
-QString withPrefix(const QString &prefix, const QString &text);
-
 } // namespace lisptest

@@ -5,6 +5,7 @@
 #include "host/interpreter/ModuleService.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
+#include "host/interpreter/text/QtText.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -13,14 +14,9 @@ namespace lisp {
 
 namespace {
 
-QString qString(std::u16string_view text)
-{
-    return QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
-}
-
 Value getEnvironment(Machine &machine, Args arguments)
 {
-    const QByteArray name = qString(arguments.text(0)).toLocal8Bit();
+    const QByteArray name = toQString(arguments.text(0)).toLocal8Bit();
     if (!qEnvironmentVariableIsSet(name.constData()))
         return Value::nil();
     return machine.string(qEnvironmentVariable(name.constData()).toStdU16String());
@@ -28,8 +24,8 @@ Value getEnvironment(Machine &machine, Args arguments)
 
 Value setEnvironment(Machine &, Args arguments)
 {
-    const QByteArray name = qString(arguments.text(0)).toLocal8Bit();
-    const QByteArray value = qString(arguments.text(1)).toLocal8Bit();
+    const QByteArray name = toQString(arguments.text(0)).toLocal8Bit();
+    const QByteArray value = toQString(arguments.text(1)).toLocal8Bit();
     if (name.contains('=') || !qputenv(name.constData(), value)) // Windows would set the variable a for "a=b"
         fail(u"cannot set the environment variable " + printed(arguments[0]));
     return arguments[1];

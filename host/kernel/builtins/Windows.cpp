@@ -1,5 +1,6 @@
 // Requests that open a window.
 
+#include "host/interpreter/text/QtText.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
@@ -12,11 +13,6 @@ using lisp::Value;
 
 namespace {
 
-QString qText(std::u16string_view text)
-{
-    return QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
-}
-
 UserInterface &userInterface(Machine &machine)
 {
     return *Document::of(machine).services().userInterface;
@@ -24,14 +20,15 @@ UserInterface &userInterface(Machine &machine)
 
 Value alert(Machine &machine, Args arguments)
 {
-    userInterface(machine).showAlert(qText(arguments.text(0)));
+    userInterface(machine).showAlert(lisp::toQString(arguments.text(0)));
     return Value::nil();
 }
 
 Value getFileD(Machine &machine, Args arguments)
 {
-    const FileRequest request = FileRequest::fromGetfiled(qText(arguments.text(0)), qText(arguments.text(1)),
-                                                          qText(arguments.text(2)), arguments.integer(3));
+    const FileRequest request =
+        FileRequest::fromGetfiled(lisp::toQString(arguments.text(0)), lisp::toQString(arguments.text(1)),
+                                  lisp::toQString(arguments.text(2)), arguments.integer(3));
     const std::optional<QString> path = userInterface(machine).chooseFile(request);
     return path ? machine.string(QDir::toNativeSeparators(*path).toStdU16String()) : Value::nil();
 }
