@@ -20,11 +20,13 @@ Session::Session(const Options &options)
       m_plotLayout(options.plotLayout)
 {
     connectServices(options);
-    if (options.sandbox)
-        m_host.services().machineLimits.frames = static_cast<std::size_t>(options.sandbox->depth);
+    loadModules(m_host, options);
+}
+
+void Session::begin()
+{
     openDocument();
     warnOfOddities();
-    loadModules(m_host, options);
 }
 
 void Session::connectServices(const Options &options)
@@ -115,9 +117,9 @@ bool Session::plot(QString &failure) const
 void Session::limit(const SandboxOptions &limits)
 {
     constexpr std::size_t Megabyte = 1024 * 1024;
+    m_host.services().machineLimits.frames = static_cast<std::size_t>(limits.depth);
     if (limits.megabytes > 0)
         m_memoryLimit = static_cast<std::size_t>(limits.megabytes) * Megabyte;
-    machine().heap().setLimit(m_memoryLimit);
     if (limits.seconds > 0)
         interruptAfter(limits.seconds);
 }

@@ -9,8 +9,15 @@
 class Session
 {
 public:
-    // Raises AnswersError, TranscriptError, ModuleError and drawing::ReadError.
+    // Loads the modules. Raises AnswersError, TranscriptError and ModuleError.
     explicit Session(const Options &options);
+
+    // Bounds what programs may take: time from now on, and the memory and the nesting of calls in each document. To be
+    // called before there is one.
+    void limit(const SandboxOptions &limits);
+
+    // Opens the document; whatever else is called comes after it. Raises drawing::ReadError.
+    void begin();
 
     // Both give an exit status. They stop at the first error, whose text and back trace go to standard error.
     // The programs find `arguments` as a list of strings in the variable *arguments*.
@@ -25,9 +32,6 @@ public:
     // answers as at the beginning. Raises drawing::ReadError, with an empty document, when the drawing can no longer be
     // read.
     void startOver();
-
-    // Bounds what programs may take from now on: time, and the memory of each document.
-    void limit(const SandboxOptions &limits);
 
     lisp::Machine &machine() { return m_document->machine(); }
     TerminalConsole &console() { return m_console; }

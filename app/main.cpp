@@ -10,12 +10,14 @@
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/system/Process.h"
+#include "host/interpreter/NativeStack.h"
 #include "storage/ProfileFolder.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <new>
 
 namespace {
 
@@ -46,8 +48,10 @@ int executeInSession(const Options &options, const QString &sandboxFolder)
     Session session(options);
     if (options.sandbox) {
         session.limit(*options.sandbox);
+        lisp::nativeStackLimit(); // stands in a file that is out of reach afterwards
         enterSandbox(*options.sandbox, readableFolders(options), sandboxFolder);
     }
+    session.begin(); // the drawing, too, may come from somebody whom one does not trust
     switch (options.command) {
     case Options::Command::Run:
         return session.finish(session.runFiles(options.operands, options.programArguments));
@@ -122,13 +126,16 @@ int executeAndReport(const Options &options, const QString &sandboxFolder = QStr
         return reportError(error, ExitFile);
     } catch (const SandboxError &error) {
         return reportError(error, ExitUsage);
+    } catch (const std::bad_alloc &) {
+        std::fputs("lisphost: out of memory\n", stderr);
+        return ExitFailed;
     }
 }
 
 int executeInSandbox(Options options)
 {
     try {
-        return superviseInTemporaryFolder([&options](const QString &folder) {
+        return superviseInTemporaryFolder(options.sandbox->seconds, [&options](const QString &folder) {
             options.profileFolder = folder + QStringLiteral("/profile");
             return executeAndReport(options, folder);
         });

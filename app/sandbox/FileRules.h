@@ -14,5 +14,5 @@ struct FileRules
 };
 
 // Binds this thread, and all that it starts, for good. Paths that do not exist are passed over. Raises SandboxError
-// when the kernel lacks Landlock, or its means to bind signals and renames, before anything is bound.
+// when the kernel lacks Landlock, or where programs may run its means to bind their signals, before anything is bound.
 void bindToFiles(const FileRules &rules);

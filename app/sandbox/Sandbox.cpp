@@ -2,6 +2,7 @@
 
 #include "app/sandbox/CallFilter.h"
 #include "app/sandbox/FileRules.h"
+#include "app/sandbox/ResourceLimits.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/system/Process.h"
 
@@ -10,11 +11,12 @@
 
 namespace {
 
-// What a program needs that loads libraries, shows texts and knows the time zone. Everybody may read it anyway.
+// Code comes from nowhere else.
+const std::vector<std::string> libraryFolders = {"/usr/lib", "/lib", "/lib64", "/usr/local/lib"};
+
+// What else a program needs that shows texts and knows the time zone. Everybody may read it anyway.
 const QStringList systemFiles = {
-    QStringLiteral("/usr/lib"),         QStringLiteral("/lib"),
-    QStringLiteral("/lib64"),           QStringLiteral("/usr/share"),
-    QStringLiteral("/usr/local/lib"),   QStringLiteral("/usr/local/share"),
+    QStringLiteral("/usr/share"),       QStringLiteral("/usr/local/share"),
     QStringLiteral("/etc/fonts"),       QStringLiteral("/var/cache/fontconfig"),
     QStringLiteral("/etc/ld.so.cache"), QStringLiteral("/etc/localtime"),
     QStringLiteral("/dev/urandom"),
@@ -32,6 +34,8 @@ FileRules rulesOf(const SandboxOptions &options, const QStringList &readable, co
 {
     FileRules rules;
     rules.readable.assign(systemFiles.begin(), systemFiles.end());
+    for (const std::string &folder : libraryFolders)
+        rules.readable.push_back(QString::fromStdString(folder));
     rules.readable.insert(rules.readable.end(), readable.begin(), readable.end());
     rules.readable.push_back(programFolder());
     rules.writable = options.writableFolders;
@@ -52,5 +56,6 @@ void enterSandbox(const SandboxOptions &options, const QStringList &readable, co
     for (const char *variable : {"TMPDIR", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME"})
         qputenv(variable, temporaryFolder.toLocal8Bit());
     bindToFiles(rulesOf(options, readable, temporaryFolder));
-    filterCalls(options.runnablePrograms.empty() ? ProcessStarts::Refused : ProcessStarts::Allowed);
+    filterCalls(options.runnablePrograms.empty() ? ProcessStarts::Refused : ProcessStarts::Allowed, libraryFolders);
+    limitResources(options.megabytes);
 }

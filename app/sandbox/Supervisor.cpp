@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -23,6 +24,26 @@ extern "C" void passOn(int signal)
 {
     if (worker > 0)
         ::kill(worker, signal);
+}
+
+// The work hears of time and interrupts itself and ends in good order, unless it hangs in the kernel: in opening a pipe
+// without another end, for example, where the filter of calls keeps signals away.
+constexpr int GraceSeconds = 5;
+constexpr int PatientInterrupts = 3;
+
+extern "C" void endWork(int)
+{
+    constexpr std::string_view message = "lisphost: ended, long after the time limit was reached\n";
+    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, message.data(), message.size());
+    passOn(SIGKILL);
+}
+
+extern "C" void onTerminalInterrupt(int)
+{
+    static volatile std::sig_atomic_t count = 0;
+    count = count + 1;
+    if (count > PatientInterrupts)
+        passOn(SIGKILL);
 }
 
 int waitFor(pid_t process)
@@ -53,14 +74,15 @@ void endStragglers()
 
 } // namespace
 
-int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &work)
+int superviseInTemporaryFolder(int seconds, const std::function<int(const QString &folder)> &work)
 {
     const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/lisphost-XXXXXX"));
     if (!folder.isValid())
         throw SandboxError(folder.errorString());
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
-    std::signal(SIGINT, SIG_IGN); // the terminal sends it to the worker, too, which knows what to do
+    std::signal(SIGINT, onTerminalInterrupt); // the terminal sends it to the worker, too, which knows what to do
     std::signal(SIGTERM, passOn);
+    std::signal(SIGALRM, endWork);
     const pid_t supervisor = ::getpid();
     worker = ::fork();
     if (worker < 0)
@@ -68,6 +90,7 @@ int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &
     if (worker == 0) {
         std::signal(SIGINT, SIG_DFL);
         std::signal(SIGTERM, SIG_DFL);
+        std::signal(SIGALRM, SIG_DFL);
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (::getppid() != supervisor)
             ::_exit(ExitFailed);
@@ -75,6 +98,8 @@ int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &
         std::fflush(nullptr);
         ::_exit(status); // the folder is the supervisor's to remove
     }
+    if (seconds > 0)
+        ::alarm(static_cast<unsigned>(seconds) + GraceSeconds);
     const int status = waitFor(worker);
     worker = 0;
     endStragglers();

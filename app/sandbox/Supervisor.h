@@ -13,6 +13,7 @@ public:
 };
 
 // Runs `work` in a process of its own with a new temporary folder, which it is given, and removes the folder and every
-// process that was left behind at the end. Gives the exit status of the work; ExitFailed when a signal ended it. The
-// calling process must have one thread. Raises SandboxError where there are no such processes.
-int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &work);
+// process that was left behind at the end. Gives the exit status of the work; ExitFailed when a signal ended it. Work
+// that still goes on well after so many seconds (0: never) is ended, as is work that three interrupts from the terminal
+// have not ended. The calling process must have one thread. Raises SandboxError where there are no such processes.
+int superviseInTemporaryFolder(int seconds, const std::function<int(const QString &folder)> &work);

@@ -13,7 +13,7 @@ SandboxError noSandbox()
 
 } // namespace
 
-int superviseInTemporaryFolder(const std::function<int(const QString &folder)> &)
+int superviseInTemporaryFolder(int, const std::function<int(const QString &folder)> &)
 {
     throw noSandbox();
 }

@@ -1,10 +1,17 @@
+import json
 import os
+import pty
+import select
+import shutil
+import signal
+import subprocess
 import tempfile
 import time
 import unittest
+from errno import EPERM, ENOSYS
 from pathlib import Path
 
-from lisphost import WINDOWS, LispHostTest, Outcome
+from lisphost import FOLDER, LISPHOST, TIMEOUT, WINDOWS, LispHostTest, Outcome, respect_permissions
 
 
 NONE = "there is no sandbox"
@@ -84,16 +91,17 @@ class Files(SandboxTest):
                          (acet-file-move "{self.folder}/inside/program.lsp" "{self.outside}/program.lsp")
                          (acet-file-mkdir "{self.outside}/new")
                          (vl-file-delete "{self.secret}")))""")
-        self.assertEqual((outcome.status, outcome.output), (0, "(0 nil nil nil)"))
-        self.assertIn(f"lisphost: sandbox: refused making {self.outside}/new\n", outcome.errors)
+        self.assert_refused(outcome, "(0 nil nil nil)", f"removing {self.secret}",
+                            f"moving {self.folder}/inside/program.lsp", f"opening {self.outside}/program.lsp",
+                            f"making {self.outside}/new",
+                            f"removing {self.secret}")
         self.assertEqual(sorted(path.name for path in self.outside.iterdir()), ["secret.txt"])
         self.assertTrue((self.folder / "inside/program.lsp").exists())
 
     def test_attributes_cannot_be_changed(self):
         before = os.stat(self.secret).st_mode
         outcome = self.run_sandboxed(f'(princ (acet-file-attr "{self.secret}" 1))')
-        self.assertEqual((outcome.status, outcome.output), (0, "nil"))
-        self.assertIn("lisphost: sandbox: refused a change of permissions\n", outcome.errors)
+        self.assert_refused(outcome, "nil", "a change of attributes", "a change of permissions")
         self.assertEqual(os.stat(self.secret).st_mode, before)
 
     def test_a_folder_can_be_opened_for_writing(self):
@@ -135,8 +143,7 @@ class Processes(SandboxTest):
             (princ (startapp "{program}"))
             (acet-sys-spawn 1 "{program}")
             (acet-sys-command "{program}")""")
-        self.assertEqual((outcome.status, outcome.output), (0, "5"))
-        self.assertEqual(set(outcome.errors.splitlines()), {f"lisphost: sandbox: refused {START}"})
+        self.assert_refused(outcome, "5", START, START, START)
         self.assertFalse((self.folder / "started").exists())
 
     def test_one_can_be_allowed_and_is_bound_by_the_same_rules(self):
@@ -173,6 +180,191 @@ class Processes(SandboxTest):
         self.assertEqual((outcome.status, outcome.output), (0, "here"))
 
 
+PYTHON = os.path.realpath("/usr/bin/python3")  # the system's, whose library can be read
+
+
+# Makes system calls by their numbers on x86-64, and tells the error of each.
+CALLS = """
+import ctypes, json, os, resource, sys
+libc = ctypes.CDLL(None, use_errno=True)
+file, parent = os.path.join(os.path.dirname(__file__), "data.txt").encode(), os.getppid()
+descriptor = os.open(file, os.O_RDONLY)
+here, flag, mask = -100, ctypes.c_long(0), ctypes.c_long(-1)
+limit = (ctypes.c_ulong * 2)(*resource.getrlimit(resource.RLIMIT_NOFILE))
+wide = lambda request: ctypes.c_ulong(request | 1 << 32)
+calls = {
+    "futimesat": (261, here, file, 0), "fchmodat2": (452, here, file, 0o600, 0),
+    "setxattrat": (463, here, file, 0, b"user.a", 0, 0), "removexattrat": (466, here, file, 0, b"user.a"),
+    "file_setattr": (469, here, file, 0, 0, 0), "a call that is not there yet": (900,),
+    "ioctl FS_IOC_SETFLAGS": (16, descriptor, 0x40086602, ctypes.byref(flag)),
+    "ioctl TIOCSTI": (16, 0, 0x5412, b"x"), "ioctl TIOCSTI with high bits": (16, 0, wide(0x5412), b"x"),
+    "ioctl TIOCLINUX": (16, 0, 0x541C, b"x"),
+    "prlimit64": (302, parent, 7, limit, 0), "setpriority": (141, 0, parent, 0),
+    "setpriority of the group": (141, 1, 0, 0), "setpriority of the user": (141, 2, 0, 0),
+    "sched_setaffinity": (203, parent, 8, ctypes.byref(mask)), "sched_setscheduler": (144, parent, 0, ctypes.byref(flag)),
+    "sched_setparam": (142, parent, ctypes.byref(flag)), "ioprio_set": (251, 1, parent, 0),
+    "ioprio_set of the group": (251, 2, 0, 0),
+    "shmget": (29, 4711, 0, 0), "shmat": (30, -1, 0, 0), "shmctl": (31, -1, 0, 0), "semget": (64, 4711, 0, 0),
+    "semctl": (66, -1, 0, 0), "msgget": (68, 4711, 0), "msgctl": (71, -1, 0, 0), "mq_open": (240, b"none", 0, 0, 0),
+    "process_vm_readv": (310, parent, 0, 0, 0, 0, 0), "io_uring_setup": (425, 1, 0),
+    "unshare": (272, 0x10000000),
+    "setrlimit of its own": (302, 0, 7, limit, 0), "setpriority of its own": (141, 0, 0, 0),
+    "sched_setaffinity of its own": (203, 0, 8, ctypes.byref(mask)), "ioprio_set of its own": (251, 1, 0, 0),
+}
+results = {}
+for name, call in calls.items():
+    ctypes.set_errno(0)
+    results[name] = ctypes.get_errno() if libc.syscall(*call) < 0 else 0
+print(json.dumps(results), flush=True)
+"""
+OF_ITS_OWN = " of its own"
+
+
+@unittest.skipIf(WINDOWS, NONE)
+class SystemCalls(SandboxTest):
+    """Made by a program that may run and so is bound by the filter alone."""
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.script = self.write("inside/calls.py", CALLS)
+        self.write("inside/data.txt", "data")
+
+    def run_script(self, script: Path) -> Outcome:
+        return self.run_sandboxed(f'(acet-sys-command "{PYTHON} -S {script}")', "--allow-run", "sh",
+                                  "--allow-run", PYTHON)
+
+    def test_calls_that_reach_others_fail_and_the_same_for_oneself_work(self):
+        outcome = self.run_script(self.script)
+        results = json.loads(outcome.output)
+        for name, error in results.items():
+            with self.subTest(name):
+                self.assertIn(error, (0,) if OF_ITS_OWN in name else (EPERM, ENOSYS))
+
+    def test_without_the_sandbox_they_are_permitted(self):
+        results = json.loads(subprocess.check_output([PYTHON, self.script], timeout=TIMEOUT))
+        for name in ("futimesat", "prlimit64", "setpriority", "sched_setaffinity", "shmget", "msgget", "semget",
+                     "ioctl TIOCLINUX"):
+            with self.subTest(name):
+                self.assertNotIn(results[name], (EPERM, ENOSYS))
+
+    def test_no_process_gets_a_namespace_of_its_own(self):
+        script = self.write("inside/space.py", """if True:
+            import ctypes, os
+            libc = ctypes.CDLL(None, use_errno=True)
+            child = libc.syscall(56, 0x10000000 | 17, 0, 0, 0, 0)
+            if child == 0:
+                os._exit(0)
+            print(child, ctypes.get_errno())""")
+        self.assertEqual(self.run_script(script).output, f"-1 {EPERM}\n")
+
+    def test_nothing_is_typed_into_the_terminal(self):
+        self.write("inside/type.py", """if True:
+            import fcntl, sys
+            for character in "typed":
+                try:
+                    fcntl.ioctl(0, 0x5412, character.encode())
+                except OSError as error:
+                    print(error.errno)""")
+        self.write("inside/program.lsp", f'(acet-sys-command "{PYTHON} -S {self.folder}/inside/type.py")')
+        process, terminal = pty.fork()
+        if process == 0:
+            os.chdir(self.folder)
+            os.execve(LISPHOST, [LISPHOST, "--sandbox", "--allow-run", "sh", "--allow-run", PYTHON, "run",
+                                 "inside/program.lsp"], self.environment)
+        self.addCleanup(os.close, terminal)
+        shown = b""
+        try:
+            while select.select([terminal], [], [], TIMEOUT)[0]:
+                shown += os.read(terminal, 4096)
+        except OSError:  # the last to have it open has ended
+            pass
+        self.assertEqual(os.waitpid(process, 0)[1], 0)
+        self.assertEqual(shown.split(), [str(EPERM).encode()] * len("typed"))
+
+
+@unittest.skipIf(WINDOWS, NONE)
+class Code(SandboxTest):
+    """Native code in the process itself would get past the filter."""
+
+    def test_a_program_loads_no_module(self):
+        module = self.folder / "inside/module.tx"
+        self.write("inside/program.lsp", f'(princ (arxload "{module}" "no"))')
+        shutil.copy(FOLDER / "LispExtension.tx", module)
+        self.assert_gives(self.lisphost("--no-module", "run", "inside/program.lsp"), str(module))
+        self.assert_refused(self.lisphost("--sandbox", "--no-module", "run", "inside/program.lsp"), "no",
+                            f"loading code from {module}")
+
+    def test_a_link_in_place_of_a_module_leads_nowhere(self):
+        module = self.folder / "inside/module.tx"
+        shutil.copy(FOLDER / "LispExtension.tx", self.folder / "inside.tx")
+        module.parent.mkdir()
+        module.symlink_to(self.folder / "inside.tx")
+        self.assert_refused(self.lisphost("--sandbox", "--no-module", "run", str(self.write(
+            "inside/program.lsp", f'(princ (arxload "{module}" "no"))'))), "no", f"opening {module}")
+
+    def test_a_module_that_the_user_names_is_loaded(self):
+        shutil.copy(FOLDER / "LispExtension.tx", self.folder / "mine.tx")
+        self.assert_gives(self.lisphost("--sandbox", "--module", "mine.tx", "eval", "(arx)"), '("mine.tx")\n')
+
+
+@unittest.skipIf(WINDOWS, NONE)
+class Signals(SandboxTest):
+    def start(self, program):
+        self.write("inside/program.lsp", '(close (open "inside/begun" "w"))' + program)
+        process = subprocess.Popen([LISPHOST, "--sandbox", "--allow-write", "inside", "run", "inside/program.lsp"], cwd=self.folder,
+                                   env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   preexec_fn=respect_permissions)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.kill)
+        return process
+
+    def worker_of(self, process) -> int:
+        """Once the program has begun and said so."""
+        end = time.monotonic() + TIMEOUT
+        while not (self.folder / "inside/begun").exists():
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.01)
+        return int(Path(f"/proc/{process.pid}/task/{process.pid}/children").read_text().split()[0])
+
+    def test_a_call_that_is_interrupted_is_not_made_twice(self):
+        process = self.start("""
+            (setq folder (strcat (getenv "TMPDIR") "/x") failed 0)
+            (repeat 5000
+              (if (not (vl-mkdir folder)) (setq failed (1+ failed)))
+              (if (not (acet-file-rmdir folder)) (setq failed (1+ failed))))
+            (princ failed)""")
+        worker = self.worker_of(process)
+        interrupts = 0
+        while process.poll() is None:
+            try:
+                os.kill(worker, signal.SIGSTOP)
+                os.kill(worker, signal.SIGCONT)
+            except ProcessLookupError:
+                break
+            interrupts += 1
+            time.sleep(0.0005)
+        output, errors = process.communicate(timeout=TIMEOUT)
+        self.assertEqual((output, errors), (b"0", b""))
+        self.assertGreater(interrupts, 100)
+
+    def test_an_interrupt_ends_the_program(self):
+        process = self.start('(while T)')
+        worker = self.worker_of(process)
+        os.kill(worker, signal.SIGINT)
+        output, errors = process.communicate(timeout=TIMEOUT)
+        self.assertEqual(process.returncode, 1)
+        self.assertRegex(errors, b"^error: Function cancelled\n")
+
+    def test_a_pipe_without_another_end_holds_up_no_time_limit(self):
+        (self.folder / "inside").mkdir()
+        os.mkfifo(self.folder / "inside/pipe")
+        start = time.monotonic()
+        outcome = self.run_sandboxed(f'(open "{self.folder}/inside/pipe" "r")', "--limit-time", "1")
+        self.assert_fails(outcome, 1, "the time limit ")
+        self.assertLess(time.monotonic() - start, 30)
+
+
 @unittest.skipIf(WINDOWS, NONE)
 class Limits(SandboxTest):
     def test_time(self):
@@ -188,6 +380,35 @@ class Limits(SandboxTest):
     def test_memory(self):
         outcome = self.run_sandboxed("(while T (setq list (cons 1 list)))", "--limit-memory", "20")
         self.assert_fails(outcome, 1, "^error: out of memory\n")
+
+    def test_memory_of_the_drawing(self):
+        if not self.kernel_limits_memory():
+            self.skipTest("AddressSanitizer needs terabytes of address space")
+        outcome = self.run_sandboxed("""
+            (setq text "xxxxxxxxxxxxxxxx")
+            (repeat 15 (setq text (strcat text text)))
+            (while T (entmake (list '(0 . "TEXT") (cons 1 text) '(10 0.0 0.0 0.0) '(40 . 1.0))))""",
+                                     "--limit-memory", "20")
+        self.assert_fails(outcome, 1, "^error: out of memory\n")
+
+    def kernel_limits_memory(self) -> bool:
+        return self.limit_of("d") != "unlimited"
+
+    def limit_of(self, option) -> str:
+        outcome = self.run_sandboxed(f'(acet-sys-command "ulimit -H{option}")', "--limit-memory", "20", "--allow-run", "sh")
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        return outcome.output.strip()
+
+    def test_the_kernel_holds_started_programs_to_their_limits(self):
+        self.assertIn(self.limit_of("d"), ("unlimited", str((20 + 512) * 1024)))
+        self.assertEqual(self.limit_of("c"), "0")
+
+    def test_the_size_of_a_file(self):
+        for size, result in (("1024M", "0"), ("1025M", "256")):
+            outcome = self.run_sandboxed(
+                f'(princ (acet-sys-command "truncate -s {size} $TMPDIR/file"))',
+                "--allow-run", "sh", "--allow-run", "truncate")
+            self.assertEqual((outcome.status, outcome.output), (0, result), outcome)
 
     def test_depth(self):
         outcome = self.run_sandboxed("(defun f (n) (if (> n 0) (1+ (f (1- n))) 0)) (princ (f 50)) (f 200)",
