@@ -74,6 +74,8 @@ QString RegistryFile::append(const QByteArray &block)
     QFile file(m_path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         return describe(file);
+    if (file.size() != m_content.size())
+        return QStringLiteral("%1: another program has changed the file meanwhile").arg(m_path);
     const QString reason = writeAndSync(file, block);
     if (!reason.isNull()) {
         file.resize(m_content.size());

@@ -33,7 +33,9 @@ public:
     News read(); // since the last reading: a missing file reads as an empty one
     void forget() { *this = RegistryFile(m_path); }
 
-    QString append(const QByteArray &block); // on the disk to stay when it did not fail, else not in the file
+    // The block is on the disk to stay when this did not fail, else not in the file. It stands behind what was read or
+    // nowhere: it would finish a block that was left unfinished.
+    QString append(const QByteArray &block);
     QString replace(const QByteArray &block);
     // The two halves of replace().
     QString prepare(const QByteArray &block);

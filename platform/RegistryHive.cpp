@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <utility>
+
 using std::chrono::milliseconds;
 
 namespace {
@@ -136,8 +138,10 @@ void RegistryHive::repair()
     std::unique_ptr<FileLock> lock;
     if (m_lock == nullptr) {
         lock = std::make_unique<FileLock>(m_file.path(), milliseconds(m_errors.empty() ? 0 : 10'000));
-        if (lock->isTaken())
+        if (lock->isTaken()) {
+            m_file.forget(); // if the writer dies, what it leaves stays as it is now, and must not pass for read
             return;
+        }
     }
     RegistryFile::News news;
     readAgain(news);
@@ -193,7 +197,7 @@ QString RegistryHive::beginChange()
         const QString folder = QFileInfo(m_file.path()).absolutePath();
         QDir().mkpath(folder);
         m_lock = std::make_unique<FileLock>(m_file.path());
-        if (m_lock->isHeld() && m_isDamaged)
+        if (m_lock->isHeld() && std::exchange(m_isDamaged, false))
             m_file.forget(); // it is read again and repaired now
         if (m_lock->isHeld())
             lookAtFile();

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::u16string_view OlderHeader = u"REGEDIT4";
 constexpr std::size_t DeepestKey = 512; // levels, as Windows documents it
+constexpr std::size_t MostDigits = 8;   // of a number
 
 constexpr std::array RootNames = {RegistryRoot::Classes, RegistryRoot::CurrentUser, RegistryRoot::LocalMachine,
                                   RegistryRoot::Users, RegistryRoot::CurrentConfiguration};
@@ -52,8 +53,10 @@ struct Fault
 class Parser
 {
 public:
-    Parser(std::u16string_view text, RegistryTextReceiver &receiver, int line, AnsiDecoder decodeAnsi)
-        : m_text(text), m_receiver(receiver), m_line(line), m_decodeAnsi(decodeAnsi)
+    enum class Numbers { OfAnyLength, WithAllDigits };
+
+    Parser(std::u16string_view text, RegistryTextReceiver &receiver, int line, Numbers numbers, AnsiDecoder decodeAnsi)
+        : m_text(text), m_receiver(receiver), m_line(line), m_numbers(numbers), m_decodeAnsi(decodeAnsi)
     {
     }
 
@@ -166,7 +169,10 @@ private:
             data = bytesOf({text.c_str(), text.size() + 1}); // with the terminator
         } else if (takeWord(u"dword:")) {
             type = RegistryNumber;
+            const std::size_t start = m_position;
             const std::uint32_t number = readNumber();
+            if (m_numbers == Numbers::WithAllDigits && m_position - start != MostDigits)
+                throw Fault{"a number of eight hexadecimal digits is missing"};
             data = QByteArray(reinterpret_cast<const char *>(&number), sizeof number);
         } else if (takeWord(u"hex")) {
             type = readType();
@@ -219,9 +225,8 @@ private:
 
     std::uint32_t readNumber()
     {
-        constexpr int MostDigits = 8;
         std::uint32_t number = 0;
-        int digits = 0;
+        std::size_t digits = 0;
         for (; const std::optional<unsigned> digit = hexadecimalDigit(current()); ++digits, ++m_position)
             number = number << 4 | *digit;
         if (digits == 0 || digits > MostDigits)
@@ -274,6 +279,7 @@ private:
     const std::u16string_view m_text;
     RegistryTextReceiver &m_receiver;
     int m_line;
+    const Numbers m_numbers;
     const AnsiDecoder m_decodeAnsi;
     std::size_t m_position = 0;
     Key m_key = Key::None;
@@ -320,11 +326,11 @@ std::vector<RegistryTextError> readRegistryText(std::u16string_view text, Regist
     if (!isOlder && first != RegistryTextHeader)
         return {{1, QStringLiteral("the first line does not say that this is a registry text")}};
     text.remove_prefix(std::min(end + 1, text.size()));
-    return Parser(text, receiver, 2, isOlder ? decodeAnsi : nullptr).run();
+    return Parser(text, receiver, 2, Parser::Numbers::OfAnyLength, isOlder ? decodeAnsi : nullptr).run();
 }
 
 std::vector<RegistryTextError> readRegistryLines(std::u16string_view text, RegistryTextReceiver &receiver,
                                                  int firstLine)
 {
-    return Parser(text, receiver, firstLine, nullptr).run();
+    return Parser(text, receiver, firstLine, Parser::Numbers::WithAllDigits, nullptr).run();
 }

@@ -84,6 +84,7 @@ using AnsiDecoder = std::u16string (*)(QByteArrayView bytes);
 std::vector<RegistryTextError> readRegistryText(std::u16string_view text, RegistryTextReceiver &receiver,
                                                 AnsiDecoder decodeAnsi = nullptr);
 
-// The same without a first line: a part of a text, whose lines are counted from `firstLine`.
+// The same without a first line: a part of a text that this project writes, whose lines are counted from `firstLine`.
+// Its numbers have all eight digits: one with less was cut short.
 std::vector<RegistryTextError> readRegistryLines(std::u16string_view text, RegistryTextReceiver &receiver,
                                                  int firstLine = 1);

@@ -153,6 +153,15 @@ TEST_F(RegistryDamage, OfAFileCutShortInItsFirstBlockTheLinesCountThatAreThere)
     expectKept(content, u"the file is cut short"_qs);
 }
 
+// A program writes all eight.
+TEST_F(RegistryDamage, ANumberThatLacksDigitsIsReported)
+{
+    const QByteArray content = header() + block("\"x\"=dword:0000002\n\"y\"=dword:00000031\n");
+    begin(content);
+    EXPECT_EQ(get(u"x") + get(u"y"), QByteArray("missing1\0\0\0", 11));
+    expectKept(content, u"line 4: a number of eight hexadecimal digits is missing"_qs);
+}
+
 TEST_F(RegistryDamage, AMissingFirstLineIsReported)
 {
     const QByteArray content = block("\"x\"=hex:31\n");

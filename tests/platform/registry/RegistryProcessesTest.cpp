@@ -7,6 +7,7 @@
 #include <functional>
 #include <random>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -105,6 +106,43 @@ TEST_F(RegistryProcesses, TwoProcessesThatWriteAtOnceLoseNothing)
     for (int value = 0; value < Writers * Values; ++value)
         EXPECT_EQ(get(nameOf(value).c_str()), "written") << value;
     EXPECT_EQ(warnings(), QStringList());
+}
+
+// The writer stops where the file may not grow any more, is read there, with the lock in its hands, and is killed.
+TEST_F(RegistryProcesses, AReaderOfAChangeThatItsWriterNeverFinishesWritesBehindTheLastWholeOne)
+{
+    set(u"x", "0");
+    int cut = 0;
+    for (rlim_t length = 1;; length += 4) {
+        const rlim_t size = static_cast<rlim_t>(QFileInfo(hive()).size());
+        const pid_t child = start([limit = size + length] {
+            std::signal(SIGXFSZ, [](int) { raise(SIGSTOP); });
+            const rlimit limits{limit, RLIM_INFINITY};
+            return setrlimit(RLIMIT_FSIZE, &limits) == 0 && set(u"n", "12") == 0;
+        });
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
+        if (WIFEXITED(status))
+            break; // there was room for all of it
+        ASSERT_TRUE(WIFSTOPPED(status));
+        ASSERT_EQ(static_cast<rlim_t>(QFileInfo(hive()).size()), size + length);
+        const bool isWhole = contentOf(hive()).endsWith("; end"); // only the end of the line is missing
+        restart();
+        EXPECT_EQ(get(u"n"), isWhole ? "12" : "missing") << length;
+        EXPECT_EQ(warnings(), QStringList());
+        kill(child, SIGKILL);
+        waitpid(child, &status, 0);
+        const QByteArray own = QByteArray::number(static_cast<int>(length));
+        ASSERT_EQ(set(u"x", own), 0);
+        restart();
+        EXPECT_EQ(get(u"x"), own);
+        EXPECT_EQ(get(u"n"), isWhole ? "12" : "missing") << length;
+        EXPECT_EQ(warnings().size(), isWhole ? 0 : 1) << length;
+        warnings().clear();
+        ++cut;
+    }
+    EXPECT_GE(cut, 10);
+    EXPECT_EQ(get(u"n"), "12");
 }
 
 // Values are large enough for writes to be cut in the middle and for files to be written anew now and then.
