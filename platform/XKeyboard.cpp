@@ -1,10 +1,12 @@
 #include "platform/XKeyboard.h"
 
+#include "platform/KeyLayout.h"
 #include "platform/KeyState.h"
 #include "platform/KeySymbols.h"
 
 #include <QLibrary>
 
+#include <algorithm>
 #include <array>
 
 #include <X11/XKBlib.h>
@@ -20,7 +22,8 @@ struct XLibrary
     decltype(&::XCloseDisplay) closeDisplay = nullptr;
     decltype(&::XQueryKeymap) queryKeymap = nullptr;
     decltype(&::XQueryPointer) queryPointer = nullptr;
-    decltype(&::XKeysymToKeycode) keysymToKeycode = nullptr;
+    decltype(&::XkbKeycodeToKeysym) keycodeToKeysym = nullptr;
+    decltype(&::XkbGetState) keyboardState = nullptr;
     decltype(&::XkbGetIndicatorState) indicatorState = nullptr;
     decltype(&::XDefaultRootWindow) rootWindow = nullptr;
     decltype(&::XSetIOErrorExitHandler) setExitHandler = nullptr;
@@ -30,9 +33,9 @@ struct XLibrary
     {
         return resolve(openDisplay, "XOpenDisplay") && resolve(closeDisplay, "XCloseDisplay") &&
                resolve(queryKeymap, "XQueryKeymap") && resolve(queryPointer, "XQueryPointer") &&
-               resolve(keysymToKeycode, "XKeysymToKeycode") && resolve(indicatorState, "XkbGetIndicatorState") &&
-               resolve(rootWindow, "XDefaultRootWindow") && resolve(setExitHandler, "XSetIOErrorExitHandler") &&
-               resolve(setErrorHandler, "XSetIOErrorHandler");
+               resolve(keycodeToKeysym, "XkbKeycodeToKeysym") && resolve(keyboardState, "XkbGetState") &&
+               resolve(indicatorState, "XkbGetIndicatorState") && resolve(rootWindow, "XDefaultRootWindow") &&
+               resolve(setExitHandler, "XSetIOErrorExitHandler") && resolve(setErrorHandler, "XSetIOErrorHandler");
     }
 
 private:
@@ -94,14 +97,32 @@ private:
     }
     bool isKeyDown(int virtualKey)
     {
-        std::array<char, 32> keys{}; // a bit for each key code
-        m_library.queryKeymap(m_display, keys.data());
-        for (const unsigned long symbol : keySymbolsOf(virtualKey, isLampOn(VK_NUMLOCK) ? NumLock::On : NumLock::Off)) {
-            const unsigned code = m_library.keysymToKeycode(m_display, symbol);
-            if (code != 0 && (keys[code / 8] >> code % 8 & 1) != 0)
+        std::array<char, 32> down{}; // a bit for each key code
+        m_library.queryKeymap(m_display, down.data());
+        const auto symbols = keySymbolsOf(virtualKey, isLampOn(VK_NUMLOCK) ? NumLock::On : NumLock::Off);
+        const unsigned group = currentGroup();
+        const auto symbolOf = [&](unsigned code, bool isShifted) { return symbol(code, group, isShifted ? 1 : 0); };
+        const std::array<int, 256> characters = characterKeys(symbolOf);
+        for (unsigned code = 0; code < characters.size(); ++code) {
+            const bool isKey = characters[code] != 0 ? characters[code] == virtualKey
+                                                     : std::ranges::count(symbols, symbolOf(code, false)) > 0;
+            if (isKey && (down[code / 8] >> code % 8 & 1) != 0)
                 return true;
         }
         return false;
+    }
+    // The layout that is chosen, of those which the keyboard has.
+    unsigned currentGroup()
+    {
+        XkbStateRec state{};
+        return m_library.keyboardState(m_display, XkbUseCoreKbd, &state) == 0 ? state.group : 0;
+    }
+    // Keys that are the same on all layouts have their symbols in the first alone.
+    unsigned long symbol(unsigned code, unsigned group, int level)
+    {
+        const unsigned long own =
+            m_library.keycodeToKeysym(m_display, static_cast<KeyCode>(code), static_cast<int>(group), level);
+        return own != 0 || group == 0 ? own : symbol(code, 0, level);
     }
     bool isLampOn(int virtualKey)
     {

@@ -131,6 +131,58 @@ TEST_F(XKeyboardTest, CodesThatAreNoKeyAreUp)
         EXPECT_EQ(GetKeyState(virtualKey), 0) << virtualKey;
 }
 
+// What keys are on other layouts, by their places. On Windows no two keys are the same, and none is two.
+TEST_F(XKeyboardTest, AKeyIsOneKeyOnEveryLayout)
+{
+    const struct
+    {
+        const char *layout;
+        std::vector<std::pair<const char *, int>> keys; // by the codes of an X server
+    } layouts[] = {
+        {"us", {{"19", '0'}, {"16", '7'}, {"20", VK_OEM_MINUS}, {"29", 'Y'}, {"34", VK_OEM_4}, {"51", VK_OEM_5}}},
+        {"de",
+         {{"19", '0'},
+          {"16", '7'},
+          {"17", '8'},
+          {"29", 'Z'},
+          {"52", 'Y'},
+          {"34", VK_OEM_4},
+          {"35", VK_OEM_PLUS},
+          {"47", VK_OEM_1},
+          {"48", VK_OEM_7},
+          {"49", VK_OEM_3},
+          {"51", VK_OEM_5},
+          {"59", VK_OEM_COMMA},
+          {"61", VK_OEM_MINUS},
+          {"94", VK_OEM_102},
+          {"20", VK_OEM_2},
+          {"21", VK_OEM_6}}},
+        {"fr",
+         {{"10", '1'}, {"15", '6'}, {"17", '8'}, {"24", 'A'}, {"47", 'M'}, {"58", VK_OEM_COMMA}, {"48", VK_OEM_7}}},
+        {"ru", {{"10", '1'}, {"24", 'Q'}, {"38", 'A'}, {"47", VK_OEM_1}, {"59", VK_OEM_COMMA}}}};
+    for (const auto &[layout, keys] : layouts) {
+        ASSERT_EQ(QProcess::execute(QStringLiteral("setxkbmap"), {QString::fromLatin1(layout)}), 0);
+        for (const auto &[code, virtualKey] : keys) {
+            xdotool({QStringLiteral("keydown"), QString::fromLatin1(code)});
+            for (int other = 1; other < 256; ++other)
+                EXPECT_EQ(isDown(other), other == virtualKey) << layout << ' ' << code << ' ' << other;
+            xdotool({QStringLiteral("keyup"), QString::fromLatin1(code)});
+        }
+    }
+    ASSERT_EQ(QProcess::execute(QStringLiteral("setxkbmap"), {QStringLiteral("us")}), 0);
+}
+
+// The answer of an X server about its pointer has no room for them.
+TEST_F(XKeyboardTest, TheButtonsBesideTheFirstThreeAreNeverDown)
+{
+    constexpr int Back = 0x05, Forward = 0x06;
+    for (const char *button : {"8", "9"}) {
+        xdotool({QStringLiteral("mousedown"), QString::fromLatin1(button)});
+        EXPECT_FALSE(isDown(Back) || isDown(Forward)) << button;
+        xdotool({QStringLiteral("mouseup"), QString::fromLatin1(button)});
+    }
+}
+
 // Comes last: the server does not come back.
 TEST_F(XKeyboardTest, WhenTheServerHasGoneEveryKeyIsUp)
 {
