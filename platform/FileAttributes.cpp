@@ -27,7 +27,10 @@ bool inspect(const QByteArray &path, struct stat &file)
     }
     if (stat(path.constData(), &file) == 0)
         return true;
-    setLastErrorFromErrno(errno);
+    if (errno == ENOENT)
+        SetLastError(missingFileError(QFile::decodeName(path)));
+    else
+        setLastErrorFromErrno(errno);
     return false;
 }
 

@@ -1,5 +1,8 @@
 #include "platform/LastError.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <cerrno>
 
 namespace {
@@ -40,6 +43,12 @@ DWORD GetLastError()
 void SetLastError(DWORD error)
 {
     lastError = error;
+}
+
+DWORD missingFileError(const QString &path)
+{
+    const QFileInfo file(QDir::cleanPath(path)); // which may end with a slash
+    return QFileInfo(file.path()).isDir() ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
 }
 
 void setLastErrorFromErrno(int error)

@@ -4,6 +4,8 @@
 
 #ifndef _WIN32
 
+#include <QString>
+
 inline constexpr DWORD ERROR_SUCCESS = 0;
 inline constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
 inline constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
@@ -31,6 +33,9 @@ inline constexpr DWORD ERROR_CANT_RESOLVE_FILENAME = 1921;
 // Each thread has its own. Calls that succeed leave it alone unless they say otherwise.
 DWORD GetLastError();
 void SetLastError(DWORD error);
+
+// For a file that is not there: whether it is the file itself or the folder that it would stand in.
+DWORD missingFileError(const QString &path);
 
 // Sets the Windows error that corresponds to an errno value of a file operation.
 void setLastErrorFromErrno(int error);

@@ -84,6 +84,10 @@ TEST_F(GetFileAttributes, OfAMissingFileFailsWithItsError)
 {
     EXPECT_EQ(attributes(path(u"missing"_qs)), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(attributes(path(u"missing/"_qs)), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(attributes(path(u"missing/below"_qs)), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
     EXPECT_EQ(attributes(newFile(u"file"_qs) + u"/below"_qs), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
     EXPECT_EQ(attributes(QString()), INVALID_FILE_ATTRIBUTES);

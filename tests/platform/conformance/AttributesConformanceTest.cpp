@@ -1,0 +1,119 @@
+// Attributes of files, held to what Windows says of them: on Windows this file tests the system itself.
+
+#include "platform/FileAttributes.h"
+#include "platform/Processes.h"
+#include "tests/platform/conformance/Outcome.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class AttributesConformance : public testing::Test
+{
+protected:
+    AttributesConformance()
+    {
+        fs::create_directories(m_folder / "folder");
+        std::ofstream(m_folder / "file") << "text";
+    }
+    ~AttributesConformance() override
+    {
+        set("file", FILE_ATTRIBUTE_NORMAL); // or Windows would not remove it
+        std::error_code ignored;
+        fs::remove_all(m_folder, ignored);
+    }
+
+    std::u16string path(const std::string &name) const { return (m_folder / name).u16string(); }
+    DWORD get(const std::string &name) const { return GetFileAttributesW(windowsText(path(name).c_str())); }
+    bool set(const std::string &name, DWORD attributes) const
+    {
+        return SetFileAttributesW(windowsText(path(name).c_str()), attributes) != FALSE;
+    }
+    // Of a file that is there.
+    bool has(const std::string &name, DWORD attribute) const
+    {
+        const DWORD attributes = get(name);
+        EXPECT_NE(attributes, INVALID_FILE_ATTRIBUTES) << name;
+        return (attributes & attribute) != 0;
+    }
+
+private:
+    const fs::path m_folder =
+        fs::temp_directory_path() / ("attributesconformance" + std::to_string(GetCurrentProcessId()));
+};
+
+} // namespace
+
+TEST_F(AttributesConformance, AFileIsNoDirectoryAndADirectoryIsOne)
+{
+    EXPECT_FALSE(has("file", FILE_ATTRIBUTE_DIRECTORY));
+    EXPECT_TRUE(has("folder", FILE_ATTRIBUTE_DIRECTORY));
+    EXPECT_EQ(get("folder/"), get("folder"));
+}
+
+TEST_F(AttributesConformance, ReadOnlyIsSetAndTakenAway)
+{
+    for (const DWORD others : std::initializer_list<DWORD>{0, FILE_ATTRIBUTE_ARCHIVE, FILE_ATTRIBUTE_NORMAL}) {
+        EXPECT_FALSE(has("file", FILE_ATTRIBUTE_READONLY)) << others;
+        EXPECT_TRUE(set("file", FILE_ATTRIBUTE_READONLY | others));
+        EXPECT_TRUE(has("file", FILE_ATTRIBUTE_READONLY)) << others;
+        EXPECT_FALSE(has("file", FILE_ATTRIBUTE_NORMAL)) << others;
+        EXPECT_TRUE(set("file", others));
+        EXPECT_FALSE(has("file", FILE_ATTRIBUTE_READONLY)) << others;
+    }
+}
+
+TEST_F(AttributesConformance, ADirectoryStaysOne)
+{
+    EXPECT_TRUE(set("folder", FILE_ATTRIBUTE_NORMAL));
+    EXPECT_TRUE(has("folder", FILE_ATTRIBUTE_DIRECTORY));
+}
+
+struct MissingFile
+{
+    const char *name;
+    const char *file; // in the test's folder
+    DWORD error;
+};
+
+void PrintTo(const MissingFile &row, std::ostream *stream)
+{
+    *stream << row.name;
+}
+
+class MissingFileConformance : public AttributesConformance, public testing::WithParamInterface<MissingFile>
+{
+};
+
+TEST_P(MissingFileConformance, HasNoAttributes)
+{
+    const Outcome got = outcomeOf([&] { return get(GetParam().file); });
+    EXPECT_EQ(got, (Outcome{INVALID_FILE_ATTRIBUTES, GetParam().error}));
+}
+
+TEST_P(MissingFileConformance, CannotBeGivenAny)
+{
+    for (const DWORD attributes : std::initializer_list<DWORD>{0, FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_ARCHIVE})
+        EXPECT_EQ(outcomeOf([&] { return set(GetParam().file, attributes); }), (Outcome{FALSE, GetParam().error}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, MissingFileConformance,
+                         testing::Values(MissingFile{"File", "none", ERROR_FILE_NOT_FOUND},
+                                         MissingFile{"FileInFolder", "folder/none", ERROR_FILE_NOT_FOUND},
+                                         MissingFile{"Folder", "none/none", ERROR_PATH_NOT_FOUND},
+                                         MissingFile{"Folders", "none/none/none", ERROR_PATH_NOT_FOUND},
+                                         MissingFile{"BelowAFile", "file/none", ERROR_PATH_NOT_FOUND}),
+                         testing::PrintToStringParamName());
+
+TEST(NoNameConformance, IsNoFile)
+{
+    EXPECT_EQ(outcomeOf([] { return GetFileAttributesW(windowsText(u"")); }),
+              (Outcome{INVALID_FILE_ATTRIBUTES, ERROR_PATH_NOT_FOUND}));
+    EXPECT_EQ(outcomeOf([] { return SetFileAttributesW(windowsText(u""), FILE_ATTRIBUTE_NORMAL); }),
+              (Outcome{FALSE, ERROR_PATH_NOT_FOUND}));
+}
