@@ -25,12 +25,13 @@ QString expanded(const QString &text)
     return result += QStringView(text).mid(end);
 }
 
-// The text of a key's unnamed value; nothing when key or value are missing, or the value is no text.
-std::optional<QString> textOfKey(const QString &path)
+// The text of a key's unnamed value in the classes of a root; nothing when key or value are missing, or the value is no
+// text.
+std::optional<QString> textOfKey(HKEY root, const QString &kind)
 {
     HKEY key = nullptr;
-    const auto units = reinterpret_cast<const char16_t *>(path.utf16());
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, units, 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+    const QString path = QStringLiteral("Software\\Classes\\") + kind;
+    if (RegOpenKeyExW(root, reinterpret_cast<LPCWSTR>(path.utf16()), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
         return std::nullopt;
     DWORD type = REG_NONE, size = 0;
     std::u16string text;
@@ -44,6 +45,14 @@ std::optional<QString> textOfKey(const QString &path)
         return std::nullopt;
     const QString value = QStringView(text.c_str()).toString();
     return type == REG_EXPAND_SZ ? expanded(value) : value;
+}
+
+// HKEY_CLASSES_ROOT shows both parts as one, and the user's comes first value by value: a key of the user's without the
+// value, which other programs make for what they remember of a kind, does not hide the machine's.
+std::optional<QString> textOfKey(const QString &kind)
+{
+    const std::optional<QString> own = textOfKey(HKEY_CURRENT_USER, kind);
+    return own ? own : textOfKey(HKEY_LOCAL_MACHINE, kind);
 }
 
 // The key that has the verbs of a file or URL.

@@ -5,6 +5,7 @@
 #include "platform/LastError.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -32,18 +33,44 @@ QString placeOf(const QString &file, const QString &folder)
 
 bool isUrl(const QString &text)
 {
-    const QString scheme = QUrl(text).scheme();
-    return scheme.size() > 1 && text.size() > scheme.size() + 1; // one letter would be a drive
+    const QString scheme = QUrl(text).scheme(); // one letter would be a drive, and files are none
+    return scheme.size() > 1 && scheme != u"file" && text.size() > scheme.size() + 1;
 }
 
+// Unknown of a file that may not be read: it may be executed all the same.
+bool mayBeginAsProgram(const QFileInfo &info)
+{
+    QFile file(info.filePath());
+    if (!file.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray start = file.read(4);
+    return start == "\177ELF" || start.startsWith("#!") || start.startsWith("MZ");
+}
+
+// The permission alone does not tell: on disks and servers of Windows every file has it.
 bool isProgram(const QFileInfo &file)
 {
-    return file.isFile() && file.isExecutable();
+    return file.isFile() && file.isExecutable() && mayBeginAsProgram(file);
 }
 
-int missingFileError(const QFileInfo &file)
+// The path in the URL of a file on this computer; any other text as it is.
+QString withoutFileScheme(const QString &file)
 {
-    return QFileInfo(file.path()).isDir() ? SE_ERR_FNF : SE_ERR_PNF;
+    const QUrl url(file);
+    const bool isHere = url.host().isEmpty() || url.host() == u"localhost";
+    return url.scheme() == u"file" && isHere ? url.path(QUrl::FullyDecoded) : file;
+}
+
+// The file that a name means: in the folder, or, with nothing but a name, a program along PATH. It may be missing.
+QFileInfo locate(const QString &name, const QString &folder)
+{
+    const QFileInfo place(placeOf(name, folder));
+    if (place.exists())
+        return place;
+    if (const QString path = withoutFileScheme(name); path != name)
+        return QFileInfo(path);
+    const QString program = name.contains(u'/') ? QString() : QStandardPaths::findExecutable(name);
+    return program.isEmpty() ? place : QFileInfo(program);
 }
 
 struct Request
@@ -80,18 +107,16 @@ Answer answerForDocument(const QString &fileOrUrl, const Request &request)
 
 Answer answerFor(const Request &request)
 {
-    const QString &file = request.file;
-    if (file.isEmpty())
+    if (request.file.isEmpty())
         return {SE_ERR_FNF, {}};
-    const QFileInfo place(placeOf(file, request.folder));
-    if (isProgram(place))
-        return answerForProgram(place.filePath(), request);
-    if (place.exists())
-        return place.isReadable() ? answerForDocument(place.filePath(), request) : Answer{SE_ERR_ACCESSDENIED, {}};
-    if (isUrl(file))
-        return answerForDocument(file, request);
-    const QString found = file.contains(u'/') ? QString() : QStandardPaths::findExecutable(file);
-    return found.isEmpty() ? Answer{missingFileError(place), {}} : answerForProgram(found, request);
+    const QFileInfo file = locate(request.file, request.folder);
+    if (isProgram(file))
+        return answerForProgram(file.filePath(), request);
+    if (file.exists())
+        return file.isReadable() ? answerForDocument(file.filePath(), request) : Answer{SE_ERR_ACCESSDENIED, {}};
+    if (isUrl(request.file))
+        return answerForDocument(request.file, request);
+    return {static_cast<int>(missingFileError(file.filePath())), {}};
 }
 
 int execute(const Request &request)
@@ -104,20 +129,23 @@ int execute(const Request &request)
 
 } // namespace
 
-HINSTANCE FindExecutableW(LPCWSTR file, LPCWSTR folder, LPWSTR result)
+HINSTANCE FindExecutableW(LPCWSTR name, LPCWSTR folder, LPWSTR result)
 {
     *result = u'\0';
-    const QFileInfo place(placeOf(QStringView(file).toString(), QStringView(folder).toString()));
-    if (QStringView(file).toString().isEmpty() || !place.exists())
+    const QString text = QStringView(name).toString();
+    const QFileInfo file = locate(text, QStringView(folder).toString());
+    if (text.isEmpty() || !file.exists())
         return instanceOf(SE_ERR_FNF);
-    QString program = isProgram(place) ? place.filePath() : QString();
+    QString program = isProgram(file) ? file.filePath() : QString();
     if (program.isEmpty())
-        if (const std::optional<ProgramCall> associated = associatedProgram(place.filePath(), QStringLiteral("open")))
+        if (const std::optional<ProgramCall> associated = associatedProgram(file.filePath(), QStringLiteral("open")))
             program = associated->program;
     if (program.isEmpty())
         return instanceOf(SE_ERR_NOASSOC);
-    const std::size_t length = std::min<std::size_t>(static_cast<std::size_t>(program.size()), MAX_PATH - 1);
-    *std::copy_n(reinterpret_cast<const char16_t *>(program.utf16()), length, result) = u'\0';
+    const std::u16string path = program.toStdU16String();
+    if (path.size() >= MAX_PATH)
+        return instanceOf(SE_ERR_OOM);
+    std::copy_n(path.c_str(), path.size() + 1, result);
     return instanceOf(Launched);
 }
 

@@ -137,7 +137,7 @@ SIGNAL = "a signal to another process"
 @unittest.skipIf(WINDOWS, NONE)
 class Processes(SandboxTest):
     def test_none_can_be_started(self):
-        program = self.write("outside/program.sh", "#!/bin/sh\ntouch started\n")
+        program = self.write("inside/program.sh", "#!/bin/sh\ntouch started\n")
         program.chmod(0o755)
         outcome = self.run_sandboxed(f"""
             (princ (startapp "{program}"))

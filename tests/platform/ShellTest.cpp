@@ -33,11 +33,20 @@ protected:
         m_program = QStringView(program).toString();
         return static_cast<int>(reinterpret_cast<std::intptr_t>(instance));
     }
-    QString write(const QString &name)
+    QString write(const QString &name, const QByteArray &content = {})
     {
         QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(content), content.size());
         return file.fileName();
+    }
+    // As every file is on a disk of Windows.
+    QString writeExecutable(const QString &name, const QByteArray &content)
+    {
+        const QString file = write(name, content);
+        EXPECT_TRUE(QFile::setPermissions(file, QFile::permissions(file) | QFile::ExeOwner));
+        return file;
     }
     static LPCWSTR text(const QString &characters) { return reinterpret_cast<LPCWSTR>(characters.utf16()); }
 
@@ -63,11 +72,56 @@ TEST_F(Shell, OpensADocumentWithItsProgram)
     EXPECT_TRUE(report.isReplaced());
 }
 
+TEST_F(Shell, OpensADocumentThatMayBeExecuted)
+{
+    const QString document = writeExecutable(QStringLiteral("a.") + suffix, "text");
+    const FileReport report(document);
+    EXPECT_EQ(find(document), 42);
+    EXPECT_EQ(m_program, m_child);
+    EXPECT_EQ(execute(document), 42);
+    EXPECT_TRUE(report.isReplaced());
+    EXPECT_EQ(execute(writeExecutable(QStringLiteral("a.unheardof"), "text")), SE_ERR_NOASSOC);
+    EXPECT_EQ(execute(writeExecutable(QStringLiteral("empty.unheardof"), "")), SE_ERR_NOASSOC);
+}
+
+TEST_F(Shell, AProgramIsKnownByItsBeginning)
+{
+    for (const QByteArray &content : {QByteArray("#!/bin/sh\n"), QByteArray("\177ELF\2"), QByteArray("MZ")}) {
+        const QString program = writeExecutable(QStringLiteral("program.") + suffix, content);
+        EXPECT_EQ(find(program), 42) << content.toStdString();
+        EXPECT_EQ(m_program, program);
+        QFile::remove(program);
+        const QString document = write(QStringLiteral("program.") + suffix, content); // without the permission
+        EXPECT_EQ(find(document), 42) << content.toStdString();
+        EXPECT_EQ(m_program, m_child);
+    }
+}
+
+TEST_F(Shell, TheUrlOfAFileIsThatFile)
+{
+    const QString document = write(QStringLiteral("a b.") + suffix);
+    const QString place = m_folder.path();
+    for (const QString &url : {u"file://"_qs + place + u"/a%20b."_qs + suffix,
+                               u"file://localhost"_qs + place + u"/a%20b."_qs + suffix, u"file:"_qs + document}) {
+        EXPECT_EQ(find(url), 42) << url.toStdString();
+        EXPECT_EQ(m_program, m_child);
+    }
+    const FileReport report(document);
+    EXPECT_EQ(execute(u"file://"_qs + place + u"/a%20b."_qs + suffix), 42);
+    EXPECT_TRUE(report.isReplaced());
+    EXPECT_EQ(execute(u"file://"_qs + place + u"/none"_qs), SE_ERR_FNF);
+    EXPECT_EQ(execute(u"file://"_qs + place + u"/none/none"_qs), SE_ERR_PNF);
+    EXPECT_EQ(find(u"file://"_qs + place + u"/none"_qs), SE_ERR_FNF);
+}
+
 TEST_F(Shell, FindsAProgramOnThePath)
 {
     EXPECT_EQ(execute(QStringLiteral("true")), 42);
     EXPECT_EQ(execute(QStringLiteral("true"), QString(), nullptr), 42);
     EXPECT_EQ(execute(QStringLiteral("true"), QString(), u"OPEN"), 42);
+    EXPECT_EQ(find(QStringLiteral("true")), 42);
+    EXPECT_TRUE(m_program.endsWith(QStringLiteral("bin/true"))) << m_program.toStdString();
+    EXPECT_EQ(find(QStringLiteral("no-such-program")), SE_ERR_FNF);
 }
 
 TEST_F(Shell, AnErrorIsANumberBelow32)
@@ -123,6 +177,19 @@ TEST_F(Shell, FindExecutableOfAProgramIsTheProgram)
     EXPECT_EQ(m_program, m_child);
 }
 
+// Half a path would be another file.
+TEST_F(Shell, FindExecutableCutsNoPath)
+{
+    const qsizetype room = 259 - (m_folder.path().size() + 1);
+    const QString folder = QString(200, u'a') + u'/';
+    for (const bool fits : {true, false}) {
+        const QString name = folder + QString(room - folder.size() + (fits ? 0 : 1), u'b');
+        const QString program = writeExecutable(name, "#!/bin/sh\n");
+        EXPECT_EQ(find(program), fits ? 42 : SE_ERR_OOM);
+        EXPECT_EQ(m_program, fits ? program : QString());
+    }
+}
+
 TEST_F(Shell, FindExecutableWithoutAnAnswerEmptiesTheBuffer)
 {
     EXPECT_EQ(find(m_folder.filePath(QStringLiteral("none.txt"))), SE_ERR_FNF);
@@ -138,10 +205,10 @@ class RegisteredKind : public Shell
 protected:
     ~RegisteredKind() override { RegDeleteTreeW(HKEY_CURRENT_USER, text(classes)); }
 
-    static void set(const QString &key, const QString &value, DWORD type = REG_SZ)
+    static void set(const QString &key, const QString &value, DWORD type = REG_SZ, HKEY root = HKEY_CURRENT_USER)
     {
         HKEY handle = nullptr;
-        ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, text(classes + u'\\' + key), 0, nullptr, REG_OPTION_NON_VOLATILE,
+        ASSERT_EQ(RegCreateKeyExW(root, text(classes + u'\\' + key), 0, nullptr, REG_OPTION_NON_VOLATILE,
                                   KEY_ALL_ACCESS, nullptr, &handle, nullptr),
                   ERROR_SUCCESS);
         RegSetValueExW(handle, nullptr, 0, type, reinterpret_cast<const BYTE *>(value.utf16()),
@@ -162,6 +229,23 @@ TEST_F(RegisteredKind, ComesBeforeTheDesktopsSettings)
     setCommand(QStringLiteral("test.kind"), QStringLiteral("/bin/true \"%1\""));
     EXPECT_EQ(find(write(QStringLiteral("a.") + suffix)), 42);
     EXPECT_EQ(m_program, QStringLiteral("/bin/true"));
+}
+
+// Programs keep there what they remember of a kind.
+TEST_F(RegisteredKind, OfTheMachineIsNotHiddenByAKeyOfTheUsersThatLacksTheValue)
+{
+    const QString shell = QStringLiteral("machine.kind\\shell");
+    set(QStringLiteral(".unheardof"), QStringLiteral("machine.kind"), REG_SZ, HKEY_LOCAL_MACHINE);
+    set(shell + u"\\open\\command"_qs, QStringLiteral("/bin/true %1"), REG_SZ, HKEY_LOCAL_MACHINE);
+    set(QStringLiteral(".unheardof\\OpenWithList"), QStringLiteral("anything"));
+    set(shell + u"\\open\\command\\below"_qs, QStringLiteral("anything"));
+    EXPECT_EQ(find(write(QStringLiteral("a.unheardof"))), 42);
+    EXPECT_EQ(m_program, QStringLiteral("/bin/true"));
+    set(shell + u"\\open\\command"_qs, QStringLiteral("/bin/false %1"));
+    EXPECT_EQ(find(m_folder.filePath(QStringLiteral("a.unheardof"))), 42);
+    EXPECT_EQ(m_program, QStringLiteral("/bin/false"));
+    for (const QString &kind : {QStringLiteral("machine.kind"), QStringLiteral(".unheardof")})
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, text(classes + u'\\' + kind));
 }
 
 TEST_F(RegisteredKind, WhoseProgramIsGoneLeavesTheDesktopsSettings)
