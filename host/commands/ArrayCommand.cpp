@@ -19,11 +19,9 @@ constexpr int MostCopies = 100000; // what somebody may mean
 
 void addCopies(Context &context, const Selection &originals, const Matrix &matrix)
 {
-    for (const RecordId original : originals) {
-        const RecordId copy = drawing::copyEntity(context.drawing(), original);
-        if (copy == drawing::NoRecord || !drawing::transformEntity(context.drawing(), copy, Similarity{matrix, false}))
+    for (const RecordId original : originals)
+        if (drawing::copyTransformed(context.drawing(), original, Similarity{matrix, false}) == drawing::NoRecord)
             throw CommandError{u"The object cannot be copied."};
-    }
 }
 
 Task<int> askCount(Context &context, std::u16string_view prompt)

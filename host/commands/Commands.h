@@ -124,7 +124,5 @@ Command open(Context &context);
 
 // LayerCommand.cpp
 Command layer(Context &context);
-// With the entities on it. Throws CommandError when the name is taken or no name.
-void renameLayer(Context &context, RecordId layer, const std::u16string &name);
 
 } // namespace commands

@@ -9,6 +9,7 @@
 #include "host/drawing/edit/Explode.h"
 #include "host/drawing/edit/Transform.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace commands {
@@ -37,7 +38,8 @@ enum Code : int {
     FlagsCode = 70,
 };
 
-constexpr std::int64_t ConstantAttribute = 2;
+constexpr std::int64_t ConstantAttribute = 2; // of an attribute's flags
+constexpr std::int64_t HasAttributes = 2;     // of a block's
 
 // How a block is put into the drawing.
 struct Insertion
@@ -195,12 +197,25 @@ Task<std::vector<std::u16string>> askValues(Context &context, const std::vector<
     co_return values;
 }
 
-// The objects of a block, put into the space that holds the insert.
+// The objects of a block, put into the space that holds the insert; the insert itself where that cannot be.
 void addExploded(Context &context, const GroupList &insert)
 {
-    const RecordId added = addEntity(context, insert);
-    drawing::explodeEntity(context.drawing(), added);
-    context.database().erase(added);
+    if (drawing::explodeEntity(context.drawing(), addEntity(context, insert)).empty())
+        throw CommandError{u"The block could not be exploded."};
+}
+
+bool containsBlock(Context &context, const Selection &entities, const std::u16string &block)
+{
+    return std::ranges::any_of(entities, [&](RecordId entity) {
+        return context.database().record(entity).type == drawing::known::Insert &&
+               drawing::showsBlock(context.database(), context.tables(),
+                                   textOf(context.database().groups(entity), drawing::groupcode::Name), block);
+    });
+}
+
+bool containsAttributes(Context &context, const Selection &entities)
+{
+    return std::ranges::any_of(entities, [&](RecordId entity) { return context.database().type(entity) == u"ATTDEF"; });
 }
 
 } // namespace
@@ -238,8 +253,7 @@ Command block(Context &context)
     const auto name = co_await context.ask().string({u"Enter block name or [?]: ", {}, Enter::Refused});
     if (!isValidName(name.value))
         throw CommandError{u"Invalid block name."};
-    RecordId there = findRecord(context, Block, name.value);
-    if (there != drawing::NoRecord) {
+    if (findRecord(context, Block, name.value) != drawing::NoRecord) {
         const std::u16string prompt = u"Block \"" + name.value + u"\" already exists. Redefine it? [Yes/No] <N>: ";
         const auto redefines = co_await context.ask().keyword({prompt, u"Yes No"});
         if (!redefines.is(u"Yes"))
@@ -248,22 +262,23 @@ Command block(Context &context)
     const WorkPlane plane(context.session());
     const auto base = co_await context.ask().point({u"Specify insertion base point: ", {}, Enter::Refused});
     const Selection entities = co_await selectObjects(context);
+    if (containsBlock(context, entities, name.value))
+        throw CommandError{u"Block " + name.value + u" references itself"};
     drawing::Database &database = context.database();
-    if (there == drawing::NoRecord) {
-        there = drawing::addBlock(database, context.tables(), {name.value});
-    } else {
-        for (RecordId id = database.firstIn(there); id != drawing::NoRecord; id = database.nextIn(id))
-            database.erase(id);
-    }
+    const std::int64_t flags = containsAttributes(context, entities) ? HasAttributes : 0;
+    const RecordId there = drawing::defineBlock(database, context.tables(), {name.value, {}, flags});
     if (there == drawing::NoRecord)
         throw CommandError{u"The block cannot be made."};
     const drawing::Similarity toBlock{geometry::inverse(geometry::Matrix::translation(plane.world(base.value))), false};
+    std::size_t left = 0;
     for (const RecordId entity : entities) {
-        const RecordId copy = drawing::copyEntity(context.drawing(), entity, {there, false});
-        if (copy != drawing::NoRecord)
-            drawing::transformEntity(context.drawing(), copy, toBlock);
-        database.erase(entity);
+        if (drawing::copyTransformed(context.drawing(), entity, {there, false}, toBlock) != drawing::NoRecord)
+            database.erase(entity);
+        else
+            ++left;
     }
+    if (left > 0)
+        context.say(shown(std::int64_t(left)) + u" could not be put into the block.");
 }
 
 // Takes one selection and does not wait for Enter: programs do not send one.

@@ -3,6 +3,7 @@
 #include "host/commands/Colors.h"
 #include "host/commands/Commands.h"
 #include "host/commands/Linetypes.h"
+#include "host/commands/Renaming.h"
 #include "host/commands/TableRecords.h"
 
 #include "host/drawing/LayerState.h"
@@ -24,7 +25,6 @@ using drawing::known::Layer;
 namespace {
 
 enum Code : int {
-    NameCode = 2,
     LinetypeCode = 6,
     ColorCode = 62,
     FlagsCode = 70,
@@ -161,7 +161,7 @@ Command renameOption(Context &context)
     if (layer == drawing::NoRecord)
         throw CommandError{u"Cannot find layer \"" + old.value + u"\"."};
     const auto name = co_await context.ask().string({u"Enter new layer name: ", {}, Enter::Refused});
-    renameLayer(context, layer, name.value);
+    renameRecord(context, u"layer", layer, name.value);
 }
 
 Command colorOption(Context &context)
@@ -282,23 +282,6 @@ Command runOption(Context &context, const std::u16string &option)
 }
 
 } // namespace
-
-void renameLayer(Context &context, RecordId layer, const std::u16string &name)
-{
-    if (!isValidName(name) || findRecord(context, Layer, name) != drawing::NoRecord)
-        throw CommandError{u"Cannot rename layer \"" + context.database().name(layer) + u"\" to \"" + name + u"\"."};
-    const std::u16string old = drawing::folded(context.database().name(layer));
-    const bool wasCurrent = isCurrent(context, layer);
-    changeRecord(context, layer, textGroup(NameCode, name));
-    drawing::Database &database = context.database();
-    for (RecordId id = 0; id < database.recordCount(); ++id) {
-        const drawing::Record &record = database.record(id);
-        if (record.kind == drawing::RecordKind::Entity && drawing::folded(database.name(id)) == old)
-            changeRecord(context, id, textGroup(drawing::groupcode::Layer, name));
-    }
-    if (wasCurrent)
-        context.session().assign(u"CLAYER", name);
-}
 
 // What goes wrong in an option does not end the command, whose further answers are for its options.
 Command layer(Context &context)

@@ -1,6 +1,7 @@
 // Commands over properties and names: MATCHPROP, RENAME, and DELAY.
 
 #include "host/commands/Commands.h"
+#include "host/commands/Renaming.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/TableRecords.h"
 
@@ -29,62 +30,6 @@ constexpr std::array<Kind, 6> kinds = {{
     {u"textStyle", Style, u"text style"},
     {u"Ucs", UserCoordinates, u"UCS"},
 }};
-
-// Groups by which records of this table are called, in entities and layers.
-int nameCode(drawing::NameId table)
-{
-    constexpr int LinetypeCode = 6, StyleCode = 7, DimensionStyleCode = 3;
-    switch (table) {
-    case Block:
-        return drawing::groupcode::Name;
-    case Linetype:
-        return LinetypeCode;
-    case Style:
-        return StyleCode;
-    default:
-        return DimensionStyleCode;
-    }
-}
-
-void renameUses(Context &context, drawing::NameId table, const std::u16string &old, const std::u16string &name)
-{
-    drawing::Database &database = context.database();
-    const std::u16string plain = drawing::folded(old);
-    for (RecordId id = 0; id < database.recordCount(); ++id) {
-        const drawing::Record &record = database.record(id);
-        const bool isLayer =
-            record.kind == drawing::RecordKind::TableRecord && record.type == Layer && table == Linetype;
-        if (record.kind != drawing::RecordKind::Entity && !isLayer)
-            continue;
-        const std::u16string type = database.type(id);
-        if (table == Block && type != u"INSERT" && type != u"DIMENSION")
-            continue;
-        const drawing::GroupList groups = database.groups(id);
-        if (drawing::folded(drawing::textOf(groups, nameCode(table))) == plain && !plain.empty())
-            changeRecord(context, id, drawing::textGroup(nameCode(table), name));
-    }
-}
-
-void rename(Context &context, const Kind &kind, const std::u16string &old, const std::u16string &name)
-{
-    const RecordId record = findRecord(context, kind.table, old);
-    if (record == drawing::NoRecord)
-        throw CommandError{u"Cannot find " + std::u16string(kind.prompt) + u" \"" + old + u"\"."};
-    if (kind.table == Layer)
-        return renameLayer(context, record, name);
-    if (!isValidName(name) || findRecord(context, kind.table, name) != drawing::NoRecord)
-        throw CommandError{u"Cannot rename " + std::u16string(kind.prompt) + u" \"" + old + u"\" to \"" + name +
-                           u"\"."};
-    const std::u16string exact = context.database().name(record);
-    changeRecord(context, record, drawing::textGroup(drawing::groupcode::Name, name));
-    if (kind.table == Block) { // whose start has the name twice, and whose table record has it too
-        changeRecord(context, record, drawing::textGroup(drawing::groupcode::EntryName, name));
-        if (const RecordId owner = findRecord(context, BlockRecord, exact); owner != drawing::NoRecord)
-            changeRecord(context, owner, drawing::textGroup(drawing::groupcode::Name, name));
-    }
-    if (kind.table != UserCoordinates)
-        renameUses(context, kind.table, exact, name);
-}
 
 } // namespace
 
@@ -118,7 +63,10 @@ Command renameObject(Context &context)
         const auto old = co_await context.ask().string({oldPrompt, {}, Enter::Refused});
         const std::u16string newPrompt = u"Enter new " + std::u16string(kind.prompt) + u" name: ";
         const auto name = co_await context.ask().string({newPrompt, {}, Enter::Refused});
-        rename(context, kind, old.value, name.value);
+        const RecordId record = findRecord(context, kind.table, old.value);
+        if (record == drawing::NoRecord)
+            throw CommandError{u"Cannot find " + std::u16string(kind.prompt) + u" \"" + old.value + u"\"."};
+        renameRecord(context, kind.prompt, record, name.value);
     }
 }
 

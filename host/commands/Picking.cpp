@@ -71,6 +71,11 @@ Selection visibleEntities(Session &session)
     return selection::visibleEntities(session.drawing(), sight(session));
 }
 
+RecordId lastVisibleEntity(Session &session)
+{
+    return selection::lastVisibleEntity(session.drawing(), sight(session));
+}
+
 RecordId entityAt(Session &session, const Point &place)
 {
     const double distance = pixelSize(session) * std::max(session.integer(u"PICKBOX"), 1);

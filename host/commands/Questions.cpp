@@ -2,7 +2,6 @@
 
 #include "host/commands/Picking.h"
 #include "host/commands/Session.h"
-#include "host/drawing/Blocks.h"
 
 #include <QString>
 
@@ -105,8 +104,13 @@ Request::Outcome AngleRequest::readPoint(const Point &point)
     return Outcome::WantsMore;
 }
 
+// Programs compute numbers: a whole real will do.
 Request::Outcome IntegerRequest::read(const Input &input)
 {
+    constexpr double MostReal = 2147483648.0; // that an integer does not hold
+    if (const auto *real = std::get_if<double>(&input);
+        real && *real == std::floor(*real) && std::abs(*real) < MostReal)
+        return answer(static_cast<int>(*real));
     const std::optional<std::u16string> text = typedText(input);
     bool isNumber = false;
     const int number = text ? QString::fromStdU16String(*text).trimmed().toInt(&isNumber) : 0;
@@ -139,7 +143,7 @@ Request::Outcome EntityRequest::read(const Input &input)
     else if (const auto *selection = std::get_if<Selection>(&input); selection && selection->size() == 1)
         picked.entity = selection->front();
     else if (const auto *text = std::get_if<std::u16string>(&input); text && lisp::Keywords(u"Last").match(*text))
-        picked.entity = drawing::lastEntity(database);
+        picked.entity = lastVisibleEntity(m_session);
     else if (const std::optional<Point> place = pointOf(input, m_session))
         picked = {entityAt(m_session, *place), place};
     const drawing::Record &record = database.record(picked.entity);

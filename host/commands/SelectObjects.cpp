@@ -1,7 +1,6 @@
 #include "host/commands/SelectObjects.h"
 
 #include "host/commands/Picking.h"
-#include "host/drawing/Blocks.h"
 #include "host/drawing/LayerState.h"
 
 #include <QString>
@@ -88,7 +87,7 @@ private:
 
 Selection lastEntity(Context &context)
 {
-    const RecordId last = drawing::lastEntity(context.database());
+    const RecordId last = lastVisibleEntity(context.session());
     return last != drawing::NoRecord ? Selection{last} : Selection();
 }
 

@@ -1,5 +1,6 @@
 #include "host/commands/TableRecords.h"
 
+#include "host/drawing/Blocks.h"
 #include "host/drawing/entities/EntityMaking.h"
 #include "host/interpreter/text/WildcardPattern.h"
 
@@ -23,9 +24,25 @@ void changeRecord(Context &context, RecordId record, const drawing::Group &group
         throw CommandError{u"The value cannot be written."};
 }
 
-bool isValidName(std::u16string_view name)
+bool isKept(drawing::NameId table, std::u16string_view name)
 {
-    return !name.empty() && name.find_first_of(u"<>/\\\":;?*|,=`") == name.npos;
+    namespace known = drawing::known;
+    const std::u16string plain = drawing::folded(name);
+    const auto is = [&plain](std::u16string_view other) { return plain == drawing::folded(other); };
+    switch (table) {
+    case known::Layer:
+        return is(u"0") || is(u"DEFPOINTS");
+    case known::Linetype:
+        return is(u"ByLayer") || is(u"ByBlock") || is(u"Continuous");
+    case known::Style:
+    case known::DimensionStyle:
+        return is(u"Standard") || name.empty();
+    case known::Application:
+        return is(u"ACAD");
+    default:
+        return plain.starts_with(drawing::folded(drawing::ModelSpace)) ||
+               plain.starts_with(drawing::folded(drawing::PaperSpace));
+    }
 }
 
 RecordId findRecord(Context &context, drawing::NameId table, std::u16string_view name)

@@ -2,6 +2,7 @@
 
 #include "host/commands/Context.h"
 #include "host/drawing/edit/GroupEditing.h"
+#include "host/drawing/entities/EntityValues.h"
 
 namespace commands {
 
@@ -11,8 +12,10 @@ std::vector<RecordId> recordsLike(Context &context, drawing::NameId table, std::
 // Changes groups of a record. Throws CommandError when a value cannot be written.
 void changeRecord(Context &context, RecordId record, const drawing::Group &group);
 
-// Whether a name may be given to a table record or block: no characters that have a meaning of their own.
-bool isValidName(std::u16string_view name);
+using drawing::isValidName;
+
+// Whether it is one that no drawing can do without: it is neither purged nor renamed.
+bool isKept(drawing::NameId table, std::u16string_view name);
 
 // NoRecord when it is not there.
 RecordId findRecord(Context &context, drawing::NameId table, std::u16string_view name);

@@ -16,27 +16,26 @@ using geometry::Matrix;
 
 namespace {
 
-void transformAll(Context &context, const Selection &entities, const Matrix &matrix)
+enum class Originals { Changed, Kept };
+
+bool transform(Context &context, RecordId entity, const Similarity &similarity, Originals originals)
+{
+    return originals == Originals::Kept
+               ? drawing::copyTransformed(context.drawing(), entity, similarity) != drawing::NoRecord
+               : drawing::transformEntity(context.drawing(), entity, similarity);
+}
+
+void transformAll(Context &context, const Selection &entities, const Matrix &matrix,
+                  Originals originals = Originals::Changed)
 {
     const Similarity similarity{matrix, context.session().integer(u"MIRRTEXT") != 0};
     std::size_t left = 0;
     for (const RecordId entity : entities) {
         context.session().pulse();
-        left += drawing::transformEntity(context.drawing(), entity, similarity) ? 0 : 1;
+        left += transform(context, entity, similarity, originals) ? 0 : 1;
     }
     if (left > 0)
         context.session().print(QStringLiteral("\n%1 object(s) could not be changed.\n").arg(left).toStdU16String());
-}
-
-Selection copies(Context &context, const Selection &entities)
-{
-    Selection copies;
-    for (const RecordId entity : entities) {
-        context.session().pulse();
-        if (const RecordId copy = drawing::copyEntity(context.drawing(), entity); copy != drawing::NoRecord)
-            copies.push_back(copy);
-    }
-    return copies;
 }
 
 // What is done about the origin of the user's coordinate system, done about a point of it.
@@ -65,11 +64,11 @@ double angleBetween(const Point &from, const Point &to)
     return std::atan2(to.y - from.y, to.x - from.x);
 }
 
-// The angle to be turned by, and whether copies are turned.
+// The angle to be turned by, and whether copies of the originals are turned.
 struct Turn
 {
     double angle = 0;
-    bool copies = false;
+    Originals originals = Originals::Changed;
 };
 
 Task<Turn> askTurn(Context &context, const Point base)
@@ -79,7 +78,7 @@ Task<Turn> askTurn(Context &context, const Point base)
         const auto angle = co_await context.ask().angle(
             {u"Specify rotation angle or [Copy/Reference] <0>: ", u"Copy Reference", Enter::Allowed, base});
         if (angle.is(u"Copy")) {
-            turn.copies = true;
+            turn.originals = Originals::Kept;
             continue;
         }
         if (!angle.is(u"Reference")) {
@@ -97,7 +96,7 @@ Task<Turn> askTurn(Context &context, const Point base)
 struct Scaling
 {
     double factor = 1;
-    bool copies = false;
+    Originals originals = Originals::Changed;
 };
 
 Task<Scaling> askScaling(Context &context, const Point base)
@@ -107,7 +106,7 @@ Task<Scaling> askScaling(Context &context, const Point base)
         const auto factor = co_await context.ask().distance(
             {u"Specify scale factor or [Copy/Reference]: ", u"Copy Reference", Enter::Refused, base});
         if (factor.is(u"Copy")) {
-            scaling.copies = true;
+            scaling.originals = Originals::Kept;
             continue;
         }
         scaling.factor = factor.value;
@@ -155,7 +154,7 @@ Command copy(Context &context)
     }
     if (!isMultiple || !base.hasValue()) {
         const Vector by = co_await askDisplacement(context, plane, base);
-        transformAll(context, copies(context, entities), Matrix::translation(by));
+        transformAll(context, entities, Matrix::translation(by), Originals::Kept);
         co_return;
     }
     for (;;) {
@@ -164,7 +163,7 @@ Command copy(Context &context)
         if (!next.hasValue())
             co_return;
         const Vector by = plane.world(next.value) - plane.world(base.value);
-        transformAll(context, copies(context, entities), Matrix::translation(by));
+        transformAll(context, entities, Matrix::translation(by), Originals::Kept);
     }
 }
 
@@ -174,8 +173,7 @@ Command rotate(Context &context)
     const WorkPlane plane(context.session());
     const auto base = co_await context.ask().point({u"Specify base point: ", {}, Enter::Refused});
     const Turn turn = co_await askTurn(context, base.value);
-    transformAll(context, turn.copies ? copies(context, entities) : entities,
-                 about(plane, base.value, Matrix::rotation(turn.angle)));
+    transformAll(context, entities, about(plane, base.value, Matrix::rotation(turn.angle)), turn.originals);
 }
 
 Command scale(Context &context)
@@ -185,8 +183,7 @@ Command scale(Context &context)
     const auto base = co_await context.ask().point({u"Specify base point: ", {}, Enter::Refused});
     const Scaling scaling = co_await askScaling(context, base.value);
     const double factor = scaling.factor;
-    transformAll(context, scaling.copies ? copies(context, entities) : entities,
-                 about(plane, base.value, Matrix::scale(factor, factor, factor)));
+    transformAll(context, entities, about(plane, base.value, Matrix::scale(factor, factor, factor)), scaling.originals);
 }
 
 Command mirror(Context &context)
@@ -199,7 +196,8 @@ Command mirror(Context &context)
     const auto erases = co_await context.ask().keyword({u"Erase source objects? [Yes/No] <N>: ", u"Yes No"});
     const double angle = angleBetween(first.value, second.value);
     const Matrix mirror = Matrix::mirror({0, 0, 0}, {-std::sin(angle), std::cos(angle), 0});
-    transformAll(context, erases.is(u"Yes") ? entities : copies(context, entities), about(plane, first.value, mirror));
+    transformAll(context, entities, about(plane, first.value, mirror),
+                 erases.is(u"Yes") ? Originals::Changed : Originals::Kept);
 }
 
 } // namespace commands

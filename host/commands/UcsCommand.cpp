@@ -166,7 +166,7 @@ Command askNamed(Context &context, const std::u16string option)
     const RecordId record = findRecord(context, UserCoordinates, name.value);
     if (record == drawing::NoRecord)
         throw CommandError{u"Cannot find UCS \"" + name.value + u"\"."};
-    if (option == u"Del")
+    if (option == u"Delete")
         co_return context.database().erase(record);
     const drawing::GroupList groups = context.database().groups(record);
     change(context, {pointOf(drawing::placeOf(groups, OriginCode)), pointOf(drawing::placeOf(groups, XDirectionCode)),
@@ -180,7 +180,7 @@ Command ucs(Context &context)
     const WorkPlane plane(context.session());
     const auto choice = co_await context.ask().point(
         {u"Specify origin of UCS or [Face/NAmed/OBject/Previous/View/World/X/Y/Z/ZAxis] <World>: ",
-         u"Origin 3point OBject Previous Restore Save Del View World X Y ZAxis Z New Move NAmed"});
+         u"Origin 3point OBject Previous Restore Save Delete View World X Y ZAxis Z New Move NAmed"});
     if (choice.hasValue())
         co_await askThreePoints(context, plane, choice.value);
     else if (choice.isNothing() || choice.is(u"World") || choice.is(u"View"))
@@ -201,7 +201,7 @@ Command ucs(Context &context)
         co_await ucs(context);
     else if (choice.is(u"NAmed")) {
         const auto option = co_await context.ask().keyword(
-            {u"Enter an option [Restore/Save/Delete]: ", u"Restore Save Del", Enter::Refused});
+            {u"Enter an option [Restore/Save/Delete]: ", u"Restore Save Delete", Enter::Refused});
         co_await askNamed(context, option.keyword);
     } else
         co_await askNamed(context, choice.keyword);

@@ -1,6 +1,7 @@
 #include "host/commands/Usage.h"
 
-#include "host/drawing/Blocks.h"
+#include "host/commands/NameUses.h"
+#include "host/commands/TableRecords.h"
 
 namespace commands {
 
@@ -8,8 +9,9 @@ using namespace drawing;
 
 namespace {
 
-constexpr int LinetypeCode = 6, StyleCode = 7, DimensionStyleCode = 3;
-constexpr int FirstPointer = 320, LastPointer = 369, ExtendedHandleCode = 1005, ExtendedLayerCode = 1003;
+constexpr int FirstPointer = 320, LastPointer = 369, ExtendedHandleCode = 1005;
+constexpr NameId purged[] = {known::Layer, known::Linetype,       known::Style,
+                             known::Block, known::DimensionStyle, known::Application};
 
 // Groups that point from the owner to what it owns, or back, do not say that somebody needs it.
 bool isOwnership(int code)
@@ -19,7 +21,7 @@ bool isOwnership(int code)
 
 } // namespace
 
-Usage::Usage(Context &context) : m_database(context.database())
+Usage::Usage(Context &context) : m_database(context.database()), m_tables(context.tables())
 {
     readSettings(context.session());
     for (RecordId id = 0; id < m_database.recordCount(); ++id)
@@ -29,13 +31,9 @@ Usage::Usage(Context &context) : m_database(context.database())
 
 void Usage::readSettings(const Session &session)
 {
-    addName(known::Layer, session.text(u"CLAYER"));
-    addName(known::Linetype, session.text(u"CELTYPE"));
-    addName(known::Style, session.text(u"TEXTSTYLE"));
-    addName(known::Style, session.text(u"DIMTXSTY"));
-    addName(known::DimensionStyle, session.text(u"DIMSTYLE"));
-    for (const std::u16string_view name : {u"DIMBLK", u"DIMBLK1", u"DIMBLK2"})
-        addName(known::Block, session.text(name));
+    for (const NameId table : purged)
+        for (const std::u16string_view variable : variablesWithNameOf(table))
+            addName(table, session.text(variable));
 }
 
 void Usage::addName(NameId table, std::u16string_view name)
@@ -45,25 +43,10 @@ void Usage::addName(NameId table, std::u16string_view name)
 
 void Usage::readRecord(RecordId id)
 {
-    const Record &record = m_database.record(id);
-    const bool isEntity = record.kind == RecordKind::Entity;
-    const std::u16string type = m_database.type(id);
-    for (const Group &group : m_database.groups(id)) {
-        if (const auto *text = std::get_if<std::u16string>(&group.value)) {
-            if (group.code == groupcode::Application)
-                addName(known::Application, *text);
-            else if (group.code == ExtendedLayerCode ||
-                     (group.code == groupcode::Layer && record.kind != RecordKind::Object))
-                addName(known::Layer, *text);
-            else if (group.code == LinetypeCode)
-                addName(known::Linetype, *text);
-            else if (isEntity && group.code == StyleCode)
-                addName(known::Style, *text);
-            else if (isEntity && group.code == DimensionStyleCode)
-                addName(known::DimensionStyle, *text);
-            else if (isEntity && group.code == groupcode::Name && (type == u"INSERT" || type == u"DIMENSION"))
-                addName(known::Block, *text);
-        }
+    const GroupList groups = m_database.groups(id);
+    for (const NameUse &use : nameUses(m_database, id, groups))
+        addName(use.table, std::get<std::u16string>(groups[use.place].value));
+    for (const Group &group : groups) {
         const bool isPointer = group.code >= FirstPointer && group.code <= LastPointer && !isOwnership(group.code);
         if (const auto *handle = std::get_if<Handle>(&group.value);
             handle && (isPointer || group.code == ExtendedHandleCode))
@@ -71,32 +54,18 @@ void Usage::readRecord(RecordId id)
     }
 }
 
-// What a drawing cannot do without.
-bool Usage::isKept(NameId table, const std::u16string &name) const
+bool Usage::isPointedTo(RecordId record) const
 {
-    const std::u16string plain = folded(name);
-    const auto is = [&plain](std::u16string_view other) { return plain == folded(other); };
-    switch (table) {
-    case known::Layer:
-        return is(u"0") || is(u"DEFPOINTS");
-    case known::Linetype:
-        return is(u"ByLayer") || is(u"ByBlock") || is(u"Continuous");
-    case known::Style:
-    case known::DimensionStyle:
-        return is(u"Standard") || name.empty();
-    case known::Application:
-        return is(u"ACAD");
-    default:
-        return plain.starts_with(folded(ModelSpace)) || plain.starts_with(folded(PaperSpace));
-    }
+    return record != NoRecord && m_handles.count(m_database.record(record).handle) != 0;
 }
 
+// Pointers to a block lead to its table record.
 bool Usage::isUsed(NameId table, RecordId record) const
 {
     const std::u16string name = m_database.name(record);
-    if (isKept(table, name) || m_names.count({table, folded(name)}) != 0)
+    if (isKept(table, name) || m_names.count({table, folded(name)}) != 0 || isPointedTo(record))
         return true;
-    return m_handles.count(m_database.record(record).handle) != 0;
+    return table == known::Block && isPointedTo(m_tables.find(known::BlockRecord, name));
 }
 
 } // namespace commands

@@ -19,9 +19,10 @@ private:
     void readSettings(const Session &session);
     void readRecord(RecordId id);
     void addName(drawing::NameId table, std::u16string_view name);
-    bool isKept(drawing::NameId table, const std::u16string &name) const;
+    bool isPointedTo(drawing::RecordId record) const;
 
     const drawing::Database &m_database;
+    const drawing::SymbolTables &m_tables;
     std::set<std::pair<drawing::NameId, std::u16string>> m_names;
     std::unordered_set<std::uint64_t> m_handles; // that other records point to
 };

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <set>
+
 namespace drawing {
 
 namespace {
@@ -73,6 +75,44 @@ RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinitio
     return start;
 }
 
+RecordId defineBlock(Database &database, SymbolTables &tables, const BlockDefinition &block)
+{
+    const RecordId start = tables.find(known::Block, block.name);
+    if (start == NoRecord)
+        return addBlock(database, tables, block);
+    for (RecordId id = database.firstIn(start); id != NoRecord; id = database.nextIn(id))
+        database.erase(id);
+    GroupList groups = database.groups(start);
+    for (Group &group : groups) {
+        if (group.code == groupcode::FirstX)
+            group.value = block.basePoint;
+        else if (group.code == FlagsCode)
+            group.value = block.flags;
+    }
+    database.replace(start, groups);
+    return start;
+}
+
+bool showsBlock(const Database &database, const SymbolTables &tables, std::u16string_view block,
+                std::u16string_view name)
+{
+    std::vector<std::u16string> shown{std::u16string(block)}; // in the order of their discovery
+    std::set<std::u16string> met{folded(block)};
+    for (std::size_t place = 0; place < shown.size(); ++place) {
+        if (folded(shown[place]) == folded(name))
+            return true;
+        for (const RecordId entity : entitiesIn(database, tables.find(known::Block, shown[place]))) {
+            const std::optional<Group> inserted = database.record(entity).type == known::Insert
+                                                      ? database.firstGroup(entity, groupcode::Name)
+                                                      : std::nullopt;
+            const auto *text = inserted ? std::get_if<std::u16string>(&inserted->value) : nullptr;
+            if (text && met.insert(folded(*text)).second)
+                shown.push_back(*text);
+        }
+    }
+    return false;
+}
+
 void eraseBlock(Database &database, const SymbolTables &tables, RecordId block)
 {
     for (RecordId id = database.firstIn(block); id != NoRecord; id = database.nextIn(id))
@@ -86,13 +126,21 @@ void eraseBlock(Database &database, const SymbolTables &tables, RecordId block)
     database.erase(block);
 }
 
+// A number whose predecessor is taken: with thousands of dimensions, looking at one after the other takes too long.
 std::u16string freeBlockName(const SymbolTables &tables, std::u16string_view prefix)
 {
-    for (int number = 1;; ++number) {
-        std::u16string name = std::u16string(prefix) + QString::number(number).toStdU16String();
-        if (tables.find(known::Block, name) == NoRecord)
-            return name;
+    const auto name = [prefix](int number) {
+        return std::u16string(prefix) + QString::number(number).toStdU16String();
+    };
+    const auto isTaken = [&](int number) { return tables.find(known::Block, name(number)) != NoRecord; };
+    int taken = 0, free = 1;
+    for (; isTaken(free); free *= 2)
+        taken = free;
+    while (free - taken > 1) {
+        const int middle = taken + (free - taken) / 2;
+        (isTaken(middle) ? taken : free) = middle;
     }
+    return name(free);
 }
 
 RecordId ensureEntities(Database &database)
@@ -119,23 +167,27 @@ bool isInSpace(const Record &entity, Space space)
     return entity.has(Record::PaperSpace) == (space == Space::Paper);
 }
 
+RecordId entityBefore(const Database &database, RecordId id)
+{
+    const RecordId section = database.section(known::Entities);
+    do
+        id = database.record(id).previous;
+    while (id != section && (database.record(id).isGone() || database.isPart(id)));
+    return id != section ? id : NoRecord;
+}
+
 RecordId lastEntity(const Database &database)
 {
     const RecordId section = database.section(known::Entities);
     if (section == NoRecord)
         return NoRecord;
-    RecordId last = NoRecord;
-    const RecordId end = database.knownEndOf(section);
-    if (end == NoRecord) { // a cut file
-        for (RecordId id = database.firstIn(section); id != NoRecord; id = database.nextIn(id))
-            if (!database.record(id).isGone() && !database.isPart(id))
-                last = id;
-        return last;
-    }
-    last = database.record(end).previous;
-    while (last != section && (database.record(last).isGone() || database.isPart(last)))
-        last = database.record(last).previous;
-    return last != section ? last : NoRecord;
+    if (const RecordId end = database.knownEndOf(section); end != NoRecord)
+        return entityBefore(database, end);
+    RecordId last = NoRecord; // of a cut file
+    for (RecordId id = database.firstIn(section); id != NoRecord; id = database.nextIn(id))
+        if (!database.record(id).isGone() && !database.isPart(id))
+            last = id;
+    return last;
 }
 
 } // namespace drawing

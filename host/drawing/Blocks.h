@@ -27,6 +27,13 @@ struct BlockDefinition
 };
 RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
 
+// The same where the name may be taken: the block of that name is emptied and gets the new base point and flags.
+RecordId defineBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
+
+// Whether an INSERT of the block shows the container with this name: the block is it, or inserts show it in turn.
+bool showsBlock(const Database &database, const SymbolTables &tables, std::u16string_view block,
+                std::u16string_view name);
+
 // Erases a block for good, given its start: with what it holds, and from R2000 on with its table record.
 void eraseBlock(Database &database, const SymbolTables &tables, RecordId block);
 
@@ -45,5 +52,6 @@ bool isInSpace(const Record &entity, Space space); // of the ENTITIES section
 
 // The last entity of model and paper space that is not erased; of a polyline or insert with parts the entity itself.
 RecordId lastEntity(const Database &database);
+RecordId entityBefore(const Database &database, RecordId id); // the same of those before a record of that section
 
 } // namespace drawing

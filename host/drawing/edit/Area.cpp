@@ -1,5 +1,6 @@
 #include "host/drawing/edit/Area.h"
 
+#include "host/drawing/edit/CurveWay.h"
 #include "host/drawing/geometry/EntityShapes.h"
 
 #include <array>
@@ -19,14 +20,14 @@ constexpr std::array<double, 5> places{0, -0.5384693101056831, 0.538469310105683
 constexpr std::array<double, 5> weights{0.5688888888888889, 0.4786286704993665, 0.4786286704993665, 0.2369268850561891,
                                         0.2369268850561891};
 
-template <class Integrand> double integrated(double from, double to, Integrand integrand)
+template <class Integrand> auto integrated(double from, double to, Integrand integrand)
 {
     const double half = (to - from) / Pieces / 2;
-    double sum = 0;
+    decltype(integrand(from)) sum{};
     for (int piece = 0; piece < Pieces; ++piece) {
         const double middle = from + (2 * piece + 1) * half;
         for (std::size_t index = 0; index < places.size(); ++index)
-            sum += weights[index] * integrand(middle + half * places[index]);
+            sum += integrand(middle + half * places[index]) * weights[index];
     }
     return sum * half;
 }
@@ -51,48 +52,56 @@ struct Sum
         };
         length += integrated(arc.start, arc.end, speed);
     }
-    void add(const geometry::Nurbs &) { isKnown = false; }
-
-    bool isKnown = true;
+    // A polynomial between one knot and the next.
+    void add(const geometry::Nurbs &nurbs)
+    {
+        const geometry::Course course(nurbs);
+        const auto swept = [&course](double t) { return cross(course.at(t), course.slope(t)) * 0.5; };
+        const auto speed = [&course](double t) { return geometry::length(course.slope(t)); };
+        for (double piece = course.first(); piece < course.last(); ++piece) {
+            area += integrated(piece, piece + 1, swept);
+            length += integrated(piece, piece + 1, speed);
+        }
+    }
+    // Curves one after the other; the line back to their start makes them a loop.
+    void addLoop(const std::vector<geometry::Curve> &curves)
+    {
+        for (const geometry::Curve &curve : curves)
+            std::visit([this](const auto &one) { add(one); }, curve);
+        if (!curves.empty())
+            area += cross(endOf(curves.back()), startOf(curves.front())) * 0.5;
+    }
 };
 
-class Measuring final : public geometry::ShapeSink
+class Paths final : public geometry::ShapeSink
 {
 public:
-    void path(const geometry::Path &path, const geometry::Origin &) override { addLoop(path.curves); }
-    void area(const geometry::Area &, const geometry::Origin &) override { m_sum.isKnown = false; }
-    std::optional<Measured> result() const
+    void path(const geometry::Path &path, const geometry::Origin &) override
     {
-        if (!m_sum.isKnown || m_sum.length == 0)
-            return std::nullopt;
-        return Measured{geometry::length(m_sum.area), m_sum.length};
+        curves.insert(curves.end(), path.curves.begin(), path.curves.end());
     }
-
-private:
-    void addLoop(std::span<const geometry::Curve> curves)
-    {
-        if (curves.empty())
-            return;
-        for (const geometry::Curve &curve : curves)
-            std::visit([this](const auto &one) { m_sum.add(one); }, curve);
-        m_sum.area += cross(endOf(curves.back()), startOf(curves.front())) * 0.5; // back to the start
-    }
-
-    Sum m_sum;
+    std::vector<geometry::Curve> curves;
 };
+
+// The line in the middle of a wide polyline, at the foot of a thick curve.
+std::vector<geometry::Curve> centreLine(const Drawing &drawing, RecordId entity)
+{
+    Paths paths;
+    if (const std::optional<CurveWay> way = CurveWay::of(drawing, entity))
+        for (const geometry::Course &piece : way->pieces())
+            paths.curves.push_back(piece.curve());
+    else if (drawing.database().record(entity).type == known::Polyline) // in space, which is never wide nor thick
+        geometry::shapesOf(drawing, entity, paths);
+    return std::move(paths.curves);
+}
 
 } // namespace
 
 std::optional<Measured> measured(const Drawing &drawing, RecordId entity)
 {
-    const std::u16string type = drawing.database().type(entity);
-    const bool isCurve = type == u"CIRCLE" || type == u"ARC" || type == u"ELLIPSE" || type == u"LINE" ||
-                         type == u"LWPOLYLINE" || type == u"POLYLINE";
-    if (!isCurve)
-        return std::nullopt;
-    Measuring measuring;
-    geometry::shapesOf(drawing, entity, measuring);
-    return measuring.result();
+    Sum sum;
+    sum.addLoop(centreLine(drawing, entity));
+    return sum.length > 0 ? std::optional(Measured{geometry::length(sum.area), sum.length}) : std::nullopt;
 }
 
 } // namespace drawing

@@ -11,8 +11,8 @@ namespace drawing {
 geometry::Matrix insertMatrix(const Drawing &drawing, const GroupList &insert);
 
 // Replaces an entity by its parts, at the end of its container: block references and dimensions by the entities of
-// their block, polylines by lines and arcs. Gives the parts; none when the entity cannot be taken apart, and then it
-// stays.
+// their block, polylines by lines and arcs. Gives the parts; none when the entity, or one of its parts, cannot be taken
+// out, and then it stays.
 std::vector<RecordId> explodeEntity(Drawing &drawing, RecordId entity);
 
 } // namespace drawing

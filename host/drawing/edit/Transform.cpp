@@ -277,4 +277,18 @@ RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where)
     return copy;
 }
 
+RecordId copyTransformed(Drawing &drawing, RecordId entity, const Destination &where, const Similarity &similarity)
+{
+    const RecordId copy = copyEntity(drawing, entity, where);
+    if (copy == NoRecord || transformEntity(drawing, copy, similarity))
+        return copy;
+    drawing.database().erase(copy);
+    return NoRecord;
+}
+
+RecordId copyTransformed(Drawing &drawing, RecordId entity, const Similarity &similarity)
+{
+    return copyTransformed(drawing, entity, destinationOf(drawing.database(), entity), similarity);
+}
+
 } // namespace drawing

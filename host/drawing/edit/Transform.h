@@ -31,5 +31,8 @@ GroupList groupsForCopy(GroupList groups);
 // Adds a copy, with its vertices or attributes, and gives it; NoRecord when that cannot be.
 RecordId copyEntity(Drawing &drawing, RecordId entity); // to where the original is
 RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where);
+// At its new place; NoRecord also where transformEntity() gives false: a copy would lie on its original.
+RecordId copyTransformed(Drawing &drawing, RecordId entity, const Destination &where, const Similarity &similarity);
+RecordId copyTransformed(Drawing &drawing, RecordId entity, const Similarity &similarity);
 
 } // namespace drawing

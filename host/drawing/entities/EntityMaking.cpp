@@ -3,6 +3,7 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntitySchema.h"
+#include "host/drawing/entities/RecordTypes.h"
 
 #include <algorithm>
 #include <map>
@@ -211,7 +212,7 @@ bool isComplete(const Drawing &drawing, const GroupList &list)
     const EntitySchema *schema = schemaFor(list);
     if (schema)
         return hasRequired(list, *schema) && hasItsBlock(drawing, list);
-    return typeOf(list) == u"SEQEND" || hasMarkers(list);
+    return typeOf(list) == u"SEQEND" || (hasMarkers(list) && isEntityType(drawing.database(), typeOf(list)));
 }
 
 RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &placement)

@@ -22,6 +22,11 @@ bool isInvisible(const Database &database, RecordId entity)
     return value && *value != 0;
 }
 
+bool isVisible(const Database &database, LayerStates &layers, Space space, RecordId entity)
+{
+    return isInSpace(database.record(entity), space) && layers.of(entity).isSeen() && !isInvisible(database, entity);
+}
+
 } // namespace
 
 std::vector<RecordId> allEntities(const Drawing &drawing)
@@ -79,13 +84,22 @@ std::vector<RecordId> visibleEntities(const Drawing &drawing, const Sight &sight
 void keepVisible(std::vector<RecordId> &entities, const Drawing &drawing, const Sight &sight,
                  const std::function<void()> &watch)
 {
-    const Database &database = drawing.database();
     LayerStates layers(drawing, sight.viewport);
     std::erase_if(entities, [&](RecordId id) {
         if (watch)
             watch();
-        return !isInSpace(database.record(id), sight.space) || !layers.of(id).isSeen() || isInvisible(database, id);
+        return !isVisible(drawing.database(), layers, sight.space, id);
     });
+}
+
+RecordId lastVisibleEntity(const Drawing &drawing, const Sight &sight)
+{
+    const Database &database = drawing.database();
+    LayerStates layers(drawing, sight.viewport);
+    RecordId id = lastEntity(database);
+    while (id != NoRecord && !isVisible(database, layers, sight.space, id))
+        id = entityBefore(database, id);
+    return id;
 }
 
 bool isOnLockedLayer(const Drawing &drawing, RecordId entity)

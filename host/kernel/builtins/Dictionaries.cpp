@@ -7,6 +7,8 @@
 #include "host/kernel/drawing/EntityData.h"
 #include "host/kernel/drawing/EntityName.h"
 
+#include <algorithm>
+
 using drawing::Database;
 using drawing::Drawing;
 using drawing::NoRecord;
@@ -84,7 +86,24 @@ Value dictnext(Machine &machine, Args arguments)
     return Value::nil();
 }
 
-// The object becomes the dictionary's: its owner is changed where it had none.
+void setOwner(Database &database, RecordId object, drawing::Handle owner)
+{
+    drawing::GroupList groups = database.groups(object);
+    const auto found = std::ranges::find(groups, drawing::groupcode::Owner, &drawing::Group::code);
+    if (found == groups.end())
+        return;
+    found->value = owner;
+    database.replace(object, groups);
+}
+
+// Groups and multiline styles are nothing without their names; every other object can be added to a dictionary again.
+bool goesWithItsEntry(const Database &database, RecordId object)
+{
+    const std::u16string type = database.type(object);
+    return type == u"GROUP" || type == u"MLINESTYLE";
+}
+
+// The object becomes the dictionary's.
 Value dictadd(Machine &machine, Args arguments)
 {
     Drawing &drawing = drawingOf(machine);
@@ -93,30 +112,26 @@ Value dictadd(Machine &machine, Args arguments)
     const RecordId object = recordOf(drawing, arguments.native<EntityName>(2, u"lentityp")->name);
     const bool isFree = dictionary != NoRecord && object != NoRecord && !arguments.text(1).empty() &&
                         drawing::findEntry(database, dictionary, arguments.text(1)) == NoRecord;
-    if (!isFree || database.record(object).kind != drawing::RecordKind::Object)
+    if (!isFree || database.record(object).kind != drawing::RecordKind::Object || database.record(object).isGone())
         return Value::nil();
-    drawing::GroupList groups = database.groups(object);
-    for (drawing::Group &group : groups)
-        if (group.code == drawing::groupcode::Owner) {
-            group.value = drawing::Handle{database.record(dictionary).handle};
-            break;
-        }
-    database.replace(object, groups);
+    setOwner(database, object, {database.record(dictionary).handle});
     drawing::putEntry(database, dictionary, arguments.text(1), {database.record(object).handle});
     return arguments[2];
 }
 
-// The object goes with its entry.
+// The object stays, and names the dictionary as its owner until it is added again: without one it would be a fault.
 Value dictremove(Machine &machine, Args arguments)
 {
     Drawing &drawing = drawingOf(machine);
+    Database &database = drawing.database();
     const RecordId dictionary = dictionaryArgument(drawing, arguments);
     const RecordId object =
-        dictionary != NoRecord ? drawing::findEntry(drawing.database(), dictionary, arguments.text(1)) : NoRecord;
+        dictionary != NoRecord ? drawing::findEntry(database, dictionary, arguments.text(1)) : NoRecord;
     if (object == NoRecord)
         return Value::nil();
-    drawing::removeEntry(drawing.database(), dictionary, arguments.text(1));
-    drawing.database().erase(object);
+    drawing::removeEntry(database, dictionary, arguments.text(1));
+    if (goesWithItsEntry(database, object))
+        database.erase(object);
     return entityName(machine, drawing, object);
 }
 
@@ -144,7 +159,8 @@ constexpr lisp::BuiltinRow rows[] = {
      dictnext},
     {"dictadd", "(dictadd DICTIONARY NAME OBJECT)", "Gives an object a name that is free; gives the object, or nil.",
      dictadd},
-    {"dictremove", "(dictremove DICTIONARY NAME)", "Removes an object; gives it, or nil.", dictremove},
+    {"dictremove", "(dictremove DICTIONARY NAME)", "Removes an entry; gives its object, which stays, or nil.",
+     dictremove},
     {"dictrename", "(dictrename DICTIONARY OLD NEW)", "Renames an object; gives the new name, or nil.", dictrename},
 };
 

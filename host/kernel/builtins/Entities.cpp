@@ -1,7 +1,9 @@
 // Entities of the drawing: reading, changing, making, and walking over them.
 
+#include "host/commands/Renaming.h"
 #include "host/drawing/Blocks.h"
 #include "host/drawing/entities/EntityChange.h"
+#include "host/drawing/entities/EntityValues.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/Document.h"
@@ -61,6 +63,35 @@ Value entget(Machine &machine, Args arguments)
                       arguments[1].isTrue() ? filterOf(arguments.list(1)) : ApplicationFilter());
 }
 
+// Objects hold what they like; an entity or table record keeps what it has, though it could not be made so.
+bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
+{
+    const Database &database = drawing.database();
+    if (!drawing::usesKnownApplications(drawing, wanted))
+        return false;
+    if (database.record(record).kind == drawing::RecordKind::Object)
+        return true;
+    const std::u16string type = database.type(record);
+    return drawing::hasValidValues(drawing, type, wanted) ||
+           drawing::hasValidValues(drawing, type, wanted, database.groups(record));
+}
+
+// Another name for a table record or block is followed in everything that calls it.
+bool renameAsWanted(Document &document, RecordId record, const drawing::GroupList &wanted)
+{
+    const Database &database = document.drawing().database();
+    const drawing::RecordKind kind = database.record(record).kind;
+    if (kind != drawing::RecordKind::TableRecord && kind != drawing::RecordKind::BlockStart)
+        return true;
+    const auto *name = drawing::findValue<std::u16string>(wanted, drawing::groupcode::Name);
+    if (!name || *name == database.name(record))
+        return true;
+    if (commands::renamingOf(document.drawing(), record, *name) != commands::Renaming::Possible)
+        return false;
+    commands::renameRecord(document.session(), record, *name);
+    return true;
+}
+
 Value entmod(Machine &machine, Args arguments)
 {
     Drawing &drawing = drawingOf(machine);
@@ -71,6 +102,8 @@ Value entmod(Machine &machine, Args arguments)
     const auto *type = drawing::findValue<std::u16string>(request.groups, drawing::groupcode::Type);
     const std::string_view oldType = drawing.database().names().text(drawing.database().record(record).type);
     if (type && !drawing.database().codec().decodesTo(oldType, *type))
+        return Value::nil();
+    if (!canTake(drawing, record, request.groups) || !renameAsWanted(Document::of(machine), record, request.groups))
         return Value::nil();
     return drawing::changeRecord(drawing, record, request.groups) ? arguments[0] : Value::nil();
 }

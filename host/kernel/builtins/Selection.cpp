@@ -135,8 +135,8 @@ private:
 
     std::vector<RecordId> last() const
     {
-        const std::vector<RecordId> entities = visible();
-        return entities.empty() ? entities : std::vector<RecordId>{entities.front()};
+        const RecordId entity = commands::lastVisibleEntity(m_document.session());
+        return entity != NoRecord ? std::vector<RecordId>{entity} : std::vector<RecordId>();
     }
 
     std::vector<RecordId> under(const Point &place) const

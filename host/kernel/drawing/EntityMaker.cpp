@@ -3,7 +3,8 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
 #include "host/drawing/entities/EntityListing.h"
-#include "host/drawing/entities/ExtendedData.h"
+#include "host/drawing/entities/EntityValues.h"
+#include "host/drawing/entities/RecordTypes.h"
 
 #include <algorithm>
 
@@ -43,16 +44,6 @@ bool isPartOf(std::u16string_view type, std::u16string_view whole)
     return type == u"SEQEND" || type == (whole == u"POLYLINE" ? u"VERTEX" : u"ATTRIB");
 }
 
-// Dictionaries and other objects, which are no entities: the markers of these begin otherwise.
-bool isObject(const GroupList &list)
-{
-    const std::u16string type = typeOf(list);
-    const auto *marker = drawing::findValue<std::u16string>(list, groupcode::Subclass);
-    return type == u"DICTIONARY" || type == u"XRECORD" || type == u"LAYOUT" || type == u"GROUP" ||
-           (marker && *marker != u"AcDbEntity" && *marker != u"AcDbSymbolTableRecord" &&
-            (*marker == u"AcDbDictionary" || *marker == u"AcDbXrecord" || *marker == u"AcDbPlaceHolder"));
-}
-
 RecordId addNewObject(drawing::Drawing &drawing, const GroupList &list)
 {
     GroupList groups{{groupcode::Type, typeOf(list)}, {groupcode::Owner, drawing::Handle{0}}};
@@ -65,6 +56,13 @@ RecordId addNewObject(drawing::Drawing &drawing, const GroupList &list)
 EntityMaker::Outcome outcome(RecordId added)
 {
     return added != NoRecord ? EntityMaker::Outcome(added) : EntityMaker::Outcome(EntityMaker::Failed());
+}
+
+bool shows(const drawing::Drawing &drawing, const GroupList &entity, const std::u16string &block)
+{
+    const auto *name = drawing::findValue<std::u16string>(entity, groupcode::Name);
+    return typeOf(entity) == u"INSERT" && name &&
+           drawing::showsBlock(drawing.database(), drawing.tables(), *name, block);
 }
 
 } // namespace
@@ -82,11 +80,14 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
         return takePart(list, placement);
     if (isPart(type))
         return Failed();
-    if (isObject(list))
+    if (drawing::isObjectType(m_drawing.database(), type))
         return outcome(addNewObject(m_drawing, list));
-    if (const RecordId record = drawing::addTableRecord(m_drawing, list); record != NoRecord)
+    const bool isTableRecord = drawing::isTableRecordType(type);
+    const bool isFine = drawing::hasValidValues(m_drawing, type, list) && usesKnownApplications(list);
+    const RecordId record = isTableRecord && isFine ? drawing::addTableRecord(m_drawing, list) : NoRecord;
+    if (record != NoRecord)
         return record;
-    if (!drawing::isComplete(m_drawing, list) || !usesKnownApplications(list)) {
+    if (isTableRecord || !isFine || !drawing::isComplete(m_drawing, list)) { // a table's record is never an entity
         cancel();
         return Failed();
     }
@@ -130,12 +131,12 @@ EntityMaker::Outcome EntityMaker::endBlock()
         block.flags = *flags;
     if (const auto *layer = drawing::findValue<std::u16string>(m_block, groupcode::Layer))
         block.layer = *layer;
-    drawing::Database &database = m_drawing.database();
-    RecordId start = m_drawing.tables().find(known::Block, block.name);
-    for (RecordId id = start == NoRecord ? NoRecord : database.firstIn(start); id != NoRecord; id = database.nextIn(id))
-        database.erase(id);
-    if (start == NoRecord)
-        start = drawing::addBlock(database, m_drawing.tables(), block);
+    const auto showsIt = [&](const Parts &entity) { return shows(m_drawing, entity.front(), block.name); };
+    if (std::ranges::any_of(m_blockEntities, showsIt)) { // it would contain itself
+        cancel();
+        return Failed();
+    }
+    const RecordId start = drawing::defineBlock(m_drawing.database(), m_drawing.tables(), block);
     for (const Parts &entity : m_blockEntities)
         add(entity, {start});
     cancel();
@@ -146,7 +147,7 @@ EntityMaker::Outcome EntityMaker::takePart(const GroupList &list, const Placemen
 {
     const std::u16string type = typeOf(list);
     if (!isPartOf(type, typeOf(m_entity.front())) || !drawing::isComplete(m_drawing, list) ||
-        !usesKnownApplications(list)) {
+        !drawing::hasValidValues(m_drawing, type, list) || !usesKnownApplications(list)) {
         cancel();
         return Failed();
     }
@@ -174,13 +175,7 @@ RecordId EntityMaker::add(const Parts &entity, const Placement &placement)
     return whole;
 }
 
-// Extended data can only be added for applications that are registered.
 bool EntityMaker::usesKnownApplications(const GroupList &list) const
 {
-    return std::ranges::all_of(list, [this](const Group &group) {
-        const auto *name = std::get_if<std::u16string>(&group.value);
-        return group.code != groupcode::Application || (name && drawing::isApplication(m_drawing, *name));
-    });
+    return drawing::usesKnownApplications(m_drawing, list);
 }
-
-// "*U" becomes "*U1", "*U2", …: the first that is free.

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <algorithm>
+
 using drawing::RecordId;
 
 SelectionSet *SelectionSets::find(const LispName &name) const
@@ -35,14 +37,17 @@ bool SelectionSet::add(RecordId entity)
     return isNew;
 }
 
+// What stands behind moves up and its places are not told, which would take long for each of many that go; so a known
+// place is the entity's own or one behind it.
 bool SelectionSet::remove(RecordId entity)
 {
     const auto found = m_places.find(entity);
     if (found == m_places.end())
         return false;
-    m_entities.erase(m_entities.begin() + static_cast<std::ptrdiff_t>(found->second));
-    for (std::size_t place = found->second; place < m_entities.size(); ++place)
-        m_places[m_entities[place]] = place;
-    m_places.erase(entity);
+    const std::size_t known = found->second;
+    const bool isThere = known < m_entities.size() && m_entities[known] == entity;
+    m_entities.erase(isThere ? m_entities.begin() + static_cast<std::ptrdiff_t>(known)
+                             : std::ranges::find(m_entities, entity));
+    m_places.erase(found);
     return true;
 }

@@ -19,7 +19,7 @@
             (cdr (assoc 3 (dictsearch (namedobjdict) "ACAD_LAYOUT")))
             (dictrename (namedobjdict) "ACME" "ACME2") (dictsearch (namedobjdict) "ACME")
             (progn (dictnext (namedobjdict) t) (cdr (assoc 0 (dictnext (namedobjdict)))))
-            (eq (dictremove (namedobjdict) "ACME2") data) (dictremove (namedobjdict) "ACME2") (entget data)
+            (eq (dictremove (namedobjdict) "ACME2") data) (dictremove (namedobjdict) "ACME2") (cdr (assoc 1 (entget data)))
             (dictsearch (tblobjname "LAYER" "0") "ACME")))
 
 (title "variables of the drawing are those of its header")

@@ -1,6 +1,7 @@
 #include "tests/host/commands/CommandTest.h"
 
 #include "host/drawing/Blocks.h"
+#include "host/drawing/geometry/Extents.h"
 #include "tests/host/drawing/Audit.h"
 
 #include <cmath>
@@ -172,6 +173,109 @@ TEST_F(BlockCommands, BlockTakesObjectsOutOfTheDrawing)
     EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{1, 0, 0}));
     evaluate("(command \"_.oops\")");
     EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(BlockCommands, ARedefinitionBringsItsBasePointAndItsFlags)
+{
+    evaluate("(entmake '((0 . \"BLOCK\") (2 . \"B\") (70 . 0) (10 5.0 5.0 0.0)))"
+             "(entmake '((0 . \"LINE\") (10 5.0 5.0 0.0) (11 6.0 5.0 0.0))) (entmake '((0 . \"ENDBLK\")))"
+             "(entmake '((0 . \"BLOCK\") (2 . \"B\") (70 . 2) (10 1.0 2.0 0.0)))"
+             "(entmake '((0 . \"LINE\") (10 0.0 0.0 0.0) (11 1.0 0.0 0.0))) (entmake '((0 . \"ENDBLK\")))"
+             "(setq b (tblsearch \"BLOCK\" \"B\"))");
+    EXPECT_EQ(evaluate("(list (assoc 10 b) (assoc 70 b))"), "((10 1.0 2.0 0.0) (70 . 2))");
+    evaluate("(command \"_.circle\" '(7 7) 1 \"_.-block\" \"B\" \"_y\" '(7 7) \"_l\" \"\")"
+             "(setq b (tblsearch \"BLOCK\" \"B\"))");
+    EXPECT_EQ(evaluate("(list (assoc 10 b) (assoc 70 b))"), "((10 0.0 0.0 0.0) (70 . 0))");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(BlockCommands, ABlockThatWouldContainItselfIsRefused)
+{
+    evaluate("(command \"_.circle\" '(0 0) 1 \"_.-block\" \"A\" '(0 0) \"_l\" \"\""
+             " \"_.-insert\" \"A\" '(0 0) 1 1 0 \"_.-block\" \"B\" '(0 0) \"_l\" \"\""
+             " \"_.-insert\" \"B\" '(0 0) 1 1 0)");
+    takePrinted();
+    evaluate("(command \"_.-block\" \"A\" \"_y\" '(0 0) (entlast) \"\")");
+    EXPECT_EQ(takePrinted(), "\nBlock A references itself\n");
+    EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (entlast))))"), "\"INSERT\"");
+    EXPECT_EQ(evaluate("(entmake '((0 . \"BLOCK\") (2 . \"A\") (70 . 0) (10 0.0 0.0 0.0)))"
+                       "(entmake '((0 . \"INSERT\") (2 . \"B\") (10 0.0 0.0 0.0))) (entmake '((0 . \"ENDBLK\")))"),
+              "nil");
+    EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (cdr (assoc -2 (tblsearch \"BLOCK\" \"A\"))))))"), "\"CIRCLE\"");
+}
+
+TEST_F(BlockCommands, AnonymousBlocksGetTheNextNumber)
+{
+    evaluate("(defun anonymous () (entmake '((0 . \"BLOCK\") (2 . \"*U\") (70 . 1) (10 0 0 0)))"
+             " (entmake '((0 . \"ENDBLK\"))))");
+    EXPECT_EQ(evaluate("(list (anonymous) (anonymous) (anonymous) (anonymous) (anonymous))"),
+              "(\"*U1\" \"*U2\" \"*U3\" \"*U4\" \"*U5\")");
+    EXPECT_EQ(evaluate("(command \"_.undo\" \"_m\") (anonymous) (command \"_.undo\" \"_b\") (anonymous)"), "\"*U6\"");
+}
+
+class StretchedBlock : public CommandTest
+{
+protected:
+    // A block OUTER with an entity that a command makes, exploded out of an insert with the scales 2 and 1 turned
+    // by 90.
+    void explodeStretched(const std::string &making)
+    {
+        evaluate("(command " + making +
+                 ") (command \"_.-block\" \"OUTER\" '(0 0) (entlast) \"\""
+                 " \"_.-insert\" \"OUTER\" '(100 50) 2 1 90)");
+        before = geometry::extentsOf(m_document.drawing(), last());
+        evaluate("(command \"_.explode\" (entlast))");
+        after.reset();
+        for (const drawing::RecordId id : drawing::entitiesIn(database(), database().section(drawing::known::Entities)))
+            if (const std::optional<geometry::Box> box = geometry::extentsOf(m_document.drawing(), id)) {
+                after = after.value_or(geometry::Box());
+                after->add(*box);
+            }
+    }
+    void expectSamePlace()
+    {
+        ASSERT_TRUE(before && after);
+        EXPECT_LT(length(before->minimum - after->minimum), 1e-9);
+        EXPECT_LT(length(before->maximum - after->maximum), 1e-9);
+    }
+    std::optional<geometry::Box> before, after;
+};
+
+TEST_F(StretchedBlock, ABlockInItIsScaledByAxis)
+{
+    evaluate("(command \"_.rectang\" '(0 0) '(1 1) \"_.-block\" \"SQ\" '(0 0) \"_l\" \"\")");
+    explodeStretched("\"_.-insert\" \"SQ\" '(1 2) 1 -3 90");
+    EXPECT_EQ(types(), (std::vector<std::string>{"INSERT"}));
+    expectSamePlace();
+    EXPECT_EQ(evaluate("(command \"_.explode\" (entlast)) (cdr (assoc 0 (entget (entlast))))"), "\"LWPOLYLINE\"");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(StretchedBlock, ABlockInItThatWouldBeShearedStaysAndIsSaid)
+{
+    evaluate("(command \"_.rectang\" '(0 0) '(1 1) \"_.-block\" \"SQ\" '(0 0) \"_l\" \"\")");
+    evaluate("(setvar \"CMDECHO\" 1)");
+    explodeStretched("\"_.-insert\" \"SQ\" '(1 2) 1 1 30");
+    EXPECT_THAT(takePrinted(), testing::HasSubstr("1 could not be exploded."));
+    EXPECT_EQ(types(), (std::vector<std::string>{"INSERT"}));
+    EXPECT_EQ(drawing::textOf(lastGroups(), 2), u"OUTER");
+    expectSamePlace();
+}
+
+TEST_F(StretchedBlock, ArcsOfAPolylineBecomeThoseOfEllipses)
+{
+    explodeStretched("\"_.pline\" '(0 0) '(10 0) \"_a\" '(10 10) \"_l\" \"_c\"");
+    EXPECT_EQ(types(), (std::vector<std::string>{"LINE", "ELLIPSE", "LINE"}));
+    expectSamePlace();
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(StretchedBlock, WhatHasNoKnownGeometryStaysInIt)
+{
+    evaluate("(entmake '((0 . \"BLOCK\") (2 . \"B\") (70 . 0) (10 0.0 0.0 0.0)))"
+             "(entmake '((0 . \"3DSOLID\") (100 . \"AcDbEntity\") (100 . \"AcDbModelerGeometry\")))"
+             "(entmake '((0 . \"ENDBLK\"))) (command \"_.-insert\" \"B\" '(5 5) 1 1 0 \"_.explode\" (entlast))");
+    EXPECT_EQ(types(), (std::vector<std::string>{"INSERT"}));
 }
 
 } // namespace

@@ -45,6 +45,34 @@ TEST_F(AreaCommand, OfACircleAnEllipseAndAPolylineWithArcs)
     EXPECT_NEAR(perimeter(), 14.53267233082153, 1e-9); // summed in another way
 }
 
+TEST_F(AreaCommand, WithoutThicknessAndWidth)
+{
+    add({{0, u"CIRCLE"}, {8, u"0"}, {39, 1.0}, {10, drawing::Point{}}, {40, 1.0}});
+    evaluate("(command \"_.area\" \"_o\" (entlast))");
+    EXPECT_NEAR(area(), M_PI, 1e-11);
+    EXPECT_NEAR(perimeter(), 2 * M_PI, 1e-11);
+    evaluate(
+        "(command \"_.pline\" \"0,0\" \"_w\" 0.5 0.5 \"10,0\" \"10,10\" \"0,10\" \"_c\" \"_.area\" \"_o\" \"_l\")");
+    EXPECT_NEAR(area(), 100, 1e-10);
+    EXPECT_NEAR(perimeter(), 40, 1e-10);
+}
+
+// The knots make it two parabolas, between (0,0), (2,0) and back: each has an area of 2/3 of 2 by 1.
+TEST_F(AreaCommand, OfAClosedSpline)
+{
+    drawing::GroupList spline{{0, u"SPLINE"},        {100, u"AcDbEntity"},  {8, u"0"},
+                              {100, u"AcDbSpline"},  {70, std::int64_t{1}}, {71, std::int64_t{2}},
+                              {72, std::int64_t{8}}, {73, std::int64_t{5}}};
+    for (const double knot : {0.0, 0.0, 0.0, 1.0, 1.0, 2.0, 2.0, 2.0})
+        spline.push_back(drawing::realGroup(40, knot));
+    for (const Vector &place : {Vector{0, 0, 0}, {1, 2, 0}, {2, 0, 0}, {1, -2, 0}, {0, 0, 0}})
+        spline.push_back(drawing::pointGroup(10, place));
+    add(spline);
+    evaluate("(command \"_.area\" \"_o\" (entlast))");
+    EXPECT_NEAR(area(), 2 * 2.0 / 3 * 2, 1e-11);
+    EXPECT_NEAR(perimeter(), 2 * (2 * std::sqrt(1.25) + std::asinh(2.0) / 2), 1e-9);
+}
+
 TEST_F(AreaCommand, AddedAndSubtracted)
 {
     evaluate("(command \"_.circle\" \"5,5\" 1) (command \"_.area\" \"_a\" \"0,0\" \"10,0\" \"10,10\" \"0,10\" \"\" "

@@ -53,6 +53,40 @@ TEST_F(PurgeCommand, AllGoesUntilNothingIsLeftToGo)
     EXPECT_THAT(takePrinted(), HasSubstr("No unreferenced objects found."));
 }
 
+TEST_F(PurgeCommand, BlocksThatAreCalledByHandleStay)
+{
+    evaluate(
+        "(command \"_.erase\" \"_all\" \"\") (setq ring (cdr (assoc 330 (entget (tblobjname \"BLOCK\" \"Ring\")))))");
+    evaluate("(setq style (entget (tblobjname \"DIMSTYLE\" \"Standard\")))");
+    EXPECT_NE(evaluate("(entmod (append style (list (cons 342 ring))))"), "nil");
+    evaluate("(command \"_.-purge\" \"_b\" \"*\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(PurgeCommand, BlocksThatShowATableStay)
+{
+    evaluate("(command \"_.erase\" \"_all\" \"\")");
+    add({{0, u"ACAD_TABLE"},
+         {100, u"AcDbEntity"},
+         {8, u"0"},
+         {100, u"AcDbBlockReference"},
+         {2, u"Ring"},
+         {10, drawing::Point{}},
+         {100, u"AcDbTable"},
+         {2, u"Other"}});
+    evaluate("(command \"_.-purge\" \"_b\" \"*\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
+}
+
+TEST_F(PurgeCommand, TextStylesOfTableStylesStay)
+{
+    evaluate("(command \"_.-style\" \"Cells\" \"txt\" 0 1 0 \"_n\" \"_n\" \"_n\") (setvar \"TEXTSTYLE\" \"Standard\")");
+    evaluate("(entmakex '((0 . \"TABLESTYLE\") (100 . \"AcDbTableStyle\") (3 . \"T\") (7 . \"Cells\")))");
+    evaluate("(command \"_.-purge\" \"_st\" \"*\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Style, u"Cells"));
+}
+
 TEST_F(PurgeCommand, UndoBringsThemBack)
 {
     evaluate("(command \"_.-purge\" \"_a\" \"*\" \"_n\") (command \"_.u\")");

@@ -24,6 +24,19 @@ TEST_F(SelectObjects, LastIsTheLastEntity)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
 }
 
+TEST_F(SelectObjects, LastIsTheLastThatCanBeSeenInTheCurrentSpace)
+{
+    add({{0, u"ARC"}, {67, std::int64_t{1}}, {8, u"0"}, {10, drawing::Point{}}, {40, 1.0}, {50, 0.0}, {51, 90.0}});
+    add({{0, u"TEXT"}, {8, u"Off"}, {10, drawing::Point{}}, {40, 1.0}, {1, u"x"}});
+    add({{0, u"RAY"}, {8, u"0"}, {60, std::int64_t{1}}, {10, drawing::Point{}}, {11, drawing::Point{1, 0, 0}}});
+    evaluate("(command \"_.-layer\" \"_n\" \"Off\" \"_off\" \"Off\" \"\")");
+    EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (ssname (ssget \"_L\") 0))))"), "\"LINE\"");
+    evaluate("(command \"_.erase\" \"_l\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "ARC", "TEXT", "RAY"));
+    evaluate("(command \"_.area\" \"_o\" \"_l\")");
+    EXPECT_EQ(evaluate("(rtos (getvar \"AREA\") 2 4)"), "\"3.1416\"");
+}
+
 TEST_F(SelectObjects, AllAndRemoveAndAdd)
 {
     evaluate("(command \"_.erase\" \"_all\" \"_r\" \"_l\" \"_a\" \"\")");

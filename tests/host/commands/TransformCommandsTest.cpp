@@ -100,4 +100,13 @@ TEST_F(TransformCommands, WhatCannotBeMovedIsSaid)
     expectLine(m_line, {1, 5, 0}, {3, 5, 0});
 }
 
+TEST_F(TransformCommands, WhatCannotBeChangedIsNotCopiedOntoItself)
+{
+    add({{0, u"3DSOLID"}, {8, u"0"}});
+    evaluate("(command \"_.copy\" \"_all\" \"\" '(0 0) '(1 1) \"_.mirror\" \"_all\" \"\" '(0 0) '(1 1) \"_n\""
+             " \"_.rotate\" \"_all\" \"\" '(0 0) \"_c\" 90)");
+    const std::vector<std::string> now = types();
+    EXPECT_EQ(std::ranges::count(now, "3DSOLID"), 1);
+}
+
 } // namespace

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+
+#include <vector>
+
+namespace commands {
+
+// A group that calls a record of a symbol table by its name.
+struct NameUse
+{
+    std::size_t place; // among the groups of its record
+    drawing::NameId table;
+};
+
+// Those of a record whose groups these are. Other records are called by their handles.
+std::vector<NameUse> nameUses(const drawing::Database &database, drawing::RecordId record,
+                              const drawing::GroupList &groups);
+
+// The system variables that have the name of a record of this table.
+std::vector<std::u16string_view> variablesWithNameOf(drawing::NameId table);
+
+} // namespace commands

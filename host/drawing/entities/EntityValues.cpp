@@ -1,0 +1,108 @@
+#include "host/drawing/entities/EntityValues.h"
+
+#include "host/drawing/entities/ExtendedData.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace drawing {
+
+namespace {
+
+constexpr int LinetypeCode = 6, StyleCode = 7, RadiusCode = 40, ColorCode = 62, BraceCode = 1002;
+constexpr std::int64_t ByLayer = 256;
+
+class Check
+{
+public:
+    Check(const Drawing &drawing, std::u16string_view type) : m_drawing(drawing), m_type(type) {}
+
+    bool accepts(const Group &group) const
+    {
+        const auto *text = std::get_if<std::u16string>(&group.value);
+        switch (group.code) {
+        case LinetypeCode:
+            return !text || m_type == u"DIMSTYLE" || isLinetype(*text);
+        case StyleCode:
+            return !text || !isText() || isThere(known::Style, *text);
+        case groupcode::Layer:
+            return !text || isValidName(*text) || isThere(known::Layer, *text);
+        case ColorCode:
+            return acceptsColor(std::get_if<std::int64_t>(&group.value));
+        case RadiusCode:
+            return !isRound() || isPositive(std::get_if<double>(&group.value));
+        default:
+            return true;
+        }
+    }
+
+private:
+    bool isThere(NameId table, std::u16string_view name) const
+    {
+        return m_drawing.tables().find(table, name) != NoRecord;
+    }
+    bool isLinetype(std::u16string_view name) const
+    {
+        const std::u16string plain = folded(name);
+        return plain == folded(u"ByLayer") || plain == folded(u"ByBlock") || isThere(known::Linetype, name);
+    }
+    bool isText() const
+    {
+        return m_type == u"TEXT" || m_type == u"MTEXT" || m_type == u"ATTRIB" || m_type == u"ATTDEF";
+    }
+    bool isRound() const { return m_type == u"CIRCLE" || m_type == u"ARC"; }
+    // A layer that is off has a negative one.
+    bool acceptsColor(const std::int64_t *color) const
+    {
+        return !color || (*color <= ByLayer && *color >= (m_type == u"LAYER" ? -ByLayer : 0));
+    }
+    static bool isPositive(const double *value) { return value && *value > 0; }
+
+    const Drawing &m_drawing;
+    std::u16string_view m_type;
+};
+
+// Braces open and close lists within the data of one application.
+bool isExtendedDataWhole(const GroupList &list)
+{
+    int depth = 0, size = 0;
+    for (const Group &group : list) {
+        if (group.code < groupcode::ExtendedString)
+            continue;
+        size += extendedSize(group);
+        if (group.code == groupcode::Application && depth != 0)
+            return false;
+        const auto *brace = group.code == BraceCode ? std::get_if<std::u16string>(&group.value) : nullptr;
+        if (brace)
+            depth += *brace == u"{" ? 1 : -1;
+        if (depth < 0)
+            return false;
+    }
+    return depth == 0 && size <= ExtendedSizeLimit;
+}
+
+} // namespace
+
+bool hasValidValues(const Drawing &drawing, std::u16string_view type, const GroupList &list, const GroupList &present)
+{
+    const Check check(drawing, type);
+    const auto isFine = [&](const Group &group) {
+        return check.accepts(group) || std::ranges::find(present, group) != present.end();
+    };
+    return std::ranges::all_of(list, isFine) && isExtendedDataWhole(list);
+}
+
+bool usesKnownApplications(const Drawing &drawing, const GroupList &list)
+{
+    return std::ranges::all_of(list, [&drawing](const Group &group) {
+        const auto *name = std::get_if<std::u16string>(&group.value);
+        return group.code != groupcode::Application || (name && isApplication(drawing, *name));
+    });
+}
+
+bool isValidName(std::u16string_view name)
+{
+    return !name.empty() && name.find_first_of(u"<>/\\\":;?*|,=`") == name.npos;
+}
+
+} // namespace drawing

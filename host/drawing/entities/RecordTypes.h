@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/drawing/Database.h"
+
+#include <string_view>
+
+// Which types a program may make: those that the DXF reference describes, and those that the drawing declares in its
+// CLASSES section.
+namespace drawing {
+
+bool isEntityType(const Database &database, std::u16string_view type);
+bool isObjectType(const Database &database, std::u16string_view type);
+bool isTableRecordType(std::u16string_view type); // without those of blocks, which come with their blocks
+
+} // namespace drawing

@@ -1,0 +1,107 @@
+// RENAME, -LAYER Rename and entmod of a name: what follows and what is refused.
+
+#include "tests/host/commands/CommandTest.h"
+
+#include "host/drawing/HeaderVariables.h"
+#include "tests/host/drawing/Audit.h"
+
+namespace {
+
+using drawing::textOf;
+
+class RenamingNames : public CommandTest
+{
+protected:
+    bool has(drawing::NameId table, const char16_t *name)
+    {
+        return m_document.drawing().tables().find(table, name) != drawing::NoRecord;
+    }
+};
+
+TEST_F(RenamingNames, WhatNoDrawingCanDoWithoutKeepsItsName)
+{
+    evaluate("(command \"_.-layer\" \"_r\" \"0\" \"ZERO\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nThe layer \"0\" cannot be renamed.\n");
+    evaluate("(command \"_.-rename\" \"_la\" \"0\" \"ZERO\")");
+    evaluate("(command \"_.-rename\" \"_lt\" \"Continuous\" \"CC\")");
+    evaluate("(command \"_.-rename\" \"_s\" \"Standard\" \"S\")");
+    evaluate("(command \"_.-rename\" \"_b\" \"*Model_Space\" \"MS\")");
+    EXPECT_EQ(takePrinted(), "\nThe layer \"0\" cannot be renamed.\n\nThe linetype \"Continuous\" cannot be renamed.\n"
+                             "\nThe text style \"Standard\" cannot be renamed.\n"
+                             "\nThe block \"*Model_Space\" cannot be renamed.\n");
+    EXPECT_TRUE(has(drawing::known::Layer, u"0"));
+    EXPECT_TRUE(has(drawing::known::Linetype, u"Continuous"));
+    EXPECT_TRUE(has(drawing::known::Block, u"*Model_Space"));
+}
+
+TEST_F(RenamingNames, ABlockWithoutANameOfItsOwnKeepsWhatItHas)
+{
+    evaluate("(entmake '((0 . \"BLOCK\") (2 . \"*U\") (70 . 1) (10 0 0 0))) (entmake '((0 . \"ENDBLK\")))");
+    evaluate("(command \"_.-rename\" \"_b\" \"*U1\" \"Mine\")");
+    EXPECT_TRUE(has(drawing::known::Block, u"*U1"));
+}
+
+TEST_F(RenamingNames, TheCurrentTextStyleIsStillCurrent)
+{
+    evaluate("(command \"_.-style\" \"S1\" \"txt\" 0 1 0 \"_n\" \"_n\" \"_n\" \"_.-rename\" \"_s\" \"S1\" \"S2\")");
+    EXPECT_EQ(evaluate("(getvar \"TEXTSTYLE\")"), "\"S2\"");
+    EXPECT_EQ(std::get<std::u16string>(drawing::variable(database(), "$TEXTSTYLE")->value), u"S2");
+    evaluate("(command \"_.text\" '(0 0) 1 0 \"words\")");
+    EXPECT_EQ(textOf(lastGroups(), 7), u"S2");
+    evaluate("(command \"_.u\" \"_.u\")");
+    EXPECT_EQ(evaluate("(getvar \"TEXTSTYLE\")"), "\"S1\"");
+}
+
+TEST_F(RenamingNames, TheCurrentLinetypeAndLayerAreStillCurrent)
+{
+    evaluate("(command \"_.linetype\" \"_l\" \"dot\" \"\" \"\") (setvar \"CELTYPE\" \"DOT\")"
+             "(command \"_.-layer\" \"_m\" \"A\" \"\" \"_.-rename\" \"_lt\" \"DOT\" \"Points\""
+             " \"_.-layer\" \"_r\" \"A\" \"B\" \"\")");
+    EXPECT_EQ(evaluate("(list (getvar \"CELTYPE\") (getvar \"CLAYER\"))"), "(\"Points\" \"B\")");
+}
+
+TEST_F(RenamingNames, ADimensionStyleIsCalledByDimensionsAlone)
+{
+    evaluate("(command \"_.-dimstyle\" \"_s\" \"D1\")");
+    const auto dimension = add({{0, u"DIMENSION"}, {8, u"0"}, {2, u"*D1"}, {3, u"D1"}});
+    const auto text = add({{0, u"MTEXT"}, {8, u"0"}, {10, drawing::Point{}}, {3, u"D1"}, {1, u"and the rest"}});
+    evaluate("(command \"_.-rename\" \"_d\" \"D1\" \"D2\")");
+    EXPECT_EQ(textOf(database().groups(dimension), 3), u"D2");
+    EXPECT_EQ(textOf(database().groups(text), 3), u"D1");
+    EXPECT_EQ(evaluate("(getvar \"DIMSTYLE\")"), "\"D2\"");
+    EXPECT_EQ(std::get<std::u16string>(drawing::variable(database(), "$DIMSTYLE")->value), u"D2");
+}
+
+TEST_F(RenamingNames, EntmodIsFollowedAsRenameIs)
+{
+    evaluate("(command \"_.-layer\" \"_m\" \"Old\" \"\" \"_.line\" '(0 0) '(1 1) \"\")"
+             "(setq layer (entget (tblobjname \"LAYER\" \"Old\")))");
+    EXPECT_NE(evaluate("(entmod (subst '(2 . \"New\") (assoc 2 layer) layer))"), "nil");
+    EXPECT_EQ(textOf(lastGroups(), 8), u"New");
+    EXPECT_EQ(evaluate("(getvar \"CLAYER\")"), "\"New\"");
+    EXPECT_FALSE(has(drawing::known::Layer, u"Old"));
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(RenamingNames, EntmodToANameThatCannotBeGivesNil)
+{
+    evaluate("(command \"_.-layer\" \"_n\" \"A,B\" \"\") (defun renamed (old new / data)"
+             " (setq data (entget (tblobjname \"LAYER\" old))) (entmod (subst (cons 2 new) (assoc 2 data) data)))");
+    EXPECT_EQ(evaluate("(renamed \"A\" \"B\")"), "nil");
+    EXPECT_EQ(evaluate("(renamed \"A\" \"a<b\")"), "nil");
+    EXPECT_EQ(evaluate("(renamed \"0\" \"Zero\")"), "nil");
+    EXPECT_NE(evaluate("(renamed \"A\" \"a\")"), "nil");
+    EXPECT_EQ(evaluate("(cdr (assoc 2 (tblsearch \"LAYER\" \"A\")))"), "\"a\"");
+}
+
+TEST_F(RenamingNames, EntmodOfABlockRenamesItsInsertsAndItsRecord)
+{
+    evaluate("(command \"_.circle\" '(0 0) 1 \"_.-block\" \"Ring\" '(0 0) \"_l\" \"\""
+             " \"_.-insert\" \"Ring\" '(0 0) 1 1 0) (setq block (entget (tblobjname \"BLOCK\" \"Ring\")))");
+    EXPECT_NE(evaluate("(entmod (subst '(2 . \"Wheel\") (assoc 2 block) block))"), "nil");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"Wheel");
+    EXPECT_TRUE(has(drawing::known::BlockRecord, u"Wheel"));
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+} // namespace
