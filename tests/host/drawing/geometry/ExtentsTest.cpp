@@ -203,7 +203,11 @@ TEST_F(Extents, FollowEveryChangeAndEveryStepBack)
     expectBox(extents(line), {0, 0, 0}, {7, 1, 0});
 
     drawing::Drawing other; // the same number means another entity there
-    EXPECT_NE(extentsOf(other, line), extentsOf(m_drawing, line));
+    drawing::Database &database = other.database();
+    const auto end = database.endOf(drawing::ensureEntities(database));
+    ASSERT_EQ(database.add(drawing::RecordKind::Entity, {{0, u"POINT"}, place(10, 3, 3)}, end), line);
+    EXPECT_EQ(extentsOf(other, line), (Box{{3, 3, 0}, {3, 3, 0}}));
+    expectBox(extents(line), {0, 0, 0}, {7, 1, 0});
 }
 
 } // namespace
