@@ -20,10 +20,25 @@ constexpr const char16_t *Preparation = uR"(
         (cons 11 (list 1234.567891 98.765432 0.0)) (cons 210 (list 0.0 0.0 1.0))))
 )";
 
+// More than the host keeps the boxes of.
+constexpr const char16_t *ManyLines = uR"(
+(repeat 9000
+  (setq lines (cons (entmakex '((0 . "LINE") (8 . "Walls") (10 1.5 -7.25 0.0) (11 34.567891 8.765432 0.0))) lines)))
+(setq rest lines)
+)";
+
 void work(benchmark::State &state, const char16_t *call)
 {
     Workplace workplace;
     workplace.load(Preparation);
+    workplace.run(state, call);
+}
+
+void workOnMany(benchmark::State &state, const char16_t *call)
+{
+    Workplace workplace;
+    workplace.load(Preparation);
+    workplace.load(ManyLines);
     workplace.run(state, call);
 }
 
@@ -50,4 +65,6 @@ BENCHMARK_CAPTURE(work, substitution,
 BENCHMARK_CAPTURE(work, extents, u"(acet-ent-geomextents line)");
 BENCHMARK_CAPTURE(work, extentsOfAnotherLine, u"(acet-ent-geomextents (next-line))");
 BENCHMARK_CAPTURE(work, anotherLine, u"(next-line)");
+BENCHMARK_CAPTURE(workOnMany, extents, u"(acet-ent-geomextents (next-line))");
+BENCHMARK_CAPTURE(workOnMany, anotherLine, u"(next-line)");
 BENCHMARK_CAPTURE(work, version, u"(acet-util-ver)");

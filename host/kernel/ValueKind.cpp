@@ -2,6 +2,9 @@
 
 #include "lisp/TypeCode.h"
 
+#include <array>
+#include <cstddef>
+
 namespace {
 
 struct CodeRange
@@ -51,12 +54,19 @@ constexpr CodeRange ranges[] = {
     {TypeLong, TypeLong, ValueKind::Long},
 };
 
+constexpr int FirstCode = -2, LastCode = TypeLong;
+
+constexpr std::array<ValueKind, LastCode - FirstCode + 1> kinds = [] {
+    std::array<ValueKind, LastCode - FirstCode + 1> table{};
+    for (const CodeRange &range : ranges)
+        for (int code = range.first; code <= range.last; ++code)
+            table[static_cast<std::size_t>(code - FirstCode)] = range.kind;
+    return table;
+}();
+
 } // namespace
 
 ValueKind valueKind(int code)
 {
-    for (const CodeRange &range : ranges)
-        if (code >= range.first && code <= range.last)
-            return range.kind;
-    return ValueKind::None;
+    return code >= FirstCode && code <= LastCode ? kinds[static_cast<std::size_t>(code - FirstCode)] : ValueKind::None;
 }

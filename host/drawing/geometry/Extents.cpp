@@ -3,7 +3,7 @@
 #include "host/drawing/geometry/CurveBox.h"
 #include "host/drawing/geometry/TextLayouts.h"
 
-#include <array>
+#include <vector>
 
 namespace geometry {
 
@@ -60,8 +60,8 @@ std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::Rec
     return sink.box();
 }
 
-// The box that was asked for last in each of a few places. It holds until anything changes in the drawing: a block, a
-// style or a vertex may be a part of it.
+// The box that was asked for last in each of some places, which entities that follow each other share with none of
+// them. It holds until anything changes in the drawing: a block, a style or a vertex may be a part of it.
 struct Remembered
 {
     std::uint32_t drawing = 0; // its number; 0: nothing yet
@@ -69,14 +69,15 @@ struct Remembered
     std::uint64_t changeCount = 0;
     std::optional<Box> box;
 };
-constexpr std::size_t Places = 64;
+constexpr std::size_t Places = 4096;
 
 } // namespace
 
-// Programs ask for one entity's box several times, for each corner or side once.
+// Programs ask for one entity's box several times, for each corner or side once, and go over the entities that they
+// have chosen more than once.
 std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity)
 {
-    thread_local std::array<Remembered, Places> places;
+    thread_local std::vector<Remembered> places(Places);
     const std::uint64_t changeCount = drawing.database().journal().changeCount();
     Remembered &place = places[entity % Places];
     if (place.drawing != drawing.number() || place.entity != entity || place.changeCount != changeCount)
