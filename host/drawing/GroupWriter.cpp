@@ -29,9 +29,35 @@ std::string hexDigits(std::uint64_t value)
     return text;
 }
 
+// Most numbers of drawings are whole thousandths, whose digits are had much faster than those of any number. So few
+// digits are always the shortest that read back as the same number. Empty for other numbers.
+std::string thousandthsText(double value)
+{
+    constexpr double Limit = 100'000; // from there on an exponent may be shorter
+    constexpr std::int64_t Whole = 1000;
+    if (!(std::abs(value) < Limit) || (value == 0 && std::signbit(value)))
+        return {};
+    const double nearest = value * Whole + (value < 0 ? -0.5 : 0.5);
+    const auto thousandths = static_cast<std::int64_t>(nearest);
+    if (static_cast<double>(thousandths) / Whole != value)
+        return {};
+    const std::int64_t magnitude = std::abs(thousandths);
+    char digits[16] = "-";
+    char *end = std::to_chars(digits + 1, std::end(digits), magnitude / Whole).ptr;
+    *end++ = '.';
+    auto rest = static_cast<int>(magnitude % Whole);
+    do {
+        *end++ = static_cast<char>('0' + rest / 100);
+        rest = rest % 100 * 10;
+    } while (rest != 0);
+    return {thousandths < 0 ? digits : digits + 1, end};
+}
+
 // The shortest digits that read back as the same number, with a point or an exponent.
 std::string realText(double value)
 {
+    if (std::string text = thousandthsText(value); !text.empty())
+        return text;
     char digits[32];
     const char *end = std::to_chars(digits, std::end(digits), value).ptr;
     std::string text(digits, static_cast<std::size_t>(end - digits));

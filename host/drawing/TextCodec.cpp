@@ -129,10 +129,8 @@ bool TextCodec::decodesTo(std::string_view bytes, std::u16string_view text) cons
         return decode(bytes) == text;
     if (bytes.size() != text.size())
         return false;
-    unsigned difference = 0; // all are looked at, which for short texts is faster than to stop at the first one
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        difference |= text[i] ^ static_cast<unsigned char>(bytes[i]);
-    return difference == 0;
+    return std::equal(text.begin(), text.end(), bytes.begin(),
+                      [](char16_t unit, char letter) { return unit == static_cast<unsigned char>(letter); });
 }
 
 std::u16string TextCodec::decode(std::string_view bytes) const
