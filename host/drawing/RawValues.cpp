@@ -49,28 +49,30 @@ std::optional<double> shortReal(std::string_view text)
                                         1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
     constexpr std::size_t MostDigits = std::size(powers); // which 64 bits hold
     constexpr std::uint64_t MostExact = std::uint64_t{1} << std::numeric_limits<double>::digits;
-    const bool isNegative = text.starts_with('-');
-    text.remove_prefix(isNegative ? 1 : 0);
-    if (text.empty() || text.size() > MostDigits)
+    const char *at = text.data(), *const end = at + text.size();
+    const bool isNegative = at != end && *at == '-';
+    at += isNegative ? 1 : 0;
+    if (at == end || end - at > static_cast<std::ptrdiff_t>(MostDigits))
         return std::nullopt;
-    std::uint64_t digits = 0;
-    std::size_t decimals = 0;
-    bool isBehindPoint = false;
-    for (const char each : text) {
-        const unsigned digit = static_cast<unsigned char>(each) - unsigned{'0'};
-        if (digit <= 9) {
-            digits = digits * 10 + digit;
-            decimals += isBehindPoint ? 1 : 0;
-        } else if (each == '.' && !isBehindPoint) {
-            isBehindPoint = true;
-        } else {
-            return std::nullopt;
+    std::uint64_t number = 0;
+    const auto readDigits = [&] {
+        for (; at != end; ++at) {
+            const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+            if (digit > 9)
+                break;
+            number = number * 10 + digit;
         }
+    };
+    readDigits();
+    const char *decimals = at;
+    if (at != end && *at == '.') {
+        decimals = ++at;
+        readDigits();
     }
-    if (digits > MostExact)
+    if (at != end || number > MostExact)
         return std::nullopt;
-    const double number = static_cast<double>(digits) / powers[decimals];
-    return isNegative ? -number : number;
+    const double real = static_cast<double>(static_cast<std::int64_t>(number)) / powers[end - decimals];
+    return isNegative ? -real : real;
 }
 
 double realOfText(std::string_view text)
@@ -116,10 +118,21 @@ double realOf(const RawGroup &group, FileFormat::Kind kind)
 
 std::uint64_t handleOf(std::string_view text)
 {
+    constexpr std::size_t MostDigits = 16; // which 64 bits hold
+    constexpr int BitsPerDigit = 4;
     text = trimmed(text);
+    while (text.size() > MostDigits && text.front() == '0')
+        text.remove_prefix(1);
+    if (text.size() > MostDigits)
+        return 0;
     std::uint64_t handle = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), handle, 16);
-    return error == std::errc() && end == text.data() + text.size() ? handle : 0;
+    for (const char each : text) {
+        const int digit = digitValue(each);
+        if (digit < 0)
+            return 0;
+        handle = handle << BitsPerDigit | static_cast<unsigned>(digit);
+    }
+    return handle;
 }
 
 std::string bytesOf(const RawGroup &group, FileFormat::Kind kind)

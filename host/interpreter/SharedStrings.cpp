@@ -26,13 +26,10 @@ std::size_t placeOf(std::string_view text, std::size_t places)
     return ((end + text.size()) * Multiplier >> 32) % places;
 }
 
-// Looks at all characters, which for short texts is faster than to stop at the first difference.
 bool isSame(std::u16string_view text, std::string_view ascii)
 {
-    unsigned difference = text.size() == ascii.size() ? 0 : 1;
-    for (std::size_t i = 0; i < std::min(text.size(), ascii.size()); ++i)
-        difference |= text[i] ^ static_cast<unsigned char>(ascii[i]);
-    return difference == 0;
+    return std::equal(text.begin(), text.end(), ascii.begin(), ascii.end(),
+                      [](char16_t unit, char letter) { return unit == static_cast<unsigned char>(letter); });
 }
 
 } // namespace

@@ -129,10 +129,12 @@ private:
     void read()
     {
         auto &items = m_listing.m_recorded;
-        while (m_listing.m_reader.next(items.emplace_back()) && items.back().code < groupcode::ExtendedString)
-            if (Item &item = items.back(); item.kind == ValueKind::Real && isAngle(item.code))
+        Item item; // one for all: to clear an item takes longer than to copy it
+        while (m_listing.m_reader.next(item) && item.code < groupcode::ExtendedString) {
+            if (item.kind == ValueKind::Real && isAngle(item.code))
                 item.real *= std::numbers::pi / HalfTurn;
-        items.pop_back(); // it came behind the last one
+            items.push_back(item);
+        }
         m_order.resize(items.size());
         std::iota(m_order.begin(), m_order.end(), 0);
         m_firstMarker = nextMarker(0);

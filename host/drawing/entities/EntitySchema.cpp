@@ -146,8 +146,6 @@ constexpr EntitySchema schemas[] = {
     {"XLINE", xline, Markers::Needed},
 };
 
-static_assert(std::ranges::is_sorted(schemas, {}, &EntitySchema::type));
-
 constexpr int commonCodes[] = {6, 8, 48, 60, 62, 67, 92, 160, 284, 310, 347, 348, 370, 390, 410, 420, 430, 440};
 
 } // namespace
@@ -157,12 +155,12 @@ bool SubclassSchema::has(int code) const
     return std::ranges::any_of(rows, [code](const SchemaRow &row) { return row.code == code; });
 }
 
+// Most types differ in length already: there is no quicker way than to look at one after the other.
 const EntitySchema *schemaOf(std::string_view type, std::int64_t flags)
 {
-    auto schema = std::ranges::lower_bound(schemas, type, {}, &EntitySchema::type);
-    while (schema != std::end(schemas) && schema->type == type && (schema->flags & flags) != schema->flags)
-        ++schema;
-    return schema != std::end(schemas) && schema->type == type ? schema : nullptr;
+    const auto *schema = std::ranges::find_if(
+        schemas, [&](const EntitySchema &each) { return each.type == type && (each.flags & flags) == each.flags; });
+    return schema != std::end(schemas) ? schema : nullptr;
 }
 
 bool isCommonCode(int code)

@@ -10,6 +10,7 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <limits>
 
 using drawing::Drawing;
@@ -33,6 +34,25 @@ namespace {
 Value pair(Machine &machine, int code, Value value)
 {
     return machine.heap().cons(Value::integer(code), value);
+}
+
+// The entities of a space have one owner, so that the name that was made last is often the next one, too. It is good
+// until a collection, which may have freed it. Names of different drawings differ, and so do those of their machines.
+Value latestEntityName(Machine &machine, const LispName &name)
+{
+    struct Latest
+    {
+        const lisp::Heap *heap;
+        std::size_t collections;
+        LispName name;
+        Value value;
+    };
+    thread_local Latest latest{nullptr, 0, {}, {}};
+    lisp::Heap &heap = machine.heap();
+    if (latest.heap != &heap || latest.collections != heap.collections() ||
+        !std::ranges::equal(latest.name.words, name.words))
+        latest = {&heap, heap.collections(), name, entityName(machine, name)};
+    return latest.value;
 }
 
 // Makes the value of a group.
@@ -62,7 +82,7 @@ public:
             return m_machine.string(handleText(handle));
         LispName name = nodeName(m_drawing, m_drawing.database().find(handle));
         name.words[1] = static_cast<std::int64_t>(handle.value);
-        return entityName(m_machine, name);
+        return latestEntityName(m_machine, name);
     }
     Value operator()(const drawing::Bytes &bytes) const { return m_machine.string(bytesText(bytes)); }
 
@@ -118,60 +138,93 @@ void addExtendedData(Machine &machine, const Drawing &drawing, const GroupList &
     lisp::fail(u"bad DXF group: " + lisp::printed(group));
 }
 
-std::optional<GroupValue> pointOf(int code, Value value)
+// The readers below write into the group that is to have the value, which spares moving it there from one to the next,
+// and give false when the value is not of the group's kind.
+
+bool readPoint(int code, Value value, GroupValue &target)
 {
     const std::optional<PointList> list = pointListOf(value);
     if (!list || !drawing::mayBeginPoint(code))
-        return std::nullopt;
-    return Point{list->point.x, list->point.y, list->point.z, list->count};
+        return false;
+    target = Point{list->point.x, list->point.y, list->point.z, list->count};
+    return true;
 }
 
-std::optional<GroupValue> integerOf(Value value)
+bool readInteger(Value value, GroupValue &target)
 {
     if (!value.isNumber() ||
         (value.isReal() && value.asReal() != static_cast<double>(static_cast<std::int64_t>(value.asReal()))))
-        return std::nullopt;
-    return value.isInteger() ? std::int64_t{value.asInteger()} : static_cast<std::int64_t>(value.asReal());
+        return false;
+    target = value.isInteger() ? std::int64_t{value.asInteger()} : static_cast<std::int64_t>(value.asReal());
+    return true;
 }
 
-// Nothing when the value is not of the group's kind.
-std::optional<GroupValue> valueOf(int code, Value value)
+bool readText(Value value, GroupValue &target)
+{
+    if (value.isString())
+        target.emplace<std::u16string>(value.asString()->view());
+    return value.isString();
+}
+
+bool readReal(Value value, GroupValue &target)
+{
+    if (value.isNumber())
+        target = value.asDouble();
+    return value.isNumber();
+}
+
+bool readDigits(Value value, std::optional<GroupValue> (*valueOf)(std::u16string_view), GroupValue &target)
+{
+    std::optional<GroupValue> read = value.isString() ? valueOf(value.asString()->view()) : std::nullopt;
+    if (read)
+        target = std::move(*read);
+    return read.has_value();
+}
+
+bool readReference(Value value, GroupValue &target)
+{
+    const auto *entity = lisp::asNative<EntityName>(value);
+    if (!entity)
+        return readDigits(value, handleValue, target);
+    target = Handle{static_cast<std::uint64_t>(entity->name.words[1])};
+    return true;
+}
+
+bool readValue(int code, Value value, GroupValue &target)
 {
     constexpr int LastPlaceCode = 18, ExtrusionCode = 210;
     const bool isPlace = (code >= groupcode::FirstX && code <= LastPlaceCode) || code == ExtrusionCode;
     if (value.isCons() || isPlace)
-        return pointOf(code, value);
+        return readPoint(code, value, target);
     switch (drawing::valueKind(code)) {
     case ValueKind::Text:
-        return value.isString() ? std::optional<GroupValue>(std::u16string(value.asString()->view())) : std::nullopt;
+        return readText(value, target);
     case ValueKind::Real:
-        return value.isNumber() ? std::optional<GroupValue>(value.asDouble()) : std::nullopt;
+        return readReal(value, target);
     case ValueKind::Binary:
-        return value.isString() ? bytesValue(value.asString()->view()) : std::nullopt;
+        return readDigits(value, bytesValue, target);
     case ValueKind::Handle:
-        return value.isString() ? handleValue(value.asString()->view()) : std::nullopt;
+        return readDigits(value, handleValue, target);
     case ValueKind::Reference:
-        if (const auto *entity = lisp::asNative<EntityName>(value))
-            return Handle{static_cast<std::uint64_t>(entity->name.words[1])};
-        return value.isString() ? handleValue(value.asString()->view()) : std::nullopt;
+        return readReference(value, target);
     default:
-        return integerOf(value);
+        return readInteger(value, target);
     }
 }
 
-// Of a pair, or a list for a point, with a code; nothing for anything else.
-std::optional<GroupValue> valueOf(Value group)
+// Of a pair, or a list for a point, with a code; false for anything else.
+bool readGroup(Value group, Group &target)
 {
-    const bool hasCode = group.isCons() && group.asCons()->car.isInteger();
-    return hasCode ? valueOf(group.asCons()->car.asInteger(), group.asCons()->cdr) : std::nullopt;
+    if (!group.isCons() || !group.asCons()->car.isInteger())
+        return false;
+    target.code = group.asCons()->car.asInteger();
+    return readValue(target.code, group.asCons()->cdr, target.value);
 }
 
 void addGroup(Value group, GroupList &groups)
 {
-    std::optional<GroupValue> value = valueOf(group);
-    if (!value)
+    if (!readGroup(group, groups.emplace_back()))
         badGroup(group);
-    groups.push_back({group.asCons()->car.asInteger(), std::move(*value)});
 }
 
 // ("APP" (1000 . "text") …) …
@@ -190,8 +243,10 @@ void addApplications(Value list, GroupList &data)
 
 std::optional<Group> groupOf(Value group)
 {
-    std::optional<GroupValue> value = valueOf(group);
-    return value ? std::optional(Group{group.asCons()->car.asInteger(), std::move(*value)}) : std::nullopt;
+    std::optional<Group> read(std::in_place);
+    if (!readGroup(group, *read))
+        read.reset();
+    return read;
 }
 
 std::optional<GroupValue> handleValue(std::u16string_view text)
@@ -265,7 +320,7 @@ Value tableRecordList(Machine &machine, const Drawing &drawing, RecordId record)
 
 EntityRequest entityRequest(Value list)
 {
-    constexpr std::size_t UsualGroups = 24;
+    constexpr std::size_t UsualGroups = 20; // whose memory is quickly had
     EntityRequest request;
     request.groups.reserve(UsualGroups);
     GroupList data;
