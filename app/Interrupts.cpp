@@ -11,14 +11,17 @@ constexpr int PatientInterrupts = 2;
 
 std::atomic<lisp::Machine *> interruptible = nullptr;
 std::atomic<int> signalCount = 0;
+std::atomic<bool> areKept = false; // signals while no program runs
 
 } // namespace
 
 extern "C" void onInterrupt(int signal)
 {
     lisp::Machine *machine = interruptible.load(std::memory_order_relaxed);
-    if (machine && signalCount.fetch_add(1, std::memory_order_relaxed) < PatientInterrupts) {
-        machine->interrupt();
+    const bool isHeard = machine || areKept.load(std::memory_order_relaxed);
+    if (isHeard && signalCount.fetch_add(1, std::memory_order_relaxed) < PatientInterrupts) {
+        if (machine)
+            machine->interrupt();
         std::signal(signal, onInterrupt); // some systems reset the handler at its call
     } else {
         std::signal(signal, SIG_DFL);
@@ -29,18 +32,35 @@ extern "C" void onInterrupt(int signal)
 InterruptScope::InterruptScope(lisp::Machine &machine)
 {
     machine.clearInterrupts();
-    signalCount = 0;
+    if (!areKept)
+        signalCount = 0;
     interruptible = &machine;
+    if (signalCount > 0)
+        machine.interrupt();
     std::signal(SIGINT, onInterrupt);
 }
 
 InterruptScope::~InterruptScope()
 {
-    std::signal(SIGINT, SIG_DFL);
+    if (!areKept)
+        std::signal(SIGINT, SIG_DFL);
     interruptible = nullptr;
 }
 
 bool InterruptScope::hasInterrupted() const
 {
     return signalCount > 0;
+}
+
+KeptInterrupts::KeptInterrupts()
+{
+    signalCount = 0;
+    areKept = true;
+    std::signal(SIGINT, onInterrupt);
+}
+
+KeptInterrupts::~KeptInterrupts()
+{
+    std::signal(SIGINT, SIG_DFL);
+    areKept = false;
 }

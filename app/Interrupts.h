@@ -20,3 +20,14 @@ public:
 
     bool hasInterrupted() const; // whether there was a signal while it lived
 };
+
+// While it lives, a signal that comes between two programs is not lost and does not end the process: it interrupts the
+// next program when that begins.
+class KeptInterrupts
+{
+public:
+    KeptInterrupts();
+    ~KeptInterrupts();
+    KeptInterrupts(const KeptInterrupts &) = delete;
+    KeptInterrupts &operator=(const KeptInterrupts &) = delete;
+};

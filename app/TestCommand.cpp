@@ -1,5 +1,6 @@
 #include "app/TestCommand.h"
 
+#include "app/Interrupts.h"
 #include "app/Session.h"
 #include "app/TestRunner.h"
 #include "host/lisptest/Discovery.h"
@@ -35,6 +36,7 @@ int runTests(Session &session, const Options &options)
         return ExitFile;
     const std::unique_ptr<lisptest::TestReport> report =
         options.reportsAsTap ? lisptest::tapReport(session.console()) : lisptest::plainReport(session.console());
+    const KeptInterrupts interrupts;
     TestRunner runner(session, *report, options.secondsForATest);
     const bool isComplete =
         std::all_of(files->begin(), files->end(), [&](const QString &file) { return runner.runFile(file); });
