@@ -37,17 +37,17 @@ bool SelectionSet::add(RecordId entity)
     return isNew;
 }
 
-// What stands behind moves up and its places are not told, which would take long for each of many that go; so a known
-// place is the entity's own or one behind it.
+// What stands behind moves up and its places are not told, which would take long for each of many that go; so the entity
+// stands at its known place or before it.
 bool SelectionSet::remove(RecordId entity)
 {
     const auto found = m_places.find(entity);
     if (found == m_places.end())
         return false;
-    const std::size_t known = found->second;
-    const bool isThere = known < m_entities.size() && m_entities[known] == entity;
-    m_entities.erase(isThere ? m_entities.begin() + static_cast<std::ptrdiff_t>(known)
-                             : std::ranges::find(m_entities, entity));
+    std::size_t place = std::min(found->second, m_entities.size() - 1);
+    while (m_entities[place] != entity)
+        --place;
+    m_entities.erase(m_entities.begin() + static_cast<std::ptrdiff_t>(place));
     m_places.erase(found);
     return true;
 }
