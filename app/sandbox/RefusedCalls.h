@@ -87,14 +87,14 @@ inline constexpr std::array quietCalls = {
     SYS_mq_unlink, SYS_shmget, SYS_shmat, SYS_shmctl, SYS_semget, SYS_semop, SYS_semtimedop, SYS_semctl, SYS_msgget,
     SYS_msgsnd, SYS_msgrcv, SYS_msgctl, SYS_add_key, SYS_request_key, SYS_keyctl, SYS_fanotify_init,
     // other processes
-    SYS_ptrace, SYS_process_vm_readv, SYS_process_vm_writev, SYS_process_madvise, SYS_process_mrelease,
-    SYS_pidfd_getfd, SYS_kcmp, SYS_migrate_pages, SYS_move_pages,
+    SYS_ptrace, SYS_process_vm_readv, SYS_process_vm_writev, SYS_process_madvise, SYS_process_mrelease, SYS_pidfd_getfd,
+    SYS_kcmp, SYS_migrate_pages, SYS_move_pages,
     // the system
     SYS_mount, SYS_umount2, SYS_pivot_root, SYS_move_mount, SYS_open_tree, SYS_fsopen, SYS_fsconfig, SYS_fsmount,
     SYS_fspick, SYS_mount_setattr, SYS_swapon, SYS_swapoff, SYS_quotactl, SYS_quotactl_fd, SYS_chroot, SYS_unshare,
-    SYS_setns, SYS_sethostname, SYS_setdomainname, SYS_settimeofday, SYS_clock_settime, SYS_adjtimex,
-    SYS_clock_adjtime, SYS_reboot, SYS_kexec_load, SYS_kexec_file_load, SYS_init_module, SYS_finit_module,
-    SYS_delete_module, SYS_acct, SYS_syslog, SYS_vhangup, SYS_iopl, SYS_ioperm,
+    SYS_setns, SYS_sethostname, SYS_setdomainname, SYS_settimeofday, SYS_clock_settime, SYS_adjtimex, SYS_clock_adjtime,
+    SYS_reboot, SYS_kexec_load, SYS_kexec_file_load, SYS_init_module, SYS_finit_module, SYS_delete_module, SYS_acct,
+    SYS_syslog, SYS_vhangup, SYS_iopl, SYS_ioperm,
     // wide doors into the kernel
     SYS_bpf, SYS_perf_event_open, SYS_userfaultfd, SYS_modify_ldt, SYS_uselib};
 
@@ -121,13 +121,14 @@ inline constexpr std::array boundCalls = {
 };
 
 // Of ioctl: what types into a terminal, and what changes the attributes of a file that is open for reading.
-inline constexpr std::array quietRequests = {static_cast<unsigned>(TIOCSTI),           static_cast<unsigned>(TIOCLINUX),
-                                      static_cast<unsigned>(FS_IOC_SETFLAGS),   static_cast<unsigned>(FS_IOC32_SETFLAGS),
-                                      static_cast<unsigned>(FS_IOC_SETVERSION), static_cast<unsigned>(FS_IOC32_SETVERSION),
-                                      static_cast<unsigned>(FS_IOC_FSSETXATTR)};
+inline constexpr std::array quietRequests = {
+    static_cast<unsigned>(TIOCSTI),           static_cast<unsigned>(TIOCLINUX),
+    static_cast<unsigned>(FS_IOC_SETFLAGS),   static_cast<unsigned>(FS_IOC32_SETFLAGS),
+    static_cast<unsigned>(FS_IOC_SETVERSION), static_cast<unsigned>(FS_IOC32_SETVERSION),
+    static_cast<unsigned>(FS_IOC_FSSETXATTR)};
 
 // Of clone: namespaces, in which a process would be its own administrator.
-inline constexpr std::array quietCloneFlags = {CLONE_NEWNS,  CLONE_NEWCGROUP, CLONE_NEWUTS, CLONE_NEWIPC,
-                                        CLONE_NEWUSER, CLONE_NEWPID,   CLONE_NEWNET};
+inline constexpr std::array quietCloneFlags = {CLONE_NEWNS,   CLONE_NEWCGROUP, CLONE_NEWUTS, CLONE_NEWIPC,
+                                               CLONE_NEWUSER, CLONE_NEWPID,    CLONE_NEWNET};
 
 } // namespace refused

@@ -1,4 +1,5 @@
-// See getrlimit(2). The number of processes is not bound: the kernel counts all of a user's, in the sandbox and outside.
+// See getrlimit(2). The number of processes is not bound: the kernel counts all of a user's, in the sandbox and
+// outside.
 
 #include "app/sandbox/ResourceLimits.h"
 

@@ -37,8 +37,8 @@ bool SelectionSet::add(RecordId entity)
     return isNew;
 }
 
-// What stands behind moves up and its places are not told, which would take long for each of many that go; so the entity
-// stands at its known place or before it.
+// What stands behind moves up and its places are not told, which would take long for each of many that go; so the
+// entity stands at its known place or before it.
 bool SelectionSet::remove(RecordId entity)
 {
     const auto found = m_places.find(entity);

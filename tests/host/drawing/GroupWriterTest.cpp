@@ -43,7 +43,8 @@ TEST(GroupWriter, WholeThousandthsAndTheirNeighboursAreWrittenAsAllReals)
 {
     std::mt19937 random(1);
     for (int round = 0; round < 100'000; ++round) {
-        const double value = (static_cast<int>(random() % 200'000'000) - 100'000'000) / (random() % 2 ? 1000.0 : 10'000.0);
+        const double value =
+            (static_cast<int>(random() % 200'000'000) - 100'000'000) / (random() % 2 ? 1000.0 : 10'000.0);
         for (const double each : {value, std::nextafter(value, INFINITY), std::nextafter(value, -INFINITY)})
             ASSERT_EQ(written(each), shortest(each));
     }
