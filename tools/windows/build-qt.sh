@@ -1,18 +1,23 @@
 #!/usr/bin/env bash
-# Makes sure that there is a Qt for Windows and prints its folder. Built once, in some 12 minutes, from Debian's source
+# Makes sure that there is a Qt for Windows and prints its folder. Built once, in some 25 minutes, from Debian's source
 # package of the Qt that is installed here, because the code generators (moc, uic, rcc) are the installed ones.
 # It lives outside the checkout, in $LISPEXTENSION_CACHE (else ~/.cache/lispextension), in a folder named after the
-# versions and options that decide how it turns out. That folder appears in one step when everything is done, so an interrupted build is
-# never taken for a finished one.
+# versions and options that decide how it turns out. That folder appears in one step when everything is done, so an
+# interrupted build is never taken for a finished one.
 # Usage: tools/windows/build-qt.sh [--is-there]     builds and prints nothing, but says by its status whether it is built
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
-# What Debian's tree does not build for Windows, or what nothing here uses.
+# What Debian's tree does not build for Windows, and what nothing here uses.
 options=(
     -DINPUT_opengl=no
-    -DFEATURE_{concurrent,dbus,network,printsupport,sql,xml,icu,tabletevent}=OFF
+    -DFEATURE_{concurrent,dbus,network,printsupport,sql,xml,icu,tabletevent,vulkan}=OFF
     -DFEATURE_{direct2d,direct2d1_1,directwrite,directwrite3}=OFF
+    -DFEATURE_{hijricalendar,islamiccivilcalendar,jalalicalendar,concatenatetablesproxymodel,transposeproxymodel}=OFF
+    -DFEATURE_{movie,textmarkdownreader,textmarkdownwriter,textodfwriter,sessionmanager,systemtrayicon}=OFF
+    -DFEATURE_{undocommand,undostack,undogroup,undoview,graphicsview,graphicseffect,columnview,datawidgetmapper}=OFF
+    -DFEATURE_{calendarwidget,datetimeedit,dial,fontcombobox,keysequenceedit,lcdnumber,mdiarea,scroller,splashscreen}=OFF
+    -DFEATURE_{toolbox,colordialog,errormessage,fontdialog,wizard}=OFF
     -DQT_BUILD_{EXAMPLES,TESTS}=OFF
 )
 
