@@ -1,5 +1,6 @@
 #include "functions/textsearch.h"
 
+#include "functions/PlainReplacement.h"
 #include "lisp/ActiveLispHost.h"
 #include "lisp/ArgumentChecker.h"
 #include "lisp/LispStatus.h"
@@ -104,7 +105,10 @@ void replaceSome(QString &text, qsizetype patternLength, const QString &replacem
 
 void replacePlain(QString &text, const QString &pattern, const QString &replacement, Search search)
 {
-    if (search.count == All) {
+    const bool isSameLength = !pattern.isEmpty() && pattern.size() == replacement.size();
+    if (search.count == All && search.caseSensitivity == Qt::CaseSensitive && isSameLength) {
+        overwriteAll(text, pattern, replacement);
+    } else if (search.count == All) {
         text.replace(pattern, replacement, search.caseSensitivity);
     } else {
         replaceSome(text, pattern.size(), replacement, search.count,

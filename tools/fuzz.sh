@@ -12,7 +12,7 @@ fuzz() {
     local seeds=fuzz/corpus/$name found=build/fuzz/corpus/$name findings=build/fuzz/findings
     [ -d "$seeds" ] || { echo "fuzz: $name has no corpus in $seeds" >&2 && return 1; }
     mkdir -p "$found" "$findings"
-    if ! "build/fuzz/bin/$name" -max_total_time="$seconds" -timeout=25 -rss_limit_mb=4096 -print_final_stats=1 \
+    if ! "build/asan/bin/$name" -max_total_time="$seconds" -timeout=25 -rss_limit_mb=4096 -print_final_stats=1 \
         -artifact_prefix="$findings/$name-" "$found" "$seeds" >"build/fuzz/$name.log" 2>&1; then
         tail -n 60 "build/fuzz/$name.log" >&2
         echo "fuzz: $name failed; all of it is in build/fuzz/$name.log" >&2
@@ -22,7 +22,7 @@ fuzz() {
 }
 export -f fuzz
 
-tools/build.sh fuzz fuzzers
-mapfile -d '' -t targets < <(find build/fuzz/bin -name 'fuzz_*' -type f -executable -printf '%f\0' | sort -z)
+tools/build.sh asan fuzzers
+mapfile -d '' -t targets < <(find build/asan/bin -name 'fuzz_*' -type f -executable -printf '%f\0' | sort -z)
 [ ${#targets[@]} -gt 0 ] || { echo "fuzz: no target was built" >&2 && exit 1; }
 printf '%s\0' "${targets[@]}" | xargs -0 -P "$(nproc)" -n 1 bash -c 'fuzz "$1"' fuzz

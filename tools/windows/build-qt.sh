@@ -22,6 +22,7 @@ options=(
 )
 
 toolchain=$PWD/cmake/MingwToolchain.cmake
+quickly=$PWD/cmake/QuickQt.cmake
 version=$(dpkg-query -W -f='${source:Version}' qt6-base-dev)
 compiler=$(dpkg-query -W -f='${source:Version}' g++-mingw-w64-x86-64-posix)
 settings=$(printf '%s\n' "${options[@]}" "$compiler" | sha256sum | cut -c1-12)
@@ -54,7 +55,7 @@ build() {
     nice -n 19 cmake -G Ninja -S "$work"/qt6-base-*/ -B "$work/build" -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
         -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$work/installed" \
         -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
-        "${launcher[@]}" "${options[@]}"
+        -DCMAKE_PROJECT_QtBase_INCLUDE="$quickly" "${launcher[@]}" "${options[@]}"
     nice -n 19 ninja -C "$work/build" -j "${JOBS:-$(nproc)}"
     nice -n 19 ninja -C "$work/build" install
     mv "$work/installed" "$finished"
