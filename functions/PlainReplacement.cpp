@@ -11,8 +11,8 @@ namespace {
 constexpr std::size_t BlockSize = sizeof(std::uint64_t);
 static_assert(std::endian::native == std::endian::little, "the first place of a block is in the lowest bits");
 
-// A bit for each place of a block whose character is the first one of the pattern, with the last one where it would end.
-// A loop without branches, which compilers turn into few instructions for all places at once.
+// A bit for each place of a block whose character is the first one of the pattern, with the last one where it would
+// end. A loop without branches, which compilers turn into few instructions for all places at once.
 std::uint64_t candidates(const char16_t *block, std::size_t lengthLessOne, char16_t first, char16_t last)
 {
     std::array<std::uint8_t, BlockSize> isCandidate;
