@@ -8,6 +8,9 @@
 
 namespace {
 
+// Longer ones may be almost there at every place, and are compared in vain; QString finds them faster.
+constexpr qsizetype LongestShort = 16;
+
 constexpr std::size_t BlockSize = sizeof(std::uint64_t);
 static_assert(std::endian::native == std::endian::little, "the first place of a block is in the lowest bits");
 
@@ -50,13 +53,27 @@ std::u16string_view unitsOf(const QString &text)
     return {reinterpret_cast<const char16_t *>(text.constData()), static_cast<std::size_t>(text.size())};
 }
 
-} // namespace
-
 void overwriteAll(QString &text, const QString &pattern, const QString &replacement)
 {
+    const std::u16string_view wanted = unitsOf(pattern);
+    std::size_t place = positionOf(wanted, unitsOf(text), 0);
+    if (place == wanted.npos)
+        return; // and the text's memory is still shared
     QChar *const units = text.data();
-    const std::u16string_view wanted = unitsOf(pattern), all = unitsOf(text);
-    for (std::size_t place = positionOf(wanted, all, 0); place != all.npos;
-         place = positionOf(wanted, all, place + wanted.size()))
+    const std::u16string_view all = unitsOf(text);
+    for (; place != all.npos; place = positionOf(wanted, all, place + wanted.size()))
         std::copy(replacement.begin(), replacement.end(), units + place);
+}
+
+} // namespace
+
+void replacePlainText(QString &text, const QString &pattern, const QString &replacement)
+{
+    const bool isShort = !pattern.isEmpty() && pattern.size() <= LongestShort;
+    if (!isShort || pattern.size() != replacement.size())
+        text.replace(pattern, replacement);
+    else if (pattern.size() == 1)
+        text.replace(pattern.front(), replacement.front());
+    else
+        overwriteAll(text, pattern, replacement);
 }

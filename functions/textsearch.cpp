@@ -105,9 +105,8 @@ void replaceSome(QString &text, qsizetype patternLength, const QString &replacem
 
 void replacePlain(QString &text, const QString &pattern, const QString &replacement, Search search)
 {
-    const bool isSameLength = !pattern.isEmpty() && pattern.size() == replacement.size();
-    if (search.count == All && search.caseSensitivity == Qt::CaseSensitive && isSameLength) {
-        overwriteAll(text, pattern, replacement);
+    if (search.count == All && search.caseSensitivity == Qt::CaseSensitive) {
+        replacePlainText(text, pattern, replacement);
     } else if (search.count == All) {
         text.replace(pattern, replacement, search.caseSensitivity);
     } else {

@@ -31,24 +31,27 @@ TEST(PlainReplacement, ReplacesWhatQStringReplaces)
     RandomTexts random;
     int changed = 0;
     for (int i = 0; i < 20000; ++i) {
-        const int letters = random.number(1, 3), length = random.number(1, 10);
+        const int letters = random.number(1, 3), length = random.number(0, 18);
         const QString before = random.text(random.number(0, 60), letters);
-        const QString pattern = random.text(length, letters), replacement = random.text(length, letters);
+        const int otherLength = random.number(0, 9) == 0 ? random.number(0, 18) : length;
+        const QString pattern = random.text(length, letters), replacement = random.text(otherLength, letters);
         QString expected = before, found = before;
         expected.replace(pattern, replacement);
-        overwriteAll(found, pattern, replacement);
+        replacePlainText(found, pattern, replacement);
         ASSERT_EQ(found, expected) << qPrintable(pattern) << " by " << qPrintable(replacement) << " in "
                                    << qPrintable(before);
         changed += found != before;
     }
-    EXPECT_GT(changed, 3000) << "too few texts had the pattern";
+    EXPECT_GT(changed, 2000) << "too few texts had the pattern";
 }
 
 TEST(PlainReplacement, LeavesTextsThatShareTheSameMemoryAsTheyAre)
 {
-    const QString before = QStringLiteral("a wall and a wall");
+    const QString before = QString::fromLatin1("a wall and a wall");
     QString found = before;
-    overwriteAll(found, QStringLiteral("wall"), QStringLiteral("side"));
+    replacePlainText(found, QStringLiteral("door"), QStringLiteral("gate"));
+    EXPECT_TRUE(found.isSharedWith(before)) << "nothing was there to replace";
+    replacePlainText(found, QStringLiteral("wall"), QStringLiteral("side"));
     EXPECT_EQ(found, QStringLiteral("a side and a side"));
     EXPECT_EQ(before, QStringLiteral("a wall and a wall"));
 }
