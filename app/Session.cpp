@@ -60,9 +60,7 @@ void Session::warnOfOddities()
     const drawing::Oddities &oddities = m_document->drawing().database().oddities();
     if (oddities.count > 0)
         warn(QStringLiteral("%1: not understood and kept as it is in %2 places, first %3")
-                 .arg(m_drawingFile)
-                 .arg(oddities.count)
-                 .arg(QString::fromStdString(oddities.first)));
+                 .arg(m_drawingFile, QString::number(oddities.count), QString::fromStdString(oddities.first)));
 }
 
 void Session::startOver()

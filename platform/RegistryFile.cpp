@@ -121,7 +121,7 @@ QString RegistryFile::keepCopy(QString &name) const
 {
     int number = 1;
     do
-        name = QStringLiteral("%1.damaged-%2").arg(m_path).arg(number++);
+        name = QStringLiteral("%1.damaged-%2").arg(m_path, QString::number(number++));
     while (QFile::exists(name));
     QFile file(m_path);
     return file.copy(name) ? QString() : describe(file);

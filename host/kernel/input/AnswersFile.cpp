@@ -57,7 +57,7 @@ Answer answerOf(QStringView line, const QString &name, int number)
     }
     // "@10,5" is a relative point, as typed at a prompt; only a word that begins with a letter can be a mistake.
     if (word.size() > 1 && word[1].isLetter())
-        throw AnswersError(QStringLiteral("%1:%2: unknown answer %3").arg(name).arg(number).arg(word));
+        throw AnswersError(QStringLiteral("%1:%2: unknown answer %3").arg(name, QString::number(number), word));
     return {Answer::Kind::Typed, line.toString(), number};
 }
 

@@ -41,7 +41,7 @@ QString unusedName(const QString &path)
 {
     QString name = path;
     for (int number = 2; QFileInfo::exists(name); ++number)
-        name = QStringLiteral("%1-%2").arg(path).arg(number);
+        name = QStringLiteral("%1-%2").arg(path, QString::number(number));
     return name;
 }
 
@@ -132,7 +132,7 @@ void ProfileStore::tellOfDamage()
     if (m_content.damagedLines.empty())
         return;
     const DamagedLine &first = m_content.damagedLines.front();
-    QString text = QStringLiteral("%1, line %2: %3").arg(m_path).arg(first.number).arg(first.reason);
+    QString text = QStringLiteral("%1, line %2: %3").arg(m_path, QString::number(first.number), first.reason);
     if (m_content.damagedLines.size() > 1)
         text += QStringLiteral(" (%1 damaged lines in all)").arg(m_content.damagedLines.size());
     tell(text);

@@ -12,7 +12,7 @@
 class ProfileStoreTest : public testing::Test
 {
 protected:
-    QString folder() const { return m_folder.filePath(QStringLiteral("profile")); }
+    QString folder() const { return m_folder.filePath(QStringLiteral("100%1 profile%2")); }
     QString file(const char *suffix = "") const { return folder() + u"/settings.ini"_qs + QLatin1String(suffix); }
 
     ProfileStore store()
