@@ -16,18 +16,21 @@ constexpr int PlacePatienceMilliseconds = 10000;
 constexpr int DrawingMilliseconds = 300;
 
 // The window manager moves a window to its place after the frame is there, on a busy machine some time after.
-void expectToStandOnScreen(QWidget &window)
+bool standsOnScreen(const QWidget &window)
+{
+    return window.screen()->geometry().contains(window.frameGeometry());
+}
+
+// False when it has not come to a place on the screen in time.
+bool waitForPlaceOnScreen(const QWidget &window)
 {
     const QDeadlineTimer patience(PlacePatienceMilliseconds);
-    const QRect screen = window.screen()->geometry();
-    const auto isOnScreen = [&] { return screen.contains(window.frameGeometry()); };
     QRect before;
     do {
         before = window.frameGeometry();
         QTest::qWait(DrawingMilliseconds);
-    } while ((window.frameGeometry() != before || !isOnScreen()) && !patience.hasExpired());
-    EXPECT_EQ(window.frameGeometry(), before);
-    EXPECT_EQ(screen.united(window.frameGeometry()), screen);
+    } while ((window.frameGeometry() != before || !standsOnScreen(window)) && !patience.hasExpired());
+    return window.frameGeometry() == before && standsOnScreen(window);
 }
 
 } // namespace
@@ -44,14 +47,16 @@ void waitUntilReady(QWidget &window)
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     const auto hasFrame = [&] { return window.frameGeometry() != window.geometry(); };
     (void)QTest::qWaitFor(hasFrame, FramePatienceMilliseconds);
-    expectToStandOnScreen(window);
+    QTest::qWait(DrawingMilliseconds);
 }
 
 void takePicture(QWidget &window, const QString &name)
 {
+    const bool isInPlace = waitForPlaceOnScreen(window);
     const QRect frame = window.frameGeometry();
+    EXPECT_TRUE(isInPlace) << frame.x() << ' ' << frame.y() << ' ' << frame.width() << ' ' << frame.height();
     const QPixmap picture = window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
-    EXPECT_EQ(picture.deviceIndependentSize().toSize(), frame.size()) << frame.x() << ' ' << frame.y();
+    EXPECT_EQ(picture.deviceIndependentSize().toSize(), frame.size());
     QImageWriter file(qEnvironmentVariable("SCREEN_PICTURES") + u'/' + name + u".png"_qs);
     EXPECT_TRUE(file.write(picture.toImage())) << file.errorString().toStdString();
 }
