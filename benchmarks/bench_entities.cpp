@@ -6,12 +6,12 @@
 namespace {
 
 constexpr const char16_t *Preparation = uR"(
-(setq line (entmakex '((0 . "LINE") (8 . "Walls") (62 . 3) (10 12.5 -7.25 0.0) (11 1234.567891 98.765432 0.0))))
+(setq new-line '((0 . "LINE") (8 . "Walls") (62 . 3) (10 12.5 -7.25 0.0) (11 1234.567891 98.765432 0.0)))
+(setq line (entmakex new-line))
 (setq data (entget line))
 (setq owner (cdr (assoc 330 data)))
 (setq handle (cdr (assoc 5 data)))
-(repeat 1000
-  (setq lines (cons (entmakex '((0 . "LINE") (8 . "Walls") (10 1.5 -7.25 0.0) (11 34.567891 8.765432 0.0))) lines)))
+(repeat 1000 (setq lines (cons (entmakex new-line) lines)))
 (setq rest lines)
 (defun next-line () (car (setq rest (cdr (if (cdr rest) rest lines)))))
 (defun build ()
@@ -22,8 +22,7 @@ constexpr const char16_t *Preparation = uR"(
 
 // More than the host keeps the boxes of.
 constexpr const char16_t *ManyLines = uR"(
-(repeat 9000
-  (setq lines (cons (entmakex '((0 . "LINE") (8 . "Walls") (10 1.5 -7.25 0.0) (11 34.567891 8.765432 0.0))) lines)))
+(repeat 9000 (setq lines (cons (entmakex new-line) lines)))
 (setq rest lines)
 )";
 
@@ -56,6 +55,7 @@ void buildsTheSameList(benchmark::State &state)
 
 BENCHMARK(buildsTheSameList);
 BENCHMARK_CAPTURE(work, entget, u"(entget line)");
+BENCHMARK_CAPTURE(work, entgetOfAnotherLine, u"(entget (next-line))");
 BENCHMARK_CAPTURE(work, entmodUnchanged, u"(entmod data)");
 BENCHMARK_CAPTURE(work, entmod,
                   u"(entmod (setq data (subst (cons 10 (list (1+ (cadr (assoc 10 data))) 0.0 0.0))"

@@ -40,7 +40,8 @@ public:
     }
     Value string(std::u16string_view text);
     Value asciiString(std::string_view text);
-    // Perhaps a string that somebody has already.
+    // Perhaps a string that somebody has already; nil where the first one finds none.
+    Value findSharedString(std::string_view ascii) const { return m_shared.find(ascii); }
     Value sharedAsciiString(std::string_view text) { return m_shared.string(text); }
     // A string of this length; the caller fills the characters before anybody else sees the value.
     std::pair<Value, char16_t *> newString(std::size_t length);

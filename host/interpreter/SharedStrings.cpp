@@ -11,8 +11,6 @@ namespace lisp {
 
 namespace {
 
-constexpr std::size_t MostShared = 32; // characters
-
 // Of the length and the last eight characters, in which names of a kind differ.
 std::size_t placeOf(std::string_view text, std::size_t places)
 {
@@ -26,22 +24,27 @@ std::size_t placeOf(std::string_view text, std::size_t places)
     return ((end + text.size()) * Multiplier >> 32) % places;
 }
 
-bool isSame(std::u16string_view text, std::string_view ascii)
-{
-    return std::equal(text.begin(), text.end(), ascii.begin(), ascii.end(),
-                      [](char16_t unit, char letter) { return unit == static_cast<unsigned char>(letter); });
-}
-
 } // namespace
+
+Value SharedStrings::find(std::string_view ascii) const
+{
+    const Place &place = m_places[placeOf(ascii, Places)];
+    const bool isThere = place.size == ascii.size() && std::memcmp(place.ascii.data(), ascii.data(), ascii.size()) == 0;
+    return isThere ? place.string : Value::nil();
+}
 
 Value SharedStrings::string(std::string_view ascii)
 {
-    if (ascii.size() > MostShared)
-        return m_heap.asciiString(ascii);
-    Value &shared = m_strings[placeOf(ascii, m_strings.size())];
-    if (!shared.isString() || !isSame(shared.asString()->view(), ascii))
-        shared = m_heap.asciiString(ascii);
-    return shared;
+    if (const Value found = find(ascii); found.isTrue())
+        return found;
+    const Value made = m_heap.asciiString(ascii);
+    if (ascii.size() <= MostShared) {
+        Place &place = m_places[placeOf(ascii, Places)];
+        place.size = static_cast<std::uint8_t>(ascii.size());
+        std::copy(ascii.begin(), ascii.end(), place.ascii.begin());
+        place.string = made;
+    }
+    return made;
 }
 
 } // namespace lisp

@@ -3,6 +3,7 @@
 #include "host/interpreter/Value.h"
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 namespace lisp {
@@ -16,12 +17,22 @@ class SharedStrings
 public:
     explicit SharedStrings(Heap &heap) : m_heap(heap) {}
 
+    Value find(std::string_view ascii) const; // nil when it has not been asked for lately
     Value string(std::string_view ascii);
-    void clear() { m_strings.fill(Value::nil()); }
+    void clear() { m_places.fill({}); }
 
 private:
+    static constexpr std::size_t Places = 256, MostShared = 23; // characters
+
+    struct Place
+    {
+        std::uint8_t size = 0;
+        std::array<char, MostShared> ascii;
+        Value string; // nil: none yet
+    };
+
     Heap &m_heap;
-    std::array<Value, 256> m_strings; // each in the place that its hash says, nil or the latest one there
+    std::array<Place, Places> m_places; // the latest string of each hash
 };
 
 } // namespace lisp

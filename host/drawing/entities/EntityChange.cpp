@@ -1,9 +1,7 @@
 #include "host/drawing/entities/EntityChange.h"
 
 #include "host/drawing/entities/Braces.h"
-#include "host/drawing/entities/EntityListing.h"
 #include "host/drawing/entities/EntitySchema.h"
-#include "host/drawing/entities/ValueChange.h"
 
 #include <algorithm>
 #include <map>
@@ -269,17 +267,30 @@ bool changeGroups(Drawing &drawing, RecordId record, const GroupList &wanted)
     return database.replace(record, changed);
 }
 
-} // namespace
-
-bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
+// Makes the change. A layer that an entity is on from then on is there.
+template <class Change> bool changeWithLayer(Drawing &drawing, RecordId record, Change change)
 {
     const Database &database = drawing.database();
     const NameId oldName = database.record(record).name;
-    if (!changeValues(drawing, record, wanted) && !changeGroups(drawing, record, wanted))
+    if (!change())
         return false;
     if (database.record(record).kind == RecordKind::Entity && database.record(record).name != oldName)
         ensureLayer(drawing, database.name(record));
     return true;
+}
+
+} // namespace
+
+bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
+{
+    return changeWithLayer(drawing, record, [&] {
+        return changeValues(drawing, record, wanted) || changeGroups(drawing, record, wanted);
+    });
+}
+
+bool changeRecord(Drawing &drawing, RecordId record, std::span<const ChangedItem> changes)
+{
+    return changeWithLayer(drawing, record, [&] { return changeValues(drawing, record, changes); });
 }
 
 void ensureLayer(Drawing &drawing, const std::u16string &name)

@@ -110,6 +110,7 @@ public:
                 divide();
         }
         putOwnerBehindType();
+        m_listing.m_headSize = headSize();
         for (m_begin = m_firstMarker; m_begin < m_order.size(); m_begin = m_end) {
             m_end = nextMarker(m_begin + 1);
             completeSubclass();
@@ -208,6 +209,16 @@ private:
             m_order.insert(place, derived(referenceItem(groupcode::Owner, handle)));
             ++m_firstMarker;
         }
+    }
+
+    std::size_t headSize() const
+    {
+        if (m_firstMarker < m_order.size())
+            return static_cast<std::size_t>(m_firstMarker);
+        const auto isOfHead = [this](int number) {
+            return isFixed(item(number).code) || item(number).code == groupcode::Owner;
+        };
+        return static_cast<std::size_t>(std::ranges::find_if_not(m_order, isOfHead) - m_order.begin());
     }
 
     void completeSubclass()
@@ -343,6 +354,11 @@ private:
 EntityListing::EntityListing(const Drawing &drawing, RecordId record) : m_reader(drawing.database().reader(record))
 {
     Lister(drawing, record, *this).list();
+}
+
+bool isFixed(int code)
+{
+    return code == groupcode::Type || code == groupcode::Handle || code == groupcode::DimStyleHandle;
 }
 
 std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record)

@@ -48,6 +48,9 @@ public:
     Iterator begin() const { return {*this, 0}; }
     Iterator end() const { return {*this, m_order.size()}; }
     std::size_t size() const { return static_cast<std::size_t>(m_order.size()); }
+    // How many of the first items tell which record it is and whose, and are never changed: those before the first
+    // subclass marker; type, handle and owner where there is none.
+    std::size_t headSize() const { return m_headSize; }
 
     Group group(const ListedItem &listed) const { return m_reader.group(listed.item); } // with its value decoded
 
@@ -63,9 +66,13 @@ private:
     QVarLengthArray<int, UsualItems + UsualDefaults> m_order;
     QVarLengthArray<Item, UsualItems> m_recorded;
     QVarLengthArray<Item, UsualDefaults> m_derived;
+    std::size_t m_headSize = 0;
     std::string m_layout; // what the group 410 points to when the record has none
     GroupReader m_reader;
 };
+
+// A group that a program's list never changes, wherever it stands.
+bool isFixed(int code);
 
 // The same with all values decoded.
 struct ListedGroup

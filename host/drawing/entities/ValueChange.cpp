@@ -1,7 +1,6 @@
 #include "host/drawing/entities/ValueChange.h"
 
 #include "host/drawing/ItemValues.h"
-#include "host/drawing/entities/EntityListing.h"
 
 namespace drawing {
 
@@ -65,37 +64,43 @@ bool isField(const Item &item)
 
 } // namespace
 
-bool isFixed(int code)
+bool changeValues(Drawing &drawing, RecordId record, std::span<const ChangedItem> changes)
 {
-    return code == groupcode::Type || code == groupcode::Handle || code == groupcode::DimStyleHandle;
-}
-
-bool changeValues(Drawing &drawing, RecordId record, const GroupList &wanted)
-{
+    if (changes.empty())
+        return true;
     Database &database = drawing.database();
-    const EntityListing listing(drawing, record);
-    if (wanted.size() != listing.size())
-        return false;
     const ItemValues values(database.format(), database.codec());
     Replacement replacement(database.bytes(record));
     auto fields = Database::Fields::Kept;
-    bool isInHead = true;
-    auto group = wanted.begin();
-    for (const ListedItem listed : listing) {
-        const Group &next = *group++;
-        if (next.code != listed.item.code || next.code == groupcode::Braces)
-            return false;
-        isInHead = isInHead && next.code != groupcode::Subclass;
-        if (isInHead || isFixed(next.code) || values.isSame(listed.item, next))
-            continue;
-        if (!canReplace(listed, next, database.format()) || replacement.isBehind(listed.item) ||
-            !values.appendChanged(replacement.insteadOf(listed.item), listed.item, inDegrees(next)))
+    for (const auto &[listed, group] : changes) {
+        if (!canReplace(listed, group, database.format()) || replacement.isBehind(listed.item) ||
+            !values.appendChanged(replacement.insteadOf(listed.item), listed.item, inDegrees(group)))
             return false;
         if (isField(listed.item))
             fields = Database::Fields::Changed;
     }
     database.replaceBytes(record, replacement.bytes(), fields);
     return true;
+}
+
+bool changeValues(Drawing &drawing, RecordId record, const GroupList &wanted)
+{
+    const Database &database = drawing.database();
+    const EntityListing listing(drawing, record);
+    if (wanted.size() != listing.size())
+        return false;
+    const ItemValues values(database.format(), database.codec());
+    std::vector<ChangedItem> changes;
+    std::size_t place = 0;
+    for (const ListedItem listed : listing) {
+        const bool isInHead = place < listing.headSize();
+        const Group &next = wanted[place++];
+        if (next.code != listed.item.code || next.code == groupcode::Braces)
+            return false;
+        if (!isInHead && !isFixed(next.code) && !values.isSame(listed.item, next))
+            changes.push_back({listed, next});
+    }
+    return changeValues(drawing, record, changes);
 }
 
 } // namespace drawing

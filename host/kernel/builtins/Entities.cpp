@@ -10,6 +10,7 @@
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/drawing/EntityData.h"
 #include "host/kernel/drawing/EntityName.h"
+#include "host/kernel/drawing/ListedChanges.h"
 
 using drawing::Database;
 using drawing::Drawing;
@@ -92,9 +93,42 @@ bool renameAsWanted(Document &document, RecordId record, const drawing::GroupLis
     return true;
 }
 
+// The record that a list begins with, if it is one that has neither a name to follow nor rules to look up.
+RecordId simpleRecord(const Drawing &drawing, Value list)
+{
+    const Value first = list.isCons() ? list.asCons()->car : Value::nil();
+    if (!first.isCons() || !first.asCons()->car.isInteger() || first.asCons()->car.asInteger() != NameCode)
+        return NoRecord;
+    const auto *entity = lisp::asNative<EntityName>(first.asCons()->cdr);
+    const RecordId record = entity ? recordOf(drawing, entity->name) : NoRecord;
+    if (record == NoRecord || drawing.database().record(record).isGone())
+        return NoRecord;
+    const drawing::RecordKind kind = drawing.database().record(record).kind;
+    return kind == drawing::RecordKind::Entity || kind == drawing::RecordKind::Object ? record : NoRecord;
+}
+
+// Lists that programs have from entget, with other values here and there, are nearly all there are, and are read much
+// faster than others. False for any list that needs a closer look; then nothing is changed.
+bool changeFewValues(Drawing &drawing, Value list)
+{
+    const RecordId record = simpleRecord(drawing, list);
+    if (record == NoRecord)
+        return false;
+    const drawing::EntityListing listing(drawing, record);
+    const auto changes = changedItems(drawing, listing, list.asCons()->cdr);
+    if (!changes)
+        return false;
+    drawing::GroupList groups;
+    for (const drawing::ChangedItem &change : *changes)
+        groups.push_back(change.group);
+    return canTake(drawing, record, groups) && drawing::changeRecord(drawing, record, *changes);
+}
+
 Value entmod(Machine &machine, Args arguments)
 {
     Drawing &drawing = drawingOf(machine);
+    if (changeFewValues(drawing, arguments.list(0)))
+        return arguments[0];
     const EntityRequest request = entityRequest(arguments.list(0));
     const RecordId record = request.name ? recordOf(drawing, *request.name) : NoRecord;
     if (record == NoRecord || drawing.database().record(record).isGone())

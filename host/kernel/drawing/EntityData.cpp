@@ -98,6 +98,8 @@ Value itemValue(Machine &machine, const Drawing &drawing, const EntityListing &l
     const ValueMaker make(machine, drawing, listed.item.code);
     switch (listed.item.kind) {
     case ValueKind::Text:
+        if (const Value shared = machine.heap().findSharedString(listed.item.value); shared.isTrue())
+            return shared;
         if (drawing::TextCodec::isPlain(listed.item.value))
             return machine.heap().sharedAsciiString(listed.item.value);
         break;
@@ -294,7 +296,10 @@ std::optional<RecordId> secondName(const Drawing &drawing, RecordId id)
     return first != drawing::NoRecord ? std::optional(first) : std::nullopt;
 }
 
-Value entityList(Machine &machine, const Drawing &drawing, RecordId record, Value name, const ApplicationFilter &filter)
+namespace {
+
+Value newEntityList(Machine &machine, const Drawing &drawing, RecordId record, Value name,
+                    const ApplicationFilter &filter)
 {
     const EntityListing listing(drawing, record);
     ListBuilder items(machine.heap());
@@ -306,6 +311,33 @@ Value entityList(Machine &machine, const Drawing &drawing, RecordId record, Valu
     if (filter)
         addExtendedData(machine, drawing, extendedData(drawing, record, filter), items);
     return items.list();
+}
+
+} // namespace
+
+Value entityList(Machine &machine, const Drawing &drawing, RecordId record, Value name, const ApplicationFilter &filter)
+{
+    if (filter)
+        return newEntityList(machine, drawing, record, name, filter);
+    // Programs ask for the same entity's data for each value that they want of it.
+    struct Key
+    {
+        const lisp::Heap *heap;
+        std::size_t collections; // one of them may free the list
+        std::uint32_t drawing;
+        RecordId record;
+        std::uint64_t changeCount;
+        bool operator==(const Key &) const = default;
+    };
+    thread_local Key latest{};
+    thread_local Value list;
+    const lisp::Heap &heap = machine.heap();
+    const Key wanted{&heap, heap.collections(), drawing.number(), record, drawing.database().journal().changeCount()};
+    if (wanted != latest) {
+        list = newEntityList(machine, drawing, record, name, filter);
+        latest = wanted;
+    }
+    return list;
 }
 
 Value tableRecordList(Machine &machine, const Drawing &drawing, RecordId record)

@@ -117,6 +117,42 @@ TEST_F(Change, neverTouchesTypeHandleAndOwner)
     EXPECT_EQ(database().record(line).handle, 0x2FU);
 }
 
+TEST_F(Change, reachesTheGroupsOfARecordWithoutMarkers)
+{
+    open("AC1009", "0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n");
+    const RecordId layer = drawing().tables().add(
+        known::Layer, {{0, u"LAYER"}, {2, u"WALLS"}, {70, std::int64_t{0}}, {62, std::int64_t{3}}, {6, u"CONTINUOUS"}});
+    EXPECT_TRUE(changeRecord(drawing(), layer, withValue(groupsOf(listing(drawing(), layer)), 62, std::int64_t{5})));
+    EXPECT_EQ(*findValue<std::int64_t>(database().groups(layer), 62), 5);
+}
+
+TEST_F(Change, OfAParagraphItselfLeavesItsColumnsAlone)
+{
+    const std::string_view columns = "101\nEmbedded Object\n70\n4\n10\n1.0\n20\n0.0\n30\n0.0\n11\n100.0\n21\n200.0\n"
+                                     "31\n0.0\n40\n20.0\n41\n0.0\n71\n2\n72\n1\n";
+    const RecordId paragraph = open("AC1032", "0\nMTEXT\n5\n2F\n100\nAcDbEntity\n8\n0\n100\nAcDbMText\n10\n100.0\n20\n"
+                                              "200.0\n30\n0.0\n40\n2.5\n41\n30.0\n71\n1\n72\n5\n1\ntext\n" +
+                                                  std::string(columns));
+    const std::string own = "0 MTEXT,5 2F,100 AcDbEntity,8 0,100 AcDbMText,", rest = ",41 30.0,71 1,72 5,1 text,",
+                      embedded = "101 Embedded Object,70 4,10 1.0,20 0.0,30 0.0,11 100.0,21 200.0,31 0.0,40 20.0,"
+                                 "41 0.0,71 2,72 1";
+    EXPECT_TRUE(changeRecord(drawing(), paragraph, {{10, Point{1, 2, 0}}}));
+    EXPECT_EQ(written(paragraph), own + "10 1.0,20 2.0,30 0.0,40 2.5" + rest + embedded);
+    EXPECT_TRUE(changeRecord(drawing(), paragraph, {{40, 5.0}, {62, std::int64_t{3}}}));
+    EXPECT_EQ(written(paragraph),
+              "0 MTEXT,5 2F,100 AcDbEntity,8 0,62 3,100 AcDbMText,10 1.0,20 2.0,30 0.0,40 5.0" + rest + embedded);
+}
+
+TEST_F(Change, OfTheColumnsOfAParagraphGoesByTheirPart)
+{
+    const RecordId paragraph =
+        open("AC1032", "0\nMTEXT\n5\n2F\n100\nAcDbEntity\n8\n0\n100\nAcDbMText\n10\n100.0\n20\n200.0\n30\n0.0\n"
+                       "40\n2.5\n1\ntext\n101\nEmbedded Object\n70\n4\n40\n20.0\n71\n2\n");
+    EXPECT_TRUE(changeRecord(drawing(), paragraph, {{40, 3.0}, {101, u"Embedded Object"}, {40, 25.0}}));
+    EXPECT_EQ(written(paragraph), "0 MTEXT,5 2F,100 AcDbEntity,8 0,100 AcDbMText,10 100.0,20 200.0,30 0.0,40 3.0,"
+                                  "1 text,101 Embedded Object,70 4,40 25.0,71 2");
+}
+
 TEST_F(Change, makesALayerThatIsNotThere)
 {
     const RecordId line = openLine();
