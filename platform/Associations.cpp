@@ -4,7 +4,6 @@
 #include "platform/DesktopAssociations.h"
 #include "platform/RegistryAssociations.h"
 
-#include <QProcess>
 #include <QStandardPaths>
 
 namespace {
@@ -49,7 +48,7 @@ QStringList withFileAsInDesktopEntry(QStringList arguments, const QString &fileO
     };
     QStringList result;
     for (const QString &argument : std::as_const(arguments))
-        if (const QString text = expanded(argument, valueOf); !text.isEmpty())
+        if (const QString text = expanded(argument, valueOf); argument.isEmpty() || !text.isEmpty())
             result.append(text);
     if (!isNamed)
         result.append(fileOrUrl);
@@ -75,7 +74,5 @@ std::optional<ProgramCall> associatedProgram(const QString &fileOrUrl, const QSt
         call = callOf(argumentsOf(*command), fileOrUrl, withFileAsInRegistry);
     if (call || !(verb.isEmpty() || verb.compare(u"open", Qt::CaseInsensitive) == 0))
         return call;
-    if (const std::optional<QString> command = desktopCommand(fileOrUrl))
-        call = callOf(QProcess::splitCommand(*command), fileOrUrl, withFileAsInDesktopEntry);
-    return call;
+    return callOf(desktopCommand(fileOrUrl), fileOrUrl, withFileAsInDesktopEntry);
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
-#include <optional>
-
-// The command line, as desktop entries have it (Exec), of the program that the desktop's settings name for the file or
-// URL; nothing when there is none. https://specifications.freedesktop.org/desktop-entry-spec
-std::optional<QString> desktopCommand(const QString &fileOrUrl);
+// The program that the desktop's settings name for the file or URL, and its arguments, in which the field codes of
+// desktop entries (Exec) are left; empty when there is none. https://specifications.freedesktop.org/desktop-entry-spec
+QStringList desktopCommand(const QString &fileOrUrl);

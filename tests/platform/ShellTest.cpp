@@ -6,17 +6,28 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 
 const QString suffix = QStringLiteral("lhtest");
+
+// As the arguments stand in a desktop entry, in whose text every backslash is doubled.
+const QString quotedSuffix = QStringLiteral("lhquoted");
+const QString quotedArguments = uR"("a b" "" "\\"\\$1\\" \\` \\\\ 100%%" 'c d' C:\\\\e \sf %k %f)"_qs;
 
 class Shell : public testing::Test
 {
 protected:
     static void SetUpTestSuite()
     {
-        static const DesktopSettings settings(QStringLiteral("text/x-lisphost-test"), suffix,
-                                              QStringLiteral(TEST_CHILD));
+        const QString child = QStringLiteral(TEST_CHILD);
+        static const DesktopSettings settings(
+            {{QStringLiteral("text/x-lisphost-test"), suffix, child + u" %f"_qs},
+             {QStringLiteral("text/x-lisphost-test-quoted"), quotedSuffix, child + u" %f "_qs + quotedArguments}});
     }
 
     int execute(const QString &file, const QString &parameters = QString(), const char16_t *verb = u"open",
@@ -70,6 +81,33 @@ TEST_F(Shell, OpensADocumentWithItsProgram)
     const FileReport report(document);
     EXPECT_EQ(execute(document), 42); // the child takes the document for the file of its report
     EXPECT_TRUE(report.isReplaced());
+}
+
+TEST_F(Shell, TheCommandOfADesktopEntryIsTakenApartAsShellsTakeIt)
+{
+    const QString document = write(u"doc one."_qs + quotedSuffix);
+    const FileReport report(document);
+    EXPECT_EQ(execute(document), 42);
+    EXPECT_TRUE(report.isReplaced());
+    EXPECT_EQ(report.lines(),
+              QStringList({u"a b"_qs, QString(), u"\"$1\" ` \\ 100%"_qs, u"c d"_qs, u"C:\\e"_qs, u"f"_qs, document}));
+}
+
+// To read what comes through it would wait for more, and take it away.
+TEST_F(Shell, APipeIsNotRead)
+{
+    const QString pipe = m_folder.filePath(u"pipe."_qs + suffix);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const int ends = open(QFile::encodeName(pipe).constData(), O_RDWR | O_NONBLOCK);
+    while (::write(ends, "text", 4) > 0)
+        continue;
+    int before = 0, after = 0;
+    EXPECT_EQ(ioctl(ends, FIONREAD, &before), 0);
+    EXPECT_EQ(find(pipe), 42);
+    EXPECT_EQ(m_program, m_child);
+    EXPECT_EQ(ioctl(ends, FIONREAD, &after), 0);
+    EXPECT_EQ(after, before);
+    close(ends);
 }
 
 TEST_F(Shell, OpensADocumentThatMayBeExecuted)

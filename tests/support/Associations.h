@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 // A suffix that has a program in the registry, as long as the object lives. Not in the user's part of the classes,
 // which Wine's shell does not look at.
 class RegisteredProgram
@@ -35,20 +37,37 @@ private:
     QStringList m_keys;
 };
 
+// A kind of file, and what it is opened with.
+struct DesktopKind
+{
+    QString type, suffix;
+    QString command; // as it stands in the desktop entry (Exec)
+};
+
 // Desktop settings of a test's own in which a suffix has a type and the type a program. They take the place of the
 // user's. The library that reads them looks once in a process: make one, and keep it.
 class DesktopSettings
 {
 public:
     DesktopSettings(const QString &type, const QString &suffix, const QString &program)
+        : DesktopSettings({{type, suffix, program + u" %f"_qs}})
     {
+    }
+    explicit DesktopSettings(const std::vector<DesktopKind> &kinds)
+    {
+        QString types, suffixes, defaults;
+        for (const auto &[type, suffix, command] : kinds) {
+            types += u"<mime-type type=\"%1\"><glob pattern=\"*.%2\"/></mime-type>"_qs.arg(type, suffix);
+            suffixes += u"50:%1:*.%2\n"_qs.arg(type, suffix);
+            defaults += u"%1=%2.desktop\n"_qs.arg(type, suffix);
+            write(u"applications/%1.desktop"_qs.arg(suffix), u"[Desktop Entry]\nType=Application\nName=Test\nExec="_qs +
+                                                                 command + u"\nMimeType="_qs + type + u";\n"_qs);
+        }
         write(u"mime/packages/test.xml"_qs,
-              u"<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\"><mime-type type=\"%1\">"
-              u"<glob pattern=\"*.%2\"/></mime-type></mime-info>"_qs.arg(type, suffix));
-        write(u"mime/globs2"_qs, u"50:%1:*.%2\n"_qs.arg(type, suffix));
-        write(u"applications/test.desktop"_qs,
-              u"[Desktop Entry]\nType=Application\nName=Test\nExec=%1 %f\nMimeType=%2;\n"_qs.arg(program, type));
-        write(u"applications/mimeapps.list"_qs, u"[Default Applications]\n%1=test.desktop\n"_qs.arg(type));
+              u"<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">"_qs + types +
+                  u"</mime-info>"_qs);
+        write(u"mime/globs2"_qs, suffixes);
+        write(u"applications/mimeapps.list"_qs, u"[Default Applications]\n"_qs + defaults);
         for (const char *variable : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"})
             qputenv(variable, QFile::encodeName(m_folder.path()));
     }
