@@ -13,6 +13,21 @@ std::atomic<lisp::Machine *> interruptible = nullptr;
 std::atomic<int> signalCount = 0;
 std::atomic<bool> areKept = false; // signals while no program runs
 
+// As shells have it for what they start in the background: then Ctrl-C is for somebody else.
+bool isIgnoredFromTheStart()
+{
+    const auto atStart = std::signal(SIGINT, SIG_IGN); // there is no other way to ask that every system has
+    std::signal(SIGINT, atStart);
+    return atStart == SIG_IGN;
+}
+
+void handleInterrupts(void (*handler)(int))
+{
+    static const bool areIgnored = isIgnoredFromTheStart();
+    if (!areIgnored)
+        std::signal(SIGINT, handler);
+}
+
 } // namespace
 
 extern "C" void onInterrupt(int signal)
@@ -37,13 +52,13 @@ InterruptScope::InterruptScope(lisp::Machine &machine)
     interruptible = &machine;
     if (signalCount > 0)
         machine.interrupt();
-    std::signal(SIGINT, onInterrupt);
+    handleInterrupts(onInterrupt);
 }
 
 InterruptScope::~InterruptScope()
 {
     if (!areKept)
-        std::signal(SIGINT, SIG_DFL);
+        handleInterrupts(SIG_DFL);
     interruptible = nullptr;
 }
 
@@ -56,11 +71,11 @@ KeptInterrupts::KeptInterrupts()
 {
     signalCount = 0;
     areKept = true;
-    std::signal(SIGINT, onInterrupt);
+    handleInterrupts(onInterrupt);
 }
 
 KeptInterrupts::~KeptInterrupts()
 {
-    std::signal(SIGINT, SIG_DFL);
+    handleInterrupts(SIG_DFL);
     areKept = false;
 }

@@ -9,7 +9,8 @@ class Machine;
 extern "C" void onInterrupt(int signal);
 
 // While it lives, Ctrl-C makes the machine's program fail with "Function cancelled", a second one does so even if the
-// program catches the error and goes on, and a third ends the process.
+// program catches the error and goes on, and a third ends the process. A process that was started to ignore Ctrl-C
+// ignores it here.
 class InterruptScope
 {
 public:

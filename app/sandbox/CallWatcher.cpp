@@ -94,9 +94,14 @@ void letGo(seccomp_notif_resp &answer)
     answer.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
 }
 
-void refuse(seccomp_notif_resp &answer, const char *what, const char *path)
+void refuseQuietly(seccomp_notif_resp &answer)
 {
     answer.error = -EPERM;
+}
+
+void refuse(seccomp_notif_resp &answer, const char *what, const char *path)
+{
+    refuseQuietly(answer);
     say(what, path);
 }
 
@@ -106,10 +111,11 @@ void answerCall(const seccomp_notif &notice, seccomp_notif_resp &answer, const s
     answer.id = notice.id;
     const refused::FileCall *call = findCall(refused::fileCalls, notice.data.nr);
     const bool isLoading = notice.data.nr == SYS_mmap;
-    if (!call && !isLoading)
+    const bool isRefused = !call && !isLoading;
+    if (!isThreadOfThisProcess(notice.pid))                       // a started program's
+        return isRefused ? refuseQuietly(answer) : letGo(answer); // the file rules bind it all the same
+    if (isRefused)
         return refuse(answer, nameOf(notice.data.nr), nullptr);
-    if (!isThreadOfThisProcess(notice.pid))
-        return letGo(answer); // a started program's: the file rules bind it all the same
     if (call)
         return runInstead(*call, notice, answer);
     const std::string file = pathOf(static_cast<int>(notice.data.args[4]));

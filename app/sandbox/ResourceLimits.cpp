@@ -5,6 +5,7 @@
 
 #include "app/sandbox/Supervisor.h"
 
+#include <algorithm>
 #include <csignal>
 
 #include <sys/resource.h>
@@ -29,9 +30,7 @@ void limit(__rlimit_resource resource, rlim_t amount)
     rlimit limit{};
     if (::getrlimit(resource, &limit) != 0)
         throw SandboxError(QStringLiteral("the kernel tells no limits of resources"));
-    if (limit.rlim_max < amount) // what is bound more tightly stays so
-        return;
-    limit = {amount, amount};
+    limit = {std::min(amount, limit.rlim_cur), std::min(amount, limit.rlim_max)}; // what is bound more tightly stays so
     if (::setrlimit(resource, &limit) != 0)
         throw SandboxError(QStringLiteral("the kernel refuses the sandbox's limits of resources"));
 }

@@ -46,6 +46,19 @@ extern "C" void onTerminalInterrupt(int)
         passOn(SIGKILL);
 }
 
+// Ctrl-\, the end of the terminal, and what asks any process to end.
+constexpr int endingSignals[] = {SIGQUIT, SIGHUP, SIGTERM};
+
+// What this process has been started to ignore, it ignores.
+void handle(int signal, void (*handler)(int))
+{
+    struct sigaction present
+    {
+    };
+    if (::sigaction(signal, nullptr, &present) == 0 && present.sa_handler != SIG_IGN)
+        std::signal(signal, handler);
+}
+
 int waitFor(pid_t process)
 {
     int status = 0;
@@ -80,16 +93,18 @@ int superviseInTemporaryFolder(int seconds, const std::function<int(const QStrin
     if (!folder.isValid())
         throw SandboxError(folder.errorString());
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
-    std::signal(SIGINT, onTerminalInterrupt); // the terminal sends it to the worker, too, which knows what to do
-    std::signal(SIGTERM, passOn);
+    handle(SIGINT, onTerminalInterrupt); // the terminal sends it to the worker, too, which knows what to do
+    for (const int signal : endingSignals)
+        handle(signal, passOn);
     std::signal(SIGALRM, endWork);
     const pid_t supervisor = ::getpid();
     worker = ::fork();
     if (worker < 0)
         throw SandboxError(QStringLiteral("cannot start a process of its own"));
     if (worker == 0) {
-        std::signal(SIGINT, SIG_DFL);
-        std::signal(SIGTERM, SIG_DFL);
+        handle(SIGINT, SIG_DFL);
+        for (const int signal : endingSignals)
+            handle(signal, SIG_DFL);
         std::signal(SIGALRM, SIG_DFL);
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (::getppid() != supervisor)

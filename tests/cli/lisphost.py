@@ -3,6 +3,7 @@
 import ctypes
 import os
 import re
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -27,6 +28,13 @@ def respect_permissions() -> None:
         for capability in (CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH):
             if LIBC.prctl(PR_CAPBSET_DROP, capability, 0, 0, 0) != 0:
                 raise OSError(ctypes.get_errno(), "the right to ignore permissions cannot be given up")
+
+
+def begin_in_the_foreground() -> None:
+    """Called in the child. A shell that starts a job in the background makes it ignore Ctrl-C; the tests may run below
+    one."""
+    signal.signal(signal.SIGINT, signal.SIG_DFL)
+    respect_permissions()
 
 
 def native(path: str | Path) -> str:

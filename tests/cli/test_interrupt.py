@@ -3,21 +3,24 @@ import signal
 import subprocess
 import unittest
 
-from lisphost import LISPHOST, TIMEOUT, LispHostTest
+from lisphost import LISPHOST, TIMEOUT, LispHostTest, begin_in_the_foreground
 
 
 class Interrupt(LispHostTest):
-    def interrupt(self, program: str) -> tuple[int, str, str]:
-        """Starts a program that prints a line and goes on for ever, and presses Ctrl-C after that line."""
+    def start(self, program: str, beginning=begin_in_the_foreground) -> subprocess.Popen:
+        """Starts a program that says by a pipe when it runs, and presses Ctrl-C then."""
         self.write("program.lsp", program)
         os.mkfifo(self.folder / "running")
-        # A shell that starts a job in the background makes it ignore Ctrl-C; the tests may run below one.
         process = subprocess.Popen([LISPHOST, "run", "program.lsp"], cwd=self.folder, env=self.environment, text=True,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                   preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+                                   preexec_fn=beginning)
         self.addCleanup(process.kill)
         (self.folder / "running").read_bytes()  # until the program has opened and closed the other end
         process.send_signal(signal.SIGINT)
+        return process
+
+    def interrupt(self, program: str) -> tuple[int, str, str]:
+        process = self.start(program)
         output, errors = process.communicate(timeout=TIMEOUT)
         return process.returncode, output, errors
 
@@ -40,6 +43,17 @@ class Interrupt(LispHostTest):
         status, output, _ = self.interrupt('(defun *error* (text) (princ "cleaned up"))\n'
                                            '(close (open "running" "w"))\n(while T)\n')
         self.assertEqual((status, output.rstrip("\n")), (1, "cleaned up"))
+
+    def test_is_nothing_to_a_program_that_was_started_to_ignore_it(self):
+        os.mkfifo(self.folder / "go on")
+        program = """(close (open "running" "w"))
+            (close (open "go on" "r"))
+            (repeat 100000 (1+ 1)) ; long enough to hear of an interrupt
+            (princ "here")"""
+        process = self.start(program, lambda: signal.signal(signal.SIGINT, signal.SIG_IGN))
+        (self.folder / "go on").write_bytes(b"")
+        output, errors = process.communicate(timeout=TIMEOUT)
+        self.assertEqual((process.returncode, output.rstrip("\n"), errors), (0, "here", ""))
 
 
 unittest.main()

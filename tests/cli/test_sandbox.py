@@ -1,6 +1,7 @@
 import json
 import os
 import pty
+import resource
 import select
 import shutil
 import signal
@@ -11,7 +12,7 @@ import unittest
 from errno import EPERM, ENOSYS
 from pathlib import Path
 
-from lisphost import FOLDER, LISPHOST, TIMEOUT, WINDOWS, LispHostTest, Outcome, respect_permissions
+from lisphost import FOLDER, LISPHOST, TIMEOUT, WINDOWS, LispHostTest, Outcome, begin_in_the_foreground
 
 
 NONE = "there is no sandbox"
@@ -160,6 +161,12 @@ class Processes(SandboxTest):
         outcome = self.run_sandboxed('(princ (acet-sys-command "cat /dev/null"))', "--allow-run", "sh")
         self.assertNotEqual(outcome.output, "0")
 
+    def test_what_one_is_refused_is_not_reported(self):
+        file = self.write("inside/data.txt", "data")
+        outcome = self.run_sandboxed(f'(princ (acet-sys-command "touch {file} 2> /dev/null"))', "--allow-run", "sh",
+                                     "--allow-run", "touch")
+        self.assert_gives(outcome, "256")
+
     def test_no_process_outlives_the_run(self):
         marker = self.folder / "inside/late.txt"
         outcome = self.run_sandboxed(f'(acet-sys-command "(sleep 2; echo late > {marker}) &")', "--allow-run", "sh",
@@ -307,24 +314,40 @@ class Code(SandboxTest):
         self.assert_gives(self.lisphost("--sandbox", "--module", "mine.tx", "eval", "(arx)"), '("mine.tx")\n')
 
 
+def is_running(process: int) -> bool:
+    """Whether it is there, and more than an entry that its parent has not yet taken note of."""
+    try:
+        return Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()[0] != "Z"
+    except (FileNotFoundError, ProcessLookupError):
+        return False
+
+
+def end_process(process: int) -> None:
+    if is_running(process):
+        os.kill(process, signal.SIGKILL)
+
+
 @unittest.skipIf(WINDOWS, NONE)
 class Signals(SandboxTest):
-    def start(self, program):
+    def start(self, program, *options, beginning=begin_in_the_foreground):
         self.write("inside/program.lsp", '(close (open "inside/begun" "w"))' + program)
-        process = subprocess.Popen([LISPHOST, "--sandbox", "--allow-write", "inside", "run", "inside/program.lsp"], cwd=self.folder,
-                                   env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
-                                   preexec_fn=respect_permissions)
+        process = subprocess.Popen([LISPHOST, "--sandbox", "--allow-write", "inside", *options, "run", "inside/program.lsp"],
+                                   cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, preexec_fn=beginning)
         self.addCleanup(process.stdout.close)
         self.addCleanup(process.stderr.close)
         self.addCleanup(process.kill)
         return process
 
-    def worker_of(self, process) -> int:
-        """Once the program has begun and said so."""
+    def wait_until(self, condition):
         end = time.monotonic() + TIMEOUT
-        while not (self.folder / "inside/begun").exists():
+        while not condition():
             self.assertLess(time.monotonic(), end)
             time.sleep(0.01)
+
+    def worker_of(self, process) -> int:
+        """Once the program has begun and said so."""
+        self.wait_until((self.folder / "inside/begun").exists)
         return int(Path(f"/proc/{process.pid}/task/{process.pid}/children").read_text().split()[0])
 
     def test_a_call_that_is_interrupted_is_not_made_twice(self):
@@ -355,6 +378,50 @@ class Signals(SandboxTest):
         output, errors = process.communicate(timeout=TIMEOUT)
         self.assertEqual(process.returncode, 1)
         self.assertRegex(errors, b"^error: Function cancelled\n")
+
+    def start_with_a_program(self) -> tuple[subprocess.Popen, int, Path]:
+        """With the number of a program that goes on beside it, and the temporary folder."""
+        process = self.start("""
+            (acet-sys-command "sleep 1000 > /dev/null 2>&1 & echo $! $TMPDIR > inside/started")
+            (while T)""", "--allow-run", "sh", "--allow-run", "sleep")
+        started = self.folder / "inside/started"
+        self.wait_until(lambda: started.exists() and started.read_text().endswith("\n"))
+        number, folder = started.read_text().split()
+        self.addCleanup(end_process, int(number))
+        self.addCleanup(shutil.rmtree, folder, ignore_errors=True)
+        return process, int(number), Path(folder)
+
+    def test_a_signal_that_ends_the_sandbox_leaves_nothing_behind(self):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGQUIT):
+            with self.subTest(number.name):
+                shutil.rmtree(self.folder / "inside", ignore_errors=True)
+                process, program, folder = self.start_with_a_program()
+                process.send_signal(number)
+                process.communicate(timeout=TIMEOUT)
+                self.assertEqual(process.returncode, 1)
+                self.assertFalse(is_running(program))
+                self.assertFalse(folder.exists())
+
+    def test_the_program_ends_with_a_supervising_process_that_cannot_end_it(self):
+        process = self.start("(while T)")
+        worker = self.worker_of(process)
+        process.kill()
+        self.wait_until(lambda: not is_running(worker))
+
+    def test_signals_that_the_caller_ignores_are_ignored(self):
+        def begin():
+            for number in (signal.SIGINT, signal.SIGHUP, signal.SIGTERM, signal.SIGQUIT):
+                signal.signal(number, signal.SIG_IGN)
+        process = self.start("""
+            (while (not (findfile "inside/enough")))
+            (princ "here")""", beginning=begin)
+        worker = self.worker_of(process)
+        for number in (signal.SIGINT, signal.SIGHUP, signal.SIGTERM, signal.SIGQUIT):
+            process.send_signal(number)
+            os.kill(worker, number)
+        self.write("inside/enough", "")
+        output, errors = process.communicate(timeout=TIMEOUT)
+        self.assertEqual((process.returncode, output, errors), (0, b"here", b""))
 
     def test_a_pipe_without_another_end_holds_up_no_time_limit(self):
         (self.folder / "inside").mkdir()
@@ -402,6 +469,13 @@ class Limits(SandboxTest):
     def test_the_kernel_holds_started_programs_to_their_limits(self):
         self.assertIn(self.limit_of("d"), ("unlimited", str((20 + 512) * 1024)))
         self.assertEqual(self.limit_of("c"), "0")
+
+    def test_a_tighter_limit_of_the_caller_stays(self):
+        both = resource.getrlimit(resource.RLIMIT_FSIZE)
+        self.addCleanup(resource.setrlimit, resource.RLIMIT_FSIZE, both)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (100 << 20, both[1]))
+        outside = subprocess.check_output(["sh", "-c", "ulimit -Sf"], text=True)
+        self.assert_gives(self.run_sandboxed('(acet-sys-command "ulimit -Sf")', "--allow-run", "sh"), outside)
 
     def test_the_size_of_a_file(self):
         for size, result in (("1024M", "0"), ("1025M", "256")):

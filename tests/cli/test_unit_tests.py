@@ -7,7 +7,7 @@ import subprocess
 import unittest
 import xml.etree.ElementTree as xml
 
-from lisphost import LISPHOST, TIMEOUT, WINDOWS, LispHostTest, respect_permissions
+from lisphost import LISPHOST, TIMEOUT, WINDOWS, LispHostTest, begin_in_the_foreground
 
 
 class UnitTests(LispHostTest):
@@ -307,7 +307,7 @@ $""")
     def test_an_interrupt_ends_the_test_and_the_run(self):
         self.write("test.lsp", '(defun test-one () (alert "at work") (while T)) (defun test-two () T)')
         process = subprocess.Popen([LISPHOST, "test", "--transcript", "-", "--junit", "r.xml", "test.lsp"], cwd=self.folder, env=self.environment,
-                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, preexec_fn=respect_permissions)
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, preexec_fn=begin_in_the_foreground)
         self.assertIn("at work", process.stderr.readline())
         process.send_signal(signal.SIGINT)
         output, errors = process.communicate(timeout=TIMEOUT)
@@ -323,7 +323,7 @@ $""")
             (defun test-one () (vl-catch-all-apply 'at-work) (assert 1)) (defun test-two () T)""")
         process = subprocess.Popen([LISPHOST, "test", "--tap", "--timeout", "60", "--transcript", "-", "test.lsp"],
                                    cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
-                                   stderr=subprocess.PIPE, text=True, preexec_fn=respect_permissions)
+                                   stderr=subprocess.PIPE, text=True, preexec_fn=begin_in_the_foreground)
         self.assertIn("at work", process.stderr.readline())
         process.send_signal(signal.SIGINT)
         output, _ = process.communicate(timeout=TIMEOUT)
