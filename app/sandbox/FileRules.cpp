@@ -70,14 +70,21 @@ void allow(const Descriptor &ruleset, const QString &path, std::uint64_t access)
 
 } // namespace
 
+QString lackForRules(const FileRules &rules, long abi)
+{
+    if (abi < TruncateAbi)
+        return QStringLiteral("the sandbox needs a kernel with Landlock (Linux 6.2 or later)");
+    if (abi < ScopeAbi && !rules.executable.empty())
+        return QStringLiteral("to run programs in the sandbox needs Linux 6.12 or later, which can keep their signals "
+                              "in (Landlock ABI 6)");
+    return {};
+}
+
 void bindToFiles(const FileRules &rules)
 {
     const long abi = ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
-    if (abi < TruncateAbi)
-        throw SandboxError(QStringLiteral("the sandbox needs a kernel with Landlock (Linux 6.2 or later)"));
-    if (abi < ScopeAbi && !rules.executable.empty())
-        throw SandboxError(QStringLiteral("to run programs in the sandbox needs Linux 6.12 or later, which can keep "
-                                          "their signals in (Landlock ABI 6)"));
+    if (const QString lack = lackForRules(rules, abi); !lack.isEmpty())
+        throw SandboxError(lack);
     const std::uint64_t handled = EveryAccess | AccessTruncate;
     const RulesetAttributes attributes{handled, 0, abi >= ScopeAbi ? ScopeAbstractSocket | ScopeSignal : 0};
     const std::size_t size = abi >= ScopeAbi ? sizeof attributes : sizeof attributes.files;
