@@ -81,15 +81,17 @@ std::optional<GroupList> stretchedInsert(GroupList groups, const Matrix &matrix)
     const Matrix toObject = geometry::inverse(Matrix::ofExtrusion(normal));
     const Vector along = toObject.direction(x * sign);
     const Vector oldPlace = Matrix::ofExtrusion(extrusionOf(groups)).place(placeOf(groups, groupcode::FirstX));
-    const double columns = realOf(groups, ColumnSpacing) * length(turned.x),
-                 rows = realOf(groups, RowSpacing) * length(turned.y);
+    // Columns and rows run along the rotated axes, to where these pointed whatever the signs of the old scales were.
+    const double columns =
+                     realOf(groups, ColumnSpacing) * std::copysign(length(turned.x), realOf(groups, ScaleX, 1)) * sign,
+                 rows = realOf(groups, RowSpacing) * std::copysign(length(turned.y), realOf(groups, ScaleY, 1));
     setGroup(groups, pointGroup(groupcode::FirstX, toObject.place(matrix.place(oldPlace))));
     setGroup(groups, realGroup(ScaleX, sizeX * sign));
     setGroup(groups, realGroup(ScaleY, sizeY));
     setGroup(groups, realGroup(ScaleZ, sizeZ));
     setGroup(groups, realGroup(Rotation, std::atan2(along.y, along.x) * (180 / std::numbers::pi)));
     if (hasGroup(groups, ColumnSpacing))
-        setGroup(groups, realGroup(ColumnSpacing, columns * sign));
+        setGroup(groups, realGroup(ColumnSpacing, columns));
     if (hasGroup(groups, RowSpacing))
         setGroup(groups, realGroup(RowSpacing, rows));
     setGroup(groups, pointGroup(ExtrusionCode, normal));

@@ -7,10 +7,13 @@
 #include "host/drawing/entities/EntityMaking.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <vector>
 
 namespace drawing {
 
+using geometry::Matrix;
 using geometry::Vector;
 
 namespace {
@@ -30,6 +33,7 @@ public:
 
     GroupList apply(GroupList groups, const TransformSchema &schema)
     {
+        const GroupList embedded = takeEmbedded(groups);
         const double elevation = realOf(groups, ElevationCode);
         for (Group &group : groups) {
             if (group.code >= groupcode::ExtendedString)
@@ -37,17 +41,69 @@ public:
             else if (const RoleRow *row = rowOf(schema, group.code))
                 transform(group, row->role, elevation);
         }
-        if (hasGroup(groups, ElevationCode))
-            setGroup(groups, realGroup(ElevationCode, m_object.place({0, 0, elevation}).z));
+        setElevation(groups, schema, m_object.place({0, 0, elevation}).z);
         if (std::ranges::count(schema.rows, ExtrusionCode, &RoleRow::code) != 0 && !hasGroup(groups, ExtrusionCode) &&
             m_object.extrusion() != Vector{0, 0, 1})
             setGroupInFirstPart(groups, pointGroup(ExtrusionCode, m_object.extrusion()));
         if (schema.finish)
             schema.finish(groups, m_object, m_similarity.mirrorsTexts);
+        putEmbedded(groups, embedded);
         return groups;
     }
 
 private:
+    // What stands in an embedded object has codes of its own, which mean other things.
+    static GroupList takeEmbedded(GroupList &groups)
+    {
+        const auto begin = std::ranges::find(groups, groupcode::EmbeddedObject, &Group::code);
+        const auto end = std::find_if(begin, groups.end(), isExtended);
+        GroupList embedded(begin, end);
+        groups.erase(begin, end);
+        return embedded;
+    }
+
+    void putEmbedded(GroupList &groups, GroupList embedded) const
+    {
+        if (textOf(groups, groupcode::Type) == u"MTEXT")
+            transformColumns(embedded, directionOfParagraph(groups));
+        groups.insert(std::ranges::find_if(groups, isExtended), embedded.begin(), embedded.end());
+    }
+
+    // The columns of a paragraph: its direction, its place, widths and heights.
+    void transformColumns(GroupList &embedded, const Vector &direction) const
+    {
+        enum Code : int { DirectionCode = 10, PlaceCode, FirstLengthCode = 40, LastLengthCode = 46 };
+        for (Group &group : embedded) {
+            auto *point = std::get_if<Point>(&group.value);
+            if (point && group.code == DirectionCode)
+                set(*point, direction);
+            else if (point && group.code == PlaceCode)
+                set(*point, m_similarity.matrix.place(geometry::vectorOf(*point)));
+            else if (group.code >= FirstLengthCode && group.code <= LastLengthCode)
+                transform(group, GroupRole::Length, 0);
+        }
+    }
+
+    Vector directionOfParagraph(const GroupList &groups) const
+    {
+        constexpr int DirectionCode = 11, RotationCode = 50;
+        const Matrix turned = Matrix::ofExtrusion(m_object.extrusion()) *
+                              Matrix::rotation(geometry::radians(realOf(groups, RotationCode)));
+        return placeOf(groups, DirectionCode, turned.x);
+    }
+
+    static bool isExtended(const Group &group) { return group.code >= groupcode::ExtendedString; }
+
+    // Ahead of the places.
+    static void setElevation(GroupList &groups, const TransformSchema &schema, double elevation)
+    {
+        if (hasGroup(groups, ElevationCode))
+            setGroup(groups, realGroup(ElevationCode, elevation));
+        else if (rowOf(schema, ElevationCode) && elevation != 0)
+            groups.insert(std::ranges::find(groups, groupcode::FirstX, &Group::code),
+                          realGroup(ElevationCode, elevation));
+    }
+
     static const RoleRow *rowOf(const TransformSchema &schema, int code)
     {
         const auto row = std::ranges::find(schema.rows, code, &RoleRow::code);
@@ -129,12 +185,10 @@ private:
     ObjectSimilarity m_object;
 };
 
-constexpr RoleRow lightRows[] = {{10, GroupRole::ObjectPlace}, {39, GroupRole::Length}, {40, GroupRole::Length},
-                                 {41, GroupRole::Length},      {42, GroupRole::Bulge},  {43, GroupRole::Length},
-                                 {210, GroupRole::Extrusion}};
+constexpr RoleRow lightRows[] = {{10, GroupRole::ObjectPlace}, {38, GroupRole::Elevation}, {39, GroupRole::Length},
+                                 {40, GroupRole::Length},      {41, GroupRole::Length},    {42, GroupRole::Bulge},
+                                 {43, GroupRole::Length},      {210, GroupRole::Extrusion}};
 constexpr TransformSchema lightSchema{u"LWPOLYLINE", lightRows};
-
-constexpr std::int64_t InSpaceFlags = 8 | 16 | 64; // polylines in space and meshes
 
 std::vector<RecordId> partsOf(const Database &database, RecordId entity)
 {
@@ -156,38 +210,97 @@ std::optional<GroupList> transformedPart(const Database &database, RecordId part
     return transformed(groups, similarity, isVertex ? std::optional(extrusionOf(whole)) : std::nullopt);
 }
 
-// The entities that a dimension shows. Its block is its own when the name says that it was made for it.
-std::vector<RecordId> pictureOf(const Drawing &drawing, const GroupList &dimension)
+// The block that shows a dimension; NoRecord when there is none. It is its own when the name says that it was made for
+// it.
+RecordId pictureOf(const Drawing &drawing, const GroupList &dimension)
 {
     const std::u16string name = textOf(dimension, groupcode::Name);
-    std::vector<RecordId> entities;
     if (textOf(dimension, groupcode::Type) != u"DIMENSION" || !name.starts_with(DimensionPrefix))
-        return entities;
-    const Database &database = drawing.database();
-    const RecordId block = drawing.tables().find(known::Block, name);
-    for (RecordId id = block != NoRecord ? database.firstIn(block) : NoRecord; id != NoRecord; id = database.nextIn(id))
-        if (!database.record(id).isGone() && !database.isPart(id))
-            entities.push_back(id);
-    return entities;
+        return NoRecord;
+    return drawing.tables().find(known::Block, name);
 }
 
-// A copied dimension gets a picture of its own, so that the two can be moved apart.
-void givePicture(Drawing &drawing, RecordId dimension)
+// `pictures` are those that have gone along already: a file may have a dimension in its own picture.
+bool transformWithPicture(Drawing &drawing, RecordId entity, const Similarity &similarity, std::set<RecordId> &pictures)
 {
     Database &database = drawing.database();
-    GroupList groups = database.groups(dimension);
-    const std::vector<RecordId> picture = pictureOf(drawing, groups);
-    if (picture.empty())
-        return;
-    const std::u16string name = freeBlockName(drawing.tables(), DimensionPrefix);
-    const RecordId block = addBlock(database, drawing.tables(), {name, {}, AnonymousFlag, u"0"});
-    if (block == NoRecord)
-        return;
-    for (const RecordId entity : picture)
-        copyEntity(drawing, entity, {block, false});
-    setGroup(groups, textGroup(groupcode::Name, name));
-    database.replace(dimension, groups);
+    const GroupList whole = database.groups(entity);
+    const std::optional<GroupList> moved = transformed(whole, similarity);
+    if (!moved)
+        return false;
+    const RecordId picture = pictureOf(drawing, whole);
+    if (picture != NoRecord && pictures.insert(picture).second)
+        for (const RecordId shown : entitiesIn(database, picture))
+            transformWithPicture(drawing, shown, similarity, pictures);
+    for (const RecordId part : partsOf(database, entity))
+        if (const std::optional<GroupList> groups = transformedPart(database, part, whole, similarity))
+            database.replace(part, *groups);
+    return database.replace(entity, *moved);
 }
+
+// Copies entities. A copied dimension gets a picture of its own, so that the two can be moved apart.
+class Copying
+{
+public:
+    explicit Copying(Drawing &drawing) : m_drawing(drawing), m_database(drawing.database()) {}
+
+    RecordId copy(RecordId entity, const Destination &where)
+    {
+        const std::vector<RecordId> parts = partsOf(m_database, entity);
+        const RecordId copy =
+            append(entity, ownerOf(m_database, m_drawing.tables(), where.container, where.isPaperSpace), where);
+        if (copy == NoRecord)
+            return NoRecord;
+        for (const RecordId part : parts)
+            append(part, Handle{m_database.record(copy).handle}, where);
+        givePicture(copy);
+        return copy;
+    }
+
+private:
+    RecordId append(RecordId original, Handle owner, const Destination &where)
+    {
+        GroupList groups = groupsForCopy(m_database.groups(original));
+        removeGroups(groups, groupcode::Space);
+        if (where.isPaperSpace)
+            setGroupBehindLayer(groups, integerGroup(groupcode::Space, 1));
+        if (hasGroup(groups, groupcode::Owner))
+            setGroup(groups, {groupcode::Owner, owner});
+        return m_database.add(RecordKind::Entity, groups, m_database.endOf(where.container));
+    }
+
+    void givePicture(RecordId dimension)
+    {
+        GroupList groups = m_database.groups(dimension);
+        const RecordId picture = pictureOf(m_drawing, groups);
+        const std::optional<std::u16string> name = picture != NoRecord ? copyOfPicture(picture) : std::nullopt;
+        if (!name)
+            return;
+        setGroup(groups, textGroup(groupcode::Name, *name));
+        m_database.replace(dimension, groups);
+    }
+
+    // None for an empty one.
+    std::optional<std::u16string> copyOfPicture(RecordId picture)
+    {
+        if (const auto copied = m_pictures.find(picture); copied != m_pictures.end())
+            return copied->second;
+        const std::vector<RecordId> entities = entitiesIn(m_database, picture);
+        const std::u16string name = freeBlockName(m_drawing.tables(), DimensionPrefix);
+        const RecordId block =
+            entities.empty() ? NoRecord : addBlock(m_database, m_drawing.tables(), {name, {}, AnonymousFlag, u"0"});
+        if (block == NoRecord)
+            return std::nullopt;
+        m_pictures[picture] = name;
+        for (const RecordId entity : entities)
+            copy(entity, {block, false});
+        return name;
+    }
+
+    Drawing &m_drawing;
+    Database &m_database;
+    std::map<RecordId, std::u16string> m_pictures; // the names of the copies: a file may have a dimension in its own
+};
 
 } // namespace
 
@@ -223,17 +336,8 @@ std::optional<GroupList> transformed(const GroupList &groups, const Similarity &
 
 bool transformEntity(Drawing &drawing, RecordId entity, const Similarity &similarity)
 {
-    Database &database = drawing.database();
-    const GroupList whole = database.groups(entity);
-    const std::optional<GroupList> moved = transformed(whole, similarity);
-    if (!moved)
-        return false;
-    for (const RecordId inPicture : pictureOf(drawing, whole))
-        transformEntity(drawing, inPicture, similarity);
-    for (const RecordId part : partsOf(database, entity))
-        if (const std::optional<GroupList> groups = transformedPart(database, part, whole, similarity))
-            database.replace(part, *groups);
-    return database.replace(entity, *moved);
+    std::set<RecordId> pictures;
+    return transformWithPicture(drawing, entity, similarity, pictures);
 }
 
 Destination destinationOf(const Database &database, RecordId entity)
@@ -255,26 +359,7 @@ RecordId copyEntity(Drawing &drawing, RecordId entity)
 
 RecordId copyEntity(Drawing &drawing, RecordId entity, const Destination &where)
 {
-    Database &database = drawing.database();
-    const RecordId end = database.endOf(where.container);
-    const Handle owner = ownerOf(database, drawing.tables(), where.container, where.isPaperSpace);
-    const auto append = [&](RecordId original, Handle ownerHandle) {
-        GroupList groups = groupsForCopy(database.groups(original));
-        removeGroups(groups, groupcode::Space);
-        if (where.isPaperSpace)
-            setGroupBehindLayer(groups, integerGroup(groupcode::Space, 1));
-        if (hasGroup(groups, groupcode::Owner))
-            setGroup(groups, {groupcode::Owner, ownerHandle});
-        return database.add(RecordKind::Entity, groups, end);
-    };
-    const std::vector<RecordId> parts = partsOf(database, entity);
-    const RecordId copy = append(entity, owner);
-    if (copy == NoRecord)
-        return NoRecord;
-    for (const RecordId part : parts)
-        append(part, Handle{database.record(copy).handle});
-    givePicture(drawing, copy);
-    return copy;
+    return Copying(drawing).copy(entity, where);
 }
 
 RecordId copyTransformed(Drawing &drawing, RecordId entity, const Destination &where, const Similarity &similarity)

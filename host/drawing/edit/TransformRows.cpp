@@ -3,6 +3,7 @@
 #include "host/drawing/edit/GroupEditing.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace drawing {
@@ -60,7 +61,6 @@ void finishArc(GroupList &groups, const ObjectSimilarity &similarity, bool)
 // Its own place holds no more than the height of its vertices.
 void finishPolyline(GroupList &groups, const ObjectSimilarity &similarity, bool)
 {
-    constexpr std::int64_t InSpaceFlags = 8 | 16 | 64;
     const bool isInSpace = (integerOf(groups, groupcode::Count) & InSpaceFlags) != 0;
     const double height = placeOf(groups, groupcode::FirstX, similarity.place({0, 0, 0})).z;
     setGroup(groups, pointGroup(groupcode::FirstX, {0, 0, isInSpace ? 0 : height}));
@@ -122,18 +122,37 @@ void turnAround(GroupList &groups)
     setGroupInFirstPart(groups, realGroup(Rotation, angle >= Turn ? angle - Turn : angle));
 }
 
+// Whether what is written at this angle, in degrees, is read without turning one's head round.
+bool isUpright(double angle)
+{
+    constexpr double Quarter = 90, ThreeQuarters = 270;
+    return angle <= Quarter || angle > ThreeQuarters;
+}
+
+// Texts between two places run from the first to the second; they know no other ways to be justified.
+void keepReadableBetweenPlaces(GroupList &groups)
+{
+    if (isUpright(realOf(groups, Rotation)))
+        return;
+    const geometry::Vector left = placeOf(groups, groupcode::FirstX), right = placeOf(groups, Alignment, left);
+    setGroup(groups, pointGroup(groupcode::FirstX, right));
+    setGroupInFirstPart(groups, pointGroup(Alignment, left));
+    turnAround(groups);
+}
+
 // The mirrored text covers the same area as the mirror's image of the old one, but reads from left to right: either its
 // left and right ends or its top and bottom change places, so that it does not stand on its head.
 void keepReadable(GroupList &groups, int verticalCode)
 {
-    constexpr double Quarter = 90, ThreeQuarters = 270;
+    constexpr std::int64_t Aligned = 3, Centred = 4, Fit = 5;
     const std::int64_t horizontal = integerOf(groups, Horizontal), vertical = integerOf(groups, verticalCode);
-    const double angle = realOf(groups, Rotation);
-    const bool isUpright = angle <= Quarter || angle > ThreeQuarters;
+    if (horizontal == Aligned || horizontal == Fit)
+        return keepReadableBetweenPlaces(groups);
     if (!hasGroup(groups, Alignment) || (horizontal == 0 && vertical == 0))
         setGroupInFirstPart(groups, pointGroup(Alignment, placeOf(groups, groupcode::FirstX)));
-    if (isUpright) {
-        setGroup(groups, integerGroup(verticalCode, upsideDown(vertical)));
+    if (isUpright(realOf(groups, Rotation))) {
+        if (horizontal != Centred)
+            setGroup(groups, integerGroup(verticalCode, upsideDown(vertical)));
     } else {
         setGroupInFirstPart(groups, integerGroup(Horizontal, acrossText(horizontal)));
         turnAround(groups);
@@ -161,18 +180,47 @@ void finishAttribute(GroupList &groups, const ObjectSimilarity &similarity, bool
     mirrorText(groups, similarity, mirrorsTexts, AttributeVertical);
 }
 
-// Paragraphs are never mirrored; their left and right change places.
+constexpr int ParagraphDirection = 11;
+
+double angleOfParagraph(const GroupList &groups, const ObjectSimilarity &similarity)
+{
+    constexpr double Turn = 360, Tiny = 1e-12;
+    if (!hasGroup(groups, ParagraphDirection))
+        return realOf(groups, Rotation);
+    const auto toObject = geometry::inverse(geometry::Matrix::ofExtrusion(similarity.extrusion()));
+    const geometry::Vector direction = toObject.direction(placeOf(groups, ParagraphDirection));
+    const double angle = std::atan2(direction.y, direction.x) * (Turn / geometry::FullTurn);
+    return angle < -Tiny ? angle + Turn : angle;
+}
+
+// Paragraphs are never mirrored: their left and right, or their top and bottom, change places, as those of texts do.
 void finishParagraphs(GroupList &groups, const ObjectSimilarity &similarity, bool)
 {
-    constexpr int AttachmentCode = 71, DirectionCode = 11, Columns = 3;
+    constexpr int AttachmentCode = 71, Columns = 3, Rows = 3;
     if (!similarity.mirrors())
         return;
-    if (hasGroup(groups, DirectionCode))
-        setGroup(groups, pointGroup(DirectionCode, -placeOf(groups, DirectionCode)));
-    else
-        turnAround(groups);
-    const std::int64_t attachment = integerOf(groups, AttachmentCode, 1) - 1, column = attachment % Columns;
-    setGroup(groups, integerGroup(AttachmentCode, attachment - column + (Columns - 1 - column) + 1));
+    const std::int64_t attachment = integerOf(groups, AttachmentCode, 1) - 1;
+    std::int64_t row = attachment / Columns, column = attachment % Columns;
+    if (isUpright(angleOfParagraph(groups, similarity))) {
+        row = Rows - 1 - row;
+    } else {
+        column = Columns - 1 - column;
+        if (hasGroup(groups, ParagraphDirection))
+            setGroup(groups, pointGroup(ParagraphDirection, -placeOf(groups, ParagraphDirection)));
+        else
+            turnAround(groups);
+    }
+    setGroup(groups, integerGroup(AttachmentCode, row * Columns + column + 1));
+}
+
+// The measurement is shown where the dimension has no text of its own. Angles stay what they are.
+void finishDimension(GroupList &groups, const ObjectSimilarity &similarity, bool)
+{
+    constexpr int MeasurementCode = 42;
+    constexpr std::int64_t TypeBits = 7, Angular = 2, AngularByThreePoints = 5;
+    const std::int64_t type = integerOf(groups, groupcode::Count) & TypeBits;
+    if (type != Angular && type != AngularByThreePoints && hasGroup(groups, MeasurementCode))
+        setGroup(groups, realGroup(MeasurementCode, realOf(groups, MeasurementCode) * similarity.scale()));
 }
 
 // Sorted by type.
@@ -182,7 +230,7 @@ constexpr TransformSchema schemas[] = {
     {u"ATTDEF", textRows, finishAttribute},
     {u"ATTRIB", textRows, finishAttribute},
     {u"CIRCLE", circleRows},
-    {u"DIMENSION", dimensionRows},
+    {u"DIMENSION", dimensionRows, finishDimension},
     {u"ELLIPSE", ellipseRows, finishEllipse},
     {u"IMAGE", imageRows},
     {u"INSERT", insertRows, finishInsert},

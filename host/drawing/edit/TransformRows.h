@@ -3,6 +3,7 @@
 #include "host/drawing/Group.h"
 #include "host/drawing/edit/Similarity.h"
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -17,7 +18,8 @@ enum class GroupRole {
     ObjectPlace, // in the entity's own coordinates
     ObjectAngle, // degrees, there
     Length,
-    Bulge, // changes its sign in a mirror
+    Elevation, // of all places in the object's own coordinates; 0 where it is missing
+    Bulge,     // changes its sign in a mirror
 };
 
 struct RoleRow
@@ -36,6 +38,9 @@ struct TransformSchema
 
 // Null for a type whose geometry is not known. Hatches are not here (see HatchTransform.h).
 const TransformSchema *transformSchema(std::u16string_view type);
+
+// Flags of polylines whose vertices are in world coordinates: those in space, and meshes.
+inline constexpr std::int64_t InSpaceFlags = 8 | 16 | 64;
 
 // The vertices of polylines in space, whose places are in world coordinates.
 extern const TransformSchema spaceVertexSchema;

@@ -1,6 +1,8 @@
 #include "host/drawing/edit/Transform.h"
 
 #include "host/drawing/Blocks.h"
+#include "host/drawing/edit/GroupEditing.h"
+#include "host/drawing/edit/Stretch.h"
 #include "host/drawing/entities/EntityMaking.h"
 #include "host/drawing/geometry/EntityShapes.h"
 
@@ -307,6 +309,184 @@ TEST_F(Transform, ACopyHasItsOwnHandleAndNothingThatPointsBack)
     EXPECT_NE(m_drawing.database().record(copy).handle, m_drawing.database().record(line).handle);
     EXPECT_EQ(findGroup(m_drawing.database().groups(copy), 102), nullptr);
     EXPECT_NE(findGroup(m_drawing.database().groups(line), 102), nullptr);
+}
+
+TEST_F(Transform, ADimensionInItsOwnPictureIsMovedAndCopiedOnce)
+{
+    Database &database = m_drawing.database();
+    const RecordId block = addBlock(database, m_drawing.tables(), {u"*D1"});
+    const GroupList dimension = {{0, u"DIMENSION"}, {8, u"0"}, {2, u"*D1"}, {10, Point{1, 0, 0}}};
+    const RecordId inside = database.add(RecordKind::Entity, dimension, database.endOf(block));
+    const RecordId outside = database.add(RecordKind::Entity, dimension, database.endOf(ensureEntities(database)));
+    EXPECT_TRUE(transformEntity(m_drawing, outside, {Matrix::translation({10, 0, 0}), false}));
+    EXPECT_EQ(placeOf(database.groups(outside), 10), (Vector{11, 0, 0}));
+    EXPECT_EQ(placeOf(database.groups(inside), 10), (Vector{11, 0, 0}));
+    const RecordId copy = copyTransformed(m_drawing, outside, {Matrix::translation({10, 0, 0}), false});
+    EXPECT_EQ(textOf(database.groups(copy), 2), u"*D2");
+    EXPECT_EQ(placeOf(database.groups(copy), 10), (Vector{21, 0, 0}));
+    EXPECT_EQ(placeOf(database.groups(inside), 10), (Vector{11, 0, 0})); // the copy's picture is another one
+    const RecordId picture = database.firstIn(m_drawing.tables().find(known::Block, u"*D2"));
+    EXPECT_EQ(textOf(database.groups(picture), 2), u"*D2");
+    EXPECT_EQ(placeOf(database.groups(picture), 10), (Vector{21, 0, 0}));
+}
+
+TEST_F(Transform, APlanePolylineWithoutElevationGetsTheHeightThatItIsMovedTo)
+{
+    const RecordId polyline = addEntity(m_drawing, {{0, u"LWPOLYLINE"},
+                                                    {100, u"AcDbEntity"},
+                                                    {8, u"0"},
+                                                    {100, u"AcDbPolyline"},
+                                                    {90, std::int64_t{2}},
+                                                    {70, std::int64_t{0}},
+                                                    {10, Point{0, 0, 0, 2}},
+                                                    {10, Point{1, 0, 0, 2}}});
+    ASSERT_NE(polyline, NoRecord);
+    transformEntity(m_drawing, polyline, {Matrix::translation({1, 2, 0}), false});
+    EXPECT_FALSE(hasGroup(m_drawing.database().groups(polyline), 38));
+    transformEntity(m_drawing, polyline, {Matrix::translation({0, 0, 5}), false});
+    EXPECT_EQ(realOf(m_drawing.database().groups(polyline), 38), 5);
+    EXPECT_LT(farthest(placesOf(m_drawing, polyline), {{1, 2, 5}, {2, 2, 5}, {1.5, 2, 5}}), 1e-9);
+}
+
+TEST_F(Transform, TheColumnsOfAParagraphGoAlongByRulesOfTheirOwn)
+{
+    Database &database = m_drawing.database();
+    const RecordId paragraph = database.add(RecordKind::Entity,
+                                            {{0, u"MTEXT"},
+                                             {100, u"AcDbEntity"},
+                                             {8, u"0"},
+                                             {100, u"AcDbMText"},
+                                             {10, Point{100, 200, 0}},
+                                             {40, 2.5},
+                                             {71, std::int64_t{1}},
+                                             {1, u"text"},
+                                             {50, 0.0},
+                                             {101, u"Embedded Object"},
+                                             {70, std::int64_t{4}},
+                                             {10, Point{1, 0, 0}},
+                                             {11, Point{100, 200, 0}},
+                                             {40, 20.0},
+                                             {71, std::int64_t{2}},
+                                             {44, 7.5},
+                                             {1001, u"ACAD"},
+                                             {1041, 5.0}},
+                                            database.endOf(ensureEntities(database)));
+    const auto moved = [&](const Matrix &matrix) {
+        transformEntity(m_drawing, paragraph, {matrix, false});
+        GroupList groups = database.groups(paragraph);
+        groups.erase(groups.begin(), std::ranges::find(groups, 101, &Group::code) + 1);
+        return groups;
+    };
+    GroupList embedded = moved(Matrix::translation({10, 0, 0}));
+    EXPECT_EQ(placeOf(embedded, 10), (Vector{1, 0, 0}));
+    EXPECT_EQ(placeOf(embedded, 11), (Vector{110, 200, 0}));
+    EXPECT_EQ(realOf(embedded, 40), 20);
+    embedded = moved(Matrix::scale(2, 2, 2));
+    EXPECT_EQ(placeOf(embedded, 10), (Vector{1, 0, 0}));
+    EXPECT_EQ(placeOf(embedded, 11), (Vector{220, 400, 0}));
+    EXPECT_EQ(realOf(embedded, 40), 40);
+    EXPECT_EQ(realOf(embedded, 44), 15);
+    EXPECT_EQ(integerOf(embedded, 71), 2);
+    EXPECT_EQ(realOf(embedded, 1041), 10);
+    embedded = moved(Matrix::mirror({0, 0, 0}, {1, 0, 0})); // what is written still runs to the right
+    EXPECT_EQ(placeOf(embedded, 10), (Vector{1, 0, 0}));
+    EXPECT_EQ(placeOf(embedded, 11), (Vector{-220, 400, 0}));
+    EXPECT_EQ(placeOf(database.groups(paragraph), 10), (Vector{-220, 400, 0}));
+    EXPECT_EQ(realOf(database.groups(paragraph), 40), 5);
+}
+
+TEST_F(Transform, AMirroredTextBetweenTwoPlacesStaysReadable)
+{
+    for (const std::int64_t horizontal : {3, 5}) {
+        const GroupList groups = {{0, u"TEXT"}, {8, u"0"}, {10, Point{5, 1, 0}}, {11, Point{9, 1, 0}},
+                                  {40, 2.0},    {50, 0.0}, {1, u"text"},         {72, horizontal}};
+        const auto mirrored = [&](const Vector &normal) {
+            const RecordId text = addEntity(m_drawing, groups);
+            transformEntity(m_drawing, text, {Matrix::mirror({0, 0, 0}, normal), false});
+            return m_drawing.database().groups(text);
+        };
+        const GroupList across = mirrored({1, 0, 0}), down = mirrored({0, 1, 0});
+        EXPECT_EQ(placeOf(across, 10), (Vector{-9, 1, 0})); // its left end is where the right one was
+        EXPECT_EQ(placeOf(across, 11), (Vector{-5, 1, 0}));
+        EXPECT_EQ(realOf(across, 50), 0);
+        EXPECT_EQ(placeOf(down, 10), (Vector{5, -1, 0}));
+        EXPECT_EQ(placeOf(down, 11), (Vector{9, -1, 0}));
+        for (const GroupList &text : {across, down}) {
+            EXPECT_EQ(integerOf(text, 72), horizontal);
+            EXPECT_EQ(integerOf(text, 73), 0); // such a text has no other
+        }
+    }
+}
+
+TEST_F(Transform, AMirroredParagraphStaysReadable)
+{
+    const auto mirrored = [this](const Group &direction, const Vector &normal) {
+        const RecordId text = addEntity(m_drawing, {{0, u"MTEXT"},
+                                                    {100, u"AcDbEntity"},
+                                                    {8, u"0"},
+                                                    {100, u"AcDbMText"},
+                                                    {10, Point{5, 1, 0}},
+                                                    {40, 2.0},
+                                                    {71, std::int64_t{1}}, // top left
+                                                    {1, u"text"},
+                                                    direction});
+        transformEntity(m_drawing, text, {Matrix::mirror({0, 0, 0}, normal), false});
+        return m_drawing.database().groups(text);
+    };
+    const Group direction{11, Point{1, 0, 0}}, rotation{50, 0.0};
+    const GroupList across = mirrored(direction, {1, 0, 0}), down = mirrored(direction, {0, 1, 0});
+    EXPECT_EQ(placeOf(across, 11), (Vector{1, 0, 0}));
+    EXPECT_EQ(integerOf(across, 71), 3); // top right
+    EXPECT_EQ(placeOf(down, 11), (Vector{1, 0, 0}));
+    EXPECT_EQ(integerOf(down, 71), 7); // bottom left
+    EXPECT_EQ(realOf(mirrored(rotation, {1, 0, 0}), 50), 0);
+    EXPECT_EQ(realOf(mirrored(rotation, {0, 1, 0}), 50), 0);
+    EXPECT_EQ(integerOf(mirrored(rotation, {0, 1, 0}), 71), 7);
+}
+
+TEST_F(Transform, TheColumnsAndRowsOfAnInsertKeepTheirWayWhenItsScalesAreNegative)
+{
+    const RecordId insert = addEntity(m_drawing, {{0, u"INSERT"},
+                                                  {8, u"0"},
+                                                  {2, u"Part"},
+                                                  {10, Point{1, 2, 0}},
+                                                  {41, -2.0},
+                                                  {42, -3.0},
+                                                  {70, std::int64_t{2}},
+                                                  {71, std::int64_t{2}},
+                                                  {44, 10.0},
+                                                  {45, 20.0}});
+    const Matrix matrix = Matrix::scale(2, 3, 4);
+    std::vector<Vector> expected = placesOf(m_drawing, insert);
+    for (Vector &place : expected)
+        place = matrix.place(place);
+    const std::vector<GroupList> made = stretched(m_drawing.database(), insert, matrix);
+    ASSERT_EQ(made.size(), 1U);
+    const std::vector<Vector> found = placesOf(m_drawing, addEntity(m_drawing, made.front()));
+    EXPECT_EQ(found.size(), expected.size());
+    // Lines alone: a stretched arc begins its pieces elsewhere.
+    EXPECT_LT(std::abs(farthest({expected[0]}, found)), 1e-9);
+    EXPECT_LT(std::abs(farthest({expected[1]}, found)), 1e-9);
+    const std::size_t perInsert = expected.size() / 4;
+    for (std::size_t place = 0; place < expected.size(); place += perInsert)
+        EXPECT_LT(farthest({expected[place]}, found), 1e-9);
+}
+
+TEST_F(Transform, TheMeasurementOfADimensionGrowsWithIt)
+{
+    Database &database = m_drawing.database();
+    const auto scaled = [&](std::int64_t type) {
+        const RecordId dimension =
+            database.add(RecordKind::Entity, {{0, u"DIMENSION"}, {8, u"0"}, {10, Point{}}, {70, type}, {42, 1.5}},
+                         database.endOf(ensureEntities(database)));
+        transformEntity(m_drawing, dimension, {Matrix::scale(2, 2, 2), false});
+        return realOf(database.groups(dimension), 42);
+    };
+    EXPECT_EQ(scaled(32), 3);
+    EXPECT_EQ(scaled(33), 3);
+    EXPECT_EQ(scaled(4), 3);
+    EXPECT_EQ(scaled(2 + 32), 1.5); // an angle
+    EXPECT_EQ(scaled(5 + 128), 1.5);
 }
 
 } // namespace
