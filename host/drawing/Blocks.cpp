@@ -1,6 +1,7 @@
 #include "host/drawing/Blocks.h"
 
 #include "host/drawing/Dictionaries.h"
+#include "host/drawing/GroupWriter.h"
 
 #include <QString>
 
@@ -12,8 +13,11 @@ namespace {
 
 constexpr int FlagsCode = 70, SecondNameCode = 3, PathCode = 1;
 
+// The owner of what stands in the block; none when it cannot be written, a null handle before R2000.
 std::optional<Handle> addBlockRecord(Database &database, SymbolTables &tables, const std::u16string &name)
 {
+    if (database.isBefore2000())
+        return Handle{0};
     const RecordId table = tables.ensureTable(known::BlockRecord);
     const RecordId record = tables.add(known::BlockRecord, {{groupcode::Type, u"BLOCK_RECORD"},
                                                             {groupcode::Owner, Handle{database.record(table).handle}},
@@ -38,6 +42,25 @@ GroupList markGroups(const Database &database, std::u16string type, Handle owner
             {groupcode::Subclass, subclass}};
 }
 
+GroupList startGroups(const Database &database, Handle owner, const BlockDefinition &block)
+{
+    GroupList groups = markGroups(database, u"BLOCK", owner, block);
+    groups.insert(groups.end(), {{groupcode::Name, block.name},
+                                 {FlagsCode, block.flags},
+                                 {groupcode::FirstX, block.basePoint},
+                                 {SecondNameCode, block.name},
+                                 {PathCode, u""}});
+    return groups;
+}
+
+// So that nothing of a block is added that cannot be added whole.
+bool canBeWritten(const Database &database, const BlockDefinition &block)
+{
+    const GroupWriter writer(database.format(), database.codec());
+    return writer.bytesOf(startGroups(database, {}, block)) &&
+           writer.bytesOf(markGroups(database, u"ENDBLK", {}, block));
+}
+
 } // namespace
 
 Handle ownerOf(const Database &database, const SymbolTables &tables, RecordId container, bool isPaperSpace)
@@ -52,26 +75,15 @@ Handle ownerOf(const Database &database, const SymbolTables &tables, RecordId co
 
 RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinition &block)
 {
-    if (block.name.empty() || tables.find(known::Block, block.name) != NoRecord)
+    if (block.name.empty() || tables.find(known::Block, block.name) != NoRecord || !canBeWritten(database, block))
         return NoRecord;
-    Handle owner;
-    if (!database.isBefore2000()) {
-        const std::optional<Handle> added = addBlockRecord(database, tables, block.name);
-        if (!added)
-            return NoRecord;
-        owner = *added;
-    }
+    const std::optional<Handle> owner = addBlockRecord(database, tables, block.name);
+    if (!owner)
+        return NoRecord;
     const RecordId section = database.ensureSection(known::Blocks);
     const RecordId before = database.endOf(section);
-    GroupList groups = markGroups(database, u"BLOCK", owner, block);
-    groups.insert(groups.end(), {{groupcode::Name, block.name},
-                                 {FlagsCode, block.flags},
-                                 {groupcode::FirstX, block.basePoint},
-                                 {SecondNameCode, block.name},
-                                 {PathCode, u""}});
-    const RecordId start = database.add(RecordKind::BlockStart, groups, before);
-    if (start != NoRecord)
-        database.add(RecordKind::BlockEnd, markGroups(database, u"ENDBLK", owner, block), before);
+    const RecordId start = database.add(RecordKind::BlockStart, startGroups(database, *owner, block), before);
+    database.add(RecordKind::BlockEnd, markGroups(database, u"ENDBLK", *owner, block), before);
     return start;
 }
 
@@ -80,8 +92,6 @@ RecordId defineBlock(Database &database, SymbolTables &tables, const BlockDefini
     const RecordId start = tables.find(known::Block, block.name);
     if (start == NoRecord)
         return addBlock(database, tables, block);
-    for (RecordId id = database.firstIn(start); id != NoRecord; id = database.nextIn(id))
-        database.erase(id);
     GroupList groups = database.groups(start);
     for (Group &group : groups) {
         if (group.code == groupcode::FirstX)
@@ -89,7 +99,10 @@ RecordId defineBlock(Database &database, SymbolTables &tables, const BlockDefini
         else if (group.code == FlagsCode)
             group.value = block.flags;
     }
-    database.replace(start, groups);
+    if (!database.replace(start, groups))
+        return NoRecord;
+    for (RecordId id = database.firstIn(start); id != NoRecord; id = database.nextIn(id))
+        database.erase(id);
     return start;
 }
 

@@ -28,6 +28,7 @@ struct BlockDefinition
 RecordId addBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
 
 // The same where the name may be taken: the block of that name is emptied and gets the new base point and flags.
+// NoRecord when a value cannot be written; then it stays as it is.
 RecordId defineBlock(Database &database, SymbolTables &tables, const BlockDefinition &block);
 
 // Whether an INSERT of the block shows the container with this name: the block is it, or inserts show it in turn.

@@ -1,6 +1,7 @@
 #include "host/drawing/entities/EntityMaking.h"
 
 #include "host/drawing/Blocks.h"
+#include "host/drawing/GroupWriter.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntitySchema.h"
 #include "host/drawing/entities/RecordTypes.h"
@@ -232,7 +233,39 @@ RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &pla
     return added;
 }
 
+bool isWritable(const Drawing &drawing, const GroupList &list)
+{
+    const Database &database = drawing.database();
+    const GroupList groups = Builder(drawing, list).build({}, false, u"0");
+    return GroupWriter(database.format(), database.codec()).bytesOf(groups).has_value();
+}
+
+bool canShow(const Drawing &drawing, RecordId insert, const GroupList &wanted)
+{
+    const Database &database = drawing.database();
+    const auto *name = findValue<std::u16string>(wanted, groupcode::Name);
+    if (database.record(insert).type != known::Insert || !name)
+        return true;
+    const std::optional<Group> shown = database.firstGroup(insert, groupcode::Name);
+    if (shown && shown->value == GroupValue(*name))
+        return true;
+    const RecordId container = database.record(insert).container;
+    const bool isInBlock = database.record(container).kind == RecordKind::BlockStart;
+    return drawing.tables().find(known::Block, *name) != NoRecord &&
+           !(isInBlock && showsBlock(database, drawing.tables(), *name, database.name(container)));
+}
+
 RecordId addPart(Drawing &drawing, RecordId whole, const GroupList &list)
+{
+    const Database &database = drawing.database();
+    RecordId last = whole;
+    for (RecordId part = database.record(whole).next; part != NoRecord && database.record(part).container == whole;
+         part = database.record(part).next)
+        last = part;
+    return addPartBehind(drawing, last, whole, list);
+}
+
+RecordId addPartBehind(Drawing &drawing, RecordId last, RecordId whole, const GroupList &list)
 {
     if (!isComplete(drawing, list))
         return NoRecord;
@@ -240,10 +273,7 @@ RecordId addPart(Drawing &drawing, RecordId whole, const GroupList &list)
     const Record &record = database.record(whole);
     const GroupList groups =
         Builder(drawing, list).build({record.handle}, record.has(Record::PaperSpace), database.name(whole));
-    RecordId before = record.next;
-    while (before != NoRecord && database.record(before).container == whole)
-        before = database.record(before).next;
-    const RecordId added = database.add(RecordKind::Entity, groups, before);
+    const RecordId added = database.add(RecordKind::Entity, groups, database.record(last).next);
     if (added != NoRecord)
         ensureLayer(drawing, database.name(added));
     return added;

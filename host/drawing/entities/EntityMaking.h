@@ -22,9 +22,19 @@ RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &pla
 
 // Adds a VERTEX, ATTRIB or SEQEND behind what the polyline or insert has already.
 RecordId addPart(Drawing &drawing, RecordId whole, const GroupList &list);
+// The same behind `last`, which is the latest part, or the whole itself where there is none. To look for it at each of
+// thousands takes too long.
+RecordId addPartBehind(Drawing &drawing, RecordId last, RecordId whole, const GroupList &list);
 
 // Whether addEntity, or addPart, has all that it needs.
 bool isComplete(const Drawing &drawing, const GroupList &list);
+
+// Whether all values of the list are ones that the drawing's file can hold.
+bool isWritable(const Drawing &drawing, const GroupList &list);
+
+// Whether an INSERT can show what the list names, if it names another block than before: one that is there, and that
+// does not hold the insert in turn.
+bool canShow(const Drawing &drawing, RecordId insert, const GroupList &wanted);
 
 // Adds a record to the table of its type, with what the list leaves out: LAYER, LTYPE, STYLE, …
 RecordId addTableRecord(Drawing &drawing, const GroupList &list);

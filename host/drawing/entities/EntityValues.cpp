@@ -1,9 +1,10 @@
 #include "host/drawing/entities/EntityValues.h"
 
 #include "host/drawing/entities/ExtendedData.h"
+#include "host/drawing/entities/RecordTypes.h"
 
 #include <algorithm>
-#include <optional>
+#include <set>
 
 namespace drawing {
 
@@ -21,6 +22,8 @@ public:
     {
         const auto *text = std::get_if<std::u16string>(&group.value);
         switch (group.code) {
+        case groupcode::Name:
+            return !text || !isTableRecordType(m_type) || isValidName(*text);
         case LinetypeCode:
             return !text || m_type == u"DIMSTYLE" || isLinetype(*text);
         case StyleCode:
@@ -92,6 +95,24 @@ bool hasValidValues(const Drawing &drawing, std::u16string_view type, const Grou
     return std::ranges::all_of(list, isFine) && isExtendedDataWhole(list);
 }
 
+bool holdsExtendedData(const Drawing &drawing, RecordId record, const GroupList &list)
+{
+    int size = 0;
+    std::set<std::u16string> given;
+    for (const Group &group : list) {
+        if (group.code >= groupcode::ExtendedString)
+            size += extendedSize(group);
+        if (const auto *name = std::get_if<std::u16string>(&group.value); name && group.code == groupcode::Application)
+            given.insert(folded(*name));
+    }
+    if (given.empty())
+        return true;
+    const auto stays = [&given](std::u16string_view application) { return !given.contains(folded(application)); };
+    for (const Group &group : extendedData(drawing, record, stays))
+        size += extendedSize(group);
+    return size <= ExtendedSizeLimit;
+}
+
 bool usesKnownApplications(const Drawing &drawing, const GroupList &list)
 {
     return std::ranges::all_of(list, [&drawing](const Group &group) {
@@ -102,7 +123,8 @@ bool usesKnownApplications(const Drawing &drawing, const GroupList &list)
 
 bool isValidName(std::u16string_view name)
 {
-    return !name.empty() && name.find_first_of(u"<>/\\\":;?*|,=`") == name.npos;
+    return !name.empty() && name.find_first_of(u"<>/\\\":;?*|,=`") == name.npos &&
+           std::ranges::none_of(name, [](char16_t unit) { return unit < u' '; });
 }
 
 } // namespace drawing

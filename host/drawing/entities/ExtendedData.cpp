@@ -1,6 +1,7 @@
 #include "host/drawing/entities/ExtendedData.h"
 
 #include "host/drawing/entities/EntityMaking.h"
+#include "host/drawing/entities/EntityValues.h"
 
 namespace drawing {
 
@@ -50,7 +51,7 @@ bool isApplication(const Drawing &drawing, std::u16string_view name)
 
 bool registerApplication(Drawing &drawing, std::u16string_view name)
 {
-    if (name.empty() || isApplication(drawing, name))
+    if (!isValidName(name) || isApplication(drawing, name))
         return false;
     return addTableRecord(drawing, {{groupcode::Type, u"APPID"}, {groupcode::Name, std::u16string(name)}}) != NoRecord;
 }

@@ -2,11 +2,13 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
+#include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntityListing.h"
 #include "host/drawing/entities/EntityValues.h"
 #include "host/drawing/entities/RecordTypes.h"
 
 #include <algorithm>
+#include <set>
 
 using drawing::Group;
 using drawing::GroupList;
@@ -53,16 +55,14 @@ RecordId addNewObject(drawing::Drawing &drawing, const GroupList &list)
     return drawing::addObject(drawing.database(), groups);
 }
 
-EntityMaker::Outcome outcome(RecordId added)
+// The spaces have names of their own; a letter behind the asterisk, alone or with a number, is a block that was made
+// without a name.
+bool isBlockName(std::u16string_view name)
 {
-    return added != NoRecord ? EntityMaker::Outcome(added) : EntityMaker::Outcome(EntityMaker::Failed());
-}
-
-bool shows(const drawing::Drawing &drawing, const GroupList &entity, const std::u16string &block)
-{
-    const auto *name = drawing::findValue<std::u16string>(entity, groupcode::Name);
-    return typeOf(entity) == u"INSERT" && name &&
-           drawing::showsBlock(drawing.database(), drawing.tables(), *name, block);
+    const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };
+    const bool isWithoutName = name.size() > 1 && name[0] == u'*' && drawing::isValidName(name.substr(1)) &&
+                               !isDigit(name[1]) && std::ranges::all_of(name.substr(2), isDigit);
+    return isWithoutName || drawing::isValidName(name);
 }
 
 } // namespace
@@ -79,18 +79,19 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
     if (!m_entity.empty())
         return takePart(list, placement);
     if (isPart(type))
-        return Failed();
+        return fail();
     if (drawing::isObjectType(m_drawing.database(), type))
-        return outcome(addNewObject(m_drawing, list));
+        return added(addNewObject(m_drawing, list));
     const bool isTableRecord = drawing::isTableRecordType(type);
     const bool isFine = drawing::hasValidValues(m_drawing, type, list) && usesKnownApplications(list);
+    const bool isKeptForLater = m_isInBlock || hasParts(list);
     const RecordId record = isTableRecord && isFine ? drawing::addTableRecord(m_drawing, list) : NoRecord;
     if (record != NoRecord)
         return record;
-    if (isTableRecord || !isFine || !drawing::isComplete(m_drawing, list)) { // a table's record is never an entity
-        cancel();
-        return Failed();
-    }
+    if (isTableRecord || !isFine || !drawing::isComplete(m_drawing, list)) // a table's record is never an entity
+        return fail();
+    if (isKeptForLater && !drawing::isWritable(m_drawing, list))
+        return fail();
     if (!hasParts(list))
         return finish({list}, placement);
     m_entity = {list};
@@ -104,10 +105,22 @@ void EntityMaker::cancel()
     m_isInBlock = false;
 }
 
+EntityMaker::Outcome EntityMaker::fail()
+{
+    cancel();
+    return Failed();
+}
+
+EntityMaker::Outcome EntityMaker::added(RecordId record)
+{
+    return record != NoRecord ? Outcome(record) : fail();
+}
+
 EntityMaker::Outcome EntityMaker::beginBlock(const GroupList &list)
 {
     cancel();
-    if (!drawing::findValue<std::u16string>(list, groupcode::Name))
+    const auto *name = drawing::findValue<std::u16string>(list, groupcode::Name);
+    if (!name || !isBlockName(*name) || !drawing::hasValidValues(m_drawing, u"BLOCK", list))
         return Failed();
     m_block = list;
     m_isInBlock = true;
@@ -117,10 +130,8 @@ EntityMaker::Outcome EntityMaker::beginBlock(const GroupList &list)
 // A definition takes the place of one with the same name.
 EntityMaker::Outcome EntityMaker::endBlock()
 {
-    if (!m_isInBlock || !m_entity.empty()) {
-        cancel();
-        return Failed();
-    }
+    if (!m_isInBlock || !m_entity.empty())
+        return fail();
     drawing::BlockDefinition block;
     block.name = *drawing::findValue<std::u16string>(m_block, groupcode::Name);
     if (block.name.size() == 2 && block.name.front() == u'*')
@@ -131,26 +142,39 @@ EntityMaker::Outcome EntityMaker::endBlock()
         block.flags = *flags;
     if (const auto *layer = drawing::findValue<std::u16string>(m_block, groupcode::Layer))
         block.layer = *layer;
-    const auto showsIt = [&](const Parts &entity) { return shows(m_drawing, entity.front(), block.name); };
-    if (std::ranges::any_of(m_blockEntities, showsIt)) { // it would contain itself
-        cancel();
-        return Failed();
-    }
+    // A block that an insert shows may have been erased since.
+    const auto isStillComplete = [this](const Parts &entity) { return drawing::isComplete(m_drawing, entity.front()); };
+    if (!std::ranges::all_of(m_blockEntities, isStillComplete) || wouldShowItself(block.name))
+        return fail();
     const RecordId start = drawing::defineBlock(m_drawing.database(), m_drawing.tables(), block);
+    if (start == NoRecord)
+        return fail();
+    drawing::ensureLayer(m_drawing, block.layer);
     for (const Parts &entity : m_blockEntities)
         add(entity, {start});
     cancel();
-    return start != NoRecord ? Outcome(BlockMade{block.name}) : Outcome(Failed());
+    return BlockMade{block.name};
+}
+
+bool EntityMaker::wouldShowItself(const std::u16string &block) const
+{
+    std::set<std::u16string> shown; // each once: a block may have thousands of inserts of one other
+    for (const Parts &entity : m_blockEntities)
+        if (const auto *name = drawing::findValue<std::u16string>(entity.front(), groupcode::Name);
+            name && typeOf(entity.front()) == u"INSERT")
+            shown.insert(drawing::folded(*name));
+    return std::ranges::any_of(shown, [&](const std::u16string &name) {
+        return drawing::showsBlock(m_drawing.database(), m_drawing.tables(), name, block);
+    });
 }
 
 EntityMaker::Outcome EntityMaker::takePart(const GroupList &list, const Placement &placement)
 {
     const std::u16string type = typeOf(list);
     if (!isPartOf(type, typeOf(m_entity.front())) || !drawing::isComplete(m_drawing, list) ||
-        !drawing::hasValidValues(m_drawing, type, list) || !usesKnownApplications(list)) {
-        cancel();
-        return Failed();
-    }
+        !drawing::hasValidValues(m_drawing, type, list) || !usesKnownApplications(list) ||
+        !drawing::isWritable(m_drawing, list))
+        return fail();
     m_entity.push_back(list);
     if (type != u"SEQEND")
         return Pending();
@@ -162,7 +186,7 @@ EntityMaker::Outcome EntityMaker::finish(Parts &&entity, const Placement &placem
     const Parts complete = std::move(entity);
     m_entity.clear();
     if (!m_isInBlock)
-        return outcome(add(complete, placement));
+        return added(add(complete, placement));
     m_blockEntities.push_back(complete);
     return Pending();
 }
@@ -170,8 +194,9 @@ EntityMaker::Outcome EntityMaker::finish(Parts &&entity, const Placement &placem
 RecordId EntityMaker::add(const Parts &entity, const Placement &placement)
 {
     const RecordId whole = drawing::addEntity(m_drawing, entity.front(), placement);
-    for (auto part = entity.begin() + 1; whole != NoRecord && part != entity.end(); ++part)
-        drawing::addPart(m_drawing, whole, *part);
+    RecordId last = whole;
+    for (auto part = entity.begin() + 1; last != NoRecord && part != entity.end(); ++part)
+        last = drawing::addPartBehind(m_drawing, last, whole, *part);
     return whole;
 }
 

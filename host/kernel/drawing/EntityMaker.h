@@ -31,8 +31,11 @@ public:
 private:
     using Parts = std::vector<drawing::GroupList>; // of one entity: itself first
 
+    Outcome fail(); // nothing is pending then
+    Outcome added(drawing::RecordId record);
     Outcome beginBlock(const drawing::GroupList &list);
     Outcome endBlock();
+    bool wouldShowItself(const std::u16string &block) const;
     Outcome takePart(const drawing::GroupList &list, const drawing::Placement &placement);
     Outcome finish(Parts &&entity, const drawing::Placement &placement);
     drawing::RecordId add(const Parts &entity, const drawing::Placement &placement);

@@ -1,5 +1,6 @@
 // What entmake makes, and what it refuses.
 
+#include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
 #include "tests/host/commands/CommandTest.h"
 #include "tests/host/drawing/Audit.h"
@@ -128,6 +129,109 @@ TEST_F(Making, leavesAnEntityWithWhatItHasFromItsFile)
     add({{0, u"POINT"}, {8, u"0"}, {6, u"LOST"}, {10, drawing::Point{}}});
     EXPECT_NE(evaluate("(entmod (append (entget (entlast)) '((62 . 3))))"), "nil");
     EXPECT_EQ(drawing::textOf(lastGroups(), 6), u"LOST");
+}
+
+class MakingBlocks : public Making
+{
+protected:
+    static std::string made(const std::string &groups) { return "(entmake '(" + groups + "))"; }
+    std::size_t countOf(drawing::NameId table) { return m_document.drawing().tables().entries(table).size(); }
+    bool hasBlock(const char16_t *name)
+    {
+        return m_document.drawing().tables().find(drawing::known::Block, name) != drawing::NoRecord;
+    }
+    // What ENDBLK gives.
+    std::string block(const std::string &start, const std::string &entities)
+    {
+        evaluate(made("(0 . \"BLOCK\") " + start));
+        evaluate(entities);
+        return evaluate(made("(0 . \"ENDBLK\")"));
+    }
+    static constexpr const char *Circle = "(entmake '((0 . \"CIRCLE\") (10 0.0 0.0 0.0) (40 . 1.0)))";
+};
+
+TEST_F(MakingBlocks, thatCannotBeLeavesTheDrawingAsItIs)
+{
+    const std::size_t blocks = countOf(drawing::known::Block), records = countOf(drawing::known::BlockRecord);
+    EXPECT_EQ(block("(2 . \"C1\") (70 . 100000) (10 0. 0. 0.)", Circle), "nil");
+    EXPECT_EQ(types(), std::vector<std::string>());
+    EXPECT_EQ(countOf(drawing::known::Block), blocks);
+    EXPECT_EQ(countOf(drawing::known::BlockRecord), records);
+}
+
+TEST_F(MakingBlocks, anewThatCannotBeKeepsTheOldOne)
+{
+    EXPECT_EQ(block("(2 . \"B\") (70 . 0) (10 0. 0. 0.)", Circle), "\"B\"");
+    EXPECT_EQ(block("(2 . \"B\") (70 . 100000) (10 5. 5. 0.)", ""), "nil");
+    const auto start = m_document.drawing().tables().find(drawing::known::Block, u"B");
+    EXPECT_EQ(drawing::entitiesIn(database(), start).size(), 1U);
+}
+
+TEST_F(MakingBlocks, holdsNoEntityThatCannotBeWritten)
+{
+    const std::string line = made("(0 . \"LWPOLYLINE\") (100 . \"AcDbEntity\") (100 . \"AcDbPolyline\") (90 . 2)"
+                                  " (70 . 100000) (10 0. 0.) (10 1. 0.)");
+    evaluate(made("(0 . \"BLOCK\") (2 . \"B\") (70 . 0) (10 0. 0. 0.)"));
+    EXPECT_EQ(evaluate(line), "nil");
+    EXPECT_EQ(evaluate(made("(0 . \"ENDBLK\")")), "nil");
+    EXPECT_FALSE(hasBlock(u"B"));
+}
+
+TEST_F(MakingBlocks, holdsNoInsertOfABlockThatIsGoneByThen)
+{
+    block("(2 . \"Gone\") (70 . 0) (10 0. 0. 0.)", Circle);
+    evaluate(made("(0 . \"BLOCK\") (2 . \"B\") (70 . 0) (10 0. 0. 0.)"));
+    EXPECT_NE(evaluate(made("(0 . \"INSERT\") (2 . \"Gone\") (10 0. 0. 0.)")), "nil");
+    drawing::eraseBlock(database(), m_document.drawing().tables(),
+                        m_document.drawing().tables().find(drawing::known::Block, u"Gone"));
+    EXPECT_EQ(evaluate(made("(0 . \"ENDBLK\")")), "nil");
+    EXPECT_FALSE(hasBlock(u"B"));
+}
+
+TEST_F(MakingBlocks, endsWithAPartThatBelongsToNothing)
+{
+    evaluate(made("(0 . \"BLOCK\") (2 . \"B\") (70 . 0) (10 0. 0. 0.)"));
+    EXPECT_EQ(evaluate(made("(0 . \"VERTEX\") (10 0. 0. 0.)")), "nil");
+    EXPECT_EQ(evaluate(made("(0 . \"ENDBLK\")")), "nil");
+    EXPECT_FALSE(hasBlock(u"B"));
+}
+
+TEST_F(MakingBlocks, ofNamesThatNoBlockCanHaveGivesNil)
+{
+    for (const char *name : {"P/Q", "*Paper_Space1", "*PAPER_SPACE", "*Model_Space", "a\\nb", ""}) {
+        EXPECT_EQ(evaluate(made("(0 . \"BLOCK\") (2 . \"" + std::string(name) + "\") (70 . 0) (10 0. 0. 0.)")), "nil")
+            << name;
+        evaluate(made("(0 . \"ENDBLK\")"));
+    }
+    EXPECT_TRUE(hasBlock(u"*Model_Space"));
+    EXPECT_EQ(block("(2 . \"*U\") (70 . 1) (10 0. 0. 0.)", Circle), "\"*U1\"");
+    EXPECT_EQ(block("(2 . \"*U1\") (70 . 1) (10 0. 0. 0.)", Circle), "\"*U1\"");
+}
+
+TEST_F(MakingBlocks, makesTheLayerThatTheBlockIsOn)
+{
+    EXPECT_EQ(block("(2 . \"B\") (8 . \"glass\") (70 . 0) (10 0. 0. 0.)", Circle), "\"B\"");
+    EXPECT_NE(m_document.drawing().tables().find(drawing::known::Layer, u"glass"), drawing::NoRecord);
+    EXPECT_EQ(evaluate(made("(0 . \"BLOCK\") (2 . \"C\") (8 . \"a<b\") (70 . 0) (10 0. 0. 0.)")), "nil");
+}
+
+TEST_F(Making, ofAPolylineEndsWithAVertexThatCannotBeWritten)
+{
+    EXPECT_NE(evaluate("(entmake '((0 . \"POLYLINE\")))"), "nil");
+    EXPECT_NE(evaluate("(entmake '((0 . \"VERTEX\") (10 0.0 0.0 0.0)))"), "nil");
+    EXPECT_EQ(evaluate("(entmake '((0 . \"VERTEX\") (10 1.0 0.0 0.0) (70 . 100000)))"), "nil");
+    EXPECT_EQ(evaluate("(entmake '((0 . \"SEQEND\")))"), "nil");
+    EXPECT_EQ(types(), std::vector<std::string>());
+}
+
+TEST_F(Making, ofARecordWithAnUnusableNameGivesNil)
+{
+    for (const char *name : {"X<Y*", "A|B", "tab\\tbed"}) {
+        const std::string quoted = " (2 . \"" + std::string(name) + "\")";
+        EXPECT_EQ(evaluate("(entmake '((0 . \"LAYER\")" + quoted + " (70 . 0) (62 . 3)))"), "nil") << name;
+        EXPECT_EQ(evaluate("(regapp \"" + std::string(name) + "\")"), "nil") << name;
+    }
+    EXPECT_NE(evaluate("(entmake '((0 . \"LAYER\") (2 . \"X Y\") (70 . 0) (62 . 3)))"), "nil");
 }
 
 } // namespace
