@@ -99,18 +99,23 @@ std::vector<std::u16string_view> variablesWithNameOf(NameId table)
     case known::Layer:
         return {u"CLAYER"};
     case known::Linetype:
-        return {u"CELTYPE"};
+        return {u"CELTYPE", u"DIMLTYPE", u"DIMLTEX1", u"DIMLTEX2"};
     case known::Style:
         return {u"TEXTSTYLE", u"DIMTXSTY"};
     case known::DimensionStyle:
         return {u"DIMSTYLE"};
     case known::Block:
-        return {u"DIMBLK", u"DIMBLK1", u"DIMBLK2"};
+        return {u"DIMBLK", u"DIMBLK1", u"DIMBLK2", u"DIMLDRBLK"};
     case known::UserCoordinates:
         return {u"UCSNAME"};
     default:
         return {};
     }
+}
+
+std::string inHeader(std::u16string_view variable)
+{
+    return "$" + std::string(variable.begin(), variable.end());
 }
 
 } // namespace commands

@@ -17,7 +17,8 @@ struct NameUse
 std::vector<NameUse> nameUses(const drawing::Database &database, drawing::RecordId record,
                               const drawing::GroupList &groups);
 
-// The system variables that have the name of a record of this table.
+// The variables, of the system or of the header alone, that have the name of a record of this table.
 std::vector<std::u16string_view> variablesWithNameOf(drawing::NameId table);
+std::string inHeader(std::u16string_view variable); // as the header calls it: "$CLAYER"
 
 } // namespace commands

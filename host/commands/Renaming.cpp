@@ -16,6 +16,16 @@ NameId tableOf(const Record &record)
     return record.kind == RecordKind::BlockStart ? NameId{known::Block} : record.type;
 }
 
+// The table record of a block stands for it.
+RecordId namedBy(const Drawing &drawing, RecordId record)
+{
+    const Database &database = drawing.database();
+    if (database.record(record).type != known::BlockRecord)
+        return record;
+    const RecordId block = drawing.tables().find(known::Block, database.name(record));
+    return block != NoRecord ? block : record;
+}
+
 void putName(Database &database, RecordId record, int code, const std::u16string &name)
 {
     GroupList groups = database.groups(record);
@@ -49,17 +59,18 @@ void putNameWhereUsed(Database &database, RecordId record, NameId table, const s
         database.replace(record, groups);
 }
 
-// Variables that setvar does not change are not kept in the header by themselves.
+// Variables that setvar does not change are not kept in the header by themselves, and some stand there alone.
 void putNameIntoVariables(Session &session, NameId table, const std::u16string &old, const std::u16string &name)
 {
     Database &database = session.drawing().database();
     for (const std::u16string_view variable : variablesWithNameOf(table)) {
-        if (folded(session.text(variable)) != old)
-            continue;
-        session.assign(variable, name);
-        const std::string inHeader = "$" + std::string(variable.begin(), variable.end());
-        if (const std::optional<Group> group = drawing::variable(database, inHeader))
-            setVariable(database, inHeader, textGroup(group->code, name));
+        const bool isSetting = session.variable(variable) && folded(session.text(variable)) == old;
+        if (isSetting)
+            session.assign(variable, name);
+        const std::optional<Group> group = drawing::variable(database, inHeader(variable));
+        const auto *text = group ? std::get_if<std::u16string>(&group->value) : nullptr;
+        if (text && (isSetting || folded(*text) == old))
+            setVariable(database, inHeader(variable), textGroup(group->code, name));
     }
 }
 
@@ -68,6 +79,7 @@ void putNameIntoVariables(Session &session, NameId table, const std::u16string &
 Renaming renamingOf(Drawing &drawing, RecordId record, std::u16string_view name)
 {
     const Database &database = drawing.database();
+    record = namedBy(drawing, record);
     const NameId table = tableOf(database.record(record));
     const std::u16string old = database.name(record);
     if (isKept(table, old) || old.starts_with(u'*'))
@@ -80,6 +92,7 @@ Renaming renamingOf(Drawing &drawing, RecordId record, std::u16string_view name)
 void renameRecord(Session &session, RecordId record, const std::u16string &name)
 {
     Database &database = session.drawing().database();
+    record = namedBy(session.drawing(), record);
     const NameId table = tableOf(database.record(record));
     const std::u16string old = folded(database.name(record));
     putOwnName(session.drawing(), record, name);

@@ -2,6 +2,7 @@
 
 #include "host/commands/NameUses.h"
 #include "host/commands/TableRecords.h"
+#include "host/drawing/HeaderVariables.h"
 
 namespace commands {
 
@@ -33,7 +34,15 @@ void Usage::readSettings(const Session &session)
 {
     for (const NameId table : purged)
         for (const std::u16string_view variable : variablesWithNameOf(table))
-            addName(table, session.text(variable));
+            addName(table, session.variable(variable) ? session.text(variable) : textInHeader(variable));
+}
+
+// Some variables stand in the header alone.
+std::u16string Usage::textInHeader(std::u16string_view variable) const
+{
+    const std::optional<Group> group = drawing::variable(m_database, inHeader(variable));
+    const auto *text = group ? std::get_if<std::u16string>(&group->value) : nullptr;
+    return text ? *text : std::u16string();
 }
 
 void Usage::addName(NameId table, std::u16string_view name)

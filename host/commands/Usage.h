@@ -17,6 +17,7 @@ public:
 
 private:
     void readSettings(const Session &session);
+    std::u16string textInHeader(std::u16string_view variable) const; // empty: none
     void readRecord(RecordId id);
     void addName(drawing::NameId table, std::u16string_view name);
     bool isPointedTo(drawing::RecordId record) const;

@@ -1,5 +1,6 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include "host/drawing/HeaderVariables.h"
 #include "tests/host/drawing/Audit.h"
 
 namespace {
@@ -75,6 +76,14 @@ TEST_F(PurgeCommand, BlocksThatShowATableStay)
          {10, drawing::Point{}},
          {100, u"AcDbTable"},
          {2, u"Other"}});
+    evaluate("(command \"_.-purge\" \"_b\" \"*\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
+}
+
+TEST_F(PurgeCommand, TheArrowOfLeadersStays)
+{
+    evaluate("(command \"_.erase\" \"_all\" \"\")");
+    drawing::setVariable(database(), "$DIMLDRBLK", {1, u"Ring"});
     evaluate("(command \"_.-purge\" \"_b\" \"*\" \"_n\")");
     EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
 }
