@@ -4,6 +4,7 @@
 #include "host/drawing/entities/EntitySchema.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -29,7 +30,7 @@ bool isFlat(const std::vector<ListedGroup> &listed)
 class Change
 {
 public:
-    Change(std::vector<ListedGroup> &&listed, const GroupList &recorded, const GroupList &wanted, bool isEntity)
+    Change(std::vector<ListedGroup> &&listed, const GroupList &recorded, std::span<const Group> wanted, bool isEntity)
         : m_listed(std::move(listed)), m_isFlat(isFlat(m_listed)), m_recorded(recorded)
     {
         findHead();
@@ -84,7 +85,7 @@ private:
     }
 
     // From the list: what is not in the head and not between braces.
-    void take(const GroupList &wanted)
+    void take(std::span<const Group> wanted)
     {
         const bool hasMarkers =
             std::ranges::any_of(wanted, [](const Group &group) { return group.code == groupcode::Subclass; });
@@ -256,12 +257,31 @@ void putExtendedData(GroupList &groups, const GroupList &old, const GroupList &w
     }
 }
 
+// What stands in an embedded object has codes of its own, which mean other things: each part is changed by its part of
+// the list, and stays where the list has none.
+GroupList changedParts(std::vector<ListedGroup> &&own, const GroupList &recorded, const GroupList &wanted,
+                       bool isEntity)
+{
+    const auto codeOf = [](const ListedGroup &listed) { return listed.group.code; };
+    const auto embedded = std::ranges::find(own, groupcode::EmbeddedObject, codeOf);
+    std::vector<ListedGroup> listed(std::make_move_iterator(embedded), std::make_move_iterator(own.end()));
+    own.erase(embedded, own.end());
+    const std::span all(wanted);
+    const auto place =
+        listed.empty() ? wanted.end() : std::ranges::find(wanted, groupcode::EmbeddedObject, &Group::code);
+    const auto ownCount = static_cast<std::size_t>(place - wanted.begin());
+    GroupList changed = Change(std::move(own), recorded, all.first(ownCount), isEntity).result();
+    const GroupList changedEmbedded = Change(std::move(listed), recorded, all.subspan(ownCount), false).result();
+    changed.insert(changed.end(), changedEmbedded.begin(), changedEmbedded.end());
+    return changed;
+}
+
 bool changeGroups(Drawing &drawing, RecordId record, const GroupList &wanted)
 {
     Database &database = drawing.database();
     const bool isEntity = database.record(record).kind == RecordKind::Entity;
     const GroupList recorded = database.groups(record);
-    GroupList changed = Change(listing(drawing, record), recorded, wanted, isEntity).result();
+    GroupList changed = changedParts(listing(drawing, record), recorded, wanted, isEntity);
     countVertices(changed);
     putExtendedData(changed, recorded, wanted);
     return database.replace(record, changed);

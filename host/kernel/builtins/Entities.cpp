@@ -3,6 +3,7 @@
 #include "host/commands/Renaming.h"
 #include "host/drawing/Blocks.h"
 #include "host/drawing/entities/EntityChange.h"
+#include "host/drawing/entities/EntityMaking.h"
 #include "host/drawing/entities/EntityValues.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "host/interpreter/text/WildcardPattern.h"
@@ -68,29 +69,45 @@ Value entget(Machine &machine, Args arguments)
 bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
 {
     const Database &database = drawing.database();
-    if (!drawing::usesKnownApplications(drawing, wanted))
+    if (!drawing::usesKnownApplications(drawing, wanted) || !drawing::canShow(drawing, record, wanted))
         return false;
     if (database.record(record).kind == drawing::RecordKind::Object)
         return true;
+    if (!drawing::holdsExtendedData(drawing, record, wanted))
+        return false;
     const std::u16string type = database.type(record);
     return drawing::hasValidValues(drawing, type, wanted) ||
            drawing::hasValidValues(drawing, type, wanted, database.groups(record));
 }
 
-// Another name for a table record or block is followed in everything that calls it.
-bool renameAsWanted(Document &document, RecordId record, const drawing::GroupList &wanted)
+// Another name for a table record or block is followed in everything that calls it. That comes last, when nothing else
+// can go wrong; the start of a block has its name twice.
+bool changeNamedRecord(Document &document, RecordId record, drawing::GroupList wanted)
 {
-    const Database &database = document.drawing().database();
-    const drawing::RecordKind kind = database.record(record).kind;
-    if (kind != drawing::RecordKind::TableRecord && kind != drawing::RecordKind::BlockStart)
-        return true;
-    const auto *name = drawing::findValue<std::u16string>(wanted, drawing::groupcode::Name);
-    if (!name || *name == database.name(record))
-        return true;
-    if (commands::renamingOf(document.drawing(), record, *name) != commands::Renaming::Possible)
+    namespace groupcode = drawing::groupcode;
+    Drawing &drawing = document.drawing();
+    const std::u16string old = drawing.database().name(record);
+    const auto *given = drawing::findValue<std::u16string>(wanted, groupcode::Name);
+    const std::u16string name = given ? *given : old;
+    if (name != old && commands::renamingOf(drawing, record, name) != commands::Renaming::Possible)
         return false;
-    commands::renameRecord(document.session(), record, *name);
+    const bool isBlock = drawing.database().record(record).kind == drawing::RecordKind::BlockStart;
+    for (drawing::Group &group : wanted)
+        if (group.code == groupcode::Name || (isBlock && group.code == groupcode::EntryName))
+            group.value = old;
+    if (!drawing::changeRecord(drawing, record, wanted))
+        return false;
+    if (name != old)
+        commands::renameRecord(document.session(), record, name);
     return true;
+}
+
+bool change(Document &document, RecordId record, const drawing::GroupList &wanted)
+{
+    const drawing::RecordKind kind = document.drawing().database().record(record).kind;
+    const bool isNamed = kind == drawing::RecordKind::TableRecord || kind == drawing::RecordKind::BlockStart;
+    return isNamed ? changeNamedRecord(document, record, wanted)
+                   : drawing::changeRecord(document.drawing(), record, wanted);
 }
 
 // The record that a list begins with, if it is one that has neither a name to follow nor rules to look up.
@@ -137,9 +154,9 @@ Value entmod(Machine &machine, Args arguments)
     const std::string_view oldType = drawing.database().names().text(drawing.database().record(record).type);
     if (type && !drawing.database().codec().decodesTo(oldType, *type))
         return Value::nil();
-    if (!canTake(drawing, record, request.groups) || !renameAsWanted(Document::of(machine), record, request.groups))
-        return Value::nil();
-    return drawing::changeRecord(drawing, record, request.groups) ? arguments[0] : Value::nil();
+    const bool isChanged =
+        canTake(drawing, record, request.groups) && change(Document::of(machine), record, request.groups);
+    return isChanged ? arguments[0] : Value::nil();
 }
 
 drawing::Placement currentPlacement(Document &document)

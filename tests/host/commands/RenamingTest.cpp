@@ -104,4 +104,56 @@ TEST_F(RenamingNames, EntmodOfABlockRenamesItsInsertsAndItsRecord)
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
+TEST_F(RenamingNames, EntmodOfABlockTakesTheListThatEntgetGives)
+{
+    evaluate("(command \"_.circle\" '(0 0) 1 \"_.-block\" \"Ring\" '(0 0) \"_l\" \"\")"
+             "(setq block (entget (tblobjname \"BLOCK\" \"Ring\")) old (cons 3 \"Ring\")"
+             " block (if (assoc 3 block) block (append block (list old))))");
+    EXPECT_NE(evaluate("(entmod (subst '(2 . \"Wheel\") (assoc 2 block) block))"), "nil");
+    const auto start = m_document.drawing().tables().find(drawing::known::Block, u"Wheel");
+    ASSERT_NE(start, drawing::NoRecord);
+    EXPECT_EQ(textOf(database().groups(start), 3), u"Wheel");
+}
+
+TEST_F(RenamingNames, EntmodOfABlocksTableRecordRenamesTheBlock)
+{
+    evaluate("(command \"_.circle\" '(0 0) 1 \"_.-block\" \"Ring\" '(0 0) \"_l\" \"\""
+             " \"_.-insert\" \"Ring\" '(0 0) 1 1 0)"
+             "(defun renamed (old new / data)"
+             " (setq data (entget (cdr (assoc 330 (entget (tblobjname \"BLOCK\" old))))))"
+             " (entmod (subst (cons 2 new) (assoc 2 data) data)))");
+    EXPECT_NE(evaluate("(renamed \"Ring\" \"Wheel\")"), "nil");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"Wheel");
+    EXPECT_TRUE(has(drawing::known::Block, u"Wheel"));
+    EXPECT_TRUE(has(drawing::known::BlockRecord, u"Wheel"));
+    EXPECT_EQ(evaluate("(renamed \"*Model_Space\" \"MS\")"), "nil");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(RenamingNames, EntmodThatCannotWriteAnotherValueLeavesTheName)
+{
+    evaluate(
+        "(command \"_.-layer\" \"_m\" \"Old\" \"\" \"_.line\" '(0 0) '(1 1) \"\")"
+        "(setq layer (entget (tblobjname \"LAYER\" \"Old\")) layer (subst '(70 . 100000) (assoc 70 layer) layer))");
+    EXPECT_EQ(evaluate("(entmod (subst '(2 . \"New\") (assoc 2 layer) layer))"), "nil");
+    EXPECT_TRUE(has(drawing::known::Layer, u"Old"));
+    EXPECT_EQ(textOf(lastGroups(), 8), u"Old");
+}
+
+TEST_F(RenamingNames, ArrowsAndLinetypesOfDimensionsAreStillCurrent)
+{
+    evaluate("(entmake '((0 . \"BLOCK\") (2 . \"Tip\") (70 . 0) (10 0 0 0))) (entmake '((0 . \"ENDBLK\")))"
+             "(command \"_.linetype\" \"_l\" \"dot\" \"\" \"\")");
+    const auto inHeader = [this](const char *variable) {
+        return std::get<std::u16string>(drawing::variable(database(), variable)->value);
+    };
+    drawing::setVariable(database(), "$DIMLDRBLK", {1, u"Tip"});
+    for (const char *variable : {"$DIMLTYPE", "$DIMLTEX1", "$DIMLTEX2"})
+        drawing::setVariable(database(), variable, {6, u"DOT"});
+    evaluate("(command \"_.-rename\" \"_b\" \"Tip\" \"Head\" \"_.-rename\" \"_lt\" \"DOT\" \"Points\")");
+    EXPECT_EQ(inHeader("$DIMLDRBLK"), u"Head");
+    for (const char *variable : {"$DIMLTYPE", "$DIMLTEX1", "$DIMLTEX2"})
+        EXPECT_EQ(inHeader(variable), u"Points");
+}
+
 } // namespace

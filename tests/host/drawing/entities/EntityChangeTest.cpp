@@ -151,6 +151,9 @@ TEST_F(Change, OfTheColumnsOfAParagraphGoesByTheirPart)
     EXPECT_TRUE(changeRecord(drawing(), paragraph, {{40, 3.0}, {101, u"Embedded Object"}, {40, 25.0}}));
     EXPECT_EQ(written(paragraph), "0 MTEXT,5 2F,100 AcDbEntity,8 0,100 AcDbMText,10 100.0,20 200.0,30 0.0,40 3.0,"
                                   "1 text,101 Embedded Object,70 4,40 25.0,71 2");
+    EXPECT_TRUE(changeRecord(drawing(), paragraph, {{101, u"Embedded Object"}, {40, 30.0}}));
+    EXPECT_EQ(written(paragraph), "0 MTEXT,5 2F,100 AcDbEntity,8 0,100 AcDbMText,10 100.0,20 200.0,30 0.0,40 3.0,"
+                                  "1 text,101 Embedded Object,70 4,40 30.0,71 2");
 }
 
 TEST_F(Change, makesALayerThatIsNotThere)
