@@ -22,6 +22,14 @@ TEST_F(StrWcmatch, HandsTheHostBothTextsInCapitalsTheStringFirst)
     EXPECT_EQ(call(acetStrWcmatch, {text(u"door"), text(u"D*")}), matched("\"DOOR\" \"D*\"", "retT", "null"));
 }
 
+TEST_F(StrWcmatch, DoorAgainstCapitalDAndAStarMatchesAndWithTheFlag1DoesNot)
+{
+    EXPECT_EQ(call(acetStrWcmatch, {text(u"door"), text(u"D*")}), matched("\"DOOR\" \"D*\"", "retT", "null"));
+    host().setAnswer("wcMatch", -5001); // as a host says that tells upper from lower case
+    EXPECT_EQ(call(acetStrWcmatch, {text(u"door"), text(u"D*"), shortInteger(1)}),
+              matched("\"door\" \"D*\"", "retNil", "3"));
+}
+
 TEST_F(StrWcmatch, WithTheFlag1HandsBothTextsOverUnchanged)
 {
     EXPECT_EQ(call(acetStrWcmatch, {text(u"door"), text(u"D[a-z]*"), shortInteger(1)}),

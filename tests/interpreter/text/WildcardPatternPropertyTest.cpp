@@ -122,6 +122,14 @@ std::vector<std::u16string> shortTexts()
     return texts;
 }
 
+rc::Gen<std::u16string> joined(const std::vector<std::u16string> &pieces)
+{
+    return rc::gen::map(rc::gen::container<std::vector<std::u16string>>(rc::gen::elementOf(pieces)),
+                        [](const std::vector<std::u16string> &parts) {
+                            return std::accumulate(parts.begin(), parts.end(), std::u16string());
+                        });
+}
+
 // Most characters of a pattern are drawn alone, so that brackets and back-quotes meet in every way; some come together,
 // so that ranges are no rarity.
 rc::Gen<std::u16string> patterns()
@@ -129,10 +137,17 @@ rc::Gen<std::u16string> patterns()
     std::vector<std::u16string> pieces{u"a-b", u"[1-a", u"`]", u"[~"};
     for (const char16_t unit : u"[]~`-,*?#@.ab1"_qs.toStdU16String())
         pieces.emplace_back(1, unit);
-    return rc::gen::map(rc::gen::container<std::vector<std::u16string>>(rc::gen::elementOf(pieces)),
-                        [](const std::vector<std::u16string> &parts) {
-                            return std::accumulate(parts.begin(), parts.end(), std::u16string());
-                        });
+    return joined(pieces);
+}
+
+// Fails when the two do not agree about one of the texts.
+void expectAgreement(const std::u16string &pattern, const std::vector<std::u16string> &texts)
+{
+    const lisp::WildcardPattern fast(pattern);
+    const SlowPattern slow(pattern);
+    for (const std::u16string &text : texts)
+        if (fast.matches(text) != slow.matches(text))
+            RC_FAIL(QString::fromStdU16String(pattern + u" against " + text).toStdString());
 }
 
 // Ten million pairs: 100 times 90 patterns of up to ten pieces, each with 1111 texts.
@@ -140,13 +155,21 @@ RC_GTEST_PROP(WildcardPatternProperty, agreesWithTrialOfAllPossibilities, ())
 {
     static const std::vector<std::u16string> texts = shortTexts();
     const auto several = rc::gen::container<std::vector<std::u16string>>(90, rc::gen::scale(0.1, patterns()));
-    for (const std::u16string &pattern : *several) {
-        const lisp::WildcardPattern fast(pattern);
-        const SlowPattern slow(pattern);
-        for (const std::u16string &text : texts)
-            if (fast.matches(text) != slow.matches(text))
-                RC_FAIL(QString::fromStdU16String(pattern + u" against " + text).toStdString());
-    }
+    for (const std::u16string &pattern : *several)
+        expectAgreement(pattern, texts);
+}
+
+// Half a million pairs: texts of two letters are long enough for what stands between several stars to be there more
+// than once, and in part more often.
+RC_GTEST_PROP(WildcardPatternProperty, agreesWithTrialOfAllPossibilitiesOnLongerTexts, ())
+{
+    const auto texts =
+        rc::gen::container<std::vector<std::u16string>>(70, rc::gen::scale(0.2, joined({u"a", u"b", u"ab"})));
+    const auto several = rc::gen::container<std::vector<std::u16string>>(
+        70, rc::gen::scale(0.1, joined({u"*", u"a", u"b", u"?", u"*ab", u"[~a]", u","})));
+    const std::vector<std::u16string> drawn = *texts;
+    for (const std::u16string &pattern : *several)
+        expectAgreement(pattern, drawn);
 }
 
 RC_GTEST_PROP(WildcardPatternProperty, anyPatternIsDefined, (std::u16string text))
