@@ -15,10 +15,17 @@ constexpr int FramePatienceMilliseconds = 1000;
 constexpr int PlacePatienceMilliseconds = 10000;
 constexpr int DrawingMilliseconds = 300;
 
+// With its frame. Now and then Qt has asked for the frame while that had no size yet, and does not ask again.
+QRect outlineOf(const QWidget &window)
+{
+    const QRect frame = window.frameGeometry();
+    return frame.contains(window.geometry()) ? frame : window.geometry();
+}
+
 // The window manager moves a window to its place after the frame is there, on a busy machine some time after.
 bool standsOnScreen(const QWidget &window)
 {
-    return window.screen()->geometry().contains(window.frameGeometry());
+    return window.screen()->geometry().contains(outlineOf(window));
 }
 
 // False when it has not come to a place on the screen in time.
@@ -27,10 +34,10 @@ bool waitForPlaceOnScreen(const QWidget &window)
     const QDeadlineTimer patience(PlacePatienceMilliseconds);
     QRect before;
     do {
-        before = window.frameGeometry();
+        before = outlineOf(window);
         QTest::qWait(DrawingMilliseconds);
-    } while ((window.frameGeometry() != before || !standsOnScreen(window)) && !patience.hasExpired());
-    return window.frameGeometry() == before && standsOnScreen(window);
+    } while ((outlineOf(window) != before || !standsOnScreen(window)) && !patience.hasExpired());
+    return outlineOf(window) == before && standsOnScreen(window);
 }
 
 } // namespace
@@ -53,10 +60,10 @@ void waitUntilReady(QWidget &window)
 void takePicture(QWidget &window, const QString &name)
 {
     const bool isInPlace = waitForPlaceOnScreen(window);
-    const QRect frame = window.frameGeometry();
-    EXPECT_TRUE(isInPlace) << frame.x() << ' ' << frame.y() << ' ' << frame.width() << ' ' << frame.height();
-    const QPixmap picture = window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height());
-    EXPECT_EQ(picture.deviceIndependentSize().toSize(), frame.size());
+    const QRect area = outlineOf(window);
+    EXPECT_TRUE(isInPlace) << area.x() << ' ' << area.y() << ' ' << area.width() << ' ' << area.height();
+    const QPixmap picture = window.screen()->grabWindow(0, area.x(), area.y(), area.width(), area.height());
+    EXPECT_EQ(picture.deviceIndependentSize().toSize(), area.size());
     QImageWriter file(qEnvironmentVariable("SCREEN_PICTURES") + u'/' + name + u".png"_qs);
     EXPECT_TRUE(file.write(picture.toImage())) << file.errorString().toStdString();
 }
