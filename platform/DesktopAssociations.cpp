@@ -70,7 +70,7 @@ QByteArray contentType(const Gio &gio, const QString &path)
     return type ? QByteArray(type.get()) : QByteArray();
 }
 
-// As shells take a command line apart: entries rely on more of that than their specification grants them. The escapes
+// As shells take a command line apart: entries rely on more of that than their format grants them. The escapes
 // of the entry's own text are replaced already.
 QStringList wordsOf(const Gio &gio, const char *commandLine)
 {
