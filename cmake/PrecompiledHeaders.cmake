@@ -8,7 +8,7 @@ if(CCACHE_PROGRAM AND NOT DEFINED ENV{CCACHE_DISABLE})
 else()
   set(without_cache ON)
 endif()
-option(LISPEXTENSION_QUICK_BUILD "Precompile headers, optimise less; for builds that are tested once, without a compiler cache"
+option(LISPEXTENSION_QUICK_BUILD "Precompile headers, optimise less; for builds tested once, without a compiler cache"
        ${without_cache})
 
 if(LISPEXTENSION_QUICK_BUILD)

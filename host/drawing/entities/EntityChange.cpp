@@ -30,10 +30,11 @@ bool isFlat(const std::vector<ListedGroup> &listed)
 class Change
 {
 public:
-    Change(std::vector<ListedGroup> &&listed, const GroupList &recorded, std::span<const Group> wanted, bool isEntity)
-        : m_listed(std::move(listed)), m_isFlat(isFlat(m_listed)), m_recorded(recorded)
+    // The first `headSize` groups of the listing stay as they are.
+    Change(std::vector<ListedGroup> &&listed, std::size_t headSize, const GroupList &recorded,
+           std::span<const Group> wanted, bool isEntity)
+        : m_listed(std::move(listed)), m_isFlat(isFlat(m_listed)), m_recorded(recorded), m_head(headSize)
     {
-        findHead();
         if (isEntity)
             findCommonEnd();
         for (std::size_t place = m_head; place < m_listed.size(); ++place)
@@ -56,21 +57,6 @@ public:
     }
 
 private:
-    // The head ends at the first subclass marker, or behind type and handle where there are none.
-    void findHead()
-    {
-        const auto marker = std::ranges::find_if(
-            m_listed, [](const ListedGroup &one) { return one.group.code == groupcode::Subclass; });
-        m_head = static_cast<std::size_t>(marker - m_listed.begin());
-        if (marker == m_listed.end())
-            m_head = static_cast<std::size_t>(std::ranges::find_if(m_listed,
-                                                                   [](const ListedGroup &one) {
-                                                                       return !isFixed(one.group.code) &&
-                                                                              one.group.code != groupcode::Owner;
-                                                                   }) -
-                                              m_listed.begin());
-    }
-
     // Where groups that any entity may have are put: at the end of the first subclass of an entity.
     void findCommonEnd()
     {
@@ -211,7 +197,7 @@ private:
     std::vector<ListedGroup> m_listed;
     bool m_isFlat;               // points have two coordinates, whatever the list gives
     const GroupList &m_recorded; // what the origins count in
-    std::size_t m_head = 0;
+    std::size_t m_head;
     int m_commonEnd = 0; // 0: not an entity
     std::map<int, int> m_occurrences;
     std::vector<const Group *> m_wanted;
@@ -259,19 +245,20 @@ void putExtendedData(GroupList &groups, const GroupList &old, const GroupList &w
 
 // What stands in an embedded object has codes of its own, which mean other things: each part is changed by its part of
 // the list, and stays where the list has none.
-GroupList changedParts(std::vector<ListedGroup> &&own, const GroupList &recorded, const GroupList &wanted,
-                       bool isEntity)
+GroupList changedParts(const EntityListing &listing, const GroupList &recorded, const GroupList &wanted, bool isEntity)
 {
+    std::vector<ListedGroup> own = decoded(listing);
     const auto codeOf = [](const ListedGroup &listed) { return listed.group.code; };
     const auto embedded = std::ranges::find(own, groupcode::EmbeddedObject, codeOf);
     std::vector<ListedGroup> listed(std::make_move_iterator(embedded), std::make_move_iterator(own.end()));
     own.erase(embedded, own.end());
+    const std::size_t headSize = std::min(listing.headSize(), own.size()); // some file has the object in the head
     const std::span all(wanted);
     const auto place =
         listed.empty() ? wanted.end() : std::ranges::find(wanted, groupcode::EmbeddedObject, &Group::code);
     const auto ownCount = static_cast<std::size_t>(place - wanted.begin());
-    GroupList changed = Change(std::move(own), recorded, all.first(ownCount), isEntity).result();
-    const GroupList changedEmbedded = Change(std::move(listed), recorded, all.subspan(ownCount), false).result();
+    GroupList changed = Change(std::move(own), headSize, recorded, all.first(ownCount), isEntity).result();
+    const GroupList changedEmbedded = Change(std::move(listed), 0, recorded, all.subspan(ownCount), false).result();
     changed.insert(changed.end(), changedEmbedded.begin(), changedEmbedded.end());
     return changed;
 }
@@ -281,7 +268,7 @@ bool changeGroups(Drawing &drawing, RecordId record, const GroupList &wanted)
     Database &database = drawing.database();
     const bool isEntity = database.record(record).kind == RecordKind::Entity;
     const GroupList recorded = database.groups(record);
-    GroupList changed = changedParts(listing(drawing, record), recorded, wanted, isEntity);
+    GroupList changed = changedParts(EntityListing(drawing, record), recorded, wanted, isEntity);
     countVertices(changed);
     putExtendedData(changed, recorded, wanted);
     return database.replace(record, changed);

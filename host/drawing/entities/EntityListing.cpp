@@ -363,7 +363,11 @@ bool isFixed(int code)
 
 std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record)
 {
-    const EntityListing items(drawing, record);
+    return decoded(EntityListing(drawing, record));
+}
+
+std::vector<ListedGroup> decoded(const EntityListing &items)
+{
     std::vector<ListedGroup> groups;
     groups.reserve(items.size());
     for (const ListedItem listed : items)

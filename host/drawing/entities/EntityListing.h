@@ -82,6 +82,7 @@ struct ListedGroup
     Group group;
     int origin = Derived;
 };
+std::vector<ListedGroup> decoded(const EntityListing &items);
 std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record);
 
 // Other groups than angles stay as they are.

@@ -156,6 +156,14 @@ TEST_F(Change, OfTheColumnsOfAParagraphGoesByTheirPart)
                                   "1 text,101 Embedded Object,70 4,40 30.0,71 2");
 }
 
+TEST_F(Change, standsAnEmbeddedObjectAheadOfTheMarkers)
+{
+    const RecordId id = open("AC1032", "0\nTEXT\n5\n2F\n101\nEmbedded Object\n70\n1\n100\nAcDbEntity\n8\n0\n"
+                                       "100\nAcDbText\n10\n1.0\n20\n2.0\n40\n2.5\n1\nx\n");
+    EXPECT_TRUE(changeRecord(drawing(), id, {{0, u"TEXT"}, {40, 3.5}}));
+    EXPECT_EQ(written(id).substr(0, 11), "0 TEXT,5 2F");
+}
+
 TEST_F(Change, makesALayerThatIsNotThere)
 {
     const RecordId line = openLine();
