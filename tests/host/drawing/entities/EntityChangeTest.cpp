@@ -161,7 +161,9 @@ TEST_F(Change, standsAnEmbeddedObjectAheadOfTheMarkers)
     const RecordId id = open("AC1032", "0\nTEXT\n5\n2F\n101\nEmbedded Object\n70\n1\n100\nAcDbEntity\n8\n0\n"
                                        "100\nAcDbText\n10\n1.0\n20\n2.0\n40\n2.5\n1\nx\n");
     EXPECT_TRUE(changeRecord(drawing(), id, {{0, u"TEXT"}, {40, 3.5}}));
-    EXPECT_EQ(written(id).substr(0, 11), "0 TEXT,5 2F");
+    EXPECT_EQ(written(id),
+              "0 TEXT,5 2F,40 3.5,101 Embedded Object,70 1,100 AcDbEntity,8 0,100 AcDbText,10 1.0,20 2.0,40 2.5,"
+              "1 x");
 }
 
 TEST_F(Change, makesALayerThatIsNotThere)
