@@ -21,11 +21,11 @@ bool isIgnoredFromTheStart()
     return atStart == SIG_IGN;
 }
 
-void handleInterrupts(void (*handler)(int))
+// Gives the handler that there was.
+SignalHandler *handleInterrupts(SignalHandler *handler)
 {
     static const bool areIgnored = isIgnoredFromTheStart();
-    if (!areIgnored)
-        std::signal(SIGINT, handler);
+    return areIgnored ? SIG_IGN : std::signal(SIGINT, handler);
 }
 
 } // namespace
@@ -52,13 +52,12 @@ InterruptScope::InterruptScope(lisp::Machine &machine)
     interruptible = &machine;
     if (signalCount > 0)
         machine.interrupt();
-    handleInterrupts(onInterrupt);
+    m_outside = handleInterrupts(onInterrupt);
 }
 
 InterruptScope::~InterruptScope()
 {
-    if (!areKept)
-        handleInterrupts(SIG_DFL);
+    handleInterrupts(m_outside);
     interruptible = nullptr;
 }
 

@@ -8,6 +8,8 @@ class Machine;
 // signal does what it does to any process.
 extern "C" void onInterrupt(int signal);
 
+using SignalHandler = void(int);
+
 // While it lives, Ctrl-C makes the machine's program fail with "Function cancelled", a second one does so even if the
 // program catches the error and goes on, and a third ends the process. A process that was started to ignore Ctrl-C
 // ignores it here.
@@ -20,6 +22,9 @@ public:
     InterruptScope &operator=(const InterruptScope &) = delete;
 
     bool hasInterrupted() const; // whether there was a signal while it lived
+
+private:
+    SignalHandler *m_outside;
 };
 
 // While it lives, a signal that comes between two programs is not lost and does not end the process: it interrupts the

@@ -8,37 +8,54 @@
 #include <cstdio>
 
 #include <histedit.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr int HistoryLength = 1000;
 
+constexpr unsigned SecondsToTheNextTry = 1;
+
 volatile std::sig_atomic_t cancelled = 0;
 
-extern "C" void noteCancel(int)
+// A signal stops a reading that waits, not one that is about to begin: it comes again until the line has ended.
+extern "C" void cancelLine(int)
 {
     cancelled = 1;
+    ::alarm(SecondsToTheNextTry);
 }
 
-// While it lives, Ctrl-C ends the line that is being read instead of the process.
+// While it lives, Ctrl-C ends the line that is being read, if there is one, instead of the process.
 class CancelScope
 {
 public:
     CancelScope()
     {
-        cancelled = 0;
-        struct sigaction action = {};
-        action.sa_handler = noteCancel; // without SA_RESTART, so that reading stops
-        sigaction(SIGINT, &action, &m_previous);
+        sigaction(SIGINT, nullptr, &m_interrupt);
+        sigaction(SIGALRM, nullptr, &m_alarm);
     }
-    ~CancelScope() { sigaction(SIGINT, &m_previous, nullptr); }
+    ~CancelScope()
+    {
+        ::alarm(0);
+        sigaction(SIGALRM, &m_alarm, nullptr);
+        sigaction(SIGINT, &m_interrupt, nullptr);
+    }
     CancelScope(const CancelScope &) = delete;
     CancelScope &operator=(const CancelScope &) = delete;
 
+    static void beginLine()
+    {
+        ::alarm(0);
+        struct sigaction action = {};
+        action.sa_handler = cancelLine; // without SA_RESTART, so that reading stops
+        sigaction(SIGALRM, &action, nullptr);
+        sigaction(SIGINT, &action, nullptr);
+        cancelled = 0;
+    }
     static bool wasCancelled() { return cancelled != 0; }
 
 private:
-    struct sigaction m_previous = {};
+    struct sigaction m_interrupt = {}, m_alarm = {};
 };
 
 } // namespace
@@ -90,6 +107,7 @@ struct LineEditor::State
     Prompt shown = Prompt::First;
     History *entries;
     EditLine *editor;
+    CancelScope cancels;
 };
 
 // Inserts what all names with this beginning have in common; lists them when that is nothing new.
@@ -117,11 +135,11 @@ LineEditor::~LineEditor() = default;
 
 std::optional<QString> LineEditor::readLine(Prompt prompt)
 {
-    const CancelScope cancels;
+    m_state->cancels.beginLine();
     m_state->shown = prompt;
     int length = 0;
     const char *line = el_gets(m_state->editor, &length);
-    if (CancelScope::wasCancelled()) {
+    if (m_state->cancels.wasCancelled()) {
         std::fputc('\n', stdout);
         el_reset(m_state->editor);
         return QString();

@@ -1,3 +1,4 @@
+import random
 import time
 import unittest
 
@@ -59,6 +60,21 @@ class Repl(LispHostTest):
         terminal.type("(setq a (list 1\n")
         terminal.wait_for(r"\n  ?")
         terminal.type("half a line\x03")
+        terminal.wait_for_prompt()
+        terminal.type("(+ 20 3)\n")
+        terminal.wait_for_prompt(r"\n23\n")
+        self.leave(terminal)
+
+    @unittest.skipIf(WINDOWS, "what is typed ahead stays in the console's queue")
+    def test_ctrl_c_between_two_entries_ends_neither_the_session_nor_what_is_read_next(self):
+        terminal = self.open("repl")
+        for _ in range(100):  # each time at another moment: evaluating, printing, about to read
+            terminal.type("(+ 1 1)\n")
+            time.sleep(random.uniform(0, 0.004))
+            terminal.type("\x03")
+        terminal.type("(list 20\n")
+        terminal.wait_for(r"\(list 20\n")
+        terminal.type("\x03")
         terminal.wait_for_prompt()
         terminal.type("(+ 20 3)\n")
         terminal.wait_for_prompt(r"\n23\n")
