@@ -139,6 +139,7 @@ std::optional<QString> LineEditor::readLine(Prompt prompt)
     m_state->shown = prompt;
     int length = 0;
     const char *line = el_gets(m_state->editor, &length);
+    std::clearerr(stdout); // a signal fails the write that it comes into: the line's echo, no output of a program
     if (m_state->cancels.wasCancelled()) {
         std::fputc('\n', stdout);
         el_reset(m_state->editor);

@@ -35,12 +35,18 @@ class Terminal:
 
     def wait_for(self, pattern: str) -> str:
         """Waits until what was shown since the last call matches, and gives the match."""
-        end = time.monotonic() + TIMEOUT
-        while not (match := re.search(pattern, self.shown)):
-            if not self._read(end - time.monotonic()):
-                raise AssertionError(f"{pattern!r} does not appear in {self.shown!r}")
+        if not self.shows_within(TIMEOUT, pattern):
+            raise AssertionError(f"{pattern!r} does not appear in {self.shown!r}")
+        match = re.search(pattern, self.shown)
         self.shown = self.shown[match.end():]
         return match.group()
+
+    def shows_within(self, seconds: float, pattern: str) -> bool:
+        end = time.monotonic() + seconds
+        while not re.search(pattern, self.shown):
+            if not self._read(end - time.monotonic()):
+                return False
+        return True
 
     def wait_for_prompt(self, before: str = "") -> None:
         """Waits for the prompt after this text, and until what is typed goes to the line editor.
