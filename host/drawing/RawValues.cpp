@@ -77,6 +77,8 @@ std::optional<double> shortReal(std::string_view text)
 
 double realOfText(std::string_view text)
 {
+    if (const auto number = shortReal(text))
+        return *number;
     text = trimmed(text);
     if (const auto number = shortReal(text))
         return *number;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "host/drawing/Drawing.h"
-
-#include <QVarLengthArray>
+#include "host/drawing/entities/ListingPlan.h"
 
 namespace drawing {
 
@@ -46,28 +44,24 @@ public:
     EntityListing &operator=(const EntityListing &) = delete;
 
     Iterator begin() const { return {*this, 0}; }
-    Iterator end() const { return {*this, m_order.size()}; }
-    std::size_t size() const { return static_cast<std::size_t>(m_order.size()); }
+    Iterator end() const { return {*this, m_plan->order().size()}; }
+    std::size_t size() const { return static_cast<std::size_t>(m_plan->order().size()); }
     // How many of the first items tell which record it is and whose, and are never changed: those before the first
     // subclass marker; type, handle and owner where there is none.
-    std::size_t headSize() const { return m_headSize; }
+    std::size_t headSize() const { return m_plan->headSize(); }
 
     Group group(const ListedItem &listed) const { return m_reader.group(listed.item); } // with its value decoded
 
 private:
-    friend class Lister;
-    static constexpr qsizetype UsualItems = 24, UsualDefaults = 8; // of an entity, at most; more only cost more
+    ListedItem at(qsizetype place) const
+    {
+        const int number = m_plan->order()[place];
+        return number >= 0 ? ListedItem{m_recorded[number], number}
+                           : ListedItem{m_plan->derived(number), ListedItem::Derived};
+    }
 
-    ListedItem at(qsizetype place) const { return {item(m_order[place]), originOf(m_order[place])}; }
-    // By the numbers in m_order: items of the record from 0 up, derived ones from -1 down.
-    const Item &item(int number) const { return number >= 0 ? m_recorded[number] : m_derived[-1 - number]; }
-    static int originOf(int number) { return number >= 0 ? number : ListedItem::Derived; }
-
-    QVarLengthArray<int, UsualItems + UsualDefaults> m_order;
-    QVarLengthArray<Item, UsualItems> m_recorded;
-    QVarLengthArray<Item, UsualDefaults> m_derived;
-    std::size_t m_headSize = 0;
-    std::string m_layout; // what the group 410 points to when the record has none
+    RecordedItems m_recorded;
+    std::shared_ptr<const ListingPlan> m_plan;
     GroupReader m_reader;
 };
 

@@ -27,6 +27,20 @@ TEST(TextGroups, ReadsCodesHoweverTheyArePadded)
               (Pairs{{0, "LINE"}, {8, " A "}, {1001, "X"}, {-3, ""}}));
 }
 
+// Codes in three columns are read in a way of their own; a tab in front makes them usual lines.
+TEST(TextGroups, ReadsThreeColumnsAsAnyOtherLine)
+{
+    constexpr std::string_view characters = " 019-+x\t\r";
+    for (const std::string_view lineEnd : {"\n", "\r\n"})
+        for (const char first : characters)
+            for (const char second : characters)
+                for (const char third : characters) {
+                    const std::string line = {first, second, third};
+                    const std::string rest = std::string(lineEnd) + "8" + std::string(lineEnd) + "70\n";
+                    EXPECT_EQ(pairsOf(line + rest), pairsOf('\t' + line + rest)) << '"' << line << '"';
+                }
+}
+
 TEST(TextGroups, AValueMayLackItsLineEndOrBeCutOff)
 {
     EXPECT_EQ(pairsOf("0\nLIN"), (Pairs{{0, "LIN"}}));

@@ -1,4 +1,8 @@
+#include "host/drawing/LayoutEditing.h"
+#include "host/drawing/entities/EntityMaking.h"
 #include "tests/host/drawing/entities/EntityTest.h"
+
+#include <map>
 
 namespace drawing {
 
@@ -46,6 +50,60 @@ TEST_F(Listing, ofAPolylineGivesEachPointItsWidthsAndBulge)
     EXPECT_EQ(codes(polyline), "0 5 100 [67] [410] 8 100 90 70 43 [38] [39] 10 [40] [41] 42 [91] 10 [40] [41] [42] [91]"
                                " [210]");
     EXPECT_EQ(listing(drawing(), polyline)[13].group, (Group{40, 0.5}));
+}
+
+TEST_F(Listing, isTheSameWhateverWasListedBefore)
+{
+    const std::string entities = "0\nLINE\n330\n1F\n100\nAcDbEntity\n8\n0\n100\nAcDbLine\n10\n1\n20\n2\n11\n3\n21\n4\n"
+                                 "0\nLINE\n330\n1F\n100\nAcDbEntity\n8\n0\n100\nAcmeLine\n10\n1\n20\n2\n11\n3\n21\n4\n"
+                                 "0\nLINE\n330\n1F\n100\nAcDbEntity\n8\n0\n100\nAcDbLine\n10\n1\n20\n2\n11\n3\n"
+                                 "0\nLINE\n102\n{ACME\n330\nAA\n102\n}\n330\n1F\n100\nAcDbEntity\n8\n0\n"
+                                 "0\nLINE\n102\nACME\n330\nAA\n102\n}\n330\n1F\n100\nAcDbEntity\n8\n0\n"
+                                 "0\nLINE\n330\n1F\n100\nAcDbEntity\n67\n1\n8\n0\n100\nAcDbLine\n10\n1\n20\n2\n"
+                                 "0\nLINE\n330\n1F\n100\nAcDbEntity\n67\n0\n8\n0\n100\nAcDbLine\n10\n1\n20\n2\n"
+                                 "0\nPOLYLINE\n8\n0\n66\n1\n70\n0\n0\nSEQEND\n8\n0\n"
+                                 "0\nPOLYLINE\n8\n0\n66\n1\n70\n16\n0\nVERTEX\n8\n0\n10\n1\n20\n0\n70\n64\n"
+                                 "0\nVERTEX\n8\n0\n10\n1\n20\n0\n70\n128\n0\nSEQEND\n8\n0\n"
+                                 "0\nLWPOLYLINE\n8\n0\n43\n0.5\n10\n0\n20\n0\n"
+                                 "0\nLWPOLYLINE\n8\n0\n43\n1.5\n10\n0\n20\n0\n"
+                                 "0\nGADGET\n8\n0\n70\n1\n0\nGIZMO\n8\n0\n70\n1\n";
+    for (const char *version : {"AC1009", "AC1015"}) {
+        std::map<RecordId, GroupList> alone; // each the first of a drawing that is listed
+        for (RecordId id = open(version, entities); database().record(id).kind == RecordKind::Entity; ++id) {
+            open(version, entities);
+            alone[id] = groupsOf(listing(drawing(), id));
+        }
+        EXPECT_EQ(alone.size(), 17U);
+        for (const auto &[id, groups] : alone)
+            for (const auto &[before, ignored] : alone) {
+                listing(drawing(), before);
+                EXPECT_EQ(groupsOf(listing(drawing(), id)), groups) << codes(id) << " after " << codes(before);
+            }
+    }
+}
+
+TEST_F(Listing, hasTheOwnerThatTheFileLeavesOut)
+{
+    const std::string point = "0\nPOINT\n8\n0\n10\n1\n20\n2\n";
+    open("AC1015", "0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nBLOCK_RECORD\n"
+                   "0\nBLOCK_RECORD\n5\nA1\n2\nA\n0\nBLOCK_RECORD\n5\nB1\n2\nB\n0\nENDTAB\n0\nENDSEC\n"
+                   "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n" +
+                       point + "0\nENDBLK\n0\nBLOCK\n2\nB\n" + point + "0\nENDBLK\n");
+    const RecordId inA = findType(database(), "POINT"), inB = findType(database(), "POINT", inA);
+    EXPECT_EQ(codes(inA), "0 [330] [100] [67] 8 [100] 10 [210] [50]");
+    EXPECT_EQ(listing(drawing(), inA)[1].group, (Group{330, Handle{0xA1}}));
+    EXPECT_EQ(listing(drawing(), inB)[1].group, (Group{330, Handle{0xB1}}));
+}
+
+TEST_F(Listing, hasTheLayoutByItsNameOfNow)
+{
+    const auto layoutGroup = [this](RecordId id) { return groupsOf(listing(drawing(), id))[5]; };
+    Placement onSheet;
+    onSheet.isPaperSpace = true;
+    const RecordId point = addEntity(drawing(), {{0, u"POINT"}, {10, Point{}}}, onSheet);
+    EXPECT_EQ(layoutGroup(point), (Group{410, u"Layout1"}));
+    ASSERT_TRUE(renameLayout(drawing(), findLayout(database(), u"Layout1").value(), u"Plan"));
+    EXPECT_EQ(layoutGroup(point), (Group{410, u"Plan"}));
 }
 
 TEST_F(Listing, tellsPolylinesAndVerticesApart)
