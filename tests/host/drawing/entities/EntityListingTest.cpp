@@ -93,6 +93,12 @@ TEST_F(Listing, hasTheOwnerThatTheFileLeavesOut)
     EXPECT_EQ(codes(inA), "0 [330] [100] [67] 8 [100] 10 [210] [50]");
     EXPECT_EQ(listing(drawing(), inA)[1].group, (Group{330, Handle{0xA1}}));
     EXPECT_EQ(listing(drawing(), inB)[1].group, (Group{330, Handle{0xB1}}));
+
+    const std::string vertex = "0\nVERTEX\n8\n0\n10\n1\n20\n2\n0\nSEQEND\n8\n0\n";
+    open("AC1015", "0\nPOLYLINE\n5\nC1\n8\n0\n66\n1\n" + vertex + "0\nPOLYLINE\n5\nD1\n8\n0\n66\n1\n" + vertex);
+    const RecordId ofC = findType(database(), "VERTEX"), ofD = findType(database(), "VERTEX", ofC);
+    EXPECT_EQ(listing(drawing(), ofC)[1].group, (Group{330, Handle{0xC1}}));
+    EXPECT_EQ(listing(drawing(), ofD)[1].group, (Group{330, Handle{0xD1}}));
 }
 
 TEST_F(Listing, hasTheLayoutByItsNameOfNow)
