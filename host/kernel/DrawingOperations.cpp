@@ -1,12 +1,12 @@
 // Operations of the LISP interface on the drawing: entities, symbol tables, dictionaries.
 
 #include "host/drawing/Dictionaries.h"
-#include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "host/drawing/geometry/Extents.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/drawing/EntityName.h"
 #include "host/kernel/drawing/EntityNodes.h"
+#include "host/kernel/drawing/RecordModification.h"
 #include "host/kernel/drawing/TableRecords.h"
 #include "lisp/LispStatus.h"
 #include "sdk/fx/CFxString.h"
@@ -71,10 +71,11 @@ resbuf *SubstituteLispHost::entGetX(const LispName *entity, const resbuf *narrow
 
 int SubstituteLispHost::entMod(const resbuf *list)
 {
-    Drawing *drawing = drawingOf(m_machine);
+    const Drawing *drawing = drawingOf(m_machine);
     const std::optional<EntityRequest> request = entityRequest(list);
     const RecordId record = request && request->name ? presentRecord(drawing, *request->name) : RecordId{NoRecord};
-    return record != NoRecord && drawing::changeRecord(*drawing, record, request->groups) ? StatusNormal : StatusError;
+    const bool isModified = record != NoRecord && modifyRecord(Document::of(m_machine), record, request->groups);
+    return isModified ? StatusNormal : StatusError;
 }
 
 // `next` moves on what tblnext gives next; no module reads that.

@@ -1,6 +1,5 @@
 // Entities of the drawing: reading, changing, making, and walking over them.
 
-#include "host/commands/Renaming.h"
 #include "host/drawing/Blocks.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntityMaking.h"
@@ -12,6 +11,7 @@
 #include "host/kernel/drawing/EntityData.h"
 #include "host/kernel/drawing/EntityName.h"
 #include "host/kernel/drawing/ListedChanges.h"
+#include "host/kernel/drawing/RecordModification.h"
 
 using drawing::Database;
 using drawing::Drawing;
@@ -65,51 +65,6 @@ Value entget(Machine &machine, Args arguments)
                       arguments[1].isTrue() ? filterOf(arguments.list(1)) : ApplicationFilter());
 }
 
-// Objects hold what they like; an entity or table record keeps what it has, though it could not be made so.
-bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
-{
-    const Database &database = drawing.database();
-    if (!drawing::usesKnownApplications(drawing, wanted) || !drawing::canShow(drawing, record, wanted))
-        return false;
-    if (database.record(record).kind == drawing::RecordKind::Object)
-        return true;
-    if (!drawing::holdsExtendedData(drawing, record, wanted))
-        return false;
-    const std::u16string type = database.type(record);
-    return drawing::hasValidValues(drawing, type, wanted) ||
-           drawing::hasValidValues(drawing, type, wanted, database.groups(record));
-}
-
-// Another name for a table record or block is followed in everything that calls it. That comes last, when nothing else
-// can go wrong; the start of a block has its name twice.
-bool changeNamedRecord(Document &document, RecordId record, drawing::GroupList wanted)
-{
-    namespace groupcode = drawing::groupcode;
-    Drawing &drawing = document.drawing();
-    const std::u16string old = drawing.database().name(record);
-    const auto *given = drawing::findValue<std::u16string>(wanted, groupcode::Name);
-    const std::u16string name = given ? *given : old;
-    if (name != old && commands::renamingOf(drawing, record, name) != commands::Renaming::Possible)
-        return false;
-    const bool isBlock = drawing.database().record(record).kind == drawing::RecordKind::BlockStart;
-    for (drawing::Group &group : wanted)
-        if (group.code == groupcode::Name || (isBlock && group.code == groupcode::EntryName))
-            group.value = old;
-    if (!drawing::changeRecord(drawing, record, wanted))
-        return false;
-    if (name != old)
-        commands::renameRecord(document.session(), record, name);
-    return true;
-}
-
-bool change(Document &document, RecordId record, const drawing::GroupList &wanted)
-{
-    const drawing::RecordKind kind = document.drawing().database().record(record).kind;
-    const bool isNamed = kind == drawing::RecordKind::TableRecord || kind == drawing::RecordKind::BlockStart;
-    return isNamed ? changeNamedRecord(document, record, wanted)
-                   : drawing::changeRecord(document.drawing(), record, wanted);
-}
-
 // The record that a list begins with, if it is one that has neither a name to follow nor rules to look up.
 RecordId simpleRecord(const Drawing &drawing, Value list)
 {
@@ -150,13 +105,7 @@ Value entmod(Machine &machine, Args arguments)
     const RecordId record = request.name ? recordOf(drawing, *request.name) : NoRecord;
     if (record == NoRecord || drawing.database().record(record).isGone())
         return Value::nil();
-    const auto *type = drawing::findValue<std::u16string>(request.groups, drawing::groupcode::Type);
-    const std::string_view oldType = drawing.database().names().text(drawing.database().record(record).type);
-    if (type && !drawing.database().codec().decodesTo(oldType, *type))
-        return Value::nil();
-    const bool isChanged =
-        canTake(drawing, record, request.groups) && change(Document::of(machine), record, request.groups);
-    return isChanged ? arguments[0] : Value::nil();
+    return modifyRecord(Document::of(machine), record, request.groups) ? arguments[0] : Value::nil();
 }
 
 drawing::Placement currentPlacement(Document &document)

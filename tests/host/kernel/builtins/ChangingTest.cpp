@@ -1,5 +1,8 @@
 // What entmod changes, by the lists that entget gives and by any others.
 
+#include "host/kernel/drawing/EntityData.h"
+#include "host/kernel/drawing/EntityName.h"
+#include "lisp/LispStatus.h"
 #include "tests/host/commands/CommandTest.h"
 
 namespace {
@@ -139,4 +142,50 @@ TEST_F(Changing, AddsNoMoreExtendedDataThanAnEntityHoldsOfAllApplications)
     EXPECT_NE(evaluate("(put \"A\" 61)"), "nil"); // in place of what A has
     EXPECT_NE(evaluate("(put \"A\" 0)"), "nil");
     EXPECT_NE(evaluate("(put \"B\" 60)"), "nil");
+}
+
+namespace {
+
+class ChangingByAModule : public CommandTest
+{
+protected:
+    int entMod(drawing::RecordId record, int code, LispValue value)
+    {
+        resbuf group{nullptr, static_cast<std::int16_t>(code), value};
+        resbuf name{&group, NameCode, {}};
+        name.resval.name = nodeName(m_document.drawing(), record);
+        return m_document.lispHost()->entMod(&name);
+    }
+};
+
+} // namespace
+
+TEST_F(ChangingByAModule, AListThatTheEntityCannotHaveChangesNothing)
+{
+    const drawing::RecordId circle = add({{0, u"CIRCLE"}, {10, drawing::Point{1, 2, 0}}, {40, 2.5}});
+    const std::string before(database().bytes(circle));
+    LispValue radius{};
+    radius.real = -1;
+    EXPECT_EQ(entMod(circle, 40, radius), StatusError);
+    std::u16string type = u"LINE";
+    LispValue text{};
+    text.string = type.data();
+    EXPECT_EQ(entMod(circle, 0, text), StatusError);
+    EXPECT_EQ(database().bytes(circle), before);
+    radius.real = 4;
+    EXPECT_EQ(entMod(circle, 40, radius), StatusNormal);
+    EXPECT_EQ(drawing::findGroup(lastGroups(), 40)->value, drawing::GroupValue(4.0));
+}
+
+TEST_F(ChangingByAModule, AnotherNameOfALayerIsFollowedByItsEntities)
+{
+    evaluate(R"((entmake '((0 . "LAYER") (100 . "AcDbSymbolTableRecord") (100 . "AcDbLayerTableRecord") (2 . "Old")
+                           (70 . 0))))");
+    evaluate(R"((entmake '((0 . "POINT") (8 . "Old") (10 1.0 2.0 0.0))))");
+    const drawing::RecordId layer = m_document.drawing().tables().find(drawing::known::Layer, u"Old");
+    std::u16string name = u"New";
+    LispValue text{};
+    text.string = name.data();
+    EXPECT_EQ(entMod(layer, 2, text), StatusNormal);
+    EXPECT_EQ(evaluate("(cdr (assoc 8 (entget (entlast))))"), "\"New\"");
 }

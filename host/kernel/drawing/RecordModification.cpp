@@ -1,0 +1,73 @@
+#include "host/kernel/drawing/RecordModification.h"
+
+#include "host/commands/Renaming.h"
+#include "host/drawing/entities/EntityChange.h"
+#include "host/drawing/entities/EntityMaking.h"
+#include "host/drawing/entities/EntityValues.h"
+#include "host/drawing/entities/ExtendedData.h"
+#include "host/kernel/Document.h"
+
+using drawing::Drawing;
+using drawing::RecordId;
+
+namespace {
+
+// Another name for a table record or block is followed in everything that calls it. That comes last, when nothing else
+// can go wrong; the start of a block has its name twice.
+bool changeNamedRecord(Document &document, RecordId record, drawing::GroupList wanted)
+{
+    namespace groupcode = drawing::groupcode;
+    Drawing &drawing = document.drawing();
+    const std::u16string old = drawing.database().name(record);
+    const auto *given = drawing::findValue<std::u16string>(wanted, groupcode::Name);
+    const std::u16string name = given ? *given : old;
+    if (name != old && commands::renamingOf(drawing, record, name) != commands::Renaming::Possible)
+        return false;
+    const bool isBlock = drawing.database().record(record).kind == drawing::RecordKind::BlockStart;
+    for (drawing::Group &group : wanted)
+        if (group.code == groupcode::Name || (isBlock && group.code == groupcode::EntryName))
+            group.value = old;
+    if (!drawing::changeRecord(drawing, record, wanted))
+        return false;
+    if (name != old)
+        commands::renameRecord(document.session(), record, name);
+    return true;
+}
+
+bool change(Document &document, RecordId record, const drawing::GroupList &wanted)
+{
+    const drawing::RecordKind kind = document.drawing().database().record(record).kind;
+    const bool isNamed = kind == drawing::RecordKind::TableRecord || kind == drawing::RecordKind::BlockStart;
+    return isNamed ? changeNamedRecord(document, record, wanted)
+                   : drawing::changeRecord(document.drawing(), record, wanted);
+}
+
+bool hasType(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
+{
+    const drawing::Database &database = drawing.database();
+    const auto *type = drawing::findValue<std::u16string>(wanted, drawing::groupcode::Type);
+    return !type || database.codec().decodesTo(database.names().text(database.record(record).type), *type);
+}
+
+} // namespace
+
+bool modifyRecord(Document &document, RecordId record, const drawing::GroupList &wanted)
+{
+    const Drawing &drawing = document.drawing();
+    return hasType(drawing, record, wanted) && canTake(drawing, record, wanted) && change(document, record, wanted);
+}
+
+// Objects hold what they like; an entity or table record keeps what it has, though it could not be made so.
+bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
+{
+    const drawing::Database &database = drawing.database();
+    if (!drawing::usesKnownApplications(drawing, wanted) || !drawing::canShow(drawing, record, wanted))
+        return false;
+    if (database.record(record).kind == drawing::RecordKind::Object)
+        return true;
+    if (!drawing::holdsExtendedData(drawing, record, wanted))
+        return false;
+    const std::u16string type = database.type(record);
+    return drawing::hasValidValues(drawing, type, wanted) ||
+           drawing::hasValidValues(drawing, type, wanted, database.groups(record));
+}
