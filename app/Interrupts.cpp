@@ -21,11 +21,11 @@ bool isIgnoredFromTheStart()
     return atStart == SIG_IGN;
 }
 
-// Gives the handler that there was.
-SignalHandler *handleInterrupts(SignalHandler *handler)
+void handleInterrupts(void (*handler)(int))
 {
     static const bool areIgnored = isIgnoredFromTheStart();
-    return areIgnored ? SIG_IGN : std::signal(SIGINT, handler);
+    if (!areIgnored)
+        std::signal(SIGINT, handler);
 }
 
 } // namespace
@@ -52,12 +52,13 @@ InterruptScope::InterruptScope(lisp::Machine &machine)
     interruptible = &machine;
     if (signalCount > 0)
         machine.interrupt();
-    m_outside = handleInterrupts(onInterrupt);
+    handleInterrupts(onInterrupt);
 }
 
 InterruptScope::~InterruptScope()
 {
-    handleInterrupts(m_outside);
+    if (!areKept)
+        handleInterrupts(SIG_DFL);
     interruptible = nullptr;
 }
 
@@ -77,4 +78,14 @@ KeptInterrupts::~KeptInterrupts()
 {
     handleInterrupts(SIG_DFL);
     areKept = false;
+}
+
+bool KeptInterrupts::hasInterrupted() const
+{
+    return signalCount > 0;
+}
+
+void KeptInterrupts::forget()
+{
+    signalCount = 0;
 }

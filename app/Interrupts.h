@@ -8,8 +8,6 @@ class Machine;
 // signal does what it does to any process.
 extern "C" void onInterrupt(int signal);
 
-using SignalHandler = void(int);
-
 // While it lives, Ctrl-C makes the machine's program fail with "Function cancelled", a second one does so even if the
 // program catches the error and goes on, and a third ends the process. A process that was started to ignore Ctrl-C
 // ignores it here.
@@ -22,9 +20,6 @@ public:
     InterruptScope &operator=(const InterruptScope &) = delete;
 
     bool hasInterrupted() const; // whether there was a signal while it lived
-
-private:
-    SignalHandler *m_outside;
 };
 
 // While it lives, a signal that comes between two programs is not lost and does not end the process: it interrupts the
@@ -36,4 +31,7 @@ public:
     ~KeptInterrupts();
     KeptInterrupts(const KeptInterrupts &) = delete;
     KeptInterrupts &operator=(const KeptInterrupts &) = delete;
+
+    bool hasInterrupted() const; // whether there was a signal, since the last call of forget()
+    void forget();               // what came so far interrupts nothing
 };

@@ -25,33 +25,28 @@ extern "C" void cancelLine(int)
     ::alarm(SecondsToTheNextTry);
 }
 
-// While it lives, Ctrl-C ends the line that is being read, if there is one, instead of the process.
+// While it lives, Ctrl-C ends the line that is being read instead of what it does else.
 class CancelScope
 {
 public:
     CancelScope()
     {
-        sigaction(SIGINT, nullptr, &m_interrupt);
-        sigaction(SIGALRM, nullptr, &m_alarm);
+        cancelled = 0;
+        struct sigaction action = {};
+        action.sa_handler = cancelLine; // without SA_RESTART, so that reading stops
+        sigaction(SIGALRM, &action, &m_alarm);
+        sigaction(SIGINT, &action, &m_interrupt);
     }
     ~CancelScope()
     {
-        ::alarm(0);
-        sigaction(SIGALRM, &m_alarm, nullptr);
         sigaction(SIGINT, &m_interrupt, nullptr);
+        if (wasCancelled())
+            ::alarm(0);
+        sigaction(SIGALRM, &m_alarm, nullptr);
     }
     CancelScope(const CancelScope &) = delete;
     CancelScope &operator=(const CancelScope &) = delete;
 
-    static void beginLine()
-    {
-        ::alarm(0);
-        struct sigaction action = {};
-        action.sa_handler = cancelLine; // without SA_RESTART, so that reading stops
-        sigaction(SIGALRM, &action, nullptr);
-        sigaction(SIGINT, &action, nullptr);
-        cancelled = 0;
-    }
     static bool wasCancelled() { return cancelled != 0; }
 
 private:
@@ -107,7 +102,6 @@ struct LineEditor::State
     Prompt shown = Prompt::First;
     History *entries;
     EditLine *editor;
-    CancelScope cancels;
 };
 
 // Inserts what all names with this beginning have in common; lists them when that is nothing new.
@@ -135,12 +129,14 @@ LineEditor::~LineEditor() = default;
 
 std::optional<QString> LineEditor::readLine(Prompt prompt)
 {
-    m_state->cancels.beginLine();
+    const CancelScope cancels;
     m_state->shown = prompt;
     int length = 0;
+    const bool hasFailed = std::ferror(stdout) != 0;
     const char *line = el_gets(m_state->editor, &length);
-    std::clearerr(stdout); // a signal fails the write that it comes into: the line's echo, no output of a program
-    if (m_state->cancels.wasCancelled()) {
+    if (!hasFailed)
+        std::clearerr(stdout); // a signal fails the write that it comes into: of the line's echo, no program's output
+    if (CancelScope::wasCancelled()) {
         std::fputc('\n', stdout);
         el_reset(m_state->editor);
         return QString();

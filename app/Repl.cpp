@@ -32,12 +32,14 @@ int Repl::runOnTerminal()
 {
     QDir().mkpath(profileFolder());
     LineEditor editor(m_session.machine(), profileFolder() + QStringLiteral("/history"));
+    KeptInterrupts interrupts; // so that Ctrl-C ends the session at no moment
     std::u16string text;
     while (!m_left) {
         m_session.console().startFreshLine();
         m_session.console().flush();
         const std::optional<QString> line =
             editor.readLine(text.empty() ? LineEditor::Prompt::First : LineEditor::Prompt::Rest);
+        interrupts.forget(); // they were for what is over now
         if (!line) {
             m_session.console().write(u"\n"); // after the prompt that was left
             break;
@@ -49,6 +51,8 @@ int Repl::runOnTerminal()
         text += line->toStdU16String();
         if (evaluate(text)) {
             editor.remember(QString::fromStdU16String(text).trimmed());
+            text.clear();
+        } else if (interrupts.hasInterrupted()) {
             text.clear();
         }
     }

@@ -7,6 +7,7 @@ import select
 import signal
 import termios
 import time
+from collections.abc import Callable
 
 from lisphost import LISPHOST, TIMEOUT
 
@@ -21,12 +22,15 @@ def plain_text(data: str) -> str:
 
 
 class Terminal:
-    def __init__(self, arguments: list[str], folder: str, environment: dict[str, str]) -> None:
+    def __init__(self, arguments: list[str], folder: str, environment: dict[str, str],
+                 prepare: Callable[[], None] = lambda: None) -> None:
+        """`prepare` is called in the new process."""
         self.shown = ""
         self.unfinished = ""  # a control sequence whose end is still to come
         self.process, self.terminal = pty.fork()
         if self.process == 0:
             signal.signal(signal.SIGINT, signal.SIG_DFL)
+            prepare()
             os.chdir(folder)
             os.execve(LISPHOST, [LISPHOST, *arguments], environment | {"TERM": "dumb"})
 

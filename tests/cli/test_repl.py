@@ -1,4 +1,6 @@
+import os
 import random
+import signal
 import time
 import unittest
 
@@ -7,9 +9,13 @@ from terminal import Terminal
 
 
 class Repl(LispHostTest):
-    def open(self, *arguments: str) -> Terminal:
-        terminal = Terminal(["--profile", str(self.profile), *arguments], str(self.folder), self.environment)
+    def start(self, *arguments: str, **others: object) -> Terminal:
+        terminal = Terminal(["--profile", str(self.profile), *arguments], str(self.folder), self.environment, **others)
         self.addCleanup(terminal.close)
+        return terminal
+
+    def open(self, *arguments: str, **others: object) -> Terminal:
+        terminal = self.start(*arguments, **others)
         terminal.wait_for_prompt()
         return terminal
 
@@ -81,6 +87,38 @@ class Repl(LispHostTest):
     def answers(terminal: Terminal) -> bool:
         terminal.type("(+ 20 3)\n")
         return terminal.shows_within(1, r"\n23\n> $")
+
+    @unittest.skipIf(WINDOWS, "what is typed ahead stays in the console's queue")
+    def test_ctrl_c_while_an_entry_is_looked_through_stops_it(self):
+        terminal = self.open("repl")
+        for delay in range(6):  # milliseconds; to look through the entry takes some
+            terminal.type("(progn\n")
+            terminal.wait_for(r"\n  ?")
+            for line in range(30):
+                terminal.type(f"'({'1 ' * 500})\n")
+                terminal.wait_for(r"\)\n  ?")
+            terminal.type("(while T))\n")
+            terminal.wait_for(r"T\)\)\n")
+            time.sleep(delay / 1000)
+            terminal.type("\x03")
+            self.assertTrue(any(self.answers(terminal) for _ in range(TIMEOUT)), terminal.shown)
+            terminal.wait_for_prompt(r"\n23\n")
+        self.leave(terminal)
+
+    @unittest.skipIf(WINDOWS, "signals are not passed on to new processes")
+    def test_a_session_that_is_to_ignore_ctrl_c_lets_programs_run_on(self):
+        terminal = self.open("repl", prepare=lambda: signal.signal(signal.SIGINT, signal.SIG_IGN))
+        terminal.type('(progn (princ "go") (terpri) (repeat 3000000 (+ 1 1)) "done")\n')
+        terminal.wait_for(r"\ngo\n")
+        terminal.type("\x03")
+        terminal.wait_for_prompt(r'"done"\n')
+        self.leave(terminal)
+
+    @unittest.skipIf(WINDOWS, "there is no such device")
+    def test_a_full_disk_below_the_output_is_told_at_the_end(self):
+        terminal = self.start("repl", prepare=lambda: os.dup2(os.open("/dev/full", os.O_WRONLY), 1))
+        terminal.type("(princ 1)\n(quit)\n")
+        self.assertEqual(terminal.wait_for_end(), 3, terminal.shown)
 
     def test_tab_completes_names(self):
         terminal = self.open("repl")

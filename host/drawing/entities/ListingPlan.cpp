@@ -116,7 +116,7 @@ public:
     }
 
 private:
-    using Order = decltype(ListingPlan::m_order);
+    using Order = ListingPlan::Order;
 
     static bool isEntity(RecordKind kind)
     {
@@ -184,10 +184,13 @@ private:
         const qsizetype place = begin != end && item(*begin).code == groupcode::Type ? 1 : 0;
         if (owner != end) {
             std::rotate(begin + place, owner, owner + 1);
-        } else if (const Handle handle = ownerOf(m_drawing, m_id); handle.value != 0) {
+        } else {
+            m_plan.m_isForOthers = false; // elsewhere there may be another, or one where this has none
+            const Handle handle = ownerOf(m_drawing, m_id);
+            if (handle.value == 0)
+                return;
             m_order.insert(place, derived(referenceItem(groupcode::Owner, handle)));
             ++m_firstMarker;
-            m_plan.m_isForOthers = false;
         }
     }
 
@@ -331,14 +334,16 @@ std::shared_ptr<const ListingPlan> ListingPlan::of(const Drawing &drawing, Recor
     std::shared_ptr<const ListingPlan> &kept = latest[static_cast<std::size_t>(wanted.type) % Kept];
     if (kept && kept->fits(wanted, items))
         return kept;
-    std::shared_ptr<ListingPlan> plan(new ListingPlan(wanted, items));
+    const std::shared_ptr<ListingPlan> plan(new ListingPlan(wanted));
     ListingPlanner(drawing, id, items, *plan).plan();
-    if (plan->m_isForOthers)
+    if (plan->m_isForOthers && items.size() <= UsualItems) {
+        plan->noteShapes(items);
         kept = plan;
+    }
     return plan;
 }
 
-ListingPlan::ListingPlan(const Subject &subject, const RecordedItems &items) : m_subject(subject)
+void ListingPlan::noteShapes(const RecordedItems &items)
 {
     m_shapes.reserve(static_cast<std::size_t>(items.size()));
     for (const Item &item : items)

@@ -3,11 +3,19 @@
 #include "tests/host/drawing/entities/EntityTest.h"
 
 #include <map>
+#include <tuple>
 
 namespace drawing {
 
 class Listing : public EntityTest
 {
+protected:
+    // The groups; which are in the file and in what order; how many are the head.
+    using Listed = std::tuple<GroupList, std::string, std::size_t>;
+    Listed listed(RecordId id)
+    {
+        return {groupsOf(listing(drawing(), id)), codes(id), EntityListing(drawing(), id).headSize()};
+    }
 };
 
 TEST_F(Listing, ofALineHasOwnerSpaceLayoutAndExtrusion)
@@ -68,16 +76,16 @@ TEST_F(Listing, isTheSameWhateverWasListedBefore)
                                  "0\nLWPOLYLINE\n8\n0\n43\n1.5\n10\n0\n20\n0\n"
                                  "0\nGADGET\n8\n0\n70\n1\n0\nGIZMO\n8\n0\n70\n1\n";
     for (const char *version : {"AC1009", "AC1015"}) {
-        std::map<RecordId, GroupList> alone; // each the first of a drawing that is listed
+        std::map<RecordId, Listed> alone; // each the first of a drawing that is listed
         for (RecordId id = open(version, entities); database().record(id).kind == RecordKind::Entity; ++id) {
             open(version, entities);
-            alone[id] = groupsOf(listing(drawing(), id));
+            alone[id] = listed(id);
         }
         EXPECT_EQ(alone.size(), 17U);
-        for (const auto &[id, groups] : alone)
+        for (const auto &[id, expected] : alone)
             for (const auto &[before, ignored] : alone) {
                 listing(drawing(), before);
-                EXPECT_EQ(groupsOf(listing(drawing(), id)), groups) << codes(id) << " after " << codes(before);
+                EXPECT_EQ(listed(id), expected) << codes(id) << " after " << codes(before);
             }
     }
 }
@@ -93,6 +101,16 @@ TEST_F(Listing, hasTheOwnerThatTheFileLeavesOut)
     EXPECT_EQ(codes(inA), "0 [330] [100] [67] 8 [100] 10 [210] [50]");
     EXPECT_EQ(listing(drawing(), inA)[1].group, (Group{330, Handle{0xA1}}));
     EXPECT_EQ(listing(drawing(), inB)[1].group, (Group{330, Handle{0xB1}}));
+
+    // In a block that no record is of there is none; a 410 of its own leaves the owner alone to be found.
+    const std::string known = "0\nPOINT\n100\nAcDbEntity\n67\n0\n410\nModel\n8\n0\n100\nAcDbPoint\n10\n1\n20\n2\n";
+    open("AC1015", "0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nBLOCK_RECORD\n"
+                   "0\nBLOCK_RECORD\n5\nB1\n2\nB\n0\nENDTAB\n0\nENDSEC\n"
+                   "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n" +
+                       known + "0\nENDBLK\n0\nBLOCK\n2\nB\n" + known + "0\nENDBLK\n");
+    const RecordId unknown = findType(database(), "POINT");
+    EXPECT_EQ(codes(unknown), "0 100 67 410 8 100 10 [210] [50]");
+    EXPECT_EQ(codes(findType(database(), "POINT", unknown)), "0 [330] 100 67 410 8 100 10 [210] [50]");
 
     const std::string vertex = "0\nVERTEX\n8\n0\n10\n1\n20\n2\n0\nSEQEND\n8\n0\n";
     open("AC1015", "0\nPOLYLINE\n5\nC1\n8\n0\n66\n1\n" + vertex + "0\nPOLYLINE\n5\nD1\n8\n0\n66\n1\n" + vertex);
