@@ -239,7 +239,8 @@ private:
         return m_plan.m_layout;
     }
 
-    // Puts each default that is missing behind the groups that come before it in the schema.
+    // Puts each default that is missing behind the groups that come before it in the schema; behind the last vertex
+    // with all that is its own.
     void complete(const SubclassSchema &subclass)
     {
         qsizetype place = m_begin + 1;
@@ -248,12 +249,19 @@ private:
                 continue;
             const qsizetype last = lastOf(row.code);
             if (last != NotThere)
-                place = last + 1;
+                place = behindRepeated(subclass, last + 1);
             else if (row.presence == SchemaRow::Presence::Default)
                 insert(place++, defaultOf(row));
         }
         if (std::ranges::any_of(subclass.rows, &SchemaRow::repeatsAfterVertex))
             completeVertices(subclass);
+    }
+
+    qsizetype behindRepeated(const SubclassSchema &subclass, qsizetype place) const
+    {
+        while (place < m_end && repeats(subclass, item(m_order[place]).code))
+            ++place;
+        return place;
     }
 
     // The groups from one point to the next get what is missing there.

@@ -60,6 +60,15 @@ TEST_F(Listing, ofAPolylineGivesEachPointItsWidthsAndBulge)
     EXPECT_EQ(listing(drawing(), polyline)[13].group, (Group{40, 0.5}));
 }
 
+TEST_F(Listing, ofAPolylineLeavesTheLastPointItsOwn)
+{
+    const std::string vertices = "10\n0.0\n20\n0.0\n10\n5.0\n20\n0.0\n40\n7.0\n41\n8.0\n42\n0.25\n";
+    const RecordId polyline =
+        open("AC1015", "0\nLWPOLYLINE\n5\n2F\n100\nAcDbEntity\n8\n0\n100\nAcDbPolyline\n90\n2\n70\n0\n" + vertices);
+    EXPECT_EQ(codes(polyline),
+              "0 5 100 [67] [410] 8 100 90 70 [38] [39] 10 [40] [41] [42] [91] 10 40 41 42 [91] [210]");
+}
+
 TEST_F(Listing, isTheSameWhateverWasListedBefore)
 {
     const std::string entities = "0\nLINE\n330\n1F\n100\nAcDbEntity\n8\n0\n100\nAcDbLine\n10\n1\n20\n2\n11\n3\n21\n4\n"
