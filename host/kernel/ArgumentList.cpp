@@ -64,7 +64,7 @@ void ArgumentList::addString(lisp::String &string)
 {
     resbuf *node = addNode(TypeString);
     if (m_width == TextWidth::Narrow)
-        node->resval.narrowString = duplicateNarrow(string.view());
+        node->resval.narrowString = duplicateNarrow(QStringView(string.view()).toLocal8Bit().toStdString());
     else if (isLent(string))
         m_pool.lend(node, string.characters);
     else

@@ -92,6 +92,8 @@ TEST_F(LispHostArguments, narrowFormHasEightBitStrings)
     };
     evaluate("(test \"abc\")");
     EXPECT_EQ(found, "abc");
+    evaluate("(test \"Z\\U+00FCrich\")"); // in the code page of the system, for its commands
+    EXPECT_EQ(QString::fromLocal8Bit(found.c_str()), QStringLiteral("Zürich"));
 }
 
 TEST_F(LispHostArguments, listsThatAreNeverClosedAreTheResultItself)
