@@ -210,14 +210,16 @@ Value regapp(Machine &machine, Args arguments)
     return isNew ? machine.string(arguments.text(0)) : Value::nil();
 }
 
-// The data of one application, ("APP" (1000 . "text") …), or of several, (-3 ("APP" …) …).
+// The data of one application, ("APP" (1000 . "text") …), or of several, with their code or without, (-3 ("APP" …) …).
 Value xdsize(Machine &machine, Args arguments)
 {
     constexpr int ExtendedDataCode = -3;
     lisp::Heap &heap = machine.heap();
     Value data = arguments.list(0);
     if (data.isCons() && data.asCons()->car.isString())
-        data = heap.cons(Value::integer(ExtendedDataCode), heap.cons(data, Value::nil()));
+        data = heap.cons(data, Value::nil());
+    if (data.isCons() && data.asCons()->car.isCons())
+        data = heap.cons(Value::integer(ExtendedDataCode), data);
     std::int32_t size = 0;
     for (const drawing::Group &group : entityRequest(heap.cons(data, Value::nil())).groups)
         size += drawing::extendedSize(group);

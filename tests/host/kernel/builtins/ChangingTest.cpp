@@ -130,6 +130,15 @@ TEST_F(Changing, OfAnInsertShowsBlocksThatAreThereAndDoNotHoldIt)
     EXPECT_EQ(evaluate("(shown outside \"NOPE\")"), "nil");
 }
 
+TEST_F(Changing, ExtendedDataHasItsSizeInWhateverListItIs)
+{
+    const std::string one = evaluate("(xdsize '(\"A\" (1000 . \"four\")))");
+    EXPECT_EQ(evaluate("(xdsize '((\"A\" (1000 . \"four\"))))"), one);
+    EXPECT_EQ(evaluate("(xdsize '(-3 (\"A\" (1000 . \"four\"))))"), one);
+    EXPECT_EQ(evaluate("(xdsize '((\"A\" (1000 . \"four\")) (\"B\" (1000 . \"four\"))))"),
+              std::to_string(2 * std::stoi(one)));
+}
+
 TEST_F(Changing, AddsNoMoreExtendedDataThanAnEntityHoldsOfAllApplications)
 {
     evaluate("(regapp \"A\") (regapp \"B\") (setq text \"\") (repeat 25 (setq text (strcat text \"0123456789\")))"
