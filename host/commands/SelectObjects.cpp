@@ -184,6 +184,8 @@ Task<Selection> select(Context &context, Purpose purpose, Answers answers)
             wantsMore = false;
         else if (reply.is(u"Add") || reply.is(u"Remove"))
             collected.isRemoving = reply.is(u"Remove");
+        else if (reply.is(u"SIngle"))
+            answers = Answers::One;
         else if (reply.is(u"Last"))
             collected.take(lastEntity(context));
         else if (reply.is(u"Previous"))

@@ -9,6 +9,7 @@
 #include "host/kernel/Document.h"
 #include "host/kernel/PointValues.h"
 #include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/builtins/PickErrors.h"
 #include "host/kernel/drawing/EntityName.h"
 #include "lisp/LispStatus.h"
 
@@ -94,8 +95,10 @@ Value nestedAt(Machine &machine, const LispPoint &point, MatrixValue matrixValue
     const Vector world = commands::WorkPlane(document.session()).world(at);
     const auto part = outer != NoRecord ? selection::nearestPart(drawing, outer, {world.x, world.y})
                                         : std::optional<selection::Part>();
-    if (!part)
+    if (!part) {
+        notePickError(document, PickError::NothingThere);
         return Value::nil();
+    }
     const std::u16string type = drawing.database().type(part->entity);
     const RecordId named =
         type == u"POLYLINE" ? vertexAt(drawing, part->entity, inverse(part->toWorld).place(world)) : part->entity;
@@ -122,6 +125,7 @@ Value ask(Machine &machine, std::u16string_view prompt, MatrixValue matrixValue)
     case StatusKeyword:
         return machine.string(document.prompter().lastInput());
     case StatusNoInput:
+        notePickError(document, PickError::NoAnswer);
         return Value::nil();
     default:
         lisp::fail(u"Function cancelled");

@@ -5,6 +5,7 @@
 #include "host/kernel/Document.h"
 #include "host/kernel/PointValues.h"
 #include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/builtins/PickErrors.h"
 #include "host/kernel/drawing/EntityName.h"
 #include "host/kernel/selection/SelectionFilter.h"
 #include "host/kernel/selection/SelectionMode.h"
@@ -150,6 +151,8 @@ private:
     {
         commands::CommandLine &commandLine = m_document.commandLine();
         commandLine.give(commands::Input(std::u16string(u"_.SELECT")));
+        if (m_mode.takesOne() && commandLine.isActive())
+            commandLine.give(commands::Input(std::u16string(u"_SI")));
         while (commandLine.isActive())
             if (commandLine.give(commands::Input(std::u16string(commands::CommandLine::Pause))) !=
                 commands::CommandLine::Result::Taken)
@@ -264,13 +267,16 @@ Value entsel(Machine &machine, Args arguments)
     case StatusKeyword:
         return machine.string(document.prompter().lastInput());
     case StatusNoInput:
+        notePickError(document, PickError::NoAnswer);
         return Value::nil();
     default:
         lisp::fail(u"Function cancelled");
     }
     const RecordId found = commands::entityAt(document.session(), {point.x, point.y, point.z});
-    if (found == NoRecord)
+    if (found == NoRecord) {
+        notePickError(document, PickError::NothingThere);
         return Value::nil();
+    }
     lisp::ListBuilder both(machine.heap());
     both.add(entityName(machine, document.drawing(), found));
     both.add(pointValue(machine, point, 3));

@@ -16,6 +16,10 @@ protected:
         add({{0, u"CIRCLE"}, {8, u"0"}, {10, drawing::Point{2, 2, 0}}, {40, 1.0}});
         add({{0, u"LINE"}, {8, u"0"}, {10, drawing::Point{}}, {11, drawing::Point{3, 3, 0}}});
     }
+    std::string handleOf(const char *type)
+    {
+        return evaluate("(cdr (assoc 5 (entget (ssname (ssget \"X\" '((0 . \"" + std::string(type) + "\"))) 0))))");
+    }
 };
 
 TEST_F(SelectObjects, LastIsTheLastEntity)
@@ -35,6 +39,35 @@ TEST_F(SelectObjects, LastIsTheLastThatCanBeSeenInTheCurrentSpace)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "ARC", "TEXT", "RAY"));
     evaluate("(command \"_.area\" \"_o\" \"_l\")");
     EXPECT_EQ(evaluate("(rtos (getvar \"AREA\") 2 4)"), "\"3.1416\"");
+}
+
+TEST_F(SelectObjects, SingleEndsWithTheFirstAnswerThatFindsSomething)
+{
+    evaluate("(command \"_.erase\" \"_si\" \"9,9\" \"9.1,9.1\" \"2,1\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "LINE"));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(SelectObjects, SsgetOfASingleObjectTakesOneAnswer)
+{
+    m_services.answers = AnswersFile::fromText(u"2,1\nnext\n", QString());
+    EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (ssname (ssget \":S\") 0))))"), "\"CIRCLE\"");
+    EXPECT_EQ(evaluate("(getstring)"), "\"next\"");
+    m_services.answers = AnswersFile::fromText(u"\n", QString());
+    EXPECT_EQ(evaluate("(ssget \":S\")"), "nil");
+}
+
+TEST_F(SelectObjects, ErrnoTellsAPickOfNothingFromEnter)
+{
+    for (const std::string ask : {"entsel", "nentsel"}) {
+        m_services.answers = AnswersFile::fromText(u"9,9\n\n2,1\n", QString());
+        evaluate("(setvar \"ERRNO\" 0)");
+        EXPECT_EQ(evaluate("(list (" + ask + ") (getvar \"ERRNO\"))"), "(nil 7)");
+        EXPECT_EQ(evaluate("(list (" + ask + ") (getvar \"ERRNO\"))"), "(nil 52)");
+        evaluate("(setvar \"ERRNO\" 0)");
+        EXPECT_EQ(evaluate("(list (car (" + ask + ")) (getvar \"ERRNO\"))"),
+                  "(" + evaluate("(handent " + handleOf("CIRCLE") + ")") + " 0)");
+    }
 }
 
 TEST_F(SelectObjects, AllAndRemoveAndAdd)
