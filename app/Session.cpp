@@ -4,6 +4,7 @@
 #include "app/Modules.h"
 #include "app/Plotter.h"
 #include "app/sandbox/TimeLimit.h"
+#include "host/commands/DrawingFiles.h"
 #include "host/drawing/DrawingWriter.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
@@ -57,10 +58,9 @@ void Session::openDocument()
 
 void Session::warnOfOddities()
 {
-    const drawing::Oddities &oddities = m_document->drawing().database().oddities();
-    if (oddities.count > 0)
-        warn(QStringLiteral("%1: not understood and kept as it is in %2 places, first %3")
-                 .arg(m_drawingFile, QString::number(oddities.count), QString::fromStdString(oddities.first)));
+    const QString note = commands::oddityNote(m_document->drawing().database());
+    if (!note.isEmpty())
+        warn(m_drawingFile + QStringLiteral(": ") + note);
 }
 
 void Session::startOver()

@@ -16,6 +16,17 @@ QString dxfName(const std::u16string &typed)
     return (isDrawing ? name.chopped(suffix.size() + 1) : name) + QStringLiteral(".dxf");
 }
 
+QString oddityNote(const drawing::Database &database)
+{
+    const drawing::Oddities &oddities = database.oddities();
+    if (oddities.count == 0)
+        return {};
+    const QString places =
+        oddities.count == 1 ? QStringLiteral("1 place") : QStringLiteral("%1 places, first").arg(oddities.count);
+    return QStringLiteral("not understood and kept as it is in %1: %2")
+        .arg(places, QString::fromStdString(oddities.first));
+}
+
 Command confirmReplacing(Context &context, const QString path)
 {
     if (!QFileInfo::exists(path))

@@ -70,6 +70,9 @@ Command open(Context &context)
     }
     if (!failure.empty())
         throw CommandError{failure};
+    const QString note = oddityNote(context.database());
+    if (!note.isEmpty())
+        context.say((name.value + u": ") + note.toStdU16String());
 }
 
 } // namespace commands

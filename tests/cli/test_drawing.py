@@ -94,7 +94,7 @@ class Drawing(LispHostTest):
         self.write("odd.dxf", R12.replace(" 20\n2.\n", "no code\n2.\n", 1))
         outcome = self.lisphost("eval", "--drawing", "odd.dxf", "--save", "copy.dxf", "1")
         self.assertEqual((outcome.status, outcome.output), (0, "1\n"))
-        self.assertRegex(outcome.errors, r"^lisphost: odd.dxf: not understood and kept as it is in \d+ places, first .+\n$")
+        self.assertRegex(outcome.errors, r"^lisphost: odd.dxf: not understood and kept as it is in \d+ places, first: .+\n$")
         self.assertEqual((self.folder / "copy.dxf").read_text(), (self.folder / "odd.dxf").read_text())
 
     def test_hyperlinks_are_those_of_other_programs(self):
