@@ -72,7 +72,7 @@ Command open(Context &context)
         throw CommandError{failure};
     const QString note = oddityNote(context.database());
     if (!note.isEmpty())
-        context.say((name.value + u": ") + note.toStdU16String());
+        context.session().print(u'\n' + name.value + u": " + note.toStdU16String() + u'\n');
 }
 
 } // namespace commands

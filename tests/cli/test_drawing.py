@@ -96,6 +96,8 @@ class Drawing(LispHostTest):
         self.assertEqual((outcome.status, outcome.output), (0, "1\n"))
         self.assertRegex(outcome.errors, r"^lisphost: odd.dxf: not understood and kept as it is in \d+ places, first: .+\n$")
         self.assertEqual((self.folder / "copy.dxf").read_text(), (self.folder / "odd.dxf").read_text())
+        opened = self.lisphost("eval", '(progn (setvar "CMDECHO" 0) (command "_.open" "odd.dxf") (princ))')
+        self.assertRegex(opened.output, r"odd.dxf: not understood and kept as it is in \d+ places, first: .+\n")
 
     def test_hyperlinks_are_those_of_other_programs(self):
         self.lisphost("eval", "--save", "linked.dxf", "(entmake '((0 . \"POINT\") (10 1 2)))",
