@@ -1,6 +1,7 @@
 import os
 import signal
 import subprocess
+import time
 import unittest
 
 from lisphost import LISPHOST, TIMEOUT, LispHostTest, begin_in_the_foreground
@@ -8,14 +9,17 @@ from lisphost import LISPHOST, TIMEOUT, LispHostTest, begin_in_the_foreground
 
 class Interrupt(LispHostTest):
     def start(self, program: str, beginning=begin_in_the_foreground) -> subprocess.Popen:
-        """Starts a program that says by a pipe when it runs, and presses Ctrl-C then."""
+        """Starts a program that makes the file "running" when it runs, and presses Ctrl-C then."""
         self.write("program.lsp", program)
-        os.mkfifo(self.folder / "running")
         process = subprocess.Popen([LISPHOST, "run", "program.lsp"], cwd=self.folder, env=self.environment, text=True,
                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                    preexec_fn=beginning)
         self.addCleanup(process.kill)
-        (self.folder / "running").read_bytes()  # until the program has opened and closed the other end
+        end = time.monotonic() + TIMEOUT
+        while not (self.folder / "running").exists():
+            self.assertIsNone(process.poll(), "the program has ended")
+            self.assertLess(time.monotonic(), end, "the program does not run")
+            time.sleep(0.01)
         process.send_signal(signal.SIGINT)
         return process
 
@@ -45,13 +49,12 @@ class Interrupt(LispHostTest):
         self.assertEqual((status, output.rstrip("\n")), (1, "cleaned up"))
 
     def test_is_nothing_to_a_program_that_was_started_to_ignore_it(self):
-        os.mkfifo(self.folder / "go on")
         program = """(close (open "running" "w"))
-            (close (open "go on" "r"))
+            (while (not (findfile "go on")))
             (repeat 100000 (1+ 1)) ; long enough to hear of an interrupt
             (princ "here")"""
         process = self.start(program, lambda: signal.signal(signal.SIGINT, signal.SIG_IGN))
-        (self.folder / "go on").write_bytes(b"")
+        self.write("go on", "")
         output, errors = process.communicate(timeout=TIMEOUT)
         self.assertEqual((process.returncode, output.rstrip("\n"), errors), (0, "here", ""))
 
