@@ -71,9 +71,9 @@ Selection visibleEntities(Session &session)
     return selection::visibleEntities(session.drawing(), sight(session));
 }
 
-RecordId lastVisibleEntity(Session &session)
+RecordId newestEntity(Session &session)
 {
-    return selection::lastVisibleEntity(session.drawing(), sight(session));
+    return selection::newestEntity(session.drawing(), sight(session));
 }
 
 RecordId entityAt(Session &session, const Point &place)

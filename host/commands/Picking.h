@@ -12,7 +12,8 @@ Selection thawedEntities(Session &session);
 Selection thawedEntitiesInSight(Session &session);
 // What can be seen of it.
 Selection visibleEntities(Session &session);
-RecordId lastVisibleEntity(Session &session); // NoRecord when nothing can be seen
+// "Last": NoRecord when that is frozen or invisible itself.
+RecordId newestEntity(Session &session);
 
 // The entity within the pick box that is nearest; NoRecord when there is none.
 RecordId entityAt(Session &session, const Point &place);

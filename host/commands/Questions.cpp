@@ -143,7 +143,7 @@ Request::Outcome EntityRequest::read(const Input &input)
     else if (const auto *selection = std::get_if<Selection>(&input); selection && selection->size() == 1)
         picked.entity = selection->front();
     else if (const auto *text = std::get_if<std::u16string>(&input); text && lisp::Keywords(u"Last").match(*text))
-        picked.entity = lastVisibleEntity(m_session);
+        picked.entity = newestEntity(m_session);
     else if (const std::optional<Point> place = pointOf(input, m_session))
         picked = {entityAt(m_session, *place), place};
     const drawing::Record &record = database.record(picked.entity);

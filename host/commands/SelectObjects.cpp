@@ -87,7 +87,7 @@ private:
 
 Selection lastEntity(Context &context)
 {
-    const RecordId last = lastVisibleEntity(context.session());
+    const RecordId last = newestEntity(context.session());
     return last != drawing::NoRecord ? Selection{last} : Selection();
 }
 

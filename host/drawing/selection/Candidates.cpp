@@ -92,14 +92,16 @@ void keepVisible(std::vector<RecordId> &entities, const Drawing &drawing, const 
     });
 }
 
-RecordId lastVisibleEntity(const Drawing &drawing, const Sight &sight)
+RecordId newestEntity(const Drawing &drawing, const Sight &sight)
 {
     const Database &database = drawing.database();
-    LayerStates layers(drawing, sight.viewport);
-    RecordId id = lastEntity(database);
-    while (id != NoRecord && !isVisible(database, layers, sight.space, id))
-        id = entityBefore(database, id);
-    return id;
+    RecordId newest = lastEntity(database);
+    while (newest != NoRecord && !isInSpace(database.record(newest), sight.space))
+        newest = entityBefore(database, newest);
+    if (newest == NoRecord || isInvisible(database, newest) ||
+        LayerStates(drawing, sight.viewport).of(newest).isFrozen)
+        return NoRecord;
+    return newest;
 }
 
 bool isOnLockedLayer(const Drawing &drawing, RecordId entity)

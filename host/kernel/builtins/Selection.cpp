@@ -136,7 +136,7 @@ private:
 
     std::vector<RecordId> last() const
     {
-        const RecordId entity = commands::lastVisibleEntity(m_document.session());
+        const RecordId entity = commands::newestEntity(m_document.session());
         return entity != NoRecord ? std::vector<RecordId>{entity} : std::vector<RecordId>();
     }
 

@@ -1,5 +1,9 @@
 ;;; What the module's functions do to a drawing.
 
+(defun entities (set / index result)
+  (repeat (setq index (sslength set))
+    (setq result (cons (ssname set (setq index (1- index))) result))))
+
 (setvar "CMDECHO" 0)
 (command "_.line" "0,0" "10,5" "")
 (setq line (entlast))
@@ -24,6 +28,21 @@
   (sssetfirst nil (ssget "X"))
   (show-all '((acet-ss-clear-prev) (ssget "P") (cadr (ssgetfirst)) (eq (entlast) last-one) (getvar "PICKFIRST")
               (sslength (ssget "X")))))
+
+(title "nor is anything else touched, whatever the current layer is; what is locked cannot be erased and stays")
+(setq everything (ssget "X"))
+(command "_.-layer" "_make" "current" "")
+(foreach state '(("_on" "current") ("_off" "current" "_y") ("_on" "current" "_lock" "current"))
+  (command "_.-layer")
+  (apply 'command state)
+  (command "")
+  (setvar "PICKFIRST" 0)
+  (command "_.select" line "")
+  (show-all '(state (acet-ss-clear-prev) (ssget "P") (getvar "PICKFIRST") (getvar "CMDACTIVE")
+              (length (vl-remove-if 'null (mapcar 'entget (entities everything)))) (sslength (ssget "X")))))
+(show '(cdr (assoc 8 (entget (entlast)))))
+(command "_.-layer" "_on" "current" "_unlock" "current" "_set" "0" "")
+(entdel (entlast))
 
 (title "what happens between begin and end is one step of undo")
 (setq before (entget line))

@@ -28,17 +28,39 @@ TEST_F(SelectObjects, LastIsTheLastEntity)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
 }
 
-TEST_F(SelectObjects, LastIsTheLastThatCanBeSeenInTheCurrentSpace)
+TEST_F(SelectObjects, LastIsTheNewestOfTheCurrentSpace)
 {
     add({{0, u"ARC"}, {67, std::int64_t{1}}, {8, u"0"}, {10, drawing::Point{}}, {40, 1.0}, {50, 0.0}, {51, 90.0}});
-    add({{0, u"TEXT"}, {8, u"Off"}, {10, drawing::Point{}}, {40, 1.0}, {1, u"x"}});
-    add({{0, u"RAY"}, {8, u"0"}, {60, std::int64_t{1}}, {10, drawing::Point{}}, {11, drawing::Point{1, 0, 0}}});
-    evaluate("(command \"_.-layer\" \"_n\" \"Off\" \"_off\" \"Off\" \"\")");
     EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (ssname (ssget \"_L\") 0))))"), "\"LINE\"");
     evaluate("(command \"_.erase\" \"_l\" \"\")");
-    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "ARC", "TEXT", "RAY"));
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "ARC"));
     evaluate("(command \"_.area\" \"_o\" \"_l\")");
     EXPECT_EQ(evaluate("(rtos (getvar \"AREA\") 2 4)"), "\"3.1416\"");
+}
+
+TEST_F(SelectObjects, LastIsTheNewestThoughItsLayerIsOff)
+{
+    add({{0, u"TEXT"}, {8, u"Off"}, {10, drawing::Point{}}, {40, 1.0}, {1, u"x"}});
+    evaluate("(command \"_.-layer\" \"_n\" \"Off\" \"_off\" \"Off\" \"\")");
+    EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (ssname (ssget \"_L\") 0))))"), "\"TEXT\"");
+    evaluate("(command \"_.erase\" \"_l\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE"));
+}
+
+TEST_F(SelectObjects, LastIsNothingRatherThanAnOlderOneWhenTheNewestCannotBeTaken)
+{
+    add({{0, u"TEXT"}, {8, u"Frozen"}, {10, drawing::Point{}}, {40, 1.0}, {1, u"x"}});
+    evaluate("(command \"_.-layer\" \"_n\" \"Frozen\" \"_f\" \"Frozen\" \"\")");
+    EXPECT_EQ(evaluate("(ssget \"_L\")"), "nil");
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.erase\" \"_l\" \"\") (setvar \"CMDECHO\" 0)");
+    EXPECT_THAT(takePrinted(), HasSubstr("0 found"));
+    evaluate("(command \"_.area\" \"_o\" \"_l\") (command)");
+    EXPECT_THAT(takePrinted(), HasSubstr("No object found."));
+    evaluate("(command \"_.-layer\" \"_t\" \"Frozen\" \"\")");
+    add({{0, u"RAY"}, {8, u"0"}, {60, std::int64_t{1}}, {10, drawing::Point{}}, {11, drawing::Point{1, 0, 0}}});
+    EXPECT_EQ(evaluate("(ssget \"_L\")"), "nil");
+    evaluate("(command \"_.erase\" \"_l\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE", "TEXT", "RAY"));
 }
 
 TEST_F(SelectObjects, SingleEndsWithTheFirstAnswerThatFindsSomething)
