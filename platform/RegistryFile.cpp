@@ -53,6 +53,8 @@ RegistryFile::News RegistryFile::read()
     news.kind = goesOn ? News::Kind::Added : News::Kind::Everything;
     news.firstLine = m_lines + 1;
     take(news, content.mid(m_content.size()));
+    if (!goesOn && stamp.exists())
+        news.loss = content.isEmpty() ? QStringLiteral("the file is empty") : loss();
     m_stamp = stamp;
     m_isRead = true;
     return news;
@@ -69,6 +71,14 @@ void RegistryFile::take(News &news, const QByteArray &content)
     m_content += news.blocks;
 }
 
+QString RegistryFile::loss() const
+{
+    const std::uint64_t changes = m_history.changesSince(m_content);
+    if (changes < 2)
+        return changes == 0 ? QString() : QStringLiteral("the last change is missing");
+    return QStringLiteral("the last %1 changes are missing").arg(changes);
+}
+
 QString RegistryFile::append(const QByteArray &block)
 {
     QFile file(m_path);
@@ -82,7 +92,9 @@ QString RegistryFile::append(const QByteArray &block)
         return QStringLiteral("%1: %2").arg(m_path, reason);
     }
     News own;
+    const qsizetype before = m_content.size();
     take(own, block);
+    m_history.goOn(m_content, before);
     m_stamp = FileStamp::of(m_path);
     return {};
 }
@@ -106,12 +118,14 @@ QString RegistryFile::putInPlace()
 {
     QString failure;
     const std::unique_ptr<PreparedFile> prepared = std::move(m_prepared);
+    m_history.announce(m_preparedBlock);
     if (!prepared->putInPlace(failure))
         return failure;
     const QByteArray block = m_preparedBlock;
     forget();
     News own;
     take(own, block);
+    m_history.begin(block);
     m_stamp = FileStamp::of(m_path);
     m_isRead = true;
     return {};

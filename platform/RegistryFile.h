@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/RegistryFileHistory.h"
 #include "storage/AtomicFile.h"
 #include "storage/FileStamp.h"
 
@@ -22,10 +23,11 @@ public:
         QByteArray blocks;     // complete ones
         QByteArray unfinished; // what stands behind the last complete block
         int firstLine = 1;     // of the blocks, in the file
+        QString loss;          // what the file lacks though all that stands in it is complete; null when nothing
         QString failure;       // why the file cannot be read; it is not there to be replaced then
     };
 
-    explicit RegistryFile(const QString &path) : m_path(path) {}
+    explicit RegistryFile(const QString &path) : m_path(path), m_history(path) {}
 
     const QString &path() const { return m_path; }
     bool isEmpty() const { return m_content.isEmpty(); } // or not there, when it was read last
@@ -50,8 +52,10 @@ public:
 
 private:
     void take(News &news, const QByteArray &content);
+    QString loss() const;
 
     QString m_path;
+    RegistryFileHistory m_history;
     FileStamp m_stamp;
     // Up to the end of the last complete block. People edit the file in place, and not only at its end: nothing but a
     // comparison with all that was read tells whether a file that is not the same any more has merely grown.

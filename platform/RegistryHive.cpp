@@ -2,12 +2,16 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QThread>
 
 #include <utility>
 
 using std::chrono::milliseconds;
 
 namespace {
+
+// An editor that saves a file in place empties it first, and knows nothing of locks.
+constexpr unsigned long SavingInMilliseconds = 50;
 
 constexpr char16_t Explanation[] = u"\n; Programs add their changes at the end of this file, each finished by the line "
                                    u"below, without which it does not\n"
@@ -126,7 +130,7 @@ void RegistryHive::lookAtFile()
         apply(news.blocks, news.firstLine);
     if (!m_failure.isNull())
         warn(m_failure);
-    else if (!m_errors.empty() || !news.unfinished.isEmpty())
+    else if (isDamaged(news))
         repair();
     if (!m_isComplete)
         m_complete(*m_root);
@@ -145,7 +149,11 @@ void RegistryHive::repair()
     }
     RegistryFile::News news;
     readAgain(news);
-    if (m_errors.empty() && news.unfinished.isEmpty())
+    if (!news.loss.isNull()) {
+        QThread::msleep(SavingInMilliseconds);
+        readAgain(news);
+    }
+    if (!isDamaged(news))
         return;
     const QString words = damage(news);
     if (lock != nullptr && !lock->isHeld()) {
@@ -166,15 +174,21 @@ void RegistryHive::repair()
 }
 
 // Somebody may have repaired it meanwhile. Of a file that is cut short in its first block every line counts that is
-// there.
+// there with its end.
 void RegistryHive::readAgain(RegistryFile::News &news)
 {
     m_file.forget();
     news = m_file.read();
     startAnew();
-    const QByteArray &lines = news.blocks.isEmpty() ? news.unfinished : news.blocks;
+    const QByteArray lines =
+        news.blocks.isEmpty() ? news.unfinished.first(news.unfinished.lastIndexOf('\n') + 1) : news.blocks;
     if (!lines.isEmpty())
         apply(lines, 1);
+}
+
+bool RegistryHive::isDamaged(const RegistryFile::News &news) const
+{
+    return !m_errors.empty() || !news.unfinished.isEmpty() || !news.loss.isNull();
 }
 
 // What is wrong with the file that was just read.
@@ -187,6 +201,8 @@ QString RegistryHive::damage(const RegistryFile::News &news) const
             .arg(m_errors.size() - 1);
     if (!m_errors.empty())
         return QStringLiteral("line %1: %2").arg(m_errors[0].line).arg(m_errors[0].reason);
+    if (!news.loss.isNull())
+        return news.loss;
     return news.blocks.isEmpty() ? QStringLiteral("the file is cut short")
                                  : QStringLiteral("the last change is not finished and does not count");
 }

@@ -45,6 +45,7 @@ private:
     void startAnew();
     void repair();
     void readAgain(RegistryFile::News &news);
+    bool isDamaged(const RegistryFile::News &news) const;
     QString damage(const RegistryFile::News &news) const;
     QByteArray snapshot() const;
     QString write();

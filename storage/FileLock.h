@@ -6,9 +6,9 @@
 #include <chrono>
 
 // Keeps every other process, and every other FileLock of this one, from changing a file while it lives. The lock is one
-// of the system's (F_OFD_SETLK in fcntl(2), LockFileEx) on an empty file beside, FILE.lock, so it ends with its process
-// whatever that dies of. The empty file stays: two processes could otherwise hold the locks of two files of that name.
-// Who has it cannot take it again and again while another waits.
+// of the system's (F_OFD_SETLK in fcntl(2), LockFileEx) on a file beside, FILE.lock, so it ends with its process
+// whatever that dies of. What that file holds does not matter to the lock. It stays: two processes could otherwise hold
+// the locks of two files of that name. Who has it cannot take it again and again while another waits.
 //
 // QLockFile would not do: it knows an abandoned lock by its process number, which is another's in another container,
 // and the number can be in use again.
