@@ -5,8 +5,10 @@
 #include "host/drawing/LayoutViewports.h"
 #include "host/kernel/HostServices.h"
 #include "host/kernel/builtins/HostBuiltins.h"
+#include "host/kernel/variables/DrawingExtents.h"
 #include "host/kernel/variables/DrawingVariables.h"
 #include "host/kernel/variables/HostVariables.h"
+#include "host/kernel/variables/VariableNames.h"
 #include "host/kernel/windows/ReadingProgress.h"
 
 #include <QDir>
@@ -46,7 +48,10 @@ Document::Document(HostServices &services)
     m_machine.setLineInput(&m_typedLines);
     m_variables.keepInDrawing(
         [this](const VariableRow &row, const VariableValue &value) { keepVariable(drawing(), row, value); });
+    m_variables.spellNames(
+        [this](NameOf what, std::u16string_view name) { return spelledName(drawing(), what, name); });
     computeSpace(m_variables, *this);
+    computeExtents(m_variables, *this);
     computeChanges(m_variables, *this);
     m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });
     m_variables.compute(u"DWGPREFIX", [this] { return folderOf(drawing()); });

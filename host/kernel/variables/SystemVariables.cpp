@@ -1,5 +1,7 @@
 #include "host/kernel/variables/SystemVariables.h"
 
+#include "host/kernel/variables/VariableRules.h"
+
 #include <QStringList>
 
 #include <cassert>
@@ -65,19 +67,27 @@ bool SystemVariables::set(const VariableRow &variable, const VariableValue &valu
 {
     if (variable.access == VariableAccess::ReadOnly)
         return false;
-    VariableValue fitting = value;
-    if (variable.type == VariableType::Real && std::holds_alternative<int>(value))
-        fitting = static_cast<double>(std::get<int>(value));
-    if (!hasKind(fitting, variable.type))
-        return false;
-    if (const int *number = std::get_if<int>(&fitting);
-        number && (*number < variable.minimum || *number > variable.maximum))
-        return false;
-    if (!store(variable, fitting))
+    const std::optional<VariableValue> fitting = this->fitting(variable, value);
+    if (!fitting || !store(variable, *fitting))
         return false;
     if (m_keep && variable.scope == VariableScope::Drawing)
-        m_keep(variable, fitting);
+        m_keep(variable, *fitting);
     return true;
+}
+
+// The value as the variable has it; none: it is not allowed.
+std::optional<VariableValue> SystemVariables::fitting(const VariableRow &variable, const VariableValue &value) const
+{
+    VariableValue wanted = value;
+    if (variable.type == VariableType::Real && std::holds_alternative<int>(value))
+        wanted = static_cast<double>(std::get<int>(value));
+    if (!hasKind(wanted, variable.type))
+        return std::nullopt;
+    if (wanted == get(variable))
+        return wanted;
+    if (variable.rule.names != NameOf::Nothing && m_spelling)
+        return m_spelling(variable.rule.names, std::get<std::u16string>(wanted));
+    return isInRange(variable, wanted) ? std::optional(wanted) : std::nullopt;
 }
 
 bool SystemVariables::store(const VariableRow &variable, const VariableValue &value)

@@ -5,8 +5,14 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <variant>
+
+inline bool operator==(const LispPoint &a, const LispPoint &b)
+{
+    return a.x == b.x && a.y == b.y && a.z == b.z;
+}
 
 // A point of two coordinates has z 0.
 using VariableValue = std::variant<int, double, std::u16string, LispPoint>;
@@ -21,8 +27,9 @@ public:
 
     // The variable must exist (see findVariable).
     VariableValue get(const VariableRow &variable) const;
-    // False when the variable is read-only, the value is of another kind or out of range. An integer will do for a
-    // real.
+    // False when the variable is read-only, or the value is of another kind, or not allowed by its rule. An integer
+    // will do for a real. What the variable is already is always allowed: programs put back what they have found, and a
+    // drawing may have brought anything.
     bool set(const VariableRow &variable, const VariableValue &value);
     // What the host itself knows better: the variable is what `read` gives. Without `write` it cannot be set, nor when
     // that gives false.
@@ -32,6 +39,10 @@ public:
     void assign(std::u16string_view name, VariableValue value);
     // What a drawing has: range and access do not count, a value of another kind is passed over.
     void load(const VariableRow &variable, const VariableValue &value);
+    // What spells a name as the drawing does; none: there is no such thing, or it cannot be used. Without it any name
+    // will do.
+    using Spelling = std::function<std::optional<std::u16string>(NameOf, std::u16string_view)>;
+    void spellNames(Spelling spelling) { m_spelling = std::move(spelling); }
     // Is told each value that set() has given to a variable of the drawing.
     void keepInDrawing(std::function<void(const VariableRow &, const VariableValue &)> keep)
     {
@@ -49,10 +60,12 @@ private:
         std::function<VariableValue()> read;
         Write write; // none: read-only
     };
+    std::optional<VariableValue> fitting(const VariableRow &variable, const VariableValue &value) const;
     bool store(const VariableRow &variable, const VariableValue &value); // false: it cannot be written
     template <class Place> void bindPlace(std::u16string_view name, Place &place);
 
     std::map<const VariableRow *, Source> m_sources;       // of those that live elsewhere
     std::map<const VariableRow *, VariableValue> m_values; // of those that live here
+    Spelling m_spelling;
     std::function<void(const VariableRow &, const VariableValue &)> m_keep;
 };

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <vector>
+
 namespace {
 
 class SystemVariablesTest : public testing::Test
@@ -54,6 +57,42 @@ TEST_F(SystemVariablesTest, IntegersHaveARange)
     EXPECT_FALSE(set(u"LUPREC", 9));
     EXPECT_FALSE(set(u"LUPREC", -1));
     EXPECT_EQ(integer(u"LUPREC"), 8);
+}
+
+TEST_F(SystemVariablesTest, RealsHaveARange)
+{
+    EXPECT_TRUE(set(u"LTSCALE", 2.5));
+    EXPECT_FALSE(set(u"LTSCALE", 0));
+    EXPECT_FALSE(set(u"LTSCALE", -1.0));
+    EXPECT_FALSE(set(u"LTSCALE", INFINITY));
+    EXPECT_EQ(std::get<double>(get(u"LTSCALE")), 2.5);
+}
+
+TEST_F(SystemVariablesTest, WhatTheVariableIsAlreadyCanBeSet)
+{
+    m_variables.load(*findVariable(u"TEXTSIZE"), -1.0);
+    m_variables.load(*findVariable(u"ATTMODE"), 77);
+    EXPECT_TRUE(set(u"TEXTSIZE", -1.0));
+    EXPECT_TRUE(set(u"ATTMODE", 77));
+    EXPECT_TRUE(set(u"ATTMODE", 1));
+    EXPECT_FALSE(set(u"ATTMODE", 77));
+}
+
+TEST_F(SystemVariablesTest, NamesAreSpelledByWhoKnowsThem)
+{
+    std::vector<NameOf> asked;
+    m_variables.spellNames([&](NameOf what, std::u16string_view name) {
+        asked.push_back(what);
+        return name == u"walls" ? std::optional<std::u16string>(u"Walls") : std::nullopt;
+    });
+    std::vector<VariableValue> kept;
+    m_variables.keepInDrawing([&](const VariableRow &, const VariableValue &value) { kept.push_back(value); });
+    EXPECT_TRUE(set(u"CLAYER", u"walls"));
+    EXPECT_FALSE(set(u"CLAYER", u"none"));
+    EXPECT_TRUE(set(u"USERS1", u"none")); // no name of anything
+    EXPECT_EQ(std::get<std::u16string>(get(u"CLAYER")), u"Walls");
+    EXPECT_EQ(kept, std::vector<VariableValue>{u"Walls"});
+    EXPECT_EQ(asked, (std::vector{NameOf::Layer, NameOf::Layer}));
 }
 
 TEST_F(SystemVariablesTest, ReadOnlyOnesChangeThroughTheHostAlone)
