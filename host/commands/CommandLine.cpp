@@ -64,9 +64,26 @@ CommandLine::Result CommandLine::runTyped(const std::u16string &typed)
 
 CommandLine::Result CommandLine::askForRest()
 {
+    return askWhileRunning(0);
+}
+
+CommandLine::Result CommandLine::askInside(const CommandRow &row)
+{
+    const std::size_t waiting = m_running.size();
+    const std::u16string lastName = m_lastName;
+    begin(row, std::u16string(row.name));
+    const Result result = askWhileRunning(waiting);
+    m_lastName = lastName; // Enter in a script repeats what was typed there
+    if (isActive())
+        running().promptIsShown = false; // the person has answered another one since
+    return result;
+}
+
+CommandLine::Result CommandLine::askWhileRunning(std::size_t kept)
+{
     Result result = Result::Taken;
-    while (result == Result::Taken && isActive())
-        result = askPerson();
+    while (result == Result::Taken && m_running.size() > kept)
+        result = askPerson(kept);
     return result;
 }
 
@@ -120,18 +137,23 @@ CommandLine::Result CommandLine::start(const std::u16string &typed, Source sourc
         m_session.print(u"\nUnknown command \"" + commandName(typed) + u"\".\n");
         return Result::Unknown;
     }
-    const bool isFirst = !isActive();
-    if (row->undo == CommandRow::Undo::OneStep && isFirst)
-        m_session.drawing().database().journal().nextStep();
-    const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
-    m_running.push_back(std::make_unique<Running>(*row, commandName(typed), *this, echoing));
-    running().followsSelect = m_lastName == SelectName;
-    if (row->preselection == CommandRow::Preselection::TakenOrDropped && isFirst)
-        running().context.preselect(m_session.takeImpliedSelection());
     if (source == Source::Program)
         echo(u'\n' + typed);
-    proceed([this] { running().task.start(); });
+    begin(*row, commandName(typed));
     return Result::Taken;
+}
+
+void CommandLine::begin(const CommandRow &row, std::u16string name)
+{
+    const bool isFirst = !isActive();
+    if (row.undo == CommandRow::Undo::OneStep && isFirst)
+        m_session.drawing().database().journal().nextStep();
+    const Echo echoing = m_session.integer(u"CMDECHO") != 0 ? Echo::On : Echo::Off;
+    m_running.push_back(std::make_unique<Running>(row, std::move(name), *this, echoing));
+    running().followsSelect = m_lastName == SelectName;
+    if (row.preselection == CommandRow::Preselection::TakenOrDropped && isFirst)
+        running().context.preselect(m_session.takeImpliedSelection());
+    proceed([this] { running().task.start(); });
 }
 
 // Goes on with the running command, and takes it from the list when that was its end.
@@ -174,14 +196,14 @@ Request::Outcome CommandLine::offer(const Input &input, Source source)
     return outcome;
 }
 
-CommandLine::Result CommandLine::askPerson()
+CommandLine::Result CommandLine::askPerson(std::size_t kept)
 {
     for (;;) {
         const Request &request = *running().context.ask().waiting();
         const std::optional<Input> reply =
             m_session.request(request.kind(), u'\n' + request.prompt(), request.base(), request.snap());
         if (!reply) {
-            cancel();
+            cancelAllBut(kept);
             return Result::Cancelled;
         }
         running().promptIsShown = true;
@@ -192,7 +214,12 @@ CommandLine::Result CommandLine::askPerson()
 
 void CommandLine::cancel()
 {
-    while (isActive()) {
+    cancelAllBut(0);
+}
+
+void CommandLine::cancelAllBut(std::size_t kept)
+{
+    while (m_running.size() > kept) {
         running().context.ask().waiting()->cancel();
         proceed([this] { running().context.ask().takeWaiting()->resume(); });
     }

@@ -27,8 +27,10 @@ public:
     // Runs a whole command that a person has typed, and asks the person what it wants to know.
     Result runTyped(const std::u16string &typed);
     Result askForRest(); // asks the person for all that a command which a program has begun still wants to know
-    void cancel();       // Esc: ends all that runs
-    void showPrompt();   // of the running command, once
+    // Runs a whole command that asks the person, while what runs keeps waiting. Esc there ends this one alone.
+    Result askInside(const CommandRow &row);
+    void cancel();     // Esc: ends all that runs
+    void showPrompt(); // of the running command, once
 
     bool isActive() const { return !m_running.empty(); }
     std::u16string names() const; // of the running commands, as CMDNAMES gives them
@@ -53,9 +55,12 @@ private:
     enum class Source { Program, Person };
 
     Result start(const std::u16string &typed, Source source);
+    void begin(const CommandRow &row, std::u16string name);
     Request::Outcome offer(const Input &input, Source source = Source::Program);
     Result giveOne(const Input &input);
-    Result askPerson(); // until there is an answer: what is refused, and a snap, is none
+    Result askPerson(std::size_t kept = 0); // until there is an answer: what is refused, and a snap, is none
+    Result askWhileRunning(std::size_t kept);
+    void cancelAllBut(std::size_t kept); // the outermost ones go on waiting
     void runScripts();
     bool takeTyped(const std::u16string &typed); // false: an expression failed
     void finishSelecting();

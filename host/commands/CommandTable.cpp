@@ -132,6 +132,7 @@ constexpr CommandRow table[] = {
 static_assert(std::ranges::is_sorted(table, {}, &CommandRow::name));
 
 constexpr CommandRow variableRow{u"", changeVariable, OneStep, Kept};
+constexpr CommandRow objectsRow{u"SELECT", select}, objectRow{u"SELECT", selectOneAnswer};
 
 } // namespace
 
@@ -150,6 +151,16 @@ const CommandRow *findCommand(std::u16string_view name)
 const CommandRow &variableCommand()
 {
     return variableRow;
+}
+
+const CommandRow &objectsQuestion()
+{
+    return objectsRow;
+}
+
+const CommandRow &objectQuestion()
+{
+    return objectRow;
 }
 
 std::u16string commandName(std::u16string_view typed)

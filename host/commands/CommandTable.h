@@ -29,6 +29,10 @@ const CommandRow *findCommand(std::u16string_view name);
 // What the name of a system variable runs: asks for its new value.
 const CommandRow &variableCommand();
 
+// Ask for objects on behalf of a program: until Enter, or for one answer that finds some.
+const CommandRow &objectsQuestion();
+const CommandRow &objectQuestion();
+
 // The name without prefixes, in capitals.
 std::u16string commandName(std::u16string_view typed);
 

@@ -19,6 +19,7 @@ Command color(Context &context);
 Command erase(Context &context);
 Command unerase(Context &context); // OOPS
 Command select(Context &context);
+Command selectOneAnswer(Context &context);
 Command preselect(Context &context); // PSELECT
 
 // LineCommands.cpp

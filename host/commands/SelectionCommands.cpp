@@ -38,6 +38,11 @@ Command select(Context &context)
     co_await selectObjects(context, Purpose::Look);
 }
 
+Command selectOneAnswer(Context &context)
+{
+    co_await selectOnce(context, Purpose::Look);
+}
+
 // What is selected here, the next command takes without asking.
 Command preselect(Context &context)
 {

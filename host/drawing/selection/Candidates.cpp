@@ -98,8 +98,7 @@ RecordId newestEntity(const Drawing &drawing, const Sight &sight)
     RecordId newest = lastEntity(database);
     while (newest != NoRecord && !isInSpace(database.record(newest), sight.space))
         newest = entityBefore(database, newest);
-    if (newest == NoRecord || isInvisible(database, newest) ||
-        LayerStates(drawing, sight.viewport).of(newest).isFrozen)
+    if (newest == NoRecord || isInvisible(database, newest) || LayerStates(drawing, sight.viewport).of(newest).isFrozen)
         return NoRecord;
     return newest;
 }

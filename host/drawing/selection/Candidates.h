@@ -36,8 +36,8 @@ std::vector<drawing::RecordId> visibleEntities(const drawing::Drawing &drawing, 
 void keepVisible(std::vector<drawing::RecordId> &entities, const drawing::Drawing &drawing, const Sight &sight,
                  const std::function<void()> &watch = {});
 
-// What was made last there, also on a layer that is off. NoRecord when that is frozen, or invisible itself: who has just
-// made something and means it by this must never get an older one instead.
+// What was made last there, also on a layer that is off. NoRecord when that is frozen, or invisible itself: who has
+// just made something and means it by this must never get an older one instead.
 drawing::RecordId newestEntity(const drawing::Drawing &drawing, const Sight &sight);
 
 bool isOnLockedLayer(const drawing::Drawing &drawing, drawing::RecordId entity);

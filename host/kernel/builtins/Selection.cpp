@@ -146,17 +146,13 @@ private:
         return found != NoRecord ? std::vector<RecordId>{found} : std::vector<RecordId>();
     }
 
-    // The person selects, as at the prompt of a command.
+    // The person selects, as at the prompt of a command. One that waits meanwhile is none of its business.
     std::vector<RecordId> asked()
     {
-        commands::CommandLine &commandLine = m_document.commandLine();
-        commandLine.give(commands::Input(std::u16string(u"_.SELECT")));
-        if (m_mode.takesOne() && commandLine.isActive())
-            commandLine.give(commands::Input(std::u16string(u"_SI")));
-        while (commandLine.isActive())
-            if (commandLine.give(commands::Input(std::u16string(commands::CommandLine::Pause))) !=
-                commands::CommandLine::Result::Taken)
-                return {};
+        const commands::CommandRow &question =
+            m_mode.takesOne() ? commands::objectQuestion() : commands::objectsQuestion();
+        if (m_document.commandLine().askInside(question) != commands::CommandLine::Result::Taken)
+            lisp::fail(u"Function cancelled");
         return m_document.session().previousSelection();
     }
 

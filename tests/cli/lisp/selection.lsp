@@ -69,3 +69,8 @@
 
 (title "a person selects")
 (show-all '((names (ssget)) (names (ssget '((0 . "LINE")))) (entsel) (cadr (entsel "\nWhich? ")) (entsel)))
+
+(title "also while a command waits for a point, which it gets afterwards; Esc ends the program alone")
+(command "_.line" "0,0")
+(show-all '((names (ssget)) (getvar "CMDNAMES") (vl-catch-all-error-message (vl-catch-all-apply 'ssget '()))
+            (getvar "CMDNAMES") (command "40,0" "") (cdr (assoc 11 (entget (entlast))))))

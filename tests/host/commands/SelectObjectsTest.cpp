@@ -79,6 +79,42 @@ TEST_F(SelectObjects, SsgetOfASingleObjectTakesOneAnswer)
     EXPECT_EQ(evaluate("(ssget \":S\")"), "nil");
 }
 
+TEST_F(SelectObjects, SsgetAsksForItselfWhileACommandWaits)
+{
+    evaluate("(command \"_.line\" \"0,0\")");
+    for (const std::string mode : {"", "\":S\""}) {
+        m_services.answers = AnswersFile::fromText(u"2,1\n\n", QString());
+        EXPECT_EQ(evaluate("(cdr (assoc 0 (entget (ssname (ssget " + mode + ") 0))))"), "\"CIRCLE\"");
+        EXPECT_EQ(evaluate("(getvar \"CMDNAMES\")"), "\"LINE\"");
+    }
+    evaluate("(command \"7,0\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE", "LINE", "LINE"));
+    EXPECT_EQ(evaluate("(cdr (assoc 11 (entget (entlast))))"), "(7.0 0.0 0.0)");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(SelectObjects, EscAtSsgetEndsTheProgramAndLeavesTheWaitingCommandAlone)
+{
+    evaluate("(ssget \"X\" '((0 . \"POINT\"))) (command \"_.move\" \"_p\" \"\")");
+    m_services.answers = AnswersFile::fromText(u"_all\n@esc\n", QString());
+    EXPECT_EQ(evaluate("(ssget)"), "error: Function cancelled");
+    EXPECT_EQ(evaluate("(list (sslength (ssget \"P\")) (getvar \"CMDNAMES\"))"), "(1 \"MOVE\")");
+    evaluate("(command \"0,0\" \"5,5\")");
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (entget (ssname (ssget \"P\") 0))))"), "(6.0 6.0 0.0)");
+    EXPECT_EQ(evaluate("(ssget)"), "error: Function cancelled");
+}
+
+TEST_F(SelectObjects, AfterSsgetTheWaitingCommandShowsItsPromptAgain)
+{
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.line\" \"0,0\")");
+    m_services.answers = AnswersFile::fromText(u"_l\n\n", QString());
+    takePrinted();
+    evaluate("(ssget)");
+    EXPECT_EQ(takePrinted(), "\nSelect objects: _l\n\n1 found\nSelect objects: \n");
+    evaluate("(command \"1,1\")");
+    EXPECT_THAT(takePrinted(), testing::StartsWith("\nSpecify next point or [Undo]: 1,1\n"));
+}
+
 TEST_F(SelectObjects, ErrnoTellsAPickOfNothingFromEnter)
 {
     for (const std::string ask : {"entsel", "nentsel"}) {
