@@ -26,14 +26,8 @@ void addCopies(Context &context, const Selection &originals, const Matrix &matri
 
 Task<int> askCount(Context &context, std::u16string_view prompt)
 {
-    for (;;) {
-        const auto count = co_await context.ask().integer({prompt});
-        if (count.isNothing())
-            co_return 1;
-        if (count.value > 0 && count.value <= MostCopies)
-            co_return count.value;
-        context.session().print(u"\nRequires a positive integer.\n");
-    }
+    const auto count = co_await context.ask().integer({prompt}, {1, MostCopies});
+    co_return count.hasValue() ? count.value : 1;
 }
 
 struct Cell
@@ -41,22 +35,32 @@ struct Cell
     double row = 0, column = 0;
 };
 
+// A distance, or the first corner of a cell.
+Task<Input> askRowDistance(Context &context)
+{
+    for (;;) {
+        const auto answer = co_await context.ask().any(
+            InputKind::Distance, {u"Enter the distance between rows or specify unit cell (---): ", {}, Enter::Refused});
+        if (numberOf(answer.value, context.session()) || pointOf(answer.value, context.session()))
+            co_return answer.value;
+        context.session().print(u"\nRequires numeric distance or two points.\n");
+    }
+}
+
 // Two distances, or two corners of a cell for both.
 Task<Cell> askCell(Context &context, int rows, int columns)
 {
     Cell cell;
     if (rows > 1) {
-        const auto answer = co_await context.ask().any(
-            InputKind::Distance, {u"Enter the distance between rows or specify unit cell (---): ", {}, Enter::Refused});
-        if (const std::optional<double> distance = numberOf(answer.value, context.session())) {
-            cell.row = *distance;
-        } else if (const std::optional<Point> corner = pointOf(answer.value, context.session())) {
+        const Input answer = co_await askRowDistance(context);
+        const std::optional<double> distance = numberOf(answer, context.session());
+        if (!distance) {
+            const Point corner = *pointOf(answer, context.session());
             const auto other =
-                co_await context.ask().corner({u"Specify opposite corner: ", {}, Enter::Refused, *corner});
-            co_return Cell{other.value.y - corner->y, other.value.x - corner->x};
-        } else {
-            throw CommandError{u"Requires numeric distance or two points."};
+                co_await context.ask().corner({u"Specify opposite corner: ", {}, Enter::Refused, corner});
+            co_return Cell{other.value.y - corner.y, other.value.x - corner.x};
         }
+        cell.row = *distance;
     }
     if (columns > 1) {
         const auto distance =
@@ -103,20 +107,18 @@ struct Round
 // Two of the three: the number, the whole angle, the angle between.
 Task<Round> askRound(Context &context)
 {
-    const auto count = co_await context.ask().integer({u"Enter the number of items in the array: "});
+    const auto count = co_await context.ask().integer({u"Enter the number of items in the array: "}, {1, MostCopies});
     const auto typed = co_await context.ask().angle({u"Specify the angle to fill (+=ccw, -=cw) <360>: "});
     Round round;
     round.count = count.value;
     if (typed.hasValue() && typed.value != 0)
         round.angle = typed.value;
     const bool isWhole = std::abs(std::abs(round.angle) - geometry::FullTurn) < 1e-9;
-    if (count.hasValue() && count.value > 1 && count.value <= MostCopies) {
+    if (count.hasValue() && count.value > 1) {
         round.angle /= isWhole ? round.count : round.count - 1;
         co_return round;
     }
-    const auto between = co_await context.ask().angle({u"Angle between items: ", {}, Enter::Refused});
-    if (between.value == 0)
-        throw CommandError{u"Value must be nonzero."};
+    const auto between = co_await context.ask().angle({u"Angle between items: ", {}, Enter::Refused}, Nonzero);
     const double steps = std::floor(std::abs(round.angle / between.value) + 1e-9);
     if (steps > MostCopies)
         throw CommandError{u"Too many elements."};

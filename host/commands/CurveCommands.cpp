@@ -97,14 +97,16 @@ Task<Circle> circleOfTwoPoints(Context &context)
 
 Task<double> askRadius(Context &context, const Point centre)
 {
+    const double last = context.session().real(u"CIRCLERAD"); // 0: there is none yet
     const auto radius = co_await context.ask().distance(
-        {u"Specify radius of circle or [Diameter]: ", u"Diameter", Enter::Allowed, centre});
+        {u"Specify radius of circle or [Diameter]: ", u"Diameter", last > 0 ? Enter::Allowed : Enter::Refused, centre},
+        Positive);
     if (radius.hasValue())
         co_return radius.value;
     if (radius.isNothing())
-        co_return context.session().real(u"CIRCLERAD");
+        co_return last;
     const auto diameter =
-        co_await context.ask().distance({u"Specify diameter of circle: ", {}, Enter::Refused, centre});
+        co_await context.ask().distance({u"Specify diameter of circle: ", {}, Enter::Refused, centre}, Positive);
     co_return diameter.value / 2;
 }
 
@@ -122,11 +124,13 @@ Command arcAboutCentre(Context &context, const WorkPlane &plane, const Point cen
     if (end.hasValue()) {
         addArc(context, plane, circle, from, angleOf(centre, end.value));
     } else if (end.is(u"Angle")) {
-        const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused, centre});
+        const auto angle =
+            co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused, centre}, Nonzero);
         addArc(context, plane, circle, angle.value < 0 ? from + angle.value : from,
                angle.value < 0 ? from : from + angle.value);
     } else {
-        const auto chord = co_await context.ask().distance({u"Specify length of chord: ", {}, Enter::Refused, *start});
+        const auto chord =
+            co_await context.ask().distance({u"Specify length of chord: ", {}, Enter::Refused, *start}, Nonzero);
         if (std::abs(chord.value) > 2 * circle.radius)
             throw CommandError{u"The arc does not exist."};
         const double small = 2 * std::asin(std::abs(chord.value) / (2 * circle.radius));
@@ -157,7 +161,7 @@ Command arcBetween(Context &context, const WorkPlane &plane, const Point start, 
         const Circle circle{choice.value, distanceBetween(choice.value, start)};
         addArc(context, plane, circle, angleOf(choice.value, start), angleOf(choice.value, end));
     } else if (choice.is(u"Angle")) {
-        const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused});
+        const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused}, Nonzero);
         addArcOfAngle(context, plane, start, end, angle.value);
     } else if (choice.is(u"Direction")) {
         const auto direction = co_await context.ask().direction(
@@ -165,7 +169,8 @@ Command arcBetween(Context &context, const WorkPlane &plane, const Point start, 
         const double angle = 2 * std::remainder(angleOf(start, end) - direction.value, geometry::FullTurn);
         addArcOfAngle(context, plane, start, end, angle);
     } else {
-        const auto radius = co_await context.ask().distance({u"Specify radius of arc: ", {}, Enter::Refused, end});
+        const auto radius =
+            co_await context.ask().distance({u"Specify radius of arc: ", {}, Enter::Refused, end}, Nonzero);
         const double half = distanceBetween(start, end) / 2;
         if (std::abs(radius.value) < half)
             throw CommandError{u"The arc does not exist."};

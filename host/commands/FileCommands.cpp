@@ -46,7 +46,8 @@ Command saveAs(Context &context)
     const auto format =
         co_await context.ask().string({u"Enter file format [R14/2000/2004/2007/2010/2013/2018/DXF] <2018>: "});
     if (format.hasValue() && drawing::folded(format.value) == drawing::folded(u"DXF"))
-        co_await context.ask().integer({u"Enter decimal places of accuracy (0 to 16) or [Binary] <16>: ", u"Binary"});
+        co_await context.ask().integer({u"Enter decimal places of accuracy (0 to 16) or [Binary] <16>: ", u"Binary"},
+                                       {0, 16});
     const QString path = co_await askPath(context);
     writeOwn(context, path);
 }

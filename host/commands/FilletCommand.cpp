@@ -209,9 +209,7 @@ Task<void> askRadius(Context &context)
 {
     const std::u16string prompt =
         u"Specify fillet radius <" + context.session().distanceText(context.session().real(u"FILLETRAD")) + u">: ";
-    const auto radius = co_await context.ask().distance({prompt});
-    if (radius.hasValue() && radius.value < 0)
-        throw CommandError{u"Value must be positive."};
+    const auto radius = co_await context.ask().distance({prompt}, NotNegative);
     if (radius.hasValue())
         context.session().set(u"FILLETRAD", radius.value);
 }

@@ -76,14 +76,11 @@ HatchSettings currentSettings(const Session &session)
 Task<void> askUserPattern(Context &context, HatchSettings &settings)
 {
     const auto angle = co_await context.ask().angle({u"Specify angle for crosshatch lines <0>: "});
-    const auto spacing = co_await context.ask().distance({u"Specify spacing between the lines <1.0000>: "});
+    const auto spacing = co_await context.ask().distance({u"Specify spacing between the lines <1.0000>: "}, Positive);
     const auto isDouble = co_await context.ask().keyword({u"Double hatch area? [Yes/No] <N>: ", u"Yes No"});
     settings.angle = degrees(angle.hasValue() ? angle.value : 0);
     settings.scale = 1;
-    const double distance = spacing.hasValue() ? spacing.value : 1;
-    if (!(distance > 0))
-        throw CommandError{u"Value must be positive and nonzero."};
-    settings.pattern = userPattern(distance, isDouble.is(u"Yes"));
+    settings.pattern = userPattern(spacing.hasValue() ? spacing.value : 1, isDouble.is(u"Yes"));
 }
 
 // "name" or "name,style"; "U" for lines of one's own.
@@ -104,10 +101,9 @@ Task<void> askPattern(Context &context, std::u16string typed, HatchSettings &set
     if (pattern->isSolid())
         co_return;
     const std::u16string scaleText = QString::number(settings.scale, 'f', 4).toStdU16String();
-    const auto scale = co_await context.ask().real({u"Specify a scale for the pattern <" + scaleText + u">: "});
+    const std::u16string scalePrompt = u"Specify a scale for the pattern <" + scaleText + u">: ";
+    const auto scale = co_await context.ask().real({scalePrompt}, Positive);
     const auto angle = co_await context.ask().angle({u"Specify an angle for the pattern <0>: "});
-    if (scale.hasValue() && !(scale.value > 0))
-        throw CommandError{u"Value must be positive and nonzero."};
     if (scale.hasValue())
         settings.scale = scale.value;
     if (angle.hasValue())

@@ -195,7 +195,7 @@ Command lineweightOption(Context &context)
 {
     constexpr double Hundredths = 100;
     const auto weight =
-        co_await context.ask().real({u"Enter lineweight (0.0mm - 2.11mm): ", u"Default", Enter::Refused});
+        co_await context.ask().real({u"Enter lineweight (0.0mm - 2.11mm): ", u"Default", Enter::Refused}, NotNegative);
     constexpr std::int64_t Default = -3;
     const std::int64_t value = weight.is(u"Default") ? Default : std::llround(weight.value * Hundredths);
     const std::vector<RecordId> layers = co_await askLayers(context, u"for lineweight");

@@ -73,7 +73,7 @@ Command renameObject(Context &context)
 // A script's pause to look at something; there is nothing to look at here.
 Command delay(Context &context)
 {
-    co_await context.ask().integer({u"Enter delay time in milliseconds: ", {}, Enter::Refused});
+    co_await context.ask().integer({u"Enter delay time in milliseconds: ", {}, Enter::Refused}, {0, 32767});
 }
 
 } // namespace commands

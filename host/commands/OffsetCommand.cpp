@@ -21,15 +21,13 @@ Task<OffsetSettings> askSettings(Context &context)
         const double last = context.session().real(u"OFFSETDIST"); // negative: through a point
         const std::u16string standard = last > 0 ? context.session().distanceText(last) : u"Through";
         const std::u16string prompt = u"Specify offset distance or [Through/Erase/Layer] <" + standard + u">: ";
-        const auto answer = co_await context.ask().distance({prompt, u"Through Erase"});
+        const auto answer = co_await context.ask().distance({prompt, u"Through Erase"}, Positive);
         if (answer.is(u"Erase")) {
             const auto erases =
                 co_await context.ask().keyword({u"Erase source object after offsetting? [Yes/No] <No>: ", u"Yes No"});
             settings.erases = erases.is(u"Yes");
             continue;
         }
-        if (answer.hasValue() && !(answer.value > 0))
-            throw CommandError{u"Value must be positive and nonzero."};
         if (answer.hasValue())
             settings.distance = answer.value;
         else

@@ -69,9 +69,7 @@ Command askStyle(Context &context, Paragraphs &paragraphs)
 Command askHeight(Context &context, Paragraphs &paragraphs)
 {
     const std::u16string prompt = u"Specify height <" + context.session().distanceText(paragraphs.height) + u">: ";
-    const auto height = co_await context.ask().distance({prompt, {}, Enter::Allowed, paragraphs.first});
-    if (height.hasValue() && !(height.value > 0))
-        throw CommandError{u"Value must be positive and nonzero."};
+    const auto height = co_await context.ask().distance({prompt, {}, Enter::Allowed, paragraphs.first}, Positive);
     paragraphs.height = height.hasValue() ? height.value : paragraphs.height;
 }
 

@@ -92,13 +92,12 @@ Command askWidths(Context &context, TypedPolyline &polyline, double factor)
         co_await context.ask().distance({factor == 1 ? u"Specify starting width: " : u"Specify starting half-width: ",
                                          {},
                                          Enter::Allowed,
-                                         polyline.last()});
+                                         polyline.last()},
+                                        NotNegative);
     const double startWidth = start.hasValue() ? start.value * factor : polyline.startWidth();
-    const auto end =
-        co_await context.ask().distance({factor == 1 ? u"Specify ending width: " : u"Specify ending half-width: ",
-                                         {},
-                                         Enter::Allowed,
-                                         polyline.last()});
+    const auto end = co_await context.ask().distance(
+        {factor == 1 ? u"Specify ending width: " : u"Specify ending half-width: ", {}, Enter::Allowed, polyline.last()},
+        NotNegative);
     polyline.setWidths(startWidth, end.hasValue() ? end.value * factor : startWidth);
 }
 
@@ -132,7 +131,7 @@ double bulgeThrough(const Point &from, const Point &through, const Point &to)
 
 Command askArcByAngle(Context &context, TypedPolyline &polyline)
 {
-    const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused});
+    const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused}, Nonzero);
     const auto end = co_await context.ask().point({u"Specify endpoint of arc: ", {}, Enter::Refused});
     polyline.addSegment(end.value, std::tan(std::remainder(angle.value, 2 * geometry::FullTurn) / 4));
 }
@@ -147,7 +146,7 @@ Command askArcByCentre(Context &context, TypedPolyline &polyline)
         polyline.addSegment(end.value, std::tan(half / 2));
         co_return;
     }
-    const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused});
+    const auto angle = co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused}, Nonzero);
     const Point from = polyline.last(), about = centre.value;
     const double c = std::cos(angle.value), s = std::sin(angle.value);
     const double x = from.x - about.x, y = from.y - about.y;
@@ -171,12 +170,14 @@ Command askArcThrough(Context &context, TypedPolyline &polyline)
 
 Command askArcByRadius(Context &context, TypedPolyline &polyline)
 {
-    const auto radius = co_await context.ask().distance({u"Specify radius of arc: ", {}, Enter::Refused});
+    const auto radius = co_await context.ask().distance({u"Specify radius of arc: ", {}, Enter::Refused}, Nonzero);
     const auto end = co_await context.ask().point({u"Specify endpoint of arc: ", {}, Enter::Refused});
     const Point from = polyline.last();
     const double half = std::hypot(end.value.x - from.x, end.value.y - from.y) / 2;
-    if (std::abs(radius.value) < half)
-        throw CommandError{u"The arc does not exist."};
+    if (std::abs(radius.value) < half) { // no reason to lose what is drawn so far
+        context.session().print(u"\nThe arc does not exist.\n");
+        co_return;
+    }
     const double bulge = std::tan(std::asin(half / std::abs(radius.value)) / 2);
     polyline.addSegment(end.value, std::copysign(bulge, polyline.tangentBulge(end.value)));
 }

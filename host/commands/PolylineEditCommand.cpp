@@ -110,7 +110,8 @@ Command join(Context &context, Edited &edited)
 
 Command widen(Context &context, Edited &edited)
 {
-    const auto width = co_await context.ask().distance({u"Specify new width for all segments: ", {}, Enter::Refused});
+    const auto width =
+        co_await context.ask().distance({u"Specify new width for all segments: ", {}, Enter::Refused}, NotNegative);
     PolylineData changed = edited.polyline();
     for (PolylineVertex &vertex : changed.vertices)
         vertex.startWidth = vertex.endWidth = width.value;

@@ -51,7 +51,7 @@ std::optional<Point> pointOf(const Input &input, const Session &session)
 
 AngleRequest Questions::direction(const Question &question)
 {
-    return {question, m_session.real(u"ANGBASE"), m_session, m_waiting};
+    return {question, {}, m_session.real(u"ANGBASE"), m_session, m_waiting};
 }
 
 Request::Outcome PointRequest::read(const Input &input)
@@ -68,7 +68,7 @@ Request::Outcome PointRequest::read(const Input &input)
 Request::Outcome DistanceRequest::read(const Input &input)
 {
     if (const std::optional<double> number = numberOf(input, m_session))
-        return answer(*number);
+        return answerWithin(m_limits, *number);
     if (const std::optional<Point> point = readPlace(input))
         return readPoint(*point);
     return refusePlace(u"Requires numeric distance or two points.");
@@ -78,7 +78,7 @@ Request::Outcome DistanceRequest::readPoint(const Point &point)
 {
     m_session.assign(u"LASTPOINT", point);
     if (m_base)
-        return answer(distanceBetween(*m_base, point));
+        return answerWithin(m_limits, distanceBetween(*m_base, point));
     m_base = point;
     m_prompt = u"Specify second point: ";
     return Outcome::WantsMore;
@@ -88,7 +88,7 @@ Request::Outcome AngleRequest::read(const Input &input)
 {
     if (const std::optional<std::u16string> text = typedText(input))
         if (const std::optional<double> angle = m_session.angleOf(*text))
-            return answer(*angle + m_origin);
+            return answerWithin(m_limits, *angle + m_origin);
     if (const std::optional<Point> point = readPlace(input))
         return readPoint(*point);
     return refusePlace(u"Requires valid numeric angle or two points.");
@@ -98,7 +98,7 @@ Request::Outcome AngleRequest::readPoint(const Point &point)
 {
     m_session.assign(u"LASTPOINT", point);
     if (m_base)
-        return answer(std::atan2(point.y - m_base->y, point.x - m_base->x));
+        return answerWithin(m_limits, std::atan2(point.y - m_base->y, point.x - m_base->x));
     m_base = point;
     m_prompt = u"Specify second point: ";
     return Outcome::WantsMore;
@@ -110,17 +110,25 @@ Request::Outcome IntegerRequest::read(const Input &input)
     constexpr double MostReal = 2147483648.0; // that an integer does not hold
     if (const auto *real = std::get_if<double>(&input);
         real && *real == std::floor(*real) && std::abs(*real) < MostReal)
-        return answer(static_cast<int>(*real));
+        return take(static_cast<int>(*real));
     const std::optional<std::u16string> text = typedText(input);
     bool isNumber = false;
     const int number = text ? QString::fromStdU16String(*text).trimmed().toInt(&isNumber) : 0;
-    return isNumber ? answer(number) : refuse(u"Requires an integer value.");
+    return isNumber ? take(number) : refuse(u"Requires an integer value.");
+}
+
+Request::Outcome IntegerRequest::take(int number)
+{
+    if (number >= m_range.least && number <= m_range.most)
+        return answer(number);
+    const QString complaint = QStringLiteral("Requires an integer between %1 and %2.");
+    return refuse(complaint.arg(m_range.least).arg(m_range.most).toStdU16String());
 }
 
 Request::Outcome RealRequest::read(const Input &input)
 {
     const std::optional<double> number = numberOf(input, m_session);
-    return number ? answer(*number) : refuse(u"Requires numeric value.");
+    return number ? answerWithin(m_limits, *number) : refuse(u"Requires numeric value.");
 }
 
 Request::Outcome StringRequest::read(const Input &input)

@@ -22,14 +22,16 @@ private:
 class DistanceRequest final : public Awaited<double>
 {
 public:
-    DistanceRequest(const Question &question, Session &session, Request *&slot)
-        : Awaited(InputKind::Distance, question, session, slot)
+    DistanceRequest(const Question &question, const Limits &limits, Session &session, Request *&slot)
+        : Awaited(InputKind::Distance, question, session, slot), m_limits(limits)
     {
     }
 
 private:
     Outcome read(const Input &input) override;
     Outcome readPoint(const Point &point);
+
+    Limits m_limits;
 };
 
 // Radians, counter-clockwise. A number is an angle in the current units; two points give the angle of the line between
@@ -37,8 +39,8 @@ private:
 class AngleRequest final : public Awaited<double>
 {
 public:
-    AngleRequest(const Question &question, double origin, Session &session, Request *&slot)
-        : Awaited(InputKind::Angle, question, session, slot), m_origin(origin)
+    AngleRequest(const Question &question, const Limits &limits, double origin, Session &session, Request *&slot)
+        : Awaited(InputKind::Angle, question, session, slot), m_limits(limits), m_origin(origin)
     {
     }
 
@@ -46,31 +48,37 @@ private:
     Outcome read(const Input &input) override;
     Outcome readPoint(const Point &point);
 
+    Limits m_limits;
     double m_origin;
 };
 
 class IntegerRequest final : public Awaited<int>
 {
 public:
-    IntegerRequest(const Question &question, Session &session, Request *&slot)
-        : Awaited(InputKind::Integer, question, session, slot)
+    IntegerRequest(const Question &question, const Range &range, Session &session, Request *&slot)
+        : Awaited(InputKind::Integer, question, session, slot), m_range(range)
     {
     }
 
 private:
     Outcome read(const Input &input) override;
+    Outcome take(int number);
+
+    Range m_range;
 };
 
 class RealRequest final : public Awaited<double>
 {
 public:
-    RealRequest(const Question &question, Session &session, Request *&slot)
-        : Awaited(InputKind::Real, question, session, slot)
+    RealRequest(const Question &question, const Limits &limits, Session &session, Request *&slot)
+        : Awaited(InputKind::Real, question, session, slot), m_limits(limits)
     {
     }
 
 private:
     Outcome read(const Input &input) override;
+
+    Limits m_limits;
 };
 
 class StringRequest final : public Awaited<std::u16string>
@@ -123,7 +131,8 @@ private:
     Outcome read(const Input &input) override { return answer(input); }
 };
 
-// What a command asks with: co_await questions.point({...}).
+// What a command asks with: co_await questions.point({...}). Numbers may have limits: questions.distance({...},
+// Positive).
 class Questions
 {
 public:
@@ -131,11 +140,23 @@ public:
 
     PointRequest point(const Question &question) { return {InputKind::Point, question, m_session, m_waiting}; }
     PointRequest corner(const Question &question) { return {InputKind::Corner, question, m_session, m_waiting}; }
-    DistanceRequest distance(const Question &question) { return {question, m_session, m_waiting}; }
-    AngleRequest angle(const Question &question) { return {question, 0, m_session, m_waiting}; }
+    DistanceRequest distance(const Question &question, const Limits &limits = {})
+    {
+        return {question, limits, m_session, m_waiting};
+    }
+    AngleRequest angle(const Question &question, const Limits &limits = {})
+    {
+        return {question, limits, 0, m_session, m_waiting};
+    }
     AngleRequest direction(const Question &question);
-    IntegerRequest integer(const Question &question) { return {question, m_session, m_waiting}; }
-    RealRequest real(const Question &question) { return {question, m_session, m_waiting}; }
+    IntegerRequest integer(const Question &question, const Range &range = {})
+    {
+        return {question, range, m_session, m_waiting};
+    }
+    RealRequest real(const Question &question, const Limits &limits = {})
+    {
+        return {question, limits, m_session, m_waiting};
+    }
     StringRequest string(const Question &question) { return {question, m_session, m_waiting}; }
     KeywordRequest keyword(const Question &question) { return {question, m_session, m_waiting}; }
     EntityRequest entity(const Question &question) { return {question, m_session, m_waiting}; }

@@ -56,8 +56,8 @@ bool hasRoom(const Point &from, const Point &to, const Corners &corners)
 // The distances are asked for one after the other; Enter takes none, or the same again.
 Command askChamfer(Context &context, Corners &corners)
 {
-    const auto before = co_await context.ask().distance({u"Specify first chamfer distance: "});
-    const auto after = co_await context.ask().distance({u"Specify second chamfer distance: "});
+    const auto before = co_await context.ask().distance({u"Specify first chamfer distance: "}, NotNegative);
+    const auto after = co_await context.ask().distance({u"Specify second chamfer distance: "}, NotNegative);
     corners.before = before.value;
     corners.after = after.hasValue() ? after.value : before.value;
     corners.kind = corners.before + corners.after > 0 ? Corners::Kind::Chamfered : Corners::Kind::Sharp;
@@ -65,14 +65,15 @@ Command askChamfer(Context &context, Corners &corners)
 
 Command askFillet(Context &context, Corners &corners)
 {
-    const auto radius = co_await context.ask().distance({u"Specify fillet radius for rectangles: "});
+    const auto radius = co_await context.ask().distance({u"Specify fillet radius for rectangles: "}, NotNegative);
     corners.before = corners.after = radius.value;
     corners.kind = radius.value > 0 ? Corners::Kind::Rounded : Corners::Kind::Sharp;
 }
 
 Command askSetting(Context &context, std::u16string_view variable)
 {
-    const auto value = co_await context.ask().distance({u"Specify the new value: "});
+    const Limits limits = variable == u"PLINEWID" ? NotNegative : Limits{};
+    const auto value = co_await context.ask().distance({u"Specify the new value: "}, limits);
     if (value.hasValue())
         context.session().assign(variable, value.value);
 }
@@ -102,8 +103,10 @@ Task<Point> otherCorner(Context &context, const Point first)
         {u"Specify other corner point or [Area/Dimensions/Rotation]: ", u"Dimensions", Enter::Refused, first});
     if (other.hasValue())
         co_return other.value;
-    const auto length = co_await context.ask().distance({u"Specify length for rectangles: ", {}, Enter::Refused});
-    const auto width = co_await context.ask().distance({u"Specify width for rectangles: ", {}, Enter::Refused});
+    const auto length =
+        co_await context.ask().distance({u"Specify length for rectangles: ", {}, Enter::Refused}, Nonzero);
+    const auto width =
+        co_await context.ask().distance({u"Specify width for rectangles: ", {}, Enter::Refused}, Nonzero);
     const auto side = co_await context.ask().point({u"Specify other corner point: ", {}, Enter::Refused});
     co_return Point{first.x + std::copysign(length.value, side.value.x - first.x),
                     first.y + std::copysign(width.value, side.value.y - first.y), first.z};

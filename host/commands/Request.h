@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/commands/Input.h"
+#include "host/commands/Limits.h"
 #include "host/drawing/snap/Modes.h"
 #include "host/interpreter/text/Keywords.h"
 
@@ -139,6 +140,12 @@ protected:
         m_reply.kind = Reply<Value>::Kind::Given;
         m_reply.value = std::move(value);
         return Outcome::Answered;
+    }
+    Outcome answerWithin(const Limits &limits, Value value)
+    {
+        if (const std::optional<std::u16string_view> complaint = limits.complaintAbout(value))
+            return refuse(*complaint);
+        return answer(std::move(value));
     }
 
 private:

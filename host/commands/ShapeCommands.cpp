@@ -71,7 +71,7 @@ Command ellipse(Context &context)
     }
     const double half = distanceBetween(centre, end);
     const auto other = co_await context.ask().distance(
-        {u"Specify distance to other axis or [Rotation]: ", u"Rotation", Enter::Refused, centre});
+        {u"Specify distance to other axis or [Rotation]: ", u"Rotation", Enter::Refused, centre}, Positive);
     double otherHalf = other.value;
     if (other.is(u"Rotation")) { // of a circle, seen from the side
         const auto turn = co_await context.ask().angle({u"Specify rotation around major axis: ", {}, Enter::Refused});
@@ -82,13 +82,10 @@ Command ellipse(Context &context)
 
 Command polygon(Context &context)
 {
-    constexpr int Fewest = 3, Most = 1024;
     const std::u16string prompt =
         u"Enter number of sides <" + shown(std::int64_t{context.session().integer(u"POLYSIDES")}) + u">: ";
-    const auto asked = co_await context.ask().integer({prompt});
+    const auto asked = co_await context.ask().integer({prompt}, {3, 1024});
     const int sides = asked.hasValue() ? asked.value : context.session().integer(u"POLYSIDES");
-    if (sides < Fewest || sides > Most)
-        throw CommandError{u"Requires an integer between 3 and 1024."};
     context.session().assign(u"POLYSIDES", sides);
     const auto centre =
         co_await context.ask().point({u"Specify center of polygon or [Edge]: ", u"Edge", Enter::Refused});
@@ -108,7 +105,8 @@ Command polygon(Context &context)
     } else {
         const auto kind = co_await context.ask().keyword(
             {u"Enter an option [Inscribed in circle/Circumscribed about circle] <I>: ", u"Inscribed Circumscribed"});
-        const auto edge = co_await context.ask().distance({u"Specify radius of circle: ", {}, Enter::Refused, middle});
+        const auto edge =
+            co_await context.ask().distance({u"Specify radius of circle: ", {}, Enter::Refused, middle}, Positive);
         const bool isAround = kind.is(u"Circumscribed");
         radius = isAround ? edge.value / std::cos(step / 2) : edge.value;
         start = -std::numbers::pi / 2 - step / 2; // the lowest side is level
@@ -124,8 +122,8 @@ Command polygon(Context &context)
 // A closed polyline of two half circles that is as wide as the ring.
 Command donut(Context &context)
 {
-    const auto inside = co_await context.ask().distance({u"Specify inside diameter of donut <0.5>: "});
-    const auto outside = co_await context.ask().distance({u"Specify outside diameter of donut <1.0>: "});
+    const auto inside = co_await context.ask().distance({u"Specify inside diameter of donut <0.5>: "}, NotNegative);
+    const auto outside = co_await context.ask().distance({u"Specify outside diameter of donut <1.0>: "}, Positive);
     const double inner = inside.hasValue() ? inside.value : 0.5, outer = outside.hasValue() ? outside.value : 1;
     const double width = std::abs(outer - inner) / 2, radius = (inner + outer) / 4;
     for (;;) {

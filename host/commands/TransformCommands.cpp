@@ -104,16 +104,16 @@ Task<Scaling> askScaling(Context &context, const Point base)
     Scaling scaling;
     for (;;) {
         const auto factor = co_await context.ask().distance(
-            {u"Specify scale factor or [Copy/Reference]: ", u"Copy Reference", Enter::Refused, base});
+            {u"Specify scale factor or [Copy/Reference]: ", u"Copy Reference", Enter::Refused, base}, Positive);
         if (factor.is(u"Copy")) {
             scaling.originals = Originals::Kept;
             continue;
         }
         scaling.factor = factor.value;
         if (factor.is(u"Reference")) {
-            const auto old = co_await context.ask().distance({u"Specify reference length <1>: "});
-            const auto now =
-                co_await context.ask().distance({u"Specify new length or [Points] <1>: ", {}, Enter::Allowed, base});
+            const auto old = co_await context.ask().distance({u"Specify reference length <1>: "}, Positive);
+            const auto now = co_await context.ask().distance(
+                {u"Specify new length or [Points] <1>: ", {}, Enter::Allowed, base}, Positive);
             scaling.factor = (now.hasValue() ? now.value : 1) / (old.hasValue() ? old.value : 1);
         }
         if (!(scaling.factor > 0) || !std::isfinite(scaling.factor))

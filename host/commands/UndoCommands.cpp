@@ -40,8 +40,6 @@ Command back(Context &context)
 
 void undoSteps(Context &context, int steps)
 {
-    if (steps < 1)
-        throw CommandError{u"Value must be between 1 and 32767."};
     drawing::Journal &journal = context.database().journal();
     const std::size_t undone = journal.undo(static_cast<std::size_t>(steps));
     context.session().readVariables();
@@ -60,7 +58,8 @@ Command undo(Context &context)
     }
     const auto choice = co_await context.ask().integer(
         {u"Enter the number of operations to undo or [Auto/Control/BEgin/End/Mark/Back] <1>: ",
-         u"Auto Control BEgin End Mark Back Group"});
+         u"Auto Control BEgin End Mark Back Group"},
+        {1, 32767});
     if (choice.is(u"BEgin") || choice.is(u"Group"))
         journal.beginGroup();
     else if (choice.is(u"End"))

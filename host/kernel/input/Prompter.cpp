@@ -1,5 +1,6 @@
 #include "host/kernel/input/Prompter.h"
 
+#include "host/commands/Limits.h"
 #include "host/interpreter/Direction.h"
 #include "host/kernel/HostServices.h"
 #include "lisp/LispStatus.h"
@@ -19,14 +20,8 @@ constexpr std::u16string_view InvalidPoint = u"Invalid point.";
 
 std::optional<std::u16string_view> complaintAbout(double value, int bits)
 {
-    const bool noZero = bits & InputOptions::NoZero, noNegative = bits & InputOptions::NoNegative;
-    if (noZero && noNegative && value <= 0)
-        return u"Value must be positive and nonzero.";
-    if (noZero && value == 0)
-        return u"Value must be nonzero.";
-    if (noNegative && value < 0)
-        return u"Value must be positive.";
-    return std::nullopt;
+    const commands::Limits limits{(bits & InputOptions::NoZero) != 0, (bits & InputOptions::NoNegative) != 0};
+    return limits.complaintAbout(value);
 }
 
 double directionFrom(const LispPoint &from, const LispPoint &to)

@@ -50,6 +50,54 @@ TEST_F(CommandLine, WhatDoesNotFitIsComplainedAboutAndAskedAgain)
     EXPECT_EQ(takePrinted(), "\nRequires an integer value.\n");
 }
 
+// A program's wrong number is taken and dropped; what comes behind it answers the same question.
+TEST_F(CommandLine, NumbersBeyondTheLimitsOfAQuestionAreComplainedAboutAndAskedAgain)
+{
+    const std::string positive = "\nValue must be positive and nonzero.\n", notNegative = "\nValue must be positive.\n",
+                      nonzero = "\nValue must be nonzero.\n";
+    const struct
+    {
+        std::string command, number, complaint, rest;
+    } cases[] = {
+        {"\"_.circle\" \"50,50\"", "-1", positive, "2"},
+        {"\"_.ellipse\" \"_c\" \"50,50\" \"60,50\"", "0", positive, "2"},
+        {"\"_.donut\"", "-1", notNegative, "0 2 \"50,50\" \"\""},
+        {"\"_.donut\" 1", "0", positive, "2 \"50,50\" \"\""},
+        {"\"_.arc\" \"50,0\" \"_e\" \"60,0\" \"_r\"", "0", nonzero, "20"},
+        {"\"_.arc\" \"50,0\" \"_e\" \"60,0\" \"_a\"", "0", nonzero, "90"},
+        {"\"_.arc\" \"_c\" \"50,0\" \"60,0\" \"_l\"", "0", nonzero, "5"},
+        {"\"_.pline\" \"50,0\" \"_w\"", "-1", notNegative, "1 1 \"60,0\" \"\""},
+        {"\"_.pline\" \"50,0\" \"_a\" \"_r\"", "0", nonzero, "9 \"60,0\" \"\""},
+        {"\"_.rectang\" \"_f\"", "-1", notNegative, "1 \"50,0\" \"60,10\""},
+        {"\"_.rectang\" \"50,0\" \"_d\"", "0", nonzero, "4 5 \"60,10\""},
+        {"\"_.array\" \"_l\" \"\" \"_r\"", "0", "\nRequires an integer between 1 and 100000.\n", "1 2 5"},
+        {"\"_.array\" \"_l\" \"\" \"_r\" 2 1", "\"far\"", "\nRequires numeric distance or two points.\n", "5"},
+        {"\"_.array\" \"_l\" \"\" \"_p\" \"0,0\" \"\" 90", "0", nonzero, "30 \"_y\""},
+        {"\"_.offset\"", "0", positive, "2 (list (entlast) '(0 0)) '(200 200) \"\""},
+    };
+    for (const auto &[command, number, complaint, rest] : cases) {
+        evaluate("(command \"_.erase\" \"_all\" \"\" \"_.line\" \"0,0\" \"9,9\" \"\")");
+        takePrinted();
+        evaluate("(command " + command + ")");
+        EXPECT_EQ(takePrinted(), "") << command;
+        const std::string prompt = evaluate("(getvar \"LASTPROMPT\")");
+        evaluate("(command " + number + ")");
+        EXPECT_EQ(takePrinted(), complaint) << command;
+        EXPECT_EQ(evaluate("(getvar \"LASTPROMPT\")"), prompt) << command;
+        evaluate("(command " + rest + ")");
+        EXPECT_EQ(takePrinted(), "") << command;
+        EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0") << command;
+        EXPECT_GT(types().size(), 1u) << command;
+    }
+}
+
+TEST_F(CommandLine, APersonIsAskedAgainForANumberBeyondTheLimits)
+{
+    m_services.answers = AnswersFile::fromText(u"0,0\n-1\n0\n2\n", QStringLiteral("answers"));
+    EXPECT_EQ(m_document.commandLine().runTyped(u"circle"), commands::CommandLine::Result::Taken);
+    EXPECT_EQ(evaluate("(cdr (assoc 40 (entget (entlast))))"), "2.0");
+}
+
 TEST_F(CommandLine, PauseAsksThePerson)
 {
     m_services.answers = AnswersFile::fromText(u"3\n", QStringLiteral("answers"));

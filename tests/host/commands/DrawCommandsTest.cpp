@@ -94,11 +94,26 @@ TEST_F(DrawCommands, CircleByRadiusDiameterAndPoints)
     EXPECT_EQ(realOf(lastGroups(), 40), 2);
 }
 
-TEST_F(DrawCommands, ACircleWithoutRadiusIsNotDrawn)
+TEST_F(DrawCommands, ARadiusThatIsNoneIsAskedForAgain)
 {
-    evaluate("(command \"_.circle\" \"1,2\" 0)");
-    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n");
+    evaluate("(command \"_.circle\" \"1,2\" 0 -1)");
+    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n\nValue must be positive and nonzero.\n");
     EXPECT_THAT(types(), ElementsAre());
+    EXPECT_EQ(evaluate("(getvar \"LASTPROMPT\")"), "\"Specify radius of circle or [Diameter]: \"");
+    evaluate("(command \"1,2\" 3)"); // the centre itself is no place for the radius
+    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n");
+    EXPECT_EQ(realOf(lastGroups(), 40), 3);
+    evaluate("(command \"_.circle\" \"1,2\" \"_d\" -4 4)");
+    EXPECT_EQ(realOf(lastGroups(), 40), 2);
+}
+
+TEST_F(DrawCommands, EnterForTheRadiusTakesTheLastOneIfThereIsOne)
+{
+    evaluate("(command \"_.circle\" \"1,2\" \"\" 3)");
+    EXPECT_EQ(takePrinted(), "\nRequires an answer.\n");
+    evaluate("(command \"_.circle\" \"5,2\" \"\")");
+    EXPECT_EQ(realOf(lastGroups(), 40), 3);
+    EXPECT_THAT(types(), ElementsAre("CIRCLE", "CIRCLE"));
 }
 
 class Arcs : public CommandTest

@@ -62,7 +62,7 @@ TEST_F(ParagraphCommand, WrongOptionsAreComplainedAbout)
     EXPECT_EQ(takePrinted(), "\nText style \"none\" not found.\n");
     evaluate("(command \"_.-mtext\" '(0 0) \"_l\" \"\" \"9x\")");
     EXPECT_EQ(takePrinted(), "\nLine spacing must be between 0.25x and 4x.\n");
-    evaluate("(command \"_.-mtext\" '(0 0) \"_h\" 0)");
+    evaluate("(command \"_.-mtext\" '(0 0) \"_h\" 0) (command)");
     EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n");
 }
 

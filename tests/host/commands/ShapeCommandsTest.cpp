@@ -47,8 +47,10 @@ TEST_F(ShapeCommands, PolygonInsideAroundAndByItsEdge)
     EXPECT_NEAR(area(), 16, 1e-8);
     evaluate("(command \"_.polygon\" 4 \"_e\" \"0,0\" \"3,0\")");
     EXPECT_NEAR(area(), 9, 1e-8);
-    evaluate("(command \"_.polygon\" 2)");
-    EXPECT_EQ(takePrinted(), "\nRequires an integer between 3 and 1024.\n");
+    evaluate("(command \"_.polygon\" 2 1025 4 \"0,0\" \"_c\" 0 3)");
+    EXPECT_EQ(takePrinted(), "\nRequires an integer between 3 and 1024.\n\nRequires an integer between 3 and 1024.\n"
+                             "\nValue must be positive and nonzero.\n");
+    EXPECT_NEAR(area(), 36, 1e-8);
 }
 
 TEST_F(ShapeCommands, DonutIsAWidePolyline)

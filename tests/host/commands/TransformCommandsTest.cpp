@@ -71,9 +71,13 @@ TEST_F(TransformCommands, Scale)
     expectLine(m_line, {2, 0, 0}, {6, 0, 0});
     evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 4 2)");
     expectLine(m_line, {1, 0, 0}, {3, 0, 0});
-    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" 0)");
-    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n");
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" 0 -2)");
+    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n\nValue must be positive and nonzero.\n");
     expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    evaluate("(command 2)");
+    expectLine(m_line, {2, 0, 0}, {6, 0, 0});
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 0 2 -1 3)");
+    expectLine(m_line, {3, 0, 0}, {9, 0, 0});
 }
 
 TEST_F(TransformCommands, MirrorKeepsTheOriginalUnlessToldOtherwise)

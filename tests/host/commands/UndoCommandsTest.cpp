@@ -124,8 +124,11 @@ TEST_F(UndoCommands, ControlSwitchesUndoOffAndOn)
 
 TEST_F(UndoCommands, ANumberBelowOneIsRefused)
 {
-    evaluate("(command \"_.undo\" 0)");
-    EXPECT_EQ(takePrinted(), "\nValue must be between 1 and 32767.\n");
+    evaluate("(command \"_.point\" \"5,5\" \"_.undo\" 0)");
+    EXPECT_EQ(takePrinted(), "\nRequires an integer between 1 and 32767.\n");
+    const std::size_t before = types().size();
+    evaluate("(command 1)");
+    EXPECT_EQ(types().size(), before - 1);
 }
 
 } // namespace
