@@ -1,6 +1,7 @@
 #include "functions/processes.h"
 
 #include "functions/HostWindows.h"
+#include "functions/RuntimeCall.h"
 #include "lisp/ActiveLispHost.h"
 #include "lisp/ArgumentChecker.h"
 #include "lisp/CommandLine.h"
@@ -60,7 +61,7 @@ void runCommand(const char *command)
     constexpr int Capacity = 511; // units, with one more for a terminator behind them
     char16_t interpreter[Capacity + 1] = {};
     if (activeLispHost()->getEnvVar("COMSPEC", 0, 0, Capacity, interpreter) == StatusNormal)
-        activeLispHost()->retInt(std::system(command));
+        activeLispHost()->retInt(callRuntime([command] { return std::system(command); }));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "functions/system.h"
 
 #include "functions/HostWindows.h"
+#include "functions/RuntimeCall.h"
 #include "lisp/ActiveLispHost.h"
 #include "lisp/ArgumentChecker.h"
 #include "lisp/LispStatus.h"
@@ -11,7 +12,6 @@
 #include <QThread>
 #include <QWidget>
 
-#include <cerrno>
 #include <cstdlib>
 
 namespace {
@@ -80,8 +80,7 @@ int acetSysSleep()
 
 int acetSysLasterr()
 {
-    const int error = errno; // before anything else can change it
-    activeLispHost()->retInt(error);
+    activeLispHost()->retInt(lastRuntimeError);
     return StatusNormal;
 }
 

@@ -4,8 +4,6 @@
 
 #include <QElapsedTimer>
 
-#include <cerrno>
-
 class SysSleep : public HandlerTest
 {
 };
@@ -22,16 +20,4 @@ TEST_F(SysSleep, OfATextPrintsTheMessageAndStillGivesNil)
 {
     EXPECT_EQ(call(acetSysSleep, {text(u"x")}), (Operations{"getArgs", wrongType, "retNil", "releaseRb 1", "retNil"}));
     EXPECT_EQ(call(acetSysSleep, {}), (Operations{"getArgs", tooFewArguments, "retNil", "retNil"}));
-}
-
-class SysLasterr : public HandlerTest
-{
-};
-
-TEST_F(SysLasterr, IsTheRuntimeLibrarysErrno)
-{
-    for (const int error : {0, ENOENT, EACCES}) {
-        errno = error;
-        EXPECT_EQ(call(acetSysLasterr, {}), Operations{"retInt " + std::to_string(error)});
-    }
 }
