@@ -135,9 +135,10 @@ int executeAndReport(const Options &options, const QString &sandboxFolder = QStr
 int executeInSandbox(Options options)
 {
     try {
-        return superviseInTemporaryFolder(options.sandbox->seconds, [&options](const QString &folder) {
-            options.profileFolder = folder + QStringLiteral("/profile");
-            return executeAndReport(options, folder);
+        return superviseInOwnFolders(options.sandbox->seconds, [&options](const SandboxFolders &folders) {
+            options.profileFolder = folders.settings;
+            options.sandbox->writableFolders.push_back(folders.settings);
+            return executeAndReport(options, folders.temporary);
         });
     } catch (const SandboxError &error) {
         return reportError(error, ExitUsage);

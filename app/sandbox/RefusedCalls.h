@@ -22,15 +22,18 @@ struct FileCall
     int number;
     int path; // which argument it is
     const char *what;
+    int target = 0; // of a move, which argument
 };
 
 inline constexpr std::array fileCalls = {
-    FileCall{SYS_open, 0, "opening"},      FileCall{SYS_openat, 1, "opening"},   FileCall{SYS_creat, 0, "making"},
-    FileCall{SYS_truncate, 0, "changing"}, FileCall{SYS_mkdir, 0, "making"},     FileCall{SYS_mkdirat, 1, "making"},
-    FileCall{SYS_symlink, 1, "making"},    FileCall{SYS_symlinkat, 2, "making"}, FileCall{SYS_link, 1, "making"},
-    FileCall{SYS_linkat, 3, "making"},     FileCall{SYS_unlink, 0, "removing"},  FileCall{SYS_unlinkat, 1, "removing"},
-    FileCall{SYS_rmdir, 0, "removing"},    FileCall{SYS_rename, 0, "moving"},    FileCall{SYS_renameat, 1, "moving"},
-    FileCall{SYS_renameat2, 1, "moving"},
+    FileCall{SYS_open, 0, "opening"},       FileCall{SYS_openat, 1, "opening"},
+    FileCall{SYS_creat, 0, "making"},       FileCall{SYS_truncate, 0, "changing"},
+    FileCall{SYS_mkdir, 0, "making"},       FileCall{SYS_mkdirat, 1, "making"},
+    FileCall{SYS_symlink, 1, "making"},     FileCall{SYS_symlinkat, 2, "making"},
+    FileCall{SYS_link, 1, "making"},        FileCall{SYS_linkat, 3, "making"},
+    FileCall{SYS_unlink, 0, "removing"},    FileCall{SYS_unlinkat, 1, "removing"},
+    FileCall{SYS_rmdir, 0, "removing"},     FileCall{SYS_rename, 0, "moving", 1},
+    FileCall{SYS_renameat, 1, "moving", 3}, FileCall{SYS_renameat2, 1, "moving", 3},
 };
 
 struct Call

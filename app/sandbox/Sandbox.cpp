@@ -16,10 +16,10 @@ const std::vector<std::string> libraryFolders = {"/usr/lib", "/lib", "/lib64", "
 
 // What else a program needs that shows texts and knows the time zone. Everybody may read it anyway.
 const QStringList systemFiles = {
-    QStringLiteral("/usr/share"),       QStringLiteral("/usr/local/share"),
-    QStringLiteral("/etc/fonts"),       QStringLiteral("/var/cache/fontconfig"),
-    QStringLiteral("/etc/ld.so.cache"), QStringLiteral("/etc/localtime"),
-    QStringLiteral("/dev/urandom"),
+    QStringLiteral("/usr/share"),     QStringLiteral("/usr/local/share"),
+    QStringLiteral("/etc/fonts"),     QStringLiteral("/var/cache/fontconfig"),
+    QStringLiteral("/etc/xdg"),       QStringLiteral("/etc/ld.so.cache"),
+    QStringLiteral("/etc/localtime"), QStringLiteral("/dev/urandom"),
 };
 
 QString programFile(const QString &program)
@@ -53,7 +53,7 @@ FileRules rulesOf(const SandboxOptions &options, const QStringList &readable, co
 void enterSandbox(const SandboxOptions &options, const QStringList &readable, const QString &temporaryFolder)
 {
     // Libraries keep their own files there, too, instead of trying where they may not.
-    for (const char *variable : {"TMPDIR", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME"})
+    for (const char *variable : {"TMPDIR", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
         qputenv(variable, temporaryFolder.toLocal8Bit());
     bindToFiles(rulesOf(options, readable, temporaryFolder));
     filterCalls(options.runnablePrograms.empty() ? ProcessStarts::Refused : ProcessStarts::Allowed, libraryFolders);

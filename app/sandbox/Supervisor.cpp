@@ -1,6 +1,7 @@
 #include "app/sandbox/Supervisor.h"
 
 #include "app/CommandLine.h"
+#include "app/sandbox/MemoryFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -87,11 +88,13 @@ void endStragglers()
 
 } // namespace
 
-int superviseInTemporaryFolder(int seconds, const std::function<int(const QString &folder)> &work)
+int superviseInOwnFolders(int seconds, const std::function<int(const SandboxFolders &folders)> &work)
 {
-    const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/lisphost-XXXXXX"));
-    if (!folder.isValid())
-        throw SandboxError(folder.errorString());
+    const QTemporaryDir temporary(QDir::tempPath() + QStringLiteral("/lisphost-XXXXXX"));
+    const QTemporaryDir settings(memoryFolder() + QStringLiteral("/lisphost-XXXXXX"));
+    for (const QTemporaryDir *folder : {&temporary, &settings})
+        if (!folder->isValid())
+            throw SandboxError(folder->errorString());
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
     handle(SIGINT, onTerminalInterrupt); // the terminal sends it to the worker, too, which knows what to do
     for (const int signal : endingSignals)
@@ -109,9 +112,9 @@ int superviseInTemporaryFolder(int seconds, const std::function<int(const QStrin
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (::getppid() != supervisor)
             ::_exit(ExitFailed);
-        const int status = work(folder.path());
+        const int status = work({temporary.path(), settings.path()});
         std::fflush(nullptr);
-        ::_exit(status); // the folder is the supervisor's to remove
+        ::_exit(status); // the folders are the supervisor's to remove
     }
     if (seconds > 0)
         ::alarm(static_cast<unsigned>(seconds) + GraceSeconds);

@@ -13,7 +13,7 @@ SandboxError noSandbox()
 
 } // namespace
 
-int superviseInTemporaryFolder(int, const std::function<int(const QString &folder)> &)
+int superviseInOwnFolders(int, const std::function<int(const SandboxFolders &folders)> &)
 {
     throw noSandbox();
 }

@@ -10,6 +10,7 @@
 #include "host/kernel/HostServices.h"
 #include "host/kernel/NodeList.h"
 #include "host/kernel/ResultBuilder.h"
+#include "host/kernel/RunningCall.h"
 #include "host/kernel/TextFormat.h"
 #include "lisp/LispStatus.h"
 #include "sdk/fx/CFxString.h"
@@ -50,6 +51,7 @@ SubstituteLispHost::~SubstituteLispHost()
 Value SubstituteLispHost::call(Machine &machine, const External &function, Args arguments)
 {
     const CallFrame frame(machine, arguments, m_pool, m_frame);
+    const RunningCall running;
     const int status = function.entry();
     m_services.userInterface->callEnded();
     if (status == StatusError)
@@ -146,6 +148,7 @@ int SubstituteLispHost::evaluate(const char16_t *text, resbuf **value)
 {
     if (value)
         *value = nullptr;
+    const RunningCall::Pause pause;
     const Machine::CatchScope scope(m_machine); // the caller learns of errors by the status, not the program's *error*
     try {
         const Value result = m_machine.load(text, u"");
