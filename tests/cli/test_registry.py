@@ -179,6 +179,12 @@ class Store(Registry):
         self.assert_gives(self.lisphost("--profile", "p", "eval", "1", f'(vl-registry-read "{LISP_KEY}")'), "1\nnil\n")
         self.assertFalse((self.folder / "p/registry").exists())
 
+    def test_texts_with_a_nul_are_refused_and_nothing_is_written(self):
+        for call in (f'"{LISP_KEY}" "name" "a\\000b"', f'"{LISP_KEY}" "na\\000me" "a"', f'"{LISP_KEY}\\000x" "name" "a"',
+                     f"""\"{LISP_KEY}\" "name" '(7 "a" "b\\000c")"""):
+            self.assert_gives(self.evaluate(f"(vl-registry-write {call})", f'(vl-registry-descendents "{LISP_KEY}" T)',
+                                            f'(vl-registry-read "{LISP_KEY}" "name")'), "nil\nnil\nnil\n")
+
     def test_a_damaged_file_is_kept_and_said(self):
         path = self.write("p/registry/HKEY_CURRENT_USER.reg", f'{HEADER}[{KEY}]\n"a"="1"\nnonsense\n; end\n')
         damaged = path.read_bytes()

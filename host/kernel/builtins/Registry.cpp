@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <cstring>
 
 using lisp::Args;
@@ -34,6 +35,14 @@ QByteArray bytesOf(std::u16string_view text)
     const std::u16string terminated(text);
     return {reinterpret_cast<const char *>(terminated.c_str()),
             static_cast<qsizetype>((terminated.size() + 1) * sizeof(char16_t))};
+}
+
+// The registry would take what is in front of it for the whole.
+bool holdsNul(Value value)
+{
+    if (value.isString())
+        return value.asString()->view().find(u'\0') != std::u16string_view::npos;
+    return value.isCons() && std::ranges::any_of(lisp::itemsOf(value), holdsNul);
 }
 
 // A list that begins with the number of the type: (7 "first" "second"), (3 0 16 35).
@@ -109,6 +118,8 @@ Value readValue(Machine &machine, Args arguments)
 Value writeValue(Machine &machine, Args arguments)
 {
     const RegistryData data = fromLisp(arguments, 2);
+    if (holdsNul(arguments[0]) || holdsNul(arguments[1]) || holdsNul(arguments[2]))
+        return Value::nil();
     const std::u16string name = nameArgument(arguments);
     OpenRegistryKey key(arguments.text(0), KEY_WRITE, OpenRegistryKey::IfMissing::Add);
     if (!key.setValue(name, data))
