@@ -49,6 +49,24 @@ TEST_F(AssociatedApp, OnAFileTypeWithoutAnAssociatedProgramYields31)
               (Operations{"getArgs", "retInt 31", "releaseRb 1"}));
 }
 
+TEST_F(AssociatedApp, OfAPathOf32767CharactersIsAnErrorCode)
+{
+    for (const QString &path :
+         {QString(32767, u'x'), u'/' + QString(32766, u'x'), m_folder.path() + QString(32767, u'/')}) {
+        const Operations operations = call(acetFilenameAssociatedApp, {text(path)});
+        ASSERT_EQ(operations.size(), 3U);
+        EXPECT_TRUE(operations[1] == "retInt 2" || operations[1] == "retInt 3" || operations[1] == "retInt 31")
+            << operations[1];
+    }
+}
+
+TEST_F(AssociatedApp, OfAPathWithANulIsThatOfWhatIsInFrontOfIt)
+{
+    const std::u16string path = write(u"a.lhtest"_qs).toStdU16String();
+    EXPECT_EQ(call(acetFilenameAssociatedApp, {text(path + std::u16string(1, u'\0') + u".unheardof")}),
+              (Operations{"getArgs", operation("retWStr", program), "releaseRb 1"}));
+}
+
 TEST_F(AssociatedApp, AMissingOrWrongPathEndsWithNoResultOfItsOwn)
 {
     EXPECT_EQ(call(acetFilenameAssociatedApp, {}), (Operations{"getArgs", tooFewArguments, "retNil"}));

@@ -53,6 +53,27 @@ TEST_F(Opendefaultapp, OnAMissingFileMakesTheCallFailWithoutAMessage)
     EXPECT_TRUE(m_desktop.opened.isEmpty());
 }
 
+TEST_F(Opendefaultapp, OfTheEmptyTextMakesTheCallFailWithoutAMessage)
+{
+    EXPECT_EQ(statusOf({text(u"")}), StatusError);
+    EXPECT_TRUE(m_desktop.opened.isEmpty());
+}
+
+TEST_F(Opendefaultapp, OfAPathOf32767CharactersMakesTheCallFailWithoutAMessage)
+{
+    for (const QString &path : {QString(32767, u'x'), m_folder.filePath(QString(32767, u'x')).left(32767)})
+        EXPECT_EQ(statusOf({text(path)}), StatusError);
+    EXPECT_TRUE(m_desktop.opened.isEmpty());
+}
+
+TEST_F(Opendefaultapp, OfAPathWithANulOpensWhatIsInFrontOfIt)
+{
+    QFile file(m_folder.filePath(u"a"_qs));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(statusOf({text(file.fileName() + QChar(u'\0') + u"b"_qs)}), StatusNormal);
+    EXPECT_EQ(m_desktop.opened, QList<QUrl>{QUrl::fromLocalFile(file.fileName())});
+}
+
 TEST_F(Opendefaultapp, AMissingOrWrongArgumentMakesTheCallFailWithoutAMessage)
 {
     EXPECT_EQ(statusOf({}), StatusError);

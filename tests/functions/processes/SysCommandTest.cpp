@@ -32,6 +32,23 @@ TEST_F(SysCommand, RunsTheCommandAndGivesWhatTheRuntimeLibraryGives)
     EXPECT_EQ(reportedArguments(), (QStringList{u"a"_qs, u"exit:3"_qs}));
 }
 
+TEST_F(SysCommand, TheEmptyTextIsACommandToo)
+{
+    EXPECT_EQ(callWith(QString()),
+              (Operations{"getArgs", "getArgsNarrow", m_environment, "retInt " + std::to_string(std::system("")),
+                          "releaseRbNarrow list", "releaseRb 1"}));
+}
+
+#ifndef _WIN32 // whose command interpreter takes 8191 characters
+TEST_F(SysCommand, ATextOf32767CharactersIsRunAsAWhole)
+{
+    const QString front = child + u' ' + report + u' ';
+    const QString argument(32767 - front.size(), u'x');
+    EXPECT_EQ(callWith(front + argument).at(3), "retInt 0");
+    EXPECT_EQ(reportedArguments(), QStringList{argument});
+}
+#endif
+
 TEST_F(SysCommand, WithoutCOMSPECTheCommandIsNotRunAndNoResultIsSet)
 {
     host().setAnswer("getEnvVar", StatusError);

@@ -57,6 +57,23 @@ TEST_F(SysWait, ATimeOutThatIsNoIntegerPrintsTheMessageAndThenWaitsWithoutLimit)
     EXPECT_EQ(FakeProcesses::calls, waiting("1234", infinite));
 }
 
+TEST_F(SysWait, ATimeOutAbove32767IsOfTheWrongTypeAndTheWaitWithoutLimit)
+{
+    call(acetSysWait, {shortInteger(1234), shortInteger(32767)});
+    EXPECT_EQ(FakeProcesses::calls, waiting("1234", "32767"));
+    FakeProcesses::calls.clear();
+    EXPECT_EQ(call(acetSysWait, {shortInteger(1234), longInteger(32768)}),
+              (Operations{"getArgs", wrongType, "retNil", "releaseRb 2", "retInt 7", "releaseRb null"}));
+    EXPECT_EQ(FakeProcesses::calls, waiting("1234", infinite));
+}
+
+TEST_F(SysWait, AProcessIdAbove32767IsOfTheWrongType)
+{
+    EXPECT_EQ(call(acetSysWait, {longInteger(32768), shortInteger(1)}),
+              (Operations{"getArgs", wrongType, "retNil", "releaseRb 1"}));
+    EXPECT_EQ(FakeProcesses::calls, Calls{});
+}
+
 TEST_F(SysWait, ANegativeProcessIdIsSignExtended)
 {
     call(acetSysWait, {shortInteger(-2), shortInteger(0)});

@@ -52,6 +52,21 @@ TEST_F(RegDel, NeverRemovesAKey)
     EXPECT_EQ(data(u"x", HKEY_CURRENT_USER, u"Software\\LispExtension tests\\below"), "missing");
 }
 
+TEST_F(RegDel, OfAPathOrANameOf32767CharactersYieldsNil)
+{
+    const std::u16string longText(32767, u'k');
+    EXPECT_EQ(call(acetRegDel, {text(Path), text(longText)}), result("retNil", "2"));
+    const std::u16string longPath = std::u16string(Path) + u'\\' + longText;
+    EXPECT_EQ(call(acetRegDel, {text(longPath.substr(0, 32767)), text(u"x")}), result("retNil", "2"));
+}
+
+TEST_F(RegDel, OfANameWithANulTakesWhatIsInFrontOfIt)
+{
+    set(u"x", REG_SZ, bytesOf(u"1\0"s));
+    EXPECT_EQ(call(acetRegDel, {text(Path), text(u"x\0y"s)}), result("retT", "2"));
+    EXPECT_EQ(data(u"x"), "missing");
+}
+
 TEST_F(RegDel, WithoutAPathIsRefused)
 {
     EXPECT_EQ(call(acetRegDel, {}), (Operations{"getArgs", tooFewArguments, "retNil"}));

@@ -7,6 +7,16 @@ namespace {
 class RegPut : public RegistryTest
 {
 protected:
+    // Of what stands in the registry, in bytes.
+    static DWORD size(const char16_t *name)
+    {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, windowsText(Key), 0, KEY_READ, &key), 0);
+        DWORD bytes = 0;
+        EXPECT_EQ(RegQueryValueExW(key, windowsText(name), nullptr, nullptr, nullptr, &bytes), 0);
+        RegCloseKey(key);
+        return bytes;
+    }
     Operations put(const Arguments &arguments)
     {
         Arguments all = {text(Path)};
@@ -97,6 +107,28 @@ TEST_F(RegPut, WritingToAKeyThatDoesNotExistYieldsNilAndCreatesNothing)
 TEST_F(RegPut, OfANameThatIsTooLongYieldsNil)
 {
     EXPECT_EQ(put({text(std::u16string(16384, u'n')), text(u"abcd")}), result("retNil", "3"));
+}
+
+TEST_F(RegPut, OfATextOf32767CharactersStoresAsManyBytes)
+{
+    EXPECT_EQ(put({text(u"x"), text(std::u16string(32767, u'x'))}), result("retT", "3"));
+    EXPECT_EQ(size(u"x"), 32767U);
+}
+
+TEST_F(RegPut, OfAPathOrANameOf32767CharactersYieldsNilAndWritesNothing)
+{
+    const std::u16string longText(32767, u'k');
+    EXPECT_EQ(put({text(longText), text(u"abcd")}), result("retNil", "3"));
+    const std::u16string longPath = std::u16string(Path) + u'\\' + longText;
+    EXPECT_EQ(call(acetRegPut, {text(longPath.substr(0, 32767)), text(u"x"), text(u"abcd")}), result("retNil", "3"));
+    EXPECT_EQ(data(u"x"), "missing");
+}
+
+// Where a function's text ends, whatever the LISP text holds behind it.
+TEST_F(RegPut, OfTextsWithANulTakesWhatIsInFrontOfIt)
+{
+    EXPECT_EQ(put({text(u"x\0y"s), text(u"abcd\0ef"s)}), result("retT", "3"));
+    EXPECT_EQ(data(u"x"), bytesOf(u"ab"));
 }
 
 TEST_F(RegPut, ReleasesTheThirdNodeAndLeavesTheRestAlone)

@@ -53,15 +53,18 @@ STAND_IN(LSTATUS, RegOpenKeyExW, (HKEY key, LPCWSTR path, DWORD options, REGSAM 
                 result);
 }
 
-STAND_IN(LSTATUS, RegQueryValueExW, (HKEY key, LPCWSTR name, DWORD *, DWORD *, BYTE *data, DWORD *size))
+STAND_IN(LSTATUS, RegQueryValueExW, (HKEY key, LPCWSTR name, DWORD *reserved, DWORD *type, BYTE *data, DWORD *size))
 {
+    EXPECT_EQ(reserved, nullptr);
+    EXPECT_EQ(type, nullptr); // none is wanted
     if (valueStatus == ERROR_SUCCESS)
         std::fill_n(data, 4, BYTE{0});
     return use("RegQueryValueExW " + described(key) + ' ' + described(name) + ' ' + std::to_string(*size));
 }
 
-STAND_IN(LSTATUS, RegSetValueExW, (HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE *, DWORD size))
+STAND_IN(LSTATUS, RegSetValueExW, (HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE *, DWORD size))
 {
+    EXPECT_EQ(reserved, 0U);
     return use("RegSetValueExW " + described(key) + ' ' + described(name) + ' ' + std::to_string(type) + ' ' +
                std::to_string(size));
 }
