@@ -24,6 +24,7 @@ protected:
     ~AttributesConformance() override
     {
         set("file", FILE_ATTRIBUTE_NORMAL); // or Windows would not remove it
+        set("folder", FILE_ATTRIBUTE_NORMAL);
         std::error_code ignored;
         fs::remove_all(m_folder, ignored);
     }
@@ -35,16 +36,18 @@ protected:
         return SetFileAttributesW(windowsText(path(name).c_str()), attributes) != FALSE;
     }
     // Of a file that is there.
-    bool has(const std::string &name, DWORD attribute) const
+    bool has(const std::string &name, DWORD attribute) const { return of(name, attribute) != 0; }
+    // Those of the attributes that it has.
+    DWORD of(const std::string &name, DWORD attributes) const
     {
-        const DWORD attributes = get(name);
-        EXPECT_NE(attributes, INVALID_FILE_ATTRIBUTES) << name;
-        return (attributes & attribute) != 0;
+        const DWORD all = get(name);
+        EXPECT_NE(all, INVALID_FILE_ATTRIBUTES) << name;
+        return all & attributes;
     }
 
 private:
-    const fs::path m_folder =
-        fs::temp_directory_path() / ("attributesconformance" + std::to_string(GetCurrentProcessId()));
+    // Below the current folder: the file system of the build keeps attributes, that of the temporary folder may not.
+    const fs::path m_folder = fs::current_path() / ("attributesconformance" + std::to_string(GetCurrentProcessId()));
 };
 
 } // namespace
@@ -72,6 +75,60 @@ TEST_F(AttributesConformance, ADirectoryStaysOne)
 {
     EXPECT_TRUE(set("folder", FILE_ATTRIBUTE_NORMAL));
     EXPECT_TRUE(has("folder", FILE_ATTRIBUTE_DIRECTORY));
+}
+
+constexpr DWORD Hidden = FILE_ATTRIBUTE_HIDDEN, System = FILE_ATTRIBUTE_SYSTEM, ReadOnly = FILE_ATTRIBUTE_READONLY,
+                Archive = FILE_ATTRIBUTE_ARCHIVE;
+
+// The archive attribute is looked for only where it was set: Wine gives it to every file.
+TEST_F(AttributesConformance, OfAFileHiddenAndSystemAreSetBesideOthersAndReadBack)
+{
+    for (const DWORD others : {DWORD{0}, ReadOnly, Archive, ReadOnly | Archive})
+        for (const DWORD attributes : {Hidden, System, Hidden | System}) {
+            EXPECT_TRUE(set("file", attributes | others)) << attributes << ' ' << others;
+            EXPECT_EQ(of("file", Hidden | System | ReadOnly | (others & Archive)), attributes | others);
+            EXPECT_FALSE(has("file", FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_DIRECTORY));
+        }
+}
+
+TEST_F(AttributesConformance, OfAFileHiddenAndSystemAreTakenAwayOneByOneAndTogether)
+{
+    for (const DWORD left : {Hidden, System, ReadOnly, Archive, DWORD{FILE_ATTRIBUTE_NORMAL}, DWORD{0}}) {
+        EXPECT_TRUE(set("file", Hidden | System | ReadOnly | Archive));
+        EXPECT_TRUE(set("file", left)) << left;
+        EXPECT_EQ(of("file", Hidden | System | ReadOnly), left & (Hidden | System | ReadOnly)) << left;
+    }
+}
+
+TEST_F(AttributesConformance, NormalCountsAloneOnly)
+{
+    EXPECT_TRUE(set("file", FILE_ATTRIBUTE_NORMAL | Hidden | System));
+    EXPECT_EQ(of("file", Hidden | System | FILE_ATTRIBUTE_NORMAL), Hidden | System);
+}
+
+TEST_F(AttributesConformance, OfAFolderHiddenAndSystemAreSetReadBackAndTakenAway)
+{
+    for (const DWORD others : {DWORD{0}, Archive})
+        for (const DWORD attributes : {Hidden, System, Hidden | System}) {
+            EXPECT_TRUE(set("folder", attributes | others)) << attributes << ' ' << others;
+            EXPECT_EQ(of("folder", Hidden | System | FILE_ATTRIBUTE_DIRECTORY), attributes | FILE_ATTRIBUTE_DIRECTORY);
+            EXPECT_TRUE(set("folder", FILE_ATTRIBUTE_NORMAL));
+            EXPECT_EQ(of("folder", Hidden | System | FILE_ATTRIBUTE_DIRECTORY), FILE_ATTRIBUTE_DIRECTORY);
+        }
+}
+
+TEST_F(AttributesConformance, AHiddenFileIsOneForReadersAndStaysSoWhenItIsWritten)
+{
+    EXPECT_TRUE(set("file", Hidden | System));
+    {
+        std::ofstream file(fs::path(path("file")), std::ios::app);
+        file << " and more";
+        EXPECT_TRUE(file.good());
+    }
+    EXPECT_EQ(of("file", Hidden | System), Hidden | System);
+    std::string content;
+    std::getline(std::ifstream(fs::path(path("file"))), content);
+    EXPECT_EQ(content, "text and more");
 }
 
 struct MissingFile
