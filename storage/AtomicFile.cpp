@@ -73,6 +73,8 @@ QString nameBeside(const QFileInfo &target, Writers writers)
 
 QString prepare(const QString &name, const QFileInfo &target, const ContentWriter &write)
 {
+    if (target.exists() && !target.isFile())
+        return QStringLiteral("it is no regular file"); // a folder, a device or a pipe, which must not be renamed over
     if (target.exists() && !target.isWritable())
         return QStringLiteral("it may not be written");
     QFile beside(name);

@@ -163,7 +163,7 @@ std::string writtenDrawing(const Database &database)
 
 bool saveDrawing(const Database &database, const QString &path, Backup backup, QString &failure)
 {
-    if (backup == Backup::Keep && QFileInfo::exists(path) && !copyFile(path, backupPath(path), failure))
+    if (backup == Backup::Keep && QFileInfo(path).isFile() && !copyFile(path, backupPath(path), failure))
         return false;
     const auto write = [&database](QIODevice &file) {
         return writeDrawing(database, [&file](std::string_view piece) { return writeAll(file, piece); });

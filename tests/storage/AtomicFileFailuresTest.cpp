@@ -60,6 +60,22 @@ TEST_F(AtomicFileFailures, AReadOnlyFileIsNotReplacedThoughItsFolderAllowsIt)
     EXPECT_EQ(contentOf(u"a"_qs), "old");
 }
 
+TEST_F(AtomicFileFailures, WhatIsNoRegularFileStays)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(path(u"pipe"_qs)).constData(), 0600), 0);
+    ASSERT_TRUE(QDir().mkdir(path(u"folder"_qs)));
+    ASSERT_TRUE(QFile::link(path(u"pipe"_qs), path(u"link"_qs)));
+    for (const QString &name : {u"pipe"_qs, u"folder"_qs, u"link"_qs}) {
+        EXPECT_FALSE(replaceFile(path(name), "new", m_failure));
+        EXPECT_EQ(m_failure, path(name) + u": it is no regular file"_qs);
+    }
+    EXPECT_FALSE(replaceFile(u"/dev/null"_qs, "new", m_failure));
+    struct stat status = {};
+    ASSERT_EQ(stat(QFile::encodeName(path(u"pipe"_qs)).constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+    EXPECT_EQ(names(), QStringList({u"link"_qs})); // the others are no files
+}
+
 TEST_F(AtomicFileFailures, KeepsThePermissions)
 {
     write(u"a"_qs, "old");

@@ -128,6 +128,18 @@ TEST_F(SavingFailures, AReadOnlyFolderKeepsTheDrawingAndIsTold)
     EXPECT_EQ(names(), QStringList({u"plan.dxf"_qs}));
 }
 
+TEST_F(SavingFailures, APipeIsNeitherReadForABackupNorReplaced)
+{
+    const auto database = databaseOf(SampleText);
+    ASSERT_EQ(mkfifo(QFile::encodeName(path(u"plan.dxf"_qs)).constData(), 0600), 0);
+    EXPECT_FALSE(save(*database, Backup::Keep));
+    EXPECT_EQ(m_failure, path(u"plan.dxf"_qs) + u": it is no regular file"_qs);
+    struct stat status = {};
+    ASSERT_EQ(stat(QFile::encodeName(path(u"plan.dxf"_qs)).constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+    EXPECT_EQ(names(), QStringList());
+}
+
 TEST_F(SavingFailures, AFileThatVanishesMeanwhileIsWrittenAnew)
 {
     const auto database = databaseOf(SampleText);
