@@ -2,6 +2,7 @@
 
 #include "host/commands/Commands.h"
 #include "host/commands/NewEntity.h"
+#include "host/commands/TouchingCircle.h"
 
 #include <cmath>
 #include <optional>
@@ -15,6 +16,7 @@ using drawing::groupcode::FirstX;
 namespace {
 
 constexpr int RadiusCode = 40, StartAngleCode = 50, EndAngleCode = 51;
+constexpr double RightAngle = geometry::FullTurn / 4;
 
 struct Circle
 {
@@ -61,11 +63,16 @@ void addCircle(Context &context, const WorkPlane &plane, const Circle &circle)
     context.session().assign(u"CIRCLERAD", circle.radius);
 }
 
-// Counter-clockwise from start to end, radians in the user's coordinate system.
-void addArc(Context &context, const WorkPlane &plane, const Circle &circle, double start, double end)
+enum class Way { CounterClockwise, Clockwise };
+
+// As it is drawn, from start to end, radians in the user's coordinate system. The entity itself goes counter-clockwise.
+void addArc(Context &context, const WorkPlane &plane, const Circle &circle, double from, double to,
+            Way way = Way::CounterClockwise)
 {
     if (!(circle.radius > 0))
         throw CommandError{u"The arc does not exist."};
+    const bool isClockwise = way == Way::Clockwise;
+    const double start = isClockwise ? to : from, end = isClockwise ? from : to;
     drawing::GroupList groups = newEntity(context, u"ARC");
     groups.push_back(pointGroup(FirstX, plane.object(circle.centre)));
     groups.push_back(realGroup(RadiusCode, circle.radius));
@@ -73,8 +80,14 @@ void addArc(Context &context, const WorkPlane &plane, const Circle &circle, doub
     groups.push_back(realGroup(EndAngleCode, degrees(plane.objectAngle(end))));
     extrude(context, plane, groups);
     addEntity(context, groups);
-    const Point last = onCircle(circle, end);
+    const Point last = onCircle(circle, to);
     context.session().assign(u"LASTPOINT", last);
+    rememberEnd(context, plane, last, to + (isClockwise ? -RightAngle : RightAngle), Shape::Curved);
+}
+
+Way wayOf(double turn)
+{
+    return turn < 0 ? Way::Clockwise : Way::CounterClockwise;
 }
 
 Task<Circle> circleOfThreePoints(Context &context)
@@ -110,6 +123,31 @@ Task<double> askRadius(Context &context, const Point centre)
     co_return diameter.value / 2;
 }
 
+Task<Side> askTangent(Context &context, std::u16string_view prompt)
+{
+    for (;;) {
+        const auto picked = co_await context.ask().entity({prompt, {}, Enter::Refused});
+        if (const std::optional<Side> side = pickedSide(context, picked.value))
+            co_return *side;
+        context.session().print(u"\nRequires a line, circle, or arc.\n");
+    }
+}
+
+// Seen from above, as what it touches.
+Command circleTouchingTwo(Context &context)
+{
+    const Side first = co_await askTangent(context, u"Specify point on object for first tangent of circle: ");
+    const Side second = co_await askTangent(context, u"Specify point on object for second tangent of circle: ");
+    const double last = context.session().real(u"CIRCLERAD");
+    const auto asked = co_await context.ask().distance(
+        {u"Specify radius of circle: ", {}, last > 0 ? Enter::Allowed : Enter::Refused}, Positive);
+    const double radius = asked.hasValue() ? asked.value : last;
+    const Touching found = touching(first, second, radius);
+    if (!found.isFound)
+        throw CommandError{u"Circle does not exist."};
+    addCircle(context, WorkPlane(geometry::Matrix{}), {{found.centre.x, found.centre.y, found.centre.z}, radius});
+}
+
 // The part of an arc command that begins with its centre.
 Command arcAboutCentre(Context &context, const WorkPlane &plane, const Point centre, std::optional<Point> start)
 {
@@ -126,8 +164,7 @@ Command arcAboutCentre(Context &context, const WorkPlane &plane, const Point cen
     } else if (end.is(u"Angle")) {
         const auto angle =
             co_await context.ask().angle({u"Specify included angle: ", {}, Enter::Refused, centre}, Nonzero);
-        addArc(context, plane, circle, angle.value < 0 ? from + angle.value : from,
-               angle.value < 0 ? from : from + angle.value);
+        addArc(context, plane, circle, from, from + angle.value, wayOf(angle.value));
     } else {
         const auto chord =
             co_await context.ask().distance({u"Specify length of chord: ", {}, Enter::Refused, *start}, Nonzero);
@@ -138,9 +175,12 @@ Command arcAboutCentre(Context &context, const WorkPlane &plane, const Point cen
     }
 }
 
-// The arc from start to end whose included angle is known; it goes counter-clockwise.
+// The arc from start to end whose included angle is known; a negative one goes clockwise.
 void addArcOfAngle(Context &context, const WorkPlane &plane, const Point &start, const Point &end, double angle)
 {
+    constexpr double Smallest = 1e-12; // below it is the straight line, or all around
+    if (std::abs(std::sin(angle / 2)) < Smallest)
+        throw CommandError{u"The arc does not exist."};
     const double half = distanceBetween(start, end) / 2;
     const double radius = std::abs(half / std::sin(angle / 2));
     const double toCentre = std::sqrt(std::max(0.0, radius * radius - half * half)) *
@@ -149,7 +189,14 @@ void addArcOfAngle(Context &context, const WorkPlane &plane, const Point &start,
     const Point centre{(start.x + end.x) / 2 - toCentre * std::sin(direction),
                        (start.y + end.y) / 2 + toCentre * std::cos(direction), start.z};
     const double from = angleOf(centre, start), to = angleOf(centre, end);
-    addArc(context, plane, {centre, radius}, angle < 0 ? to : from, angle < 0 ? from : to);
+    addArc(context, plane, {centre, radius}, from, to, wayOf(angle));
+}
+
+// The arc that begins in the direction.
+void addArcOfDirection(Context &context, const WorkPlane &plane, const Point &start, const Point &end, double direction)
+{
+    const double angle = 2 * std::remainder(angleOf(start, end) - direction, geometry::FullTurn);
+    addArcOfAngle(context, plane, start, end, angle);
 }
 
 // The part of an arc command where both ends are known.
@@ -166,8 +213,7 @@ Command arcBetween(Context &context, const WorkPlane &plane, const Point start, 
     } else if (choice.is(u"Direction")) {
         const auto direction = co_await context.ask().direction(
             {u"Specify tangent direction for the start point of arc: ", {}, Enter::Refused, start});
-        const double angle = 2 * std::remainder(angleOf(start, end) - direction.value, geometry::FullTurn);
-        addArcOfAngle(context, plane, start, end, angle);
+        addArcOfDirection(context, plane, start, end, direction.value);
     } else {
         const auto radius =
             co_await context.ask().distance({u"Specify radius of arc: ", {}, Enter::Refused, end}, Nonzero);
@@ -179,19 +225,40 @@ Command arcBetween(Context &context, const WorkPlane &plane, const Point start, 
     }
 }
 
+// Nothing where the arc goes on from what was drawn last.
+Task<Reply<Point>> askArcStart(Context &context)
+{
+    for (;;) {
+        const auto first = co_await context.ask().point({u"Specify start point of arc or [Center]: ", u"Center"});
+        if (!first.isNothing() || context.memory().drawnEnd)
+            co_return first;
+        context.session().print(u"\nNo line or arc to continue.\n");
+    }
+}
+
+Command arcGoingOn(Context &context, const WorkPlane &plane, const DrawnEnd last)
+{
+    const Point start = plane.user(last.place), ahead = plane.user(last.place + last.direction);
+    context.session().assign(u"LASTPOINT", start);
+    const auto end = co_await context.ask().point({u"Specify end point of arc: ", {}, Enter::Refused, start});
+    addArcOfDirection(context, plane, start, end.value, angleOf(start, ahead));
+}
+
 } // namespace
 
 Command circle(Context &context)
 {
     const WorkPlane plane(context.session());
     const auto centre = co_await context.ask().point(
-        {u"Specify center point for circle or [3P/2P/Ttr (tan tan radius)]: ", u"3P 2P", Enter::Refused});
+        {u"Specify center point for circle or [3P/2P/Ttr (tan tan radius)]: ", u"3P 2P Ttr", Enter::Refused});
     if (centre.is(u"3P")) {
         const Circle found = co_await circleOfThreePoints(context);
         addCircle(context, plane, found);
     } else if (centre.is(u"2P")) {
         const Circle found = co_await circleOfTwoPoints(context);
         addCircle(context, plane, found);
+    } else if (centre.is(u"Ttr")) {
+        co_await circleTouchingTwo(context);
     } else {
         const double radius = co_await askRadius(context, centre.value);
         addCircle(context, plane, {centre.value, radius});
@@ -201,8 +268,11 @@ Command circle(Context &context)
 Command arc(Context &context)
 {
     const WorkPlane plane(context.session());
-    const auto first =
-        co_await context.ask().point({u"Specify start point of arc or [Center]: ", u"Center", Enter::Refused});
+    const auto first = co_await askArcStart(context);
+    if (first.isNothing()) {
+        co_await arcGoingOn(context, plane, *context.memory().drawnEnd);
+        co_return;
+    }
     if (first.is(u"Center")) {
         const auto centre = co_await context.ask().point({u"Specify center point of arc: ", {}, Enter::Refused});
         co_await arcAboutCentre(context, plane, centre.value, std::nullopt);
@@ -223,7 +293,7 @@ Command arc(Context &context)
         const Circle circle = circleThrough(start, through, end);
         const double from = angleOf(circle.centre, start), to = angleOf(circle.centre, end);
         const double turn = (through.x - start.x) * (end.y - start.y) - (through.y - start.y) * (end.x - start.x);
-        addArc(context, plane, circle, turn > 0 ? from : to, turn > 0 ? to : from);
+        addArc(context, plane, circle, from, to, wayOf(turn));
     }
 }
 

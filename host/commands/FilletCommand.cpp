@@ -2,6 +2,7 @@
 
 #include "host/commands/Commands.h"
 #include "host/commands/NewEntity.h"
+#include "host/commands/TouchingCircle.h"
 #include "host/drawing/edit/CurveWay.h"
 #include "host/drawing/geometry/Crossings.h"
 
@@ -14,87 +15,16 @@ namespace commands {
 
 using drawing::CurveWay;
 using drawing::WayEnd;
-using geometry::Course;
-using geometry::EllipticArc;
-using geometry::Line;
 using geometry::Span;
 
 namespace {
 
-struct Side
-{
-    RecordId entity;
-    Vector picked;
-    Course course;
-};
-
 Side sideOf(Context &context, const PickedEntity &object)
 {
-    const std::optional<CurveWay> way = CurveWay::of(context.drawing(), object.entity);
-    const std::u16string type = context.database().type(object.entity);
-    if (!way || (type != u"LINE" && type != u"ARC" && type != u"CIRCLE"))
+    const std::optional<Side> side = pickedSide(context, object);
+    if (!side)
         throw CommandError{u"Fillet requires 2 lines, arcs, or circles."};
-    const Course &course = way->pieces().front();
-    const Vector place = object.at ? WorkPlane(context.session()).world(*object.at) : course.at(course.middle());
-    return {object.entity, course.at(course.nearest(place)), course};
-}
-
-// The two curves at a distance: parallel lines, or circles about the same centre.
-std::vector<Course> parallels(const Course &course, double distance)
-{
-    std::vector<Course> found;
-    if (const Line *line = course.line()) {
-        const Vector along = normalized(line->end - line->start, {1, 0, 0});
-        const Vector left = Vector{-along.y, along.x, 0} * distance;
-        found.emplace_back(Line{line->start + left, line->end + left});
-        found.emplace_back(Line{line->start - left, line->end - left});
-        return found;
-    }
-    EllipticArc arc = *course.arc();
-    const double radius = length(arc.cosineAxis);
-    for (const double other : {radius + distance, radius - distance}) {
-        if (!(other > 0))
-            continue;
-        found.emplace_back(EllipticArc{arc.centre, arc.cosineAxis * (other / radius), arc.sineAxis * (other / radius)});
-    }
-    return found;
-}
-
-struct Touching
-{
-    Vector centre, first, second; // where the arc touches the two
-    bool isFound = false;
-};
-
-Vector nearestFoot(const Course &course, const Vector &centre)
-{
-    Vector nearest = centre;
-    double least = INFINITY;
-    for (const double foot : course.feet(centre, Span::Extended))
-        if (const double away = length(course.at(foot) - centre); away < least) {
-            least = away;
-            nearest = course.at(foot);
-        }
-    return nearest;
-}
-
-// Of all arcs of the radius that touch both, the one nearest to where the objects were picked.
-Touching touching(const Side &first, const Side &second, double radius)
-{
-    Touching best;
-    double least = INFINITY;
-    for (const Course &a : parallels(first.course, radius))
-        for (const Course &b : parallels(second.course, radius))
-            for (const geometry::Crossing &crossing : crossings(a, b, Span::Extended, Span::Extended)) {
-                const Vector &centre = crossing.place;
-                const Vector onFirst = nearestFoot(first.course, centre), onSecond = nearestFoot(second.course, centre);
-                const double away = length(onFirst - first.picked) + length(onSecond - second.picked);
-                if (away < least) {
-                    least = away;
-                    best = {centre, onFirst, onSecond, true};
-                }
-            }
-    return best;
+    return *side;
 }
 
 Touching corner(const Side &first, const Side &second)

@@ -3,6 +3,8 @@
 #include "host/commands/Commands.h"
 #include "host/commands/NewEntity.h"
 
+#include <cmath>
+
 namespace commands {
 
 using drawing::pointGroup;
@@ -16,14 +18,54 @@ std::u16string_view nextPointPrompt(std::size_t points)
     return points < PointsOfATriangle ? u"Specify next point or [Undo]: " : u"Specify next point or [Close/Undo]: ";
 }
 
+double directionOf(const Point &from, const Point &to)
+{
+    return std::atan2(to.y - from.y, to.x - from.x);
+}
+
+// The end of what was drawn last, as the first point. Behind an arc the first line goes on in its direction, so that
+// its length says the second point, too.
+Task<std::vector<Point>> goOnFrom(Context &context, const WorkPlane &plane, const DrawnEnd end)
+{
+    std::vector<Point> points{plane.user(end.place)};
+    if (end.isArc) {
+        const auto length = co_await context.ask().distance({u"Length of line: ", {}, Enter::Refused, points.front()});
+        points.push_back(plane.user(end.place + end.direction * length.value));
+    }
+    context.session().assign(u"LASTPOINT", points.back());
+    co_return points;
+}
+
+Task<std::vector<Point>> askStart(Context &context, const WorkPlane &plane)
+{
+    for (;;) {
+        const auto first = co_await context.ask().point({u"Specify first point: "});
+        if (first.hasValue())
+            co_return std::vector<Point>{first.value};
+        if (const std::optional<DrawnEnd> end = context.memory().drawnEnd) {
+            std::vector<Point> points = co_await goOnFrom(context, plane, *end);
+            co_return points;
+        }
+        context.session().print(u"\nNo line or arc to continue.\n");
+    }
+}
+
+RecordId addSegment(Context &context, const WorkPlane &plane, const Point &from, const Point &to)
+{
+    rememberEnd(context, plane, to, directionOf(from, to), Shape::Straight);
+    return addLine(context, plane.world(from), plane.world(to));
+}
+
 } // namespace
 
 Command line(Context &context)
 {
     const WorkPlane plane(context.session());
-    const auto first = co_await context.ask().point({u"Specify first point: "});
-    std::vector<Point> points{first.hasValue() ? first.value : context.session().point(u"LASTPOINT")};
+    const std::optional<DrawnEnd> before = context.memory().drawnEnd;
+    std::vector<Point> points = co_await askStart(context, plane);
     Selection lines;
+    if (points.size() > 1)
+        lines.push_back(addSegment(context, plane, points.front(), points.back()));
     for (;;) {
         const auto next = co_await context.ask().point(
             {nextPointPrompt(points.size()), u"Close Undo", Enter::Allowed, points.back()});
@@ -35,6 +77,10 @@ Command line(Context &context)
             context.database().erase(lines.back());
             lines.pop_back();
             points.pop_back();
+            context.memory().drawnEnd = before;
+            if (points.size() > 1)
+                rememberEnd(context, plane, points.back(), directionOf(points[points.size() - 2], points.back()),
+                            Shape::Straight);
             context.session().assign(u"LASTPOINT", points.back());
             continue;
         }
@@ -42,7 +88,7 @@ Command line(Context &context)
         if (closes && points.size() < 3)
             continue;
         const Point end = closes ? points.front() : next.value;
-        lines.push_back(addLine(context, plane.world(points.back()), plane.world(end)));
+        lines.push_back(addSegment(context, plane, points.back(), end));
         points.push_back(end);
         if (closes)
             co_return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/commands/DrawnEnd.h"
 #include "host/commands/Input.h"
 
 #include <optional>
@@ -23,6 +24,7 @@ struct Memory
     std::vector<View> views;               // for ZOOM Previous
     std::vector<CoordinateSystem> systems; // for UCS Previous
     Selection erased;                      // for OOPS
+    std::optional<DrawnEnd> drawnEnd;      // of the last line, arc or polyline
     std::optional<std::u16string> script;  // that SCRIPT has read and that is to be run now
 };
 

@@ -3,6 +3,8 @@
 #include "host/commands/Colors.h"
 #include "host/drawing/entities/EntityMaking.h"
 
+#include <cmath>
+
 namespace commands {
 
 using namespace drawing;
@@ -117,6 +119,12 @@ RecordId addPolyline(Context &context, const WorkPlane &plane, const std::vector
     GroupList groups = newEntity(context, u"POLYLINE");
     extrude(context, plane, groups);
     return addHeavyPolyline(context, groups, polyline);
+}
+
+void rememberEnd(Context &context, const WorkPlane &plane, const Point &end, double direction, Shape shape)
+{
+    const Vector ahead = plane.toWorld().direction({std::cos(direction), std::sin(direction), 0});
+    context.memory().drawnEnd = DrawnEnd{plane.world(end), ahead, shape == Shape::Curved};
 }
 
 } // namespace commands

@@ -21,6 +21,10 @@ void addPart(Context &context, RecordId whole, const GroupList &groups);
 
 RecordId addLine(Context &context, const Vector &start, const Vector &end); // in world coordinates
 
+enum class Shape { Straight, Curved };
+// What was just drawn ends at the place and goes in this direction there; what comes next may go on from it.
+void rememberEnd(Context &context, const WorkPlane &plane, const Point &end, double direction, Shape shape);
+
 using PolylineVertex = drawing::PolylineData::Vertex; // in object coordinates
 
 enum class Closing { Open, Closed };

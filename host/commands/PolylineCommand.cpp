@@ -76,10 +76,21 @@ public:
         for (const TypedVertex &vertex : m_vertices)
             vertices.push_back({m_plane.object(vertex.place), vertex.startWidth, vertex.endWidth, vertex.bulge});
         addPolyline(m_context, m_plane, vertices, closing);
+        rememberItsEnd(closing, closingBulge);
         m_context.session().assign(u"PLINEWID", m_endWidth);
     }
 
 private:
+    void rememberItsEnd(Closing closing, double closingBulge) const
+    {
+        const bool isClosed = closing == Closing::Closed;
+        const Point &end = isClosed ? m_vertices.front().place : last();
+        const double closingDirection = std::atan2(end.y - last().y, end.x - last().x) + 2 * std::atan(closingBulge);
+        const double bulge = isClosed ? closingBulge : m_vertices[m_vertices.size() - 2].bulge;
+        rememberEnd(m_context, m_plane, end, isClosed ? closingDirection : direction(),
+                    bulge != 0 ? Shape::Curved : Shape::Straight);
+    }
+
     Context &m_context;
     WorkPlane m_plane;
     std::vector<TypedVertex> m_vertices;

@@ -33,3 +33,17 @@
 (show '(getvar "VIEWSIZE"))
 (command "_.pselect" (entlast) "" "_.erase")
 (show '(sslength (ssget "_X" '((0 . "DIMENSION")))))
+
+
+;; Lines and arcs go on from what was drawn last; a circle may touch two objects.
+(command "_.erase" "_all" "" "_.line" '(0 0) '(10 0) "" "_.arc" "" '(10 4) "_.line" "" 10 "")
+(show '(mapcar '(lambda (code) (cdr (assoc code (entget (entlast))))) '(0 10 11)))
+(command "_.circle" "_ttr" '(7 0) '(12 2) 1)
+(show '(mapcar '(lambda (code) (cdr (assoc code (entget (entlast))))) '(0 10 40)))
+
+;; What is beyond the limits of a question is refused, and what comes behind it is the answer.
+(setvar "CMDECHO" 1)
+(command "_.circle" '(20 20) -1 0 2)
+(command "_.scale" (entlast) "" '(20 20) 0 3)
+(show '(cdr (assoc 40 (entget (entlast)))))
+(command "_.polygon" 2 3 '(20 20) "_i" 5)

@@ -116,6 +116,99 @@ TEST_F(DrawCommands, EnterForTheRadiusTakesTheLastOneIfThereIsOne)
     EXPECT_THAT(types(), ElementsAre("CIRCLE", "CIRCLE"));
 }
 
+TEST_F(DrawCommands, EnterAtTheFirstPointOfALineGoesOnFromTheLastOne)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"4,0\" \"4,3\" \"9,9\" \"_u\" \"\" \"_.point\" \"50,50\")");
+    evaluate("(command \"_.line\" \"\" \"@1,1\" \"\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{4, 3, 0}));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{5, 4, 0}));
+    evaluate("(command \"_.ucs\" \"_m\" \"5,4\" \"_.line\" \"\" \"1,0\" \"\")"); // the end stays where it is
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{5, 4, 0}));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{6, 4, 0}));
+}
+
+TEST_F(DrawCommands, ThereMustBeALineOrArcToGoOnFrom)
+{
+    evaluate("(command \"_.line\" \"\" \"0,0\" \"1,0\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nNo line or arc to continue.\n");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+}
+
+TEST_F(DrawCommands, BehindAnArcALineGoesOnInItsDirection)
+{
+    evaluate("(command \"_.arc\" \"0,0\" \"_e\" \"2,2\" \"_d\" 90)"); // clockwise, to the right at its end
+    EXPECT_EQ(evaluate("(getvar \"LASTPOINT\")"), "(2.0 2.0 0.0)");
+    evaluate("(command \"_.line\" \"\" 5 \"@0,1\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("ARC", "LINE", "LINE"));
+    EXPECT_NEAR(placeOf(lastGroups(), 10).x, 7, 1e-9);
+    EXPECT_NEAR(placeOf(lastGroups(), 10).y, 2, 1e-9);
+    EXPECT_NEAR(placeOf(lastGroups(), 11).y, 3, 1e-9);
+}
+
+TEST_F(DrawCommands, APolylinesEndIsGoneOnFromToo)
+{
+    evaluate("(command \"_.pline\" \"0,0\" \"5,0\" \"\" \"_.line\" \"\" \"5,5\" \"\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{5, 0, 0}));
+    evaluate("(command \"_.pline\" \"0,0\" \"5,0\" \"_a\" \"5,4\" \"\" \"_.line\" \"\" 3 \"\")"); // to the left
+    EXPECT_NEAR(placeOf(lastGroups(), 11).x, 2, 1e-9);
+    EXPECT_NEAR(placeOf(lastGroups(), 11).y, 4, 1e-9);
+    evaluate("(command \"_.pline\" \"1,1\" \"5,0\" \"7,7\" \"_c\" \"_.line\" \"\" \"5,5\" \"\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{1, 1, 0}));
+}
+
+class CirclesTouchingTwo : public CommandTest
+{
+protected:
+    // The objects as entsel gives them, then the radius.
+    void draw(const std::string &first, const std::string &second, const std::string &radius)
+    {
+        evaluate("(command \"_.circle\" \"_ttr\" " + first + " " + second + " " + radius + ")");
+    }
+    void expectCircle(const Vector &centre, double radius)
+    {
+        ASSERT_EQ(types().back(), "CIRCLE");
+        const Vector found = placeOf(lastGroups(), 10);
+        EXPECT_NEAR(found.x, centre.x, 1e-9);
+        EXPECT_NEAR(found.y, centre.y, 1e-9);
+        EXPECT_NEAR(realOf(lastGroups(), 40), radius, 1e-9);
+    }
+};
+
+TEST_F(CirclesTouchingTwo, LinesWhereTheyWerePicked)
+{
+    evaluate("(command \"_.line\" \"-10,0\" \"10,0\" \"\") (setq level (entlast))"
+             "(command \"_.line\" \"0,-10\" \"0,10\" \"\") (setq upright (entlast))");
+    draw("(list level '(3 0))", "(list upright '(0 3))", "2");
+    expectCircle({2, 2, 0}, 2);
+    draw("(list level '(-3 0))", "(list upright '(0 3))", "1");
+    expectCircle({-1, 1, 0}, 1);
+    draw("(list level '(30 0))", "(list upright '(0 -3))", "\"\""); // the last radius
+    expectCircle({1, -1, 0}, 1);
+    EXPECT_EQ(evaluate("(getvar \"CIRCLERAD\")"), "1.0");
+}
+
+TEST_F(CirclesTouchingTwo, CirclesAndArcs)
+{
+    evaluate("(command \"_.circle\" \"0,0\" 2) (setq left (entlast))"
+             "(command \"_.arc\" \"_c\" \"6,0\" \"6,-2\" \"6,2\") (setq right (entlast))");
+    draw("(list left '(1.2 1.6))", "(list right '(6 2))", "3"); // above the two; the arc counts all around
+    expectCircle({3, 4, 0}, 3);
+    draw("(list left '(-1.5 -1.3))", "(list right '(7.5 -1.3))", "6"); // it has both inside
+    expectCircle({3, std::sqrt(7), 0}, 6);
+}
+
+TEST_F(CirclesTouchingTwo, WhatCannotBeTouchedIsAskedForAgain)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"\") (setq level (entlast))"
+             "(command \"_.line\" \"0,6\" \"10,6\" \"\") (setq upper (entlast))"
+             "(command \"_.point\" \"50,50\")");
+    takePrinted();
+    draw("(list (entlast) '(50 50)) (list level '(5 0))", "(list upper '(5 6))", "0 2");
+    EXPECT_EQ(takePrinted(), "\nRequires a line, circle, or arc.\n\nValue must be positive and nonzero.\n"
+                             "\nCircle does not exist.\n");
+    EXPECT_EQ(types().back(), "POINT");
+}
+
 class Arcs : public CommandTest
 {
 protected:
@@ -184,6 +277,29 @@ TEST_F(Arcs, FromStartEndAndDirection)
 {
     draw("\"1,0\" \"_e\" \"0,1\" \"_d\" 90");
     expectArc({0, 0, 0}, 1, 0, 90);
+}
+
+TEST_F(Arcs, EnterAtTheStartGoesOnFromTheLastLine)
+{
+    evaluate("(command \"_.line\" \"-5,0\" \"0,0\" \"\" \"_.arc\" \"\" \"0,4\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 2, 0}));
+    EXPECT_EQ(realOf(lastGroups(), 40), 2);
+    EXPECT_NEAR(realOf(lastGroups(), 50), 270, 1e-9);
+    EXPECT_NEAR(realOf(lastGroups(), 51), 90, 1e-9);
+    evaluate("(command \"_.arc\" \"\" \"0,10\")"); // to the left, so clockwise
+    EXPECT_NEAR(placeOf(lastGroups(), 10).y, 7, 1e-9);
+    EXPECT_NEAR(realOf(lastGroups(), 50), 90, 1e-9);
+    EXPECT_NEAR(realOf(lastGroups(), 51), 270, 1e-9);
+    takePrinted();
+    evaluate("(command \"_.arc\" \"\" \"5,10\")"); // straight ahead: to the right
+    EXPECT_EQ(takePrinted(), "\nThe arc does not exist.\n");
+}
+
+TEST_F(Arcs, ThereMustBeALineOrArcToGoOnFrom)
+{
+    draw("\"\" \"1,0\" \"0,1\" \"-1,0\"");
+    EXPECT_EQ(takePrinted(), "\nNo line or arc to continue.\n");
+    expectArc({0, 0, 0}, 1, 0, 180);
 }
 
 TEST_F(Arcs, FromStartCentreAndChord)
