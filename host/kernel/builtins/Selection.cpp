@@ -95,8 +95,8 @@ private:
         switch (m_mode.kind()) {
         case Kind::Everything:
             return newestFirst(selection::entitiesOfAllLayouts(m_document.drawing()));
-        case Kind::AllVisible:
-            return visible();
+        case Kind::AllThawed:
+            return newestFirst(commands::thawedEntitiesInSight(m_document.session()));
         case Kind::Last:
             return last();
         case Kind::Previous:
@@ -125,8 +125,6 @@ private:
         std::reverse(entities.begin(), entities.end());
         return entities;
     }
-
-    std::vector<RecordId> visible() const { return newestFirst(commands::visibleEntities(m_document.session())); }
 
     std::vector<RecordId> within(const std::vector<Point> &polygon) const
     {
@@ -281,7 +279,8 @@ Value entsel(Machine &machine, Args arguments)
 
 constexpr lisp::BuiltinRow rows[] = {
     {"ssget", "(ssget [MODE] [POINT] [POINT] [FILTER])",
-     "Selects entities: X all, A all that are seen, W C WP CP F by windows, polygons and fences, L P I; nil if none.",
+     "Selects entities: X all, A all of the current space that are not frozen, W C WP CP F by windows, polygons and "
+     "fences, L P I; nil if none.",
      ssget},
     {"ssadd", "(ssadd [ENAME] [SET])", "Adds an entity to a set, or makes a set.", ssadd},
     {"ssdel", "(ssdel ENAME SET)", "Removes an entity from a set; nil when it is not in there.", ssdel},

@@ -16,7 +16,7 @@ struct ModeName
 
 using Kind = SelectionMode::Kind;
 constexpr ModeName modes[] = {
-    {u"", Kind::Interactive}, {u"X", Kind::Everything}, {u"A", Kind::AllVisible},     {u"ALL", Kind::AllVisible},
+    {u"", Kind::Interactive}, {u"X", Kind::Everything}, {u"A", Kind::AllThawed},      {u"ALL", Kind::AllThawed},
     {u"W", Kind::Window},     {u"C", Kind::Crossing},   {u"WP", Kind::WindowPolygon}, {u"CP", Kind::CrossingPolygon},
     {u"F", Kind::Fence},      {u"L", Kind::Last},       {u"P", Kind::Previous},       {u"I", Kind::Implied},
 };

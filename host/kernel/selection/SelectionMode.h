@@ -9,7 +9,7 @@ public:
     enum class Kind {
         Interactive,
         Everything,
-        AllVisible,
+        AllThawed,
         Window,
         Crossing,
         WindowPolygon,

@@ -54,9 +54,10 @@
 (title "the last, the previous, what lies under a point")
 (show-all '((names (ssget "L")) (names (ssget "P")) (names (ssget '(5 0))) (names (ssget "P")) (ssget '(100 100))))
 
-(title "layers that are frozen or off are not seen; locked ones can be refused")
+(title "all is what is not frozen, be it off, for programs and at the prompt; locked ones can be refused")
 (command "_.layer" "_freeze" "low" "_off" "far" "_lock" "round" "")
-(show-all '((names (ssget "A")) (names (ssget "X")) (names (ssget "A:L"))))
+(show-all '((names (ssget "A")) (names (ssget "X")) (names (ssget "A:L")) (names (ssget "C" '(-9 -9) '(99 99)))
+            (progn (command "_.select" "_all" "") (names (ssget "P")))))
 
 (title "sets are changed one entity after the other")
 (show-all '((sslength (setq set (ssadd))) (eq (ssadd low set) set) (sslength (ssadd low set)) (ssmemb low set) (ssmemb far set)
