@@ -45,6 +45,12 @@ TEST_F(DrawingExtentsTest, AreThoseOfTheCurrentSpace)
     evaluate("(command \"_.line\" '(1 1) '(2 2) \"\")");
     evaluate("(setvar \"CTAB\" \"Layout1\") (command \"_.line\" '(5 5) '(7 8) \"\")");
     EXPECT_EQ(corners(), "((5.0 5.0 0.0) (7.0 8.0 0.0))");
+    evaluate("(command \"_.mview\" '(0 0) '(10 10))");
+    EXPECT_EQ(corners(), "((0.0 0.0 0.0) (10.0 10.0 0.0))");
+    evaluate("(command \"_.mspace\")");
+    EXPECT_EQ(corners(), "((1.0 1.0 0.0) (2.0 2.0 0.0))");
+    evaluate("(command \"_.pspace\")");
+    EXPECT_EQ(corners(), "((0.0 0.0 0.0) (10.0 10.0 0.0))");
     evaluate("(setvar \"CTAB\" \"Model\")");
     EXPECT_EQ(corners(), "((1.0 1.0 0.0) (2.0 2.0 0.0))");
 }
