@@ -2,6 +2,7 @@
 
 #include "host/commands/DrawnEnd.h"
 #include "host/commands/Input.h"
+#include "host/commands/ViewState.h"
 
 #include <optional>
 
@@ -10,18 +11,13 @@ namespace commands {
 // What commands remember for those that come later, as long as the document is open.
 struct Memory
 {
-    struct View
-    {
-        Point centre;
-        double height = 0;
-    };
     struct CoordinateSystem
     {
         Point origin, x, y;
         std::u16string name;
     };
 
-    std::vector<View> views;               // for ZOOM Previous
+    std::vector<ViewState> views;          // for ZOOM Previous
     std::vector<CoordinateSystem> systems; // for UCS Previous
     Selection erased;                      // for OOPS
     std::optional<DrawnEnd> drawnEnd;      // of the last line, arc or polyline

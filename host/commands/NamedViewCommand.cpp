@@ -10,10 +10,11 @@
 namespace commands {
 
 using drawing::realGroup;
+using geometry::Matrix;
 
 namespace {
 
-constexpr int HeightCode = 40, WidthCode = 41, CentreCode = 10;
+enum Code : int { CentreCode = 10, DirectionCode, TargetCode, HeightCode = 40, WidthCode, TwistCode = 50 };
 
 Task<std::u16string> askName(Context &context, std::u16string_view prompt)
 {
@@ -23,21 +24,14 @@ Task<std::u16string> askName(Context &context, std::u16string_view prompt)
     co_return name.value;
 }
 
-struct Seen
-{
-    Point centre; // as VIEWCTR
-    double width, height;
-};
-
-Seen current(const Session &session)
+double widthOf(const Session &session, const ViewState &view)
 {
     const Point screen = session.point(u"SCREENSIZE");
-    const double height = session.real(u"VIEWSIZE");
-    return {session.point(u"VIEWCTR"), height * screen.x / screen.y, height};
+    return view.height * screen.x / screen.y;
 }
 
 // A view of that name is replaced.
-void save(Context &context, const std::u16string &name, const Seen &seen)
+void save(Context &context, const std::u16string &name, const ViewState &view, double width)
 {
     if (const RecordId old = findRecord(context, drawing::known::View, name); old != drawing::NoRecord)
         context.database().erase(old);
@@ -50,33 +44,32 @@ void save(Context &context, const std::u16string &name, const Seen &seen)
     }
     groups.push_back(drawing::textGroup(drawing::groupcode::Name, name));
     groups.push_back(drawing::integerGroup(70, session.isPaperSpaceCurrent() ? 1 : 0));
-    groups.push_back(realGroup(HeightCode, seen.height));
-    groups.push_back(drawing::flatPointGroup(CentreCode, geometry::vectorOf(seen.centre)));
-    groups.push_back(realGroup(WidthCode, seen.width));
-    groups.push_back(drawing::pointGroup(11, geometry::vectorOf(session.point(u"VIEWDIR"))));
-    groups.push_back(drawing::pointGroup(12, geometry::vectorOf(session.point(u"TARGET"))));
+    groups.push_back(realGroup(HeightCode, view.height));
+    groups.push_back(drawing::flatPointGroup(CentreCode, geometry::inverse(view.displayToWorld()).place(view.centre)));
+    groups.push_back(realGroup(WidthCode, width));
+    groups.push_back(drawing::pointGroup(DirectionCode, view.direction));
+    groups.push_back(drawing::pointGroup(TargetCode, view.target));
     groups.push_back(realGroup(42, Lens));
     groups.push_back(realGroup(43, 0));
     groups.push_back(realGroup(44, 0));
-    groups.push_back(realGroup(50, session.real(u"VIEWTWIST") * (360 / geometry::FullTurn)));
+    groups.push_back(realGroup(TwistCode, degrees(view.twist)));
     groups.push_back(drawing::integerGroup(71, 0));
     addRecord(context, groups);
 }
 
 void restore(Context &context, const std::u16string &name)
 {
-    const RecordId view = findRecord(context, drawing::known::View, name);
-    if (view == drawing::NoRecord)
+    const RecordId record = findRecord(context, drawing::known::View, name);
+    if (record == drawing::NoRecord)
         throw CommandError{u"Cannot find view " + name + u"."};
-    const drawing::GroupList groups = context.database().groups(view);
-    const Vector centre = drawing::placeOf(groups, CentreCode);
-    Session &session = context.session();
-    session.assign(u"VIEWCTR", Point{centre.x, centre.y, 0});
-    session.assign(u"VIEWSIZE", drawing::realOf(groups, HeightCode, session.real(u"VIEWSIZE")));
-    const Vector direction = drawing::placeOf(groups, 11, {0, 0, 1}), target = drawing::placeOf(groups, 12);
-    session.assign(u"VIEWDIR", Point{direction.x, direction.y, direction.z});
-    session.assign(u"TARGET", Point{target.x, target.y, target.z});
-    session.assign(u"VIEWTWIST", geometry::radians(drawing::realOf(groups, 50)));
+    const drawing::GroupList groups = context.database().groups(record);
+    ViewState view = viewState(context.session());
+    view.height = drawing::realOf(groups, HeightCode, view.height);
+    view.direction = drawing::placeOf(groups, DirectionCode, {0, 0, 1});
+    view.target = drawing::placeOf(groups, TargetCode);
+    view.twist = geometry::radians(drawing::realOf(groups, TwistCode));
+    view.centre = view.displayToWorld().place(drawing::placeOf(groups, CentreCode));
+    show(context.session(), view);
 }
 
 Command saveWindow(Context &context)
@@ -84,8 +77,13 @@ Command saveWindow(Context &context)
     const std::u16string name = co_await askName(context, u"Enter view name to save: ");
     const auto first = co_await context.ask().point({u"Specify first corner: ", {}, Enter::Refused});
     const auto other = co_await context.ask().corner({u"Specify opposite corner: ", {}, Enter::Refused, first.value});
-    const Point &a = first.value, &b = other.value;
-    save(context, name, {{(a.x + b.x) / 2, (a.y + b.y) / 2, 0}, std::abs(b.x - a.x), std::abs(b.y - a.y)});
+    ViewState view = viewState(context.session());
+    const Matrix toWorld = view.displayToWorld(), toDisplay = geometry::inverse(toWorld);
+    const WorkPlane plane(context.session());
+    const Vector a = toDisplay.place(plane.world(first.value)), b = toDisplay.place(plane.world(other.value));
+    view.centre = toWorld.place((a + b) * 0.5);
+    view.height = std::abs(b.y - a.y);
+    save(context, name, view, std::abs(b.x - a.x));
 }
 
 Command deleteViews(Context &context)
@@ -106,7 +104,8 @@ Command view(Context &context)
         {u"Enter an option [?/Delete/Restore/Save/Window]: ", u"? Delete Restore Save Window", Enter::Refused});
     if (option.is(u"Save")) {
         const std::u16string name = co_await askName(context, u"Enter view name to save: ");
-        save(context, name, current(context.session()));
+        const ViewState view = viewState(context.session());
+        save(context, name, view, widthOf(context.session(), view));
     } else if (option.is(u"Restore")) {
         const std::u16string name = co_await askName(context, u"Enter view name to restore: ");
         restore(context, name);

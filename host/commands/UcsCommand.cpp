@@ -1,8 +1,11 @@
 // UCS: the coordinate system that points are typed in.
 
 #include "host/commands/Commands.h"
+#include "host/commands/CoordinateSystems.h"
+#include "host/commands/PlanView.h"
 #include "host/commands/TableRecords.h"
 #include "host/commands/WorkPlane.h"
+#include "host/drawing/HeaderVariables.h"
 
 #include <cmath>
 
@@ -22,19 +25,34 @@ Point pointOf(const Vector &vector)
     return {vector.x, vector.y, vector.z};
 }
 
-bool isWorld(const Memory::CoordinateSystem &system)
+// In the drawing's header, too: there undo finds it, and who opens the drawing.
+void assign(Context &context, std::u16string_view variable, std::string_view inHeader, const Point &value)
 {
-    return system.origin == Point{} && system.x == Point{1, 0, 0} && system.y == Point{0, 1, 0};
+    context.session().assign(variable, value);
+    if (drawing::findVariable(context.database(), inHeader) != drawing::NoRecord)
+        drawing::setVariable(context.database(), inHeader, pointGroup(OriginCode, geometry::vectorOf(value)));
 }
 
+void assignName(Context &context, const std::u16string &name)
+{
+    context.session().assign(u"UCSNAME", name);
+    if (drawing::findVariable(context.database(), "$UCSNAME") != drawing::NoRecord)
+        drawing::setVariable(context.database(), "$UCSNAME", textGroup(drawing::groupcode::Name, name));
+}
+
+// What is seen stays, unless UCSFOLLOW wants the new system's plan.
 void use(Context &context, const Memory::CoordinateSystem &system)
 {
     Session &session = context.session();
-    session.assign(u"UCSORG", system.origin);
-    session.assign(u"UCSXDIR", system.x);
-    session.assign(u"UCSYDIR", system.y);
-    session.assign(u"UCSNAME", system.name);
-    session.assign(u"WORLDUCS", isWorld(system) ? 1 : 0);
+    const ViewState view = viewState(session);
+    assign(context, u"UCSORG", "$UCSORG", system.origin);
+    assign(context, u"UCSXDIR", "$UCSXDIR", system.x);
+    assign(context, u"UCSYDIR", "$UCSYDIR", system.y);
+    assignName(context, system.name);
+    if (session.integer(u"UCSFOLLOW") != 0 && !session.isPaperSpaceCurrent())
+        showPlan(context, WorkPlane(session).toWorld());
+    else
+        show(session, view);
 }
 
 Memory::CoordinateSystem current(const Session &session)
@@ -42,16 +60,19 @@ Memory::CoordinateSystem current(const Session &session)
     return {session.point(u"UCSORG"), session.point(u"UCSXDIR"), session.point(u"UCSYDIR"), session.text(u"UCSNAME")};
 }
 
-void change(Context &context, const Memory::CoordinateSystem &system)
+void change(Context &context, const Matrix &toWorld, const std::u16string &name = {})
 {
     context.memory().systems.push_back(current(context.session()));
-    use(context, system);
+    use(context, {pointOf(toWorld.origin), pointOf(geometry::normalized(toWorld.x)),
+                  pointOf(geometry::normalized(toWorld.y)), name});
 }
 
-void change(Context &context, const Matrix &toWorld)
+// Upright to the direction of view, and level in it.
+Matrix systemOfView(const Session &session)
 {
-    change(context, {pointOf(toWorld.origin), pointOf(geometry::normalized(toWorld.x)),
-                     pointOf(geometry::normalized(toWorld.y)), u""});
+    Matrix matrix = viewState(session).displayToWorld();
+    matrix.origin = WorkPlane(session).toWorld().origin;
+    return matrix;
 }
 
 // With x along one direction and y on the side of another.
@@ -155,7 +176,7 @@ void save(Context &context, const std::u16string &name)
                         pointGroup(OriginCode, geometry::vectorOf(system.origin)),
                         pointGroup(XDirectionCode, geometry::vectorOf(system.x)),
                         pointGroup(YDirectionCode, geometry::vectorOf(system.y))});
-    context.session().assign(u"UCSNAME", name);
+    assignName(context, name);
 }
 
 Command askNamed(Context &context, const std::u16string option)
@@ -163,14 +184,10 @@ Command askNamed(Context &context, const std::u16string option)
     const auto name = co_await context.ask().string({u"Enter name of UCS: ", {}, Enter::Refused});
     if (option == u"Save")
         co_return save(context, name.value);
-    const RecordId record = findRecord(context, UserCoordinates, name.value);
-    if (record == drawing::NoRecord)
-        throw CommandError{u"Cannot find UCS \"" + name.value + u"\"."};
+    const RecordId record = namedSystem(context, name.value);
     if (option == u"Delete")
         co_return context.database().erase(record);
-    const drawing::GroupList groups = context.database().groups(record);
-    change(context, {pointOf(drawing::placeOf(groups, OriginCode)), pointOf(drawing::placeOf(groups, XDirectionCode)),
-                     pointOf(drawing::placeOf(groups, YDirectionCode)), context.database().name(record)});
+    change(context, systemToWorld(context, record), context.database().name(record));
 }
 
 } // namespace
@@ -180,11 +197,13 @@ Command ucs(Context &context)
     const WorkPlane plane(context.session());
     const auto choice = co_await context.ask().point(
         {u"Specify origin of UCS or [Face/NAmed/OBject/Previous/View/World/X/Y/Z/ZAxis] <World>: ",
-         u"Origin 3point OBject Previous Restore Save Delete View World X Y ZAxis Z New Move NAmed"});
+         u"Origin 3point OBject Entity Previous Restore Save Delete View World X Y ZAxis Z New Move NAmed"});
     if (choice.hasValue())
         co_await askThreePoints(context, plane, choice.value);
-    else if (choice.isNothing() || choice.is(u"World") || choice.is(u"View"))
-        change(context, Matrix()); // the view is from above
+    else if (choice.isNothing() || choice.is(u"World"))
+        change(context, Matrix());
+    else if (choice.is(u"View"))
+        change(context, systemOfView(context.session()));
     else if (choice.is(u"3point"))
         co_await askThreePoints(context, plane, std::nullopt);
     else if (choice.is(u"Origin") || choice.is(u"Move"))
@@ -193,7 +212,7 @@ Command ucs(Context &context)
         co_await askRotation(context, plane, choice.keyword);
     else if (choice.is(u"ZAxis"))
         co_await askZAxis(context, plane);
-    else if (choice.is(u"OBject"))
+    else if (choice.is(u"OBject") || choice.is(u"Entity"))
         co_await askObject(context);
     else if (choice.is(u"Previous"))
         usePrevious(context);

@@ -1,8 +1,12 @@
-// What is seen: ZOOM, PAN, PLAN, REGEN. The view is kept in VIEWCTR and VIEWSIZE; windows look there.
+// What is seen: ZOOM, PAN, PLAN, REGEN.
 
 #include "host/commands/Commands.h"
+#include "host/commands/CoordinateSystems.h"
 #include "host/commands/Picking.h"
+#include "host/commands/PlanView.h"
 #include "host/commands/SelectObjects.h"
+#include "host/commands/WorkPlane.h"
+#include "host/drawing/geometry/Extents.h"
 #include "host/drawing/selection/EntityIndex.h"
 
 #include <QString>
@@ -13,38 +17,33 @@
 namespace commands {
 
 using geometry::Box;
+using geometry::Matrix;
 
 namespace {
 
 constexpr std::size_t MostViews = 10;
 
-Memory::View currentView(const Session &session)
+void change(Context &context, const ViewState &view)
 {
-    return {session.point(u"VIEWCTR"), session.real(u"VIEWSIZE")};
-}
-
-void show(Context &context, const Memory::View &view)
-{
-    context.session().assign(u"VIEWCTR", view.centre);
-    context.session().assign(u"VIEWSIZE", view.height);
-}
-
-void change(Context &context, const Memory::View &view)
-{
-    std::vector<Memory::View> &views = context.memory().views;
-    views.push_back(currentView(context.session()));
+    std::vector<ViewState> &views = context.memory().views;
+    views.push_back(viewState(context.session()));
     if (views.size() > MostViews)
         views.erase(views.begin());
-    show(context, view);
+    show(context.session(), view);
 }
 
-// So that the whole rectangle is seen in the window's proportions.
-void showRectangle(Context &context, double left, double bottom, double right, double top)
+// So that the whole box, in the display's coordinates, is seen in the window's proportions; of one without a size, and
+// of an empty one, the place and size of the view stay.
+void changeToBox(Context &context, ViewState view, const Box &box)
 {
     const Point screen = context.session().point(u"SCREENSIZE");
-    const double height = std::max(top - bottom, (right - left) * screen.y / screen.x);
-    if (height > 0)
-        change(context, {{(left + right) / 2, (bottom + top) / 2, 0}, height});
+    const Vector size = box.maximum - box.minimum;
+    const double height = std::max(size.y, size.x * screen.y / screen.x);
+    if (!box.isEmpty() && height > 0) {
+        view.centre = view.displayToWorld().place({box.minimum.x + size.x / 2, box.minimum.y + size.y / 2, 0});
+        view.height = height;
+    }
+    change(context, view);
 }
 
 Box extentsOfAll(Context &context, const Selection &entities)
@@ -56,24 +55,35 @@ Box extentsOfAll(Context &context, const Selection &entities)
     return box;
 }
 
-void showBox(Context &context, const Box &box)
+// The same in the display's coordinates.
+Box seenExtents(Context &context, const ViewState &view, const Selection &entities)
 {
-    if (!box.isEmpty())
-        showRectangle(context, box.minimum.x, box.minimum.y, box.maximum.x, box.maximum.y);
+    const Matrix toDisplay = geometry::inverse(view.displayToWorld());
+    if (toDisplay == Matrix())
+        return extentsOfAll(context, entities);
+    Box box;
+    for (const RecordId entity : entities) {
+        context.session().pulse();
+        box.add(geometry::extentsOf(context.drawing(), entity, toDisplay).value_or(Box()));
+    }
+    return box;
 }
 
-void showExtents(Context &context, bool withLimits)
+void addLimits(const Session &session, const ViewState &view, Box &box)
 {
-    Box box = extentsOfAll(context, thawedEntities(context.session()));
-    if (!box.isEmpty()) {
-        context.session().assign(u"EXTMIN", Point{box.minimum.x, box.minimum.y, box.minimum.z});
-        context.session().assign(u"EXTMAX", Point{box.maximum.x, box.maximum.y, box.maximum.z});
-    }
-    if (withLimits || box.isEmpty()) {
-        box.add(geometry::vectorOf(context.session().point(u"LIMMIN")));
-        box.add(geometry::vectorOf(context.session().point(u"LIMMAX")));
-    }
-    showBox(context, box);
+    const Matrix toDisplay = geometry::inverse(view.displayToWorld());
+    const Point lower = session.point(u"LIMMIN"), upper = session.point(u"LIMMAX");
+    for (const Point &corner : rectangle(lower, upper))
+        box.add(toDisplay.place(geometry::vectorOf(corner)));
+}
+
+void showExtents(Context &context, const ViewState &view, bool withLimits)
+{
+    const Selection entities = thawedEntities(context.session());
+    Box box = seenExtents(context, view, entities);
+    if (withLimits || box.isEmpty())
+        addLimits(context.session(), view, box);
+    changeToBox(context, view, box);
 }
 
 // "2", "2x" and "2xp" enlarge; none for other texts.
@@ -95,42 +105,62 @@ void enlarge(Context &context, const Input &answer)
     const std::optional<double> factor = scaleFactor(answer, context.session());
     if (!factor || !(*factor > 0))
         throw CommandError{u"Requires a distance, numberX, or option keyword."};
-    const Memory::View view = currentView(context.session());
-    change(context, {view.centre, view.height / *factor});
+    ViewState view = viewState(context.session());
+    view.height /= *factor;
+    change(context, view);
 }
 
 // A height of what is seen, or with an x how much larger than now.
 Command askHeight(Context &context, const Point centre)
 {
-    const std::u16string prompt = u"Enter magnification or height <" +
-                                  context.session().distanceText(context.session().real(u"VIEWSIZE")) + u">: ";
+    ViewState view = viewState(context.session());
+    view.centre = WorkPlane(context.session()).world(centre);
+    const std::u16string prompt =
+        u"Enter magnification or height <" + context.session().distanceText(view.height) + u">: ";
     const auto answer = co_await context.ask().any(InputKind::Distance, {prompt});
-    const double now = context.session().real(u"VIEWSIZE");
     if (answer.isNothing())
-        co_return change(context, {centre, now});
+        co_return change(context, view);
     const auto *text = std::get_if<std::u16string>(&answer.value);
     const bool isFactor = text && (text->ends_with(u'x') || text->ends_with(u'X'));
     const std::optional<double> number = scaleFactor(answer.value, context.session());
     if (!number || !(*number > 0))
         throw CommandError{u"Requires a distance or numberX."};
-    change(context, {centre, isFactor ? now / *number : *number});
+    view.height = isFactor ? view.height / *number : *number;
+    change(context, view);
 }
 
 Command askWindow(Context &context, const Point first)
 {
     const auto opposite = co_await context.ask().corner({u"Specify opposite corner: ", {}, Enter::Refused, first});
-    const Point second = opposite.value;
-    showRectangle(context, std::min(first.x, second.x), std::min(first.y, second.y), std::max(first.x, second.x),
-                  std::max(first.y, second.y));
+    const ViewState view = viewState(context.session());
+    const Matrix toDisplay = geometry::inverse(view.displayToWorld());
+    const WorkPlane plane(context.session());
+    Box box;
+    box.add(toDisplay.place(plane.world(first)));
+    box.add(toDisplay.place(plane.world(opposite.value)));
+    changeToBox(context, view, box);
 }
 
 void showPrevious(Context &context)
 {
-    std::vector<Memory::View> &views = context.memory().views;
+    std::vector<ViewState> &views = context.memory().views;
     if (views.empty())
         throw CommandError{u"No previous view saved."};
-    show(context, views.back());
+    show(context.session(), views.back());
     views.pop_back();
+}
+
+// The coordinate system to look at from above.
+Task<Matrix> askPlane(Context &context)
+{
+    const auto option =
+        co_await context.ask().keyword({u"Enter an option [Current ucs/Ucs/World] <Current>: ", u"Current Ucs World"});
+    if (option.is(u"World"))
+        co_return Matrix();
+    if (!option.is(u"Ucs"))
+        co_return WorkPlane(context.session()).toWorld();
+    const Matrix named = co_await askNamedSystem(context);
+    co_return named;
 }
 
 } // namespace
@@ -147,7 +177,7 @@ Command zoom(Context &context)
         else
             enlarge(context, choice.value);
     } else if (choice.is(u"All") || choice.is(u"Extents")) {
-        showExtents(context, choice.is(u"All"));
+        showExtents(context, viewState(context.session()), choice.is(u"All"));
     } else if (choice.is(u"Center")) {
         const auto centre = co_await context.ask().point({u"Specify center point: ", {}, Enter::Refused});
         co_await askHeight(context, centre.value);
@@ -162,7 +192,8 @@ Command zoom(Context &context)
         co_await askWindow(context, corner.value);
     } else if (choice.is(u"Object")) {
         const Selection entities = co_await selectObjects(context, Purpose::Look);
-        showBox(context, extentsOfAll(context, entities));
+        const ViewState view = viewState(context.session());
+        changeToBox(context, view, seenExtents(context, view, entities));
     }
 }
 
@@ -170,21 +201,24 @@ Command pan(Context &context)
 {
     const auto base = co_await context.ask().point({u"Specify base point or displacement: ", {}, Enter::Refused});
     const auto second = co_await context.ask().point({u"Specify second point: ", {}, Enter::Allowed, base.value});
-    Memory::View view = currentView(context.session());
     const Point by =
         second.hasValue() ? Point{second.value.x - base.value.x, second.value.y - base.value.y, 0} : base.value;
-    view.centre.x -= by.x;
-    view.centre.y -= by.y;
+    ViewState view = viewState(context.session());
+    view.centre = view.centre - WorkPlane(context.session()).toWorld().direction(geometry::vectorOf(by));
     change(context, view);
 }
 
-// The view straight from above, of the user's or the world's coordinate system.
+void showPlan(Context &context, const Matrix &plane)
+{
+    ViewState view = viewState(context.session());
+    view.lookDownOn(plane);
+    showExtents(context, view, false);
+}
+
 Command plan(Context &context)
 {
-    co_await context.ask().keyword({u"Enter an option [Current ucs/Ucs/World] <Current>: ", u"Current Ucs World"});
-    context.session().assign(u"VIEWDIR", Point{0, 0, 1});
-    context.session().assign(u"VIEWTWIST", 0.0);
-    showExtents(context, false);
+    const Matrix plane = co_await askPlane(context);
+    showPlan(context, plane);
 }
 
 // What is seen always follows from the drawing, and texts and drawings are seen together: nothing is to be made anew,

@@ -51,6 +51,7 @@ Document::Document(HostServices &services)
     m_variables.spellNames(
         [this](NameOf what, std::u16string_view name) { return spelledName(drawing(), what, name); });
     computeSpace(m_variables, *this);
+    computeCoordinates(m_variables);
     computeExtents(m_variables, *this);
     computeChanges(m_variables, *this);
     m_variables.compute(u"DWGNAME", [this] { return fileName(drawing()); });

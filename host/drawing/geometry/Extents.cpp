@@ -12,7 +12,9 @@ namespace {
 class BoxSink final : public ShapeSink
 {
 public:
-    explicit BoxSink(const drawing::Database &database) : m_database(database) {}
+    BoxSink(const drawing::Database &database, const Matrix &fromWorld) : m_database(database), m_fromWorld(fromWorld)
+    {
+    }
 
     const Box &box() const { return m_box; }
 
@@ -25,7 +27,7 @@ public:
     void face(const Face &face, const Origin &) override { add(face.corners); }
     void text(const Text &text, const Origin &) override { addInk(text); }
     void paragraphs(const Paragraphs &paragraphs, const Origin &) override { addInk(paragraphs); }
-    void point(const Vector &place, const Origin &) override { m_box.add(place); }
+    void point(const Vector &place, const Origin &) override { add(place); }
     void image(const Image &image, const Origin &) override { add(image.outline); }
     void window(const Window &window, const Origin &) override { add(window.corners); }
     bool wantsEveryCopy() const override { return false; }
@@ -34,13 +36,17 @@ private:
     void add(std::span<const Curve> curves)
     {
         for (const Curve &curve : curves)
-            addBox(curve, m_box);
+            if (m_isInWorld)
+                addBox(curve, m_box);
+            else
+                addBox(transformed(curve, m_fromWorld), m_box);
     }
     void add(std::span<const Vector> places)
     {
         for (const Vector &place : places)
-            m_box.add(place);
+            add(place);
     }
+    void add(const Vector &place) { m_box.add(m_isInWorld ? place : m_fromWorld.place(place)); }
 
     template <class AnyText> void addInk(const AnyText &text)
     {
@@ -49,12 +55,14 @@ private:
     }
 
     const drawing::Database &m_database;
+    const Matrix &m_fromWorld;
+    const bool m_isInWorld = m_fromWorld == Matrix();
     Box m_box;
 };
 
-std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::RecordId entity)
+std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix &fromWorld)
 {
-    BoxSink sink(drawing.database());
+    BoxSink sink(drawing.database(), fromWorld);
     if (!shapesOf(drawing, entity, sink) || sink.box().isEmpty())
         return std::nullopt;
     return sink.box();
@@ -81,8 +89,13 @@ std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId 
     const std::uint64_t changeCount = drawing.database().journal().changeCount();
     Remembered &place = places[entity % Places];
     if (place.drawing != drawing.number() || place.entity != entity || place.changeCount != changeCount)
-        place = {drawing.number(), entity, changeCount, computedExtents(drawing, entity)};
+        place = {drawing.number(), entity, changeCount, computedExtents(drawing, entity, {})};
     return place.box;
+}
+
+std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix &fromWorld)
+{
+    return computedExtents(drawing, entity, fromWorld);
 }
 
 } // namespace geometry

@@ -12,5 +12,7 @@ namespace geometry {
 // None for entities without geometry, without an end (RAY, XLINE), of unknown types, for inserts of nothing else, and
 // for those with too many parts (see shapesOf).
 std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity);
+// The same in other coordinates, to which the matrix goes from the world's.
+std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix &fromWorld);
 
 } // namespace geometry

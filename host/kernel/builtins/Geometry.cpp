@@ -1,5 +1,6 @@
 // Places, and the coordinate systems that they are in.
 
+#include "host/commands/ViewState.h"
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/geometry/TextLayouts.h"
@@ -40,15 +41,6 @@ Value osnap(Machine &machine, Args arguments)
 
 enum class CoordinateCode { World, User, Display, Paper };
 
-// What is seen, from the target along the direction and turned by the twist; both are in the user's coordinates.
-Matrix displayToWorld(const commands::Session &session)
-{
-    const commands::WorkPlane plane(session);
-    const Vector direction = plane.toWorld().direction(geometry::vectorOf(session.point(u"VIEWDIR")));
-    return Matrix::translation(plane.world(session.point(u"TARGET"))) * Matrix::ofExtrusion(normalized(direction)) *
-           Matrix::rotation(-session.real(u"VIEWTWIST"));
-}
-
 // The coordinates of these entities are the world's, whatever extrusion direction they have.
 bool isInWorld(std::u16string_view type)
 {
@@ -83,7 +75,7 @@ Matrix systemArgument(Document &document, Args arguments, std::uint32_t index)
     case CoordinateCode::User:
         return commands::WorkPlane(document.session()).toWorld();
     case CoordinateCode::Display:
-        return displayToWorld(document.session());
+        return commands::viewState(document.session()).displayToWorld();
     case CoordinateCode::Paper: // would need a viewport of paper space that the model is worked on in
         break;
     }

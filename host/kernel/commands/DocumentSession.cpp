@@ -1,5 +1,6 @@
 #include "host/kernel/commands/DocumentSession.h"
 
+#include "host/commands/ViewState.h"
 #include "host/interpreter/FileSearch.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
@@ -112,9 +113,12 @@ bool DocumentSession::set(std::u16string_view name, const commands::VariableValu
     return row && m_document.variables().set(*row, fromCommands(value));
 }
 
+// The user's coordinate system may be another one then. What is seen is not.
 void DocumentSession::readVariables()
 {
+    const commands::ViewState view = commands::viewState(*this);
     m_document.readVariables();
+    commands::show(*this, view);
 }
 
 bool DocumentSession::isPaperSpaceCurrent() const

@@ -128,6 +128,17 @@ void computeSpace(SystemVariables &variables, Document &document)
         u"CVPORT", [&document] { return currentViewportNumber(document); }, useViewport);
 }
 
+void computeCoordinates(SystemVariables &variables)
+{
+    variables.compute(u"WORLDUCS", [&variables]() -> VariableValue {
+        const auto is = [&variables](std::u16string_view name, double x, double y) {
+            const auto point = std::get<LispPoint>(variables.get(*findVariable(name)));
+            return point.x == x && point.y == y && point.z == 0;
+        };
+        return is(u"UCSORG", 0, 0) && is(u"UCSXDIR", 1, 0) && is(u"UCSYDIR", 0, 1) ? 1 : 0;
+    });
+}
+
 void computeChanges(SystemVariables &variables, Document &document)
 {
     variables.compute(u"DBMOD", [&document] { return document.drawing().isModified() ? 1 : 0; });

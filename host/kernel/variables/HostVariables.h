@@ -21,6 +21,7 @@ void computeEnvironment(SystemVariables &variables);
 
 // The variables that tell of the commands that run, and of undo.
 void computeSpace(SystemVariables &variables, Document &document);   // CTAB, CVPORT
+void computeCoordinates(SystemVariables &variables);                 // WORLDUCS
 void computeChanges(SystemVariables &variables, Document &document); // DBMOD
 void computeCommandLine(SystemVariables &variables, Document &document);
 

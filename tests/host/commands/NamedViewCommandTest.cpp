@@ -13,6 +13,17 @@ TEST_F(NamedViewCommand, WhatWasSavedComesBack)
     EXPECT_EQ(evaluate("(list (getvar \"VIEWCTR\") (getvar \"VIEWSIZE\"))"), "((10.0 20.0 0.0) 30.0)");
 }
 
+TEST_F(NamedViewCommand, ItComesBackAsItWasSeenWhateverTheCoordinateSystem)
+{
+    evaluate("(command \"_.ucs\" \"_x\" 90) (command \"_.plan\" \"\" \"_.zoom\" \"_c\" '(10 20) 30)"
+             "(command \"_.view\" \"_s\" \"front\") (command \"_.ucs\" \"_w\") (command \"_.plan\" \"\")"
+             "(command \"_.view\" \"_r\" \"front\")");
+    const std::string text = "(mapcar '(lambda (c) (rtos c 2 6)) ";
+    EXPECT_EQ(evaluate(text + "(getvar \"VIEWDIR\"))"), "(\"0.000000\" \"-1.000000\" \"0.000000\")");
+    EXPECT_EQ(evaluate(text + "(getvar \"VIEWCTR\"))"), "(\"10.000000\" \"0.000000\" \"20.000000\")");
+    EXPECT_EQ(evaluate(text + "(cdr (assoc 10 (tblsearch \"VIEW\" \"front\"))))"), "(\"10.000000\" \"20.000000\")");
+}
+
 TEST_F(NamedViewCommand, AWindowIsAView)
 {
     evaluate("(command \"_.view\" \"_w\" \"corner\" \"0,0\" \"8,6\")");

@@ -1,6 +1,9 @@
 #include "tests/host/commands/CommandTest.h"
 
 #include "host/drawing/geometry/Matrix.h"
+#include "tests/host/drawing/Audit.h"
+
+#include <QTemporaryDir>
 
 namespace {
 
@@ -64,6 +67,59 @@ TEST_F(UcsCommand, AnObjectsOwn)
 {
     evaluate("(command \"_.line\" \"5,5\" \"5,9\" \"\") (command \"_.ucs\" \"_ob\" (entlast))");
     EXPECT_EQ(system(), "((5.0 5.0 0.0) (0.0 1.0 0.0) (-1.0 0.0 0.0))");
+    evaluate("(command \"_.ucs\" \"_w\") (command \"_.ucs\" \"_e\" (entlast))");
+    EXPECT_EQ(system(), "((5.0 5.0 0.0) (0.0 1.0 0.0) (-1.0 0.0 0.0))");
+}
+
+TEST_F(UcsCommand, WhatIsSeenStays)
+{
+    evaluate(
+        "(command \"_.zoom\" \"_c\" '(10 20) 30) (command \"_.ucs\" \"_o\" '(10 0)) (command \"_.ucs\" \"_z\" 90)");
+    EXPECT_EQ(evaluate("(mapcar '(lambda (c) (rtos c 2 6)) (getvar \"VIEWCTR\"))"),
+              "(\"20.000000\" \"0.000000\" \"0.000000\")");
+    EXPECT_EQ(evaluate("(mapcar '(lambda (c) (rtos c 2 6)) (trans '(1 0 0) 2 0 t))"),
+              "(\"1.000000\" \"0.000000\" \"0.000000\")");
+    evaluate("(command \"_.ucs\" \"_w\")");
+    EXPECT_EQ(evaluate("(mapcar '(lambda (c) (rtos c 2 6)) (getvar \"VIEWCTR\"))"),
+              "(\"10.000000\" \"20.000000\" \"0.000000\")");
+}
+
+TEST_F(UcsCommand, WithUcsfollowItsPlanIsSeen)
+{
+    evaluate("(setvar \"UCSFOLLOW\" 1) (command \"_.ucs\" \"_x\" 90)");
+    EXPECT_EQ(evaluate("(mapcar '(lambda (c) (rtos c 2 6)) (trans '(0 1 0) 2 0 t))"),
+              "(\"0.000000\" \"0.000000\" \"1.000000\")");
+}
+
+TEST_F(UcsCommand, UndoBringsTheOneBeforeBackAndNoOther)
+{
+    evaluate("(command \"_.ucs\" \"_o\" '(10 20)) (command \"_.line\" '(0 0) '(1 0) \"\") (command \"_.u\")");
+    EXPECT_EQ(system(), "((10.0 20.0 0.0) (1.0 0.0 0.0) (0.0 1.0 0.0))");
+    EXPECT_EQ(evaluate("(getvar \"WORLDUCS\")"), "0");
+    evaluate("(command \"_.zoom\" \"_c\" '(0 0) 5) (command \"_.u\")");
+    EXPECT_EQ(system(), World);
+    EXPECT_EQ(evaluate("(getvar \"WORLDUCS\")"), "1");
+    EXPECT_EQ(evaluate("(getvar \"VIEWCTR\")"), "(10.0 20.0 0.0)");
+}
+
+TEST_F(UcsCommand, ASavedDrawingHasIt)
+{
+    const QTemporaryDir folder;
+    const std::string path = '"' + folder.filePath(QStringLiteral("a.dxf")).toStdString() + '"';
+    evaluate("(command \"_.ucs\" \"_o\" '(1 2 3)) (command \"_.ucs\" \"_s\" \"Roof\") (command \"_.saveas\" \"\" " +
+             path + ") (command \"_.ucs\" \"_w\") (command \"_.open\" \"_y\" " + path + ")");
+    EXPECT_EQ(system(), "((1.0 2.0 3.0) (1.0 0.0 0.0) (0.0 1.0 0.0))");
+    EXPECT_EQ(evaluate("(list (getvar \"WORLDUCS\") (getvar \"UCSNAME\"))"), "(0 \"Roof\")");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(UcsCommand, TheViewsOwnKeepsTheOrigin)
+{
+    evaluate("(command \"_.ucs\" \"_z\" 90) (command \"_.plan\" \"\") (command \"_.ucs\" \"_w\")"
+             "(command \"_.ucs\" \"_o\" '(1 2 3)) (command \"_.ucs\" \"_v\")");
+    EXPECT_EQ(evaluate("(getvar \"UCSORG\")"), "(1.0 2.0 3.0)");
+    EXPECT_EQ(evaluate("(mapcar '(lambda (c) (rtos c 2 6)) (getvar \"UCSXDIR\"))"),
+              "(\"0.000000\" \"1.000000\" \"0.000000\")");
 }
 
 } // namespace
