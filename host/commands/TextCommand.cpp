@@ -2,6 +2,7 @@
 
 #include "host/commands/Commands.h"
 #include "host/commands/NewEntity.h"
+#include "host/drawing/edit/TextPlacing.h"
 
 #include <array>
 #include <cmath>
@@ -162,6 +163,7 @@ void addText(Context &context, const Placing &placing, const Style &style, doubl
         groups.push_back(pointGroup(AlignmentPointCode, placing.hasTwoPoints() ? plane.object(placing.second) : place));
         groups.push_back(integerGroup(VerticalCode, justification.vertical));
     }
+    drawing::settleText(context.drawing(), groups);
     extrude(context, plane, groups);
     addEntity(context, groups);
 }

@@ -19,11 +19,11 @@ double leftOf(HorizontalAlignment alignment, double width)
     }
 }
 
-double baseOf(const Text &text)
+double baseOf(HorizontalAlignment horizontal, VerticalAlignment vertical)
 {
-    if (text.horizontal == HorizontalAlignment::Middle)
+    if (horizontal == HorizontalAlignment::Middle)
         return -Middle;
-    switch (text.vertical) {
+    switch (vertical) {
     case VerticalAlignment::Bottom:
         return Descent;
     case VerticalAlignment::Middle:
@@ -93,6 +93,11 @@ TextStyle textStyleOf(const drawing::Database &database, drawing::RecordId style
     return result;
 }
 
+text::Place baseLineStart(HorizontalAlignment horizontal, VerticalAlignment vertical, double width)
+{
+    return {leftOf(horizontal, width), baseOf(horizontal, vertical)};
+}
+
 text::Layout layOut(const Text &text, const TextStyle &style)
 {
     const text::Layout line = text::layOutLine(text.string, style.fontName());
@@ -101,7 +106,7 @@ text::Layout layOut(const Text &text, const TextStyle &style)
         return scaled(line, factor, text.horizontal == HorizontalAlignment::Fit ? 1 : factor);
     }
     text::Layout result;
-    result.append(line, {leftOf(text.horizontal, line.width), baseOf(text)});
+    result.append(line, baseLineStart(text.horizontal, text.vertical, line.width));
     result.width = line.width;
     return result;
 }

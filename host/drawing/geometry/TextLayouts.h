@@ -25,6 +25,9 @@ TextStyle textStyleOf(const drawing::Database &database, drawing::RecordId style
 text::Layout layOut(const Text &text, const TextStyle &style);
 text::Layout layOut(const Paragraphs &paragraphs, const TextStyle &style);
 
+// Where the base line of a text begins that is aligned at one place and so wide, in the layout's coordinates.
+text::Place baseLineStart(HorizontalAlignment horizontal, VerticalAlignment vertical, double width);
+
 // The box about the letters in the directions of the text, as four corners in the world. None when there is no ink.
 template <class AnyText> std::optional<std::array<Vector, 4>> inkCorners(const AnyText &shape, const TextStyle &style)
 {

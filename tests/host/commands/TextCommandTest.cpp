@@ -1,5 +1,8 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include "host/drawing/geometry/Extents.h"
+#include "tests/host/drawing/Audit.h"
+
 namespace {
 
 using drawing::integerOf;
@@ -49,6 +52,55 @@ TEST_F(TextCommand, FitAndAlignTakeTwoPoints)
     EXPECT_EQ(realOf(lastGroups(), 50), 90);
     evaluate("(command \"_.text\" \"_a\" \"0,0\" \"10,0\" \"a\")");
     EXPECT_EQ(integerOf(lastGroups(), 72), 3);
+}
+
+// The width of a text of height 1, to compare with.
+constexpr const char *Width = "(defun width (text) (caadr (textbox (list (cons 1 text) '(40 . 1.0)))))"
+                              "(defun near (a b) (equal a b 0.03))"; // the box ends with the ink of the last letter
+
+TEST_F(TextCommand, AnAlignedTextIsAsHighAsItsPointsAreApart)
+{
+    evaluate(std::string(Width) + "(command \"_.text\" \"_a\" \"0,0\" \"0,100\" \"HHHHHHHHHHHHHHHHHHHH\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 0, 0}));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{0, 100, 0}));
+    EXPECT_EQ(realOf(lastGroups(), 50), 90);
+    EXPECT_EQ(evaluate("(near 1 (/ (* (cdr (assoc 40 (entget (entlast)))) (width \"HHHHHHHHHHHHHHHHHHHH\")) 100))"),
+              "T");
+    EXPECT_EQ(realOf(lastGroups(), 41, 1), 1);
+}
+
+TEST_F(TextCommand, AFittedTextIsAsWideAsItsPointsAreApartAndKeepsItsHeight)
+{
+    evaluate(std::string(Width) + "(command \"_.text\" \"_f\" \"0,0\" \"-100,0\" 2 \"HHHHHHHHHHHHHHHHHHHH\")");
+    EXPECT_EQ(realOf(lastGroups(), 40), 2);
+    EXPECT_EQ(realOf(lastGroups(), 50), 180);
+    EXPECT_EQ(evaluate("(near 1 (/ (* 2 (cdr (assoc 41 (entget (entlast)))) (width \"HHHHHHHHHHHHHHHHHHHH\")) 100))"),
+              "T");
+}
+
+TEST_F(TextCommand, BothAreSeenFromPointToPoint)
+{
+    for (const char *option : {"_a", "_f"}) {
+        evaluate(std::string("(command \"_.text\" \"") + option + "\" \"0,0\" \"100,0\" " +
+                 (*(option + 1) == 'f' ? "2 " : "") + "\"HHHHHHHHHHHHHHHHHHHH\")");
+        const auto box = geometry::extentsOf(m_document.drawing(), last());
+        ASSERT_TRUE(box);
+        EXPECT_NEAR(box->minimum.x, 0, 2);
+        EXPECT_NEAR(box->maximum.x, 100, 2);
+        EXPECT_NEAR(box->maximum.y, realOf(lastGroups(), 40), 0.01);
+        EXPECT_EQ(drawing::auditOf(database()), "");
+    }
+}
+
+TEST_F(TextCommand, AJustifiedTextTellsWhereItsBaseLineBegins)
+{
+    evaluate("(command \"_.text\" \"_tr\" \"50,20\" 2 90 \"HHHH\")");
+    const Vector right = placeOf(lastGroups(), 10);
+    evaluate("(command \"_.text\" '(0 0) 2 90 \"HHHH\")");
+    const auto plain = geometry::extentsOf(m_document.drawing(), last());
+    EXPECT_NEAR(right.x, 50 + 2, 1e-9); // a height below the top, which is to the right of a turned text
+    EXPECT_NEAR(right.y, 20 - plain->maximum.y, 0.5);
+    EXPECT_LT(right.y, 20 - plain->maximum.y + 1e-9); // the letters end a bit before the text
 }
 
 TEST_F(TextCommand, AStyleThatIsNotThereIsSaid)
