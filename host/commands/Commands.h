@@ -44,8 +44,9 @@ Command mirror(Context &context);
 
 // PropertyCommands.cpp
 Command chprop(Context &context);
-Command change(Context &context);
 Command linetype(Context &context);
+
+Command change(Context &context); // ChangeCommand.cpp
 
 // ViewCommands.cpp
 Command zoom(Context &context);

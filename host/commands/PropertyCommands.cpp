@@ -1,11 +1,11 @@
-// What objects look like: CHPROP, CHANGE, LINETYPE.
+// What objects look like: CHPROP, LINETYPE.
 
 #include "host/commands/Colors.h"
 #include "host/commands/Commands.h"
 #include "host/commands/Linetypes.h"
+#include "host/commands/ObjectProperties.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/TableRecords.h"
-#include "host/commands/WorkPlane.h"
 
 #include <QString>
 
@@ -28,6 +28,8 @@ enum Code : int {
     LineweightCode = 370,
     TransparencyCode = 440
 };
+
+constexpr std::u16string_view ByLayer = u"ByLayer", ByBlock = u"ByBlock"; // instead of a linetype
 
 template <class Change> void changeAll(Context &context, const Selection &entities, Change change)
 {
@@ -67,11 +69,19 @@ Command changeLayer(Context &context, const Selection &entities)
               [&](GroupList &groups) { drawing::setGroup(groups, textGroup(drawing::groupcode::Layer, exact)); });
 }
 
+// ByLayer and ByBlock are no linetypes, but options: they may be typed as those are.
+Task<std::u16string> askLinetype(Context &context, const std::u16string_view prompt)
+{
+    const auto name = co_await context.ask().string({prompt, u"ByLayer,BYLAYER ByBlock,BYBLOCK"});
+    if (name.isNothing())
+        co_return std::u16string(ByLayer);
+    co_return name.hasValue() ? name.value : name.keyword;
+}
+
 Command changeLinetype(Context &context, const Selection &entities)
 {
-    const auto name = co_await context.ask().string({u"Enter new linetype name <ByLayer>: "});
-    const std::u16string linetype = name.hasValue() ? name.value : u"ByLayer";
-    const bool isByLayer = drawing::folded(linetype) == drawing::folded(u"ByLayer");
+    const std::u16string linetype = co_await askLinetype(context, u"Enter new linetype name <ByLayer>: ");
+    const bool isByLayer = linetype == ByLayer;
     if (!isByLayer && ensureLinetype(context, linetype) == drawing::NoRecord)
         throw CommandError{u"Cannot find linetype \"" + linetype + u"\"."};
     changeAll(context, entities, [&](GroupList &groups) {
@@ -97,11 +107,11 @@ Command changeReal(Context &context, const Selection &entities, int code, std::u
 Command changeLineweight(Context &context, const Selection &entities)
 {
     constexpr double Hundredths = 100;
-    constexpr std::int64_t ByLayer = -1, ByBlock = -2, Default = -3;
+    enum Weight : std::int64_t { OfLayer = -1, OfBlock = -2, Default = -3 };
     const auto weight = co_await context.ask().real({u"Enter new lineweight <ByLayer>: ", u"ByLayer ByBlock Default"});
     std::int64_t value = std::llround(weight.value * Hundredths);
     if (!weight.hasValue())
-        value = weight.is(u"ByBlock") ? ByBlock : (weight.is(u"Default") ? Default : ByLayer);
+        value = weight.is(u"ByBlock") ? OfBlock : (weight.is(u"Default") ? Default : OfLayer);
     changeAll(context, entities,
               [&](GroupList &groups) { drawing::setGroupBehindLayer(groups, integerGroup(LineweightCode, value)); });
 }
@@ -121,7 +131,20 @@ Command changeTransparency(Context &context, const Selection &entities)
     });
 }
 
-// One property after the other until Enter. What goes wrong with one does not end the command.
+void setCurrentLinetype(Context &context, const std::u16string &name)
+{
+    if (name == ByLayer || name == ByBlock)
+        return context.session().assign(u"CELTYPE", name);
+    const RecordId record = ensureLinetype(context, name);
+    if (record == drawing::NoRecord)
+        context.session().print(u"\nLinetype \"" + name + u"\" not found.\n");
+    else
+        context.session().assign(u"CELTYPE", context.database().name(record));
+}
+
+} // namespace
+
+// What goes wrong with one does not end the command.
 Command changeProperties(Context &context, const Selection &entities)
 {
     for (;;) {
@@ -156,53 +179,10 @@ Command changeProperties(Context &context, const Selection &entities)
     }
 }
 
-// The end of a line that is nearer to the point moves there; a circle then goes through it.
-void changePoint(Context &context, const Selection &entities, const Vector &place)
-{
-    constexpr int EndCode = 11, RadiusCode = 40;
-    changeAll(context, entities, [&](GroupList &groups) {
-        const std::u16string type = drawing::textOf(groups, drawing::groupcode::Type);
-        const Vector first = drawing::placeOf(groups, drawing::groupcode::FirstX);
-        if (type == u"LINE") {
-            const bool isEnd =
-                geometry::length(place - drawing::placeOf(groups, EndCode)) < geometry::length(place - first);
-            drawing::setGroup(groups, drawing::pointGroup(isEnd ? EndCode : drawing::groupcode::FirstX, place));
-        } else if (type == u"CIRCLE") {
-            drawing::setGroup(groups, realGroup(RadiusCode, geometry::length(place - first)));
-        } else if (type == u"POINT" || type == u"INSERT" || type == u"TEXT") {
-            drawing::setGroup(groups, drawing::pointGroup(drawing::groupcode::FirstX, place));
-        }
-    });
-}
-
-void setCurrentLinetype(Context &context, const std::u16string &name)
-{
-    for (const char16_t *relative : {u"ByLayer", u"ByBlock"})
-        if (drawing::folded(name) == drawing::folded(relative))
-            return context.session().assign(u"CELTYPE", std::u16string(relative));
-    const RecordId record = ensureLinetype(context, name);
-    if (record == drawing::NoRecord)
-        context.session().print(u"\nLinetype \"" + name + u"\" not found.\n");
-    else
-        context.session().assign(u"CELTYPE", context.database().name(record));
-}
-
-} // namespace
-
 Command chprop(Context &context)
 {
     const Selection entities = co_await selectObjects(context);
     co_await changeProperties(context, entities);
-}
-
-Command change(Context &context)
-{
-    const Selection entities = co_await selectObjects(context);
-    const auto point = co_await context.ask().point({u"Specify change point or [Properties]: ", u"Properties"});
-    if (point.is(u"Properties"))
-        co_await changeProperties(context, entities);
-    else if (point.hasValue())
-        changePoint(context, entities, WorkPlane(context.session()).world(point.value));
 }
 
 Command linetype(Context &context)
@@ -217,9 +197,8 @@ Command linetype(Context &context)
             if (loadLinetypes(context, names.value, QString::fromStdU16String(file.value)) == 0)
                 context.session().print(u"\nLinetype \"" + names.value + u"\" not found.\n");
         } else if (option.is(u"Set")) {
-            const auto name = co_await context.ask().string({u"Specify linetype name <ByLayer>: "});
-            const std::u16string wanted = name.hasValue() ? name.value : u"ByLayer";
-            setCurrentLinetype(context, wanted);
+            const std::u16string name = co_await askLinetype(context, u"Specify linetype name <ByLayer>: ");
+            setCurrentLinetype(context, name);
         } else {
             for (const RecordId record : context.tables().entries(drawing::known::Linetype))
                 context.session().print(u"\n\"" + context.database().name(record) + u'"');

@@ -48,6 +48,7 @@ public:
     virtual std::optional<double>
     angleOf(std::u16string_view text) const = 0; // radians counter-clockwise, not from ANGBASE
     virtual std::u16string distanceText(double distance) const = 0;
+    virtual std::u16string angleText(double angle) const = 0; // the other way of angleOf()
 
     // The text of a script file, found as programs are; the ending may be left out. None: it cannot be read.
     virtual std::optional<std::u16string> scriptText(const std::u16string &name) = 0;

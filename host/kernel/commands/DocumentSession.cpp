@@ -4,6 +4,7 @@
 #include "host/interpreter/FileSearch.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
+#include "host/interpreter/text/AngularUnits.h"
 #include "host/interpreter/text/LinearUnits.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
@@ -172,6 +173,14 @@ std::u16string DocumentSession::distanceText(double distance) const
     const lisp::UnitVariables &units = m_document.machine().unitVariables();
     const lisp::LinearUnits mode = lisp::linearUnits(units.lunits).value_or(lisp::LinearUnits::Decimal);
     return lisp::rtos(distance, mode, units.luprec, {units.unitmode, units.dimzin});
+}
+
+std::u16string DocumentSession::angleText(double angle) const
+{
+    const lisp::UnitVariables &units = m_document.machine().unitVariables();
+    const lisp::AngularUnits mode = lisp::angularUnits(units.aunits).value_or(lisp::AngularUnits::Degrees);
+    const bool isClockwise = m_document.prompter().context().clockwise;
+    return lisp::angtos(isClockwise ? -angle : angle, mode, units.auprec, {units.unitmode, units.dimzin});
 }
 
 std::optional<std::u16string> DocumentSession::scriptText(const std::u16string &name)

@@ -47,15 +47,6 @@ TEST_F(PropertyCommands, LinetypeScaleWeightThicknessAndTransparency)
     EXPECT_FALSE(hasGroup(lastGroups(), 6));
 }
 
-TEST_F(PropertyCommands, ChangeByPropertiesOrByAPoint)
-{
-    evaluate("(command \"_.change\" \"_l\" \"\" \"_p\" \"_c\" 3 \"\")");
-    EXPECT_EQ(integerOf(lastGroups(), 62), 3);
-    evaluate("(command \"_.change\" \"_l\" \"\" \"9,5\")");
-    EXPECT_EQ(drawing::placeOf(lastGroups(), 11), (geometry::Vector{9, 5, 0}));
-    EXPECT_EQ(drawing::placeOf(lastGroups(), 10), (geometry::Vector{0, 0, 0}));
-}
-
 TEST_F(PropertyCommands, LinetypesAreLoadedAndSet)
 {
     evaluate("(command \"_.linetype\" \"_l\" \"center*\" \"no-such-file.lin\" \"\")");
@@ -66,6 +57,17 @@ TEST_F(PropertyCommands, LinetypesAreLoadedAndSet)
     evaluate("(command \"_.linetype\" \"_s\" \"wavy\" \"_s\" \"bylayer\" \"\")");
     EXPECT_EQ(takePrinted(), "\nLinetype \"wavy\" not found.\n");
     EXPECT_EQ(evaluate("(getvar \"CELTYPE\")"), "\"ByLayer\"");
+}
+
+TEST_F(PropertyCommands, ByLayerAndByBlockAreOptions)
+{
+    evaluate("(command \"_.-linetype\" \"_s\" \"_byblock\" \"\")");
+    EXPECT_EQ(evaluate("(getvar \"CELTYPE\")"), "\"ByBlock\"");
+    evaluate("(command \"_.-linetype\" \"_s\" \"_bylayer\" \"\")");
+    EXPECT_EQ(evaluate("(getvar \"CELTYPE\")"), "\"ByLayer\"");
+    chprop("\"_lt\" \"hidden\" \"_lt\" \"_bylayer\"");
+    EXPECT_FALSE(hasGroup(lastGroups(), 6));
+    EXPECT_EQ(takePrinted(), "");
 }
 
 } // namespace
