@@ -62,6 +62,12 @@ Command quickSave(Context &context)
 
 Command open(Context &context)
 {
+    if (context.drawing().isModified()) {
+        const auto discards = co_await context.ask().keyword(
+            {u"Really want to discard all changes to drawing? [Yes/No] <N>: ", u"Yes No"});
+        if (!discards.is(u"Yes"))
+            co_return;
+    }
     const auto name = co_await context.ask().string({u"Enter name of drawing to open: ", {}, Enter::Refused});
     std::u16string failure;
     try {

@@ -23,6 +23,6 @@
 (command "_.-wblock" name "_n")
 (command "_.-wblock" name "_y" "" '(100 100) "_l" "")
 (show '(ssget "_A"))
-(command "_.open" name)
+(command "_.open" "_y" name)
 (show '(cdr (assoc 10 (entget (entlast)))))
 (vl-file-delete name)

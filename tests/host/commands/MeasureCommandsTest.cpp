@@ -189,7 +189,7 @@ TEST_F(FileCommands, SaveasNamesTheDrawingAndOpenReadsIt)
 {
     evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.saveas\" \"\" \"" + path("one.dwg") + "\")");
     EXPECT_EQ(m_document.drawing().path().toStdString(), path("one.dxf"));
-    evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.open\" \"" + path("one.dxf") + "\")");
+    evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.open\" \"_y\" \"" + path("one.dxf") + "\")");
     EXPECT_THAT(types(), ElementsAre("CIRCLE"));
     evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.qsave\") (command \"_.open\" \"" + path("one.dxf") +
              "\")");
@@ -204,9 +204,24 @@ TEST_F(FileCommands, DbmodTellsWhetherTheFileLacksChanges)
     EXPECT_EQ(evaluate("(entdel (entlast)) (getvar \"DBMOD\")"), "1");
     EXPECT_EQ(evaluate("(command \"_.save\" \"" + path("two.dxf") + "\") (getvar \"DBMOD\")"), "1"); // not its own
     EXPECT_EQ(evaluate("(command \"_.qsave\") (getvar \"DBMOD\")"), "0");
-    EXPECT_EQ(evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.open\" \"" + path("one.dxf") +
+    EXPECT_EQ(evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.open\" \"_y\" \"" + path("one.dxf") +
                        "\") (getvar \"DBMOD\")"),
               "0");
+}
+
+TEST_F(FileCommands, OpenAsksBeforeChangesAreLost)
+{
+    evaluate("(command \"_.circle\" \"1,2\" 3 \"_.saveas\" \"\" \"" + path("one.dxf") + "\")");
+    evaluate("(command \"_.erase\" \"_l\" \"\" \"_.open\" \"_n\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_THAT(types(), ElementsAre());
+    evaluate("(command \"_.open\" \"\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    evaluate("(command \"_.open\" \"_y\" \"" + path("one.dxf") + "\")");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE"));
+    evaluate("(command \"_.open\" \"" + path("one.dxf") + "\")"); // nothing is lost
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(takePrinted(), "");
 }
 
 TEST_F(FileCommands, AFileIsReplacedOnlyWhenConfirmed)
@@ -221,7 +236,7 @@ TEST_F(FileCommands, AFileIsReplacedOnlyWhenConfirmed)
 
 TEST_F(FileCommands, WhatCannotBeReadOrWrittenIsSaid)
 {
-    evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.open\" \"" + path("nothing.dxf") + "\")");
+    evaluate("(command \"_.circle\" \"1,2\" 3) (command \"_.open\" \"_y\" \"" + path("nothing.dxf") + "\")");
     EXPECT_THAT(takePrinted(), HasSubstr("nothing.dxf"));
     EXPECT_THAT(types(), ElementsAre("CIRCLE"));
     evaluate("(command \"_.save\" \"" + path("no/such/folder.dxf") + "\")");
