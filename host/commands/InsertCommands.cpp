@@ -2,6 +2,7 @@
 
 #include "host/commands/Colors.h"
 #include "host/commands/Commands.h"
+#include "host/commands/InsertedDrawing.h"
 #include "host/commands/NewEntity.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/TableRecords.h"
@@ -45,7 +46,8 @@ constexpr std::int64_t HasAttributes = 2;     // of a block's
 struct Insertion
 {
     std::u16string name;
-    bool explodes = false; // its name was given with an asterisk
+    bool explodes = false;  // its name was given with an asterisk
+    bool isForThis = false; // the block was made of a file
     Point place;
     double x = 1, y = 1, z = 1;
     double rotation = 0; // radians
@@ -63,8 +65,9 @@ Task<Insertion> askName(Context &context)
         insertion.explodes = true;
         insertion.name.erase(0, 1);
     }
-    if (findRecord(context, Block, insertion.name) == drawing::NoRecord)
-        throw CommandError{u"Cannot find block \"" + insertion.name + u"\"."};
+    const InsertedBlock block = co_await insertedBlock(context, insertion.name);
+    insertion.name = block.name;
+    insertion.isForThis = block.isNew;
     context.session().assign(u"INSNAME", insertion.name);
     co_return insertion;
 }
@@ -197,11 +200,15 @@ Task<std::vector<std::u16string>> askValues(Context &context, const std::vector<
     co_return values;
 }
 
-// The objects of a block, put into the space that holds the insert; the insert itself where that cannot be.
-void addExploded(Context &context, const GroupList &insert)
+// The objects of a block, put into the space that holds the insert; the insert itself where that cannot be. A block
+// that was made for them is not kept.
+void addExploded(Context &context, const GroupList &insert, bool isForThis)
 {
+    const RecordId block = findRecord(context, Block, textOf(insert, drawing::groupcode::Name));
     if (drawing::explodeEntity(context.drawing(), addEntity(context, insert)).empty())
         throw CommandError{u"The block could not be exploded."};
+    if (isForThis)
+        drawing::eraseBlock(context.database(), context.tables(), block);
 }
 
 bool containsBlock(Context &context, const Selection &entities, const std::u16string &block)
@@ -234,7 +241,7 @@ Command insert(Context &context)
     const WorkPlane plane(context.session());
     GroupList groups = insertGroups(context, insertion, plane);
     if (insertion.explodes)
-        co_return addExploded(context, groups);
+        co_return addExploded(context, groups, insertion.isForThis);
     const std::vector<RecordId> definitions = attributeDefinitions(context, insertion.name);
     const std::vector<std::u16string> values = co_await askValues(context, definitions);
     if (!definitions.empty())
@@ -254,9 +261,8 @@ Command block(Context &context)
     if (!isValidName(name.value))
         throw CommandError{u"Invalid block name."};
     if (findRecord(context, Block, name.value) != drawing::NoRecord) {
-        const std::u16string prompt = u"Block \"" + name.value + u"\" already exists. Redefine it? [Yes/No] <N>: ";
-        const auto redefines = co_await context.ask().keyword({prompt, u"Yes No"});
-        if (!redefines.is(u"Yes"))
+        const bool redefines = co_await mayRedefine(context, name.value);
+        if (!redefines)
             co_return;
     }
     const WorkPlane plane(context.session());

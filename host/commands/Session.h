@@ -50,7 +50,9 @@ public:
     virtual std::u16string distanceText(double distance) const = 0;
     virtual std::u16string angleText(double angle) const = 0; // the other way of angleOf()
 
-    // The text of a script file, found as programs are; the ending may be left out. None: it cannot be read.
+    // The path of a file, which is looked for as programs are. None: it is not there.
+    virtual std::optional<QString> findFile(const std::u16string &name) const = 0;
+    // The text of a script file, found so; the ending may be left out. None: it cannot be read.
     virtual std::optional<std::u16string> scriptText(const std::u16string &name) = 0;
     // A LISP expression that was typed: its value as an answer, none for nil. False when it failed, which is shown.
     virtual bool evaluate(const std::u16string &expression, std::optional<Input> &answer) = 0;

@@ -175,6 +175,16 @@ std::vector<RecordId> entitiesIn(const Database &database, RecordId container, s
     return entities;
 }
 
+std::vector<RecordId> partsOf(const Database &database, RecordId entity)
+{
+    std::vector<RecordId> parts;
+    RecordId part = database.record(entity).next;
+    for (; part != NoRecord && database.record(part).container == entity; part = database.record(part).next)
+        if (!database.record(part).isGone())
+            parts.push_back(part);
+    return parts;
+}
+
 bool isInSpace(const Record &entity, Space space)
 {
     return entity.has(Record::PaperSpace) == (space == Space::Paper);

@@ -51,6 +51,9 @@ enum class Space { Model, Paper };
 std::vector<RecordId> entitiesIn(const Database &database, RecordId container, std::optional<Space> space = {});
 bool isInSpace(const Record &entity, Space space); // of the ENTITIES section
 
+// The vertices or attributes of an entity and the end of their sequence, without erased ones.
+std::vector<RecordId> partsOf(const Database &database, RecordId entity);
+
 // The last entity of model and paper space that is not erased; of a polyline or insert with parts the entity itself.
 RecordId lastEntity(const Database &database);
 RecordId entityBefore(const Database &database, RecordId id); // the same of those before a record of that section

@@ -190,16 +190,6 @@ constexpr RoleRow lightRows[] = {{10, GroupRole::ObjectPlace}, {38, GroupRole::E
                                  {43, GroupRole::Length},      {210, GroupRole::Extrusion}};
 constexpr TransformSchema lightSchema{u"LWPOLYLINE", lightRows};
 
-std::vector<RecordId> partsOf(const Database &database, RecordId entity)
-{
-    std::vector<RecordId> parts;
-    RecordId part = database.record(entity).next;
-    for (; part != NoRecord && database.record(part).container == entity; part = database.record(part).next)
-        if (!database.record(part).isGone())
-            parts.push_back(part);
-    return parts;
-}
-
 std::optional<GroupList> transformedPart(const Database &database, RecordId part, const GroupList &whole,
                                          const Similarity &similarity)
 {

@@ -10,6 +10,8 @@
 #include "host/kernel/HostServices.h"
 #include "host/kernel/commands/LispAnswers.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 
 using commands::InputKind;
@@ -183,14 +185,20 @@ std::u16string DocumentSession::angleText(double angle) const
     return lisp::angtos(isClockwise ? -angle : angle, mode, units.auprec, {units.unitmode, units.dimzin});
 }
 
+std::optional<QString> DocumentSession::findFile(const std::u16string &name) const
+{
+    const std::optional<std::u16string> path = lisp::findFile(name, m_document.machine().searchFolders());
+    const bool isFile = path && QFileInfo(QString::fromStdU16String(*path)).isFile();
+    return isFile ? std::optional(QString::fromStdU16String(*path)) : std::nullopt;
+}
+
 std::optional<std::u16string> DocumentSession::scriptText(const std::u16string &name)
 {
-    const std::vector<std::u16string> &folders = m_document.machine().searchFolders();
-    std::optional<std::u16string> path = lisp::findFile(name + u".scr", folders);
+    std::optional<QString> path = findFile(name + u".scr");
     if (!path)
-        path = lisp::findFile(name, folders);
+        path = findFile(name);
     QString failure;
-    return path ? lisp::readSourceFile(QString::fromStdU16String(*path), failure) : std::nullopt;
+    return path ? lisp::readSourceFile(*path, failure) : std::nullopt;
 }
 
 bool DocumentSession::evaluate(const std::u16string &expression, std::optional<commands::Input> &answer)

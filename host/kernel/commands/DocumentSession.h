@@ -27,6 +27,7 @@ public:
     std::optional<double> angleOf(std::u16string_view text) const override;
     std::u16string distanceText(double distance) const override;
     std::u16string angleText(double angle) const override;
+    std::optional<QString> findFile(const std::u16string &name) const override;
     std::optional<std::u16string> scriptText(const std::u16string &name) override;
     bool evaluate(const std::u16string &expression, std::optional<commands::Input> &answer) override;
     void print(std::u16string_view text) override;

@@ -1,0 +1,277 @@
+#include "host/drawing/Blocks.h"
+#include "tests/host/commands/CommandTest.h"
+#include "tests/host/drawing/Audit.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <set>
+
+namespace {
+
+using drawing::placeOf;
+using drawing::textOf;
+using geometry::Vector;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+// Another drawing in a folder of its own, part.dxf, of what a program draws.
+class InsertedDrawing : public CommandTest
+{
+protected:
+    void draw(const std::string &program)
+    {
+        Document part(m_services);
+        const std::string source =
+            "(setvar \"CMDECHO\" 0) " + program + " (command \"_.saveas\" \"\" " + quoted() + ")";
+        QFile::remove(path());
+        part.machine().load(QString::fromStdString(source).toStdU16String(), u"");
+        ASSERT_TRUE(QFile::exists(path()));
+        takePrinted();
+    }
+    void writeFile(const QByteArray &bytes)
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    QString path() const { return m_folder.filePath(QStringLiteral("part.dxf")); }
+    std::string quoted(const std::string &before = {}) const { return '"' + before + path().toStdString() + '"'; }
+    void insert(const std::string &name) { evaluate("(command \"_.-insert\" " + name + " '(10 20) 1 1 0)"); }
+
+    std::vector<drawing::RecordId> inBlock(std::u16string_view name)
+    {
+        return drawing::entitiesIn(database(), m_document.drawing().tables().find(drawing::known::Block, name));
+    }
+    std::vector<std::string> typesIn(std::u16string_view name)
+    {
+        std::vector<std::string> types;
+        for (const drawing::RecordId entity : inBlock(name))
+            types.push_back(QString::fromStdU16String(database().type(entity)).toStdString());
+        return types;
+    }
+    std::string valueOf(int code, const char *table, const char *name)
+    {
+        return evaluate("(cdr (assoc " + std::to_string(code) + " (tblsearch \"" + table + "\" \"" + name + "\")))");
+    }
+
+    QTemporaryDir m_folder;
+};
+
+constexpr const char *Circle = "(command \"_.circle\" '(3 4) 1)";
+
+TEST_F(InsertedDrawing, AFileBecomesABlockAndIsInserted)
+{
+    draw("(setvar \"INSBASE\" '(3 4 0)) (command \"_.circle\" '(3 4) 1 \"_.point\" '(0 0))");
+    insert(quoted());
+    EXPECT_THAT(types(), ElementsAre("INSERT"));
+    EXPECT_EQ(textOf(lastGroups(), 2), u"part");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{10, 20, 0}));
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("CIRCLE", "POINT"));
+    EXPECT_EQ(valueOf(10, "BLOCK", "part"), "(3.0 4.0 0.0)");
+    EXPECT_EQ(evaluate("(getvar \"INSNAME\")"), "\"part\"");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, ItIsLookedForAsProgramsAre)
+{
+    draw(Circle);
+    m_document.machine().searchFolders().push_back(m_folder.path().toStdU16String());
+    insert("\"part\"");
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("CIRCLE"));
+    evaluate("(command \"_.erase\" \"_all\" \"\")");
+    draw("(command \"_.point\" '(0 0))");
+    insert("\"PART\""); // is a block by now
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("CIRCLE"));
+}
+
+TEST_F(InsertedDrawing, WhatItsObjectsNeedComesAlong)
+{
+    draw("(command \"_.-layer\" \"_n\" \"Walls\" \"_c\" 3 \"Walls\" \"_lt\" \"center\" \"Walls\" \"\""
+         " \"_.-style\" \"Notes\" \"romans.shx\" 0 0.8 0 \"_n\" \"_n\" \"_n\" \"_.-linetype\" \"_s\" \"hidden\" \"\""
+         " \"_.text\" '(0 0) 2 0 \"note\" \"_.circle\" '(0 0) 1 \"_.-block\" \"inner\" '(0 0) \"_l\" \"\""
+         " \"_.-insert\" \"inner\" '(5 5) 1 1 0 \"_.chprop\" \"_l\" \"\" \"_la\" \"Walls\" \"\""
+         " \"_.pline\" '(0 0) '(1 0) '(1 1) \"_c\" \"_.-hatch\" \"ansi31\" 1 0 \"_l\" \"\""
+         " \"_.dimlinear\" '(0 0) '(9 0) '(5 5))"
+         "(regapp \"TEST\") (entmake '((0 . \"POINT\") (10 0 0 0) (-3 (\"TEST\" (1000 . \"kept\") (1005 . \"1F\")))))");
+    insert(quoted());
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("TEXT", "INSERT", "LWPOLYLINE", "HATCH", "DIMENSION", "POINT"));
+    EXPECT_THAT(typesIn(u"inner"), ElementsAre("CIRCLE"));
+    EXPECT_EQ(valueOf(62, "LAYER", "Walls"), "3");
+    EXPECT_EQ(valueOf(6, "LAYER", "Walls"), "\"center\"");
+    EXPECT_EQ(valueOf(41, "STYLE", "Notes"), "0.8");
+    for (const char *linetype : {"center", "hidden"})
+        EXPECT_NE(evaluate(std::string("(tblsearch \"LTYPE\" \"") + linetype + "\")"), "nil");
+    EXPECT_NE(evaluate("(tblsearch \"APPID\" \"TEST\")"), "nil");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, WhatTheDrawingHasUnderTheSameNameHolds)
+{
+    const std::string layer = "(command \"_.-layer\" \"_n\" \"Walls\" \"_c\" ";
+    draw(layer + "3 \"Walls\" \"\" \"_.circle\" '(0 0) 1 \"_.-block\" \"inner\" '(0 0) \"_l\" \"\""
+                 " \"_.-insert\" \"inner\" '(5 5) 1 1 0)");
+    evaluate(layer + "1 \"Walls\" \"\" \"_.point\" '(0 0) \"_.-block\" \"INNER\" '(0 0) \"_l\" \"\")"
+                     "(setvar \"CMDECHO\" 1)");
+    insert(quoted());
+    EXPECT_THAT(takePrinted(), HasSubstr("Duplicate definition of block INNER ignored."));
+    EXPECT_EQ(valueOf(62, "LAYER", "Walls"), "1");
+    EXPECT_THAT(typesIn(u"inner"), ElementsAre("POINT"));
+    EXPECT_EQ(textOf(database().groups(inBlock(u"part").front()), 2), u"INNER");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, PicturesOfDimensionsGetNamesOfTheirOwn)
+{
+    const std::string dimension = "(command \"_.dimlinear\" '(0 0) '(9 0) '(5 5))";
+    draw(dimension + dimension);
+    evaluate(dimension);
+    insert(quoted());
+    std::vector<std::u16string> pictures{textOf(database().groups(last()), 2)};
+    for (const drawing::RecordId one : inBlock(u"part")) {
+        pictures.push_back(textOf(database().groups(one), 2));
+        EXPECT_THAT(inBlock(pictures.back()), testing::Not(IsEmpty()));
+    }
+    EXPECT_EQ(std::set<std::u16string>(pictures.begin(), pictures.end()).size(), 3u);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, VerticesAndAttributesComeWithTheirWholes)
+{
+    draw("(setvar \"PLINETYPE\" 0) (command \"_.pline\" '(0 0) '(1 0) '(1 1) \"\")"
+         "(entmake '((0 . \"BLOCK\") (2 . \"B\") (70 . 2) (10 0 0 0)))"
+         "(entmake '((0 . \"ATTDEF\") (10 0 0 0) (40 . 1.0) (1 . \"\") (3 . \"No\") (2 . \"NO\") (70 . 0)))"
+         "(entmake '((0 . \"ENDBLK\"))) (command \"_.-insert\" \"B\" '(0 0) 1 1 0 \"17\")");
+    insert(quoted());
+    const std::vector<drawing::RecordId> entities = inBlock(u"part");
+    ASSERT_EQ(entities.size(), 2u);
+    EXPECT_EQ(drawing::partsOf(database(), entities[0]).size(), 4u);
+    EXPECT_EQ(textOf(database().groups(drawing::partsOf(database(), entities[1]).front()), 1), u"17");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, ItsAttributeDefinitionsAreAskedFor)
+{
+    draw("(entmake '((0 . \"ATTDEF\") (10 0 0 0) (40 . 1.0) (1 . \"\") (3 . \"Number\") (2 . \"NO\") (70 . 0)))");
+    evaluate("(command \"_.-insert\" " + quoted() + " '(0 0) 1 1 0 \"A17\")");
+    EXPECT_EQ(textOf(database().groups(drawing::partsOf(database(), last()).front()), 1), u"A17");
+    EXPECT_EQ(valueOf(70, "BLOCK", "part"), "2");
+}
+
+TEST_F(InsertedDrawing, TheBlockMayHaveAnotherName)
+{
+    draw(Circle);
+    insert(quoted("Door="));
+    EXPECT_EQ(textOf(lastGroups(), 2), u"Door");
+    EXPECT_THAT(typesIn(u"door"), ElementsAre("CIRCLE"));
+    EXPECT_EQ(evaluate("(tblsearch \"BLOCK\" \"part\")"), "nil");
+}
+
+TEST_F(InsertedDrawing, ABlockIsRedefinedOnlyWhenThatIsConfirmed)
+{
+    draw(Circle);
+    insert(quoted("Door="));
+    draw("(command \"_.point\" '(0 0))");
+    evaluate("(command \"_.-insert\" " + quoted("door=") + " \"_n\" '(0 0) 1 1 0)");
+    EXPECT_THAT(typesIn(u"Door"), ElementsAre("CIRCLE"));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    evaluate("(command \"_.-insert\" " + quoted("door=") + " \"_y\" nil)");
+    EXPECT_THAT(typesIn(u"Door"), ElementsAre("POINT"));
+    EXPECT_THAT(types(), ElementsAre("INSERT", "INSERT"));
+    draw(Circle);
+    evaluate("(setvar \"EXPERT\" 2) (command \"_.-insert\" " + quoted("door=") + " nil)");
+    EXPECT_THAT(typesIn(u"Door"), ElementsAre("CIRCLE"));
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, WithANameAndNothingBehindItTheFileOfThatNameIsReadAgain)
+{
+    m_document.machine().searchFolders().push_back(m_folder.path().toStdU16String());
+    draw(Circle);
+    insert("\"part\"");
+    draw("(command \"_.point\" '(0 0))");
+    evaluate("(command \"_.-insert\" \"part=\" \"_y\" nil)");
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("POINT"));
+}
+
+TEST_F(InsertedDrawing, WithAnAsteriskItsObjectsAreInsertedAndNoBlockStays)
+{
+    draw("(command \"_.circle\" '(3 4) 1 \"_.point\" '(0 0))");
+    evaluate("(command \"_.-insert\" " + quoted("*") + " '(10 20) 2 0)");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE", "POINT"));
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{10, 20, 0}));
+    EXPECT_EQ(evaluate("(tblsearch \"BLOCK\" \"part\")"), "nil");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, OneUndoTakesAllOfItBack)
+{
+    draw("(command \"_.-layer\" \"_m\" \"Walls\" \"\" \"_.circle\" '(3 4) 1)");
+    insert(quoted());
+    evaluate("(command \"_.u\")");
+    EXPECT_THAT(types(), IsEmpty());
+    EXPECT_EQ(evaluate("(list (tblsearch \"BLOCK\" \"part\") (tblsearch \"LAYER\" \"Walls\"))"), "(nil nil)");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, ABlockThatWouldShowItselfIsRefused)
+{
+    draw(std::string(Circle) +
+         "(command \"_.-block\" \"part\" '(0 0) \"_l\" \"\" \"_.-insert\" \"part\" '(0 0) 1 1 0)");
+    insert(quoted());
+    EXPECT_THAT(takePrinted(), HasSubstr("Block part references itself"));
+    insert(quoted("Door="));
+    EXPECT_THAT(takePrinted(), IsEmpty());
+    // Through a block of the drawing, whose definition holds.
+    evaluate("(command \"_.-block\" \"House\" '(0 0) \"_l\" \"\")");
+    draw(std::string(Circle) +
+         "(command \"_.-block\" \"House\" '(0 0) \"_l\" \"\" \"_.-insert\" \"House\" '(0 0) 1 1 0)");
+    evaluate("(command \"_.-insert\" " + quoted("Door=") + " \"_y\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Block Door references itself"));
+    EXPECT_THAT(typesIn(u"Door"), ElementsAre("INSERT"));
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, AFileThatIsNotThereOrNoDrawingIsSaid)
+{
+    evaluate("(command \"_.-insert\" \"no/such.dxf\")");
+    EXPECT_EQ(takePrinted(), "\nCannot find file \"no/such.dxf\".\n");
+    evaluate("(command \"_.-insert\" \"Door=nothing\")");
+    EXPECT_EQ(takePrinted(), "\nCannot find file \"nothing\".\n");
+    evaluate("(command \"_.-insert\" \"nothing\")");
+    EXPECT_EQ(takePrinted(), "\nCannot find block \"nothing\".\n");
+    writeFile("some text\nthat is no drawing\n");
+    evaluate("(command \"_.-insert\" " + quoted() + ")");
+    EXPECT_EQ(takePrinted(), "\n" + path().toStdString() + ": it is no drawing\n");
+    EXPECT_EQ(evaluate("(tblsearch \"BLOCK\" \"part\")"), "nil");
+    evaluate("(command \"_.-insert\" \"" + m_folder.path().toStdString() + "\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Cannot find"));
+}
+
+TEST_F(InsertedDrawing, AnOldDrawingComesAsTheNewOneHasIt)
+{
+    writeFile("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n9\n$INSBASE\n10\n1\n20\n2\n30\n0\n0\nENDSEC\n"
+              "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n1\n0\nLAYER\n2\nOLD\n70\n0\n62\n5\n6\nCONTINUOUS\n0\nENDT"
+              "AB\n0\nENDSEC\n"
+              "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nOLD\n10\n0\n20\n0\n11\n5\n21\n5\n"
+              "0\nPOLYLINE\n8\nOLD\n66\n1\n0\nVERTEX\n8\nOLD\n10\n0\n20\n0\n0\nVERTEX\n8\nOLD\n10\n1\n20\n1\n0\nSEQEND"
+              "\n8\nOLD\n"
+              "0\nENDSEC\n0\nEOF\n");
+    insert(quoted());
+    EXPECT_EQ(takePrinted(), "");
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("LINE", "POLYLINE"));
+    EXPECT_EQ(valueOf(62, "LAYER", "OLD"), "5");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, WhatNeedsMoreThanComesAlongIsLeftOutAndSaid)
+{
+    draw(std::string(Circle) +
+         "(entmake '((0 . \"3DSOLID\") (100 . \"AcDbEntity\") (8 . \"0\") (100 . \"AcDbModelerGeometry\") (70 . 1)))");
+    insert(quoted());
+    EXPECT_EQ(takePrinted(), "\n1 could not be put into the block.\n");
+    EXPECT_THAT(typesIn(u"part"), ElementsAre("CIRCLE"));
+}
+
+} // namespace
