@@ -1,6 +1,8 @@
 #include "tests/host/commands/CommandTest.h"
 
 #include "host/drawing/HeaderVariables.h"
+#include "lisp/LispStatus.h"
+#include "lisp/TypeCode.h"
 
 namespace {
 
@@ -142,6 +144,20 @@ TEST_F(DrawingNames, TheCommandSaysWhatCannotBeSet)
     EXPECT_EQ(takePrinted(), "\nCannot set CLAYER to \"nix\".\n");
     evaluate("(command \"_.textsize\" \"0\")");
     EXPECT_EQ(takePrinted(), "\nCannot set TEXTSIZE to 0.\n");
+}
+
+TEST_F(DrawingNames, AModuleIsRefusedTheSameAndNothingHasChanged)
+{
+    std::u16string name = u"nix";
+    resbuf node{};
+    node.restype = TypeString;
+    node.resval.string = name.data();
+    EXPECT_EQ(m_document.lispHost()->setVar(u"CLAYER", &node), StatusError);
+    EXPECT_EQ(evaluate("(list (getvar \"CLAYER\") (getvar \"DBMOD\"))"), "(\"0\" 0)");
+    name = u"BYBLOCK";
+    node.resval.string = name.data();
+    EXPECT_EQ(m_document.lispHost()->setVar(u"CELTYPE", &node), StatusNormal);
+    EXPECT_EQ(evaluate("(list (getvar \"CELTYPE\") (getvar \"DBMOD\"))"), "(\"ByBlock\" 1)");
 }
 
 TEST_F(DrawingNames, WhatADrawingHasBroughtIsKeptAndCanBePutBack)
