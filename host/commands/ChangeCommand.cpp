@@ -100,8 +100,8 @@ Command changeCircle(Context &context, const RecordId circle, const std::optiona
         radius = std::hypot(through.x - centre.x, through.y - centre.y);
     } else {
         const Point base = WorkPlane(context.session()).user(own.toWorld().place(centre));
-        const auto asked =
-            co_await context.ask().distance({u"Specify new circle radius <no change>: ", {}, Enter::Allowed, base});
+        const auto asked = co_await context.ask().distance(
+            {u"Specify new circle radius <no change>: ", {}, Enter::Allowed, base}, Positive);
         if (asked.isNothing())
             co_return;
         radius = asked.value;
@@ -164,11 +164,9 @@ Command changeHeight(Context &context, GroupList &text)
         co_return;
     const std::u16string prompt =
         u"Specify new height <" + context.session().distanceText(realOf(text, HeightCode)) + u">: ";
-    const auto height = co_await context.ask().distance({prompt});
+    const auto height = co_await context.ask().distance({prompt}, Positive);
     if (height.isNothing())
         co_return;
-    if (!(height.value > 0))
-        throw CommandError{u"Value must be positive and nonzero."};
     drawing::setGroup(text, realGroup(HeightCode, height.value));
 }
 

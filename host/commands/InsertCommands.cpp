@@ -88,7 +88,7 @@ Command askPlace(Context &context, Insertion &insertion)
             insertion.asksRotation = false;
             continue;
         }
-        const auto factor = co_await context.ask().distance({u"Specify scale factor <1>: "});
+        const auto factor = co_await context.ask().distance({u"Specify scale factor <1>: "}, Nonzero);
         const double value = factor.hasValue() ? factor.value : 1;
         insertion.asksScale = false;
         if (place.is(u"X") || place.is(u"Scale"))
@@ -104,27 +104,27 @@ Command askScales(Context &context, Insertion &insertion)
 {
     if (insertion.explodes) {
         const auto factor =
-            co_await context.ask().distance({u"Scale factor <1>: ", {}, Enter::Allowed, insertion.place});
+            co_await context.ask().distance({u"Scale factor <1>: ", {}, Enter::Allowed, insertion.place}, Nonzero);
         insertion.x = insertion.y = insertion.z = factor.hasValue() ? factor.value : 1;
         co_return;
     }
     auto x = co_await context.ask().distance({u"Enter X scale factor, specify opposite corner, or [Corner/XYZ] <1>: ",
-                                              u"XYZ", Enter::Allowed, insertion.place});
+                                              u"XYZ", Enter::Allowed, insertion.place},
+                                             Nonzero);
     const bool isInSpace = x.is(u"XYZ");
     if (isInSpace)
-        x = co_await context.ask().distance({u"Specify X scale factor <1>: ", {}, Enter::Allowed, insertion.place});
+        x = co_await context.ask().distance({u"Specify X scale factor <1>: ", {}, Enter::Allowed, insertion.place},
+                                            Nonzero);
     insertion.x = x.hasValue() ? x.value : 1;
     const auto y = co_await context.ask().distance(
-        {u"Enter Y scale factor <use X scale factor>: ", {}, Enter::Allowed, insertion.place});
+        {u"Enter Y scale factor <use X scale factor>: ", {}, Enter::Allowed, insertion.place}, Nonzero);
     insertion.y = y.hasValue() ? y.value : insertion.x;
     insertion.z = insertion.x;
     if (isInSpace) {
         const auto z = co_await context.ask().distance(
-            {u"Specify Z scale factor <use X scale factor>: ", {}, Enter::Allowed, insertion.place});
+            {u"Specify Z scale factor <use X scale factor>: ", {}, Enter::Allowed, insertion.place}, Nonzero);
         insertion.z = z.hasValue() ? z.value : insertion.x;
     }
-    if (insertion.x == 0 || insertion.y == 0 || insertion.z == 0)
-        throw CommandError{u"Value must be nonzero."};
 }
 
 GroupList insertGroups(Context &context, const Insertion &insertion, const WorkPlane &plane)

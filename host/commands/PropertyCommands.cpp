@@ -93,7 +93,7 @@ Command changeLinetype(Context &context, const Selection &entities)
 
 Command changeReal(Context &context, const Selection &entities, int code, std::u16string_view prompt)
 {
-    const auto value = co_await context.ask().distance({prompt});
+    const auto value = co_await context.ask().distance({prompt}, code == LinetypeScaleCode ? Positive : Limits{});
     if (value.isNothing())
         co_return;
     changeAll(context, entities, [&](GroupList &groups) {
@@ -108,7 +108,8 @@ Command changeLineweight(Context &context, const Selection &entities)
 {
     constexpr double Hundredths = 100;
     enum Weight : std::int64_t { OfLayer = -1, OfBlock = -2, Default = -3 };
-    const auto weight = co_await context.ask().real({u"Enter new lineweight <ByLayer>: ", u"ByLayer ByBlock Default"});
+    const auto weight =
+        co_await context.ask().real({u"Enter new lineweight <ByLayer>: ", u"ByLayer ByBlock Default"}, NotNegative);
     std::int64_t value = std::llround(weight.value * Hundredths);
     if (!weight.hasValue())
         value = weight.is(u"ByBlock") ? OfBlock : (weight.is(u"Default") ? Default : OfLayer);
@@ -119,10 +120,8 @@ Command changeLineweight(Context &context, const Selection &entities)
 Command changeTransparency(Context &context, const Selection &entities)
 {
     constexpr int MostPercent = 90, Opaque = 255, Hundred = 100, ByAlpha = 0x02000000;
-    const auto percent =
-        co_await context.ask().integer({u"Enter a new transparency value (0-90) <ByLayer>: ", u"ByLayer ByBlock"});
-    if (percent.hasValue() && (percent.value < 0 || percent.value > MostPercent))
-        throw CommandError{u"Requires an integer between 0 and 90."};
+    const auto percent = co_await context.ask().integer(
+        {u"Enter a new transparency value (0-90) <ByLayer>: ", u"ByLayer ByBlock"}, {0, MostPercent});
     changeAll(context, entities, [&](GroupList &groups) {
         drawing::removeGroups(groups, TransparencyCode);
         if (percent.hasValue())

@@ -177,9 +177,7 @@ Command text(Context &context)
     double height = style.height > 0 ? style.height : context.session().real(u"TEXTSIZE");
     if (style.height == 0 && placing.justification.horizontal != Aligned) {
         const std::u16string prompt = u"Specify height <" + context.session().distanceText(height) + u">: ";
-        const auto asked = co_await context.ask().distance({prompt, {}, Enter::Allowed, placing.first});
-        if (asked.hasValue() && !(asked.value > 0))
-            throw CommandError{u"Value must be positive and nonzero."};
+        const auto asked = co_await context.ask().distance({prompt, {}, Enter::Allowed, placing.first}, Positive);
         height = asked.hasValue() ? asked.value : height;
         context.session().assign(u"TEXTSIZE", height);
     }

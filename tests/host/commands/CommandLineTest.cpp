@@ -73,6 +73,12 @@ TEST_F(CommandLine, NumbersBeyondTheLimitsOfAQuestionAreComplainedAboutAndAskedA
         {"\"_.array\" \"_l\" \"\" \"_r\"", "0", "\nRequires an integer between 1 and 100000.\n", "1 2 5"},
         {"\"_.array\" \"_l\" \"\" \"_r\" 2 1", "\"far\"", "\nRequires numeric distance or two points.\n", "5"},
         {"\"_.array\" \"_l\" \"\" \"_p\" \"0,0\" \"\" 90", "0", nonzero, "30 \"_y\""},
+        {"\"_.-text\" \"0,0\"", "0", positive, "2 0 \"word\""},
+        {"\"_.chprop\" (entlast) \"\" \"_s\"", "-1", positive, "2 \"\" \"_.point\" \"5,5\""},
+        {"\"_.chprop\" (entlast) \"\" \"_tr\"", "91", "\nRequires an integer between 0 and 90.\n",
+         "50 \"\" \"_.point\" \"5,5\""},
+        {"\"_.-block\" \"one\" \"0,0\" (entlast) \"\" \"_.point\" \"5,5\" \"_.-insert\" \"one\" \"0,0\"", "0", nonzero,
+         "1 1 0"},
         {"\"_.offset\"", "0", positive, "2 (list (entlast) '(0 0)) '(200 200) \"\""},
     };
     for (const auto &[command, number, complaint, rest] : cases) {
