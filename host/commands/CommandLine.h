@@ -35,6 +35,7 @@ public:
     bool isActive() const { return !m_running.empty(); }
     std::u16string names() const; // of the running commands, as CMDNAMES gives them
     const std::u16string &lastPrompt() const { return m_lastPrompt; }
+    const SelectionWays &selectionWays() const { return m_memory.ways; } // of the last "Select objects:"
 
     static constexpr std::u16string_view Pause = u"\\"; // instead of an answer: a person gives it
 

@@ -2,6 +2,7 @@
 
 #include "host/commands/DrawnEnd.h"
 #include "host/commands/Input.h"
+#include "host/commands/SelectionWay.h"
 #include "host/commands/ViewState.h"
 
 #include <optional>
@@ -19,6 +20,7 @@ struct Memory
 
     std::vector<ViewState> views;          // for ZOOM Previous
     std::vector<CoordinateSystem> systems; // for UCS Previous
+    SelectionWays ways;                    // into the last selection
     Selection erased;                      // for OOPS
     std::optional<DrawnEnd> drawnEnd;      // of the last line, arc or polyline
     std::optional<std::u16string> script;  // that SCRIPT has read and that is to be run now

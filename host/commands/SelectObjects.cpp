@@ -19,7 +19,7 @@ class Collected
 public:
     Collected(Context &context, Purpose purpose) : m_context(context), m_purpose(purpose) {}
 
-    void take(const Selection &more)
+    void take(const Selection &more, const SharedWay &way = nullptr)
     {
         std::size_t found = 0, duplicates = 0, locked = 0;
         drawing::LayerStates layers(m_context.drawing());
@@ -30,7 +30,7 @@ public:
             ++found;
             if (m_purpose == Purpose::Edit && layers.of(entity).isLocked)
                 ++locked;
-            else if (!change(entity))
+            else if (!change(entity, way))
                 ++duplicates;
         }
         if (isRemoving)
@@ -43,11 +43,13 @@ public:
         if (entities.empty())
             return;
         m_members.erase(entities.back());
+        ways.erase(entities.back());
         entities.pop_back();
         m_context.session().showSelected(entities);
     }
     bool isRemoving = false;
     Selection entities;
+    SelectionWays ways;
 
 private:
     bool isThere(RecordId entity) const
@@ -55,13 +57,17 @@ private:
         const drawing::Record &record = m_context.database().record(entity);
         return record.kind == drawing::RecordKind::Entity && !record.isGone();
     }
-    bool change(RecordId entity)
+    bool change(RecordId entity, const SharedWay &way)
     {
-        if (isRemoving)
+        if (isRemoving) {
+            ways.erase(entity);
             return m_members.erase(entity) != 0;
+        }
         if (!m_members.insert(entity).second)
             return false;
         entities.push_back(entity);
+        if (way)
+            ways.emplace(entity, way);
         return true;
     }
     void dropRemoved()
@@ -91,12 +97,25 @@ Selection lastEntity(Context &context)
     return last != drawing::NoRecord ? Selection{last} : Selection();
 }
 
-Selection entitiesOf(const Input &input)
+// What an answer selects, and how.
+struct Found
+{
+    Selection entities;
+    SharedWay way;
+};
+
+Found withinPolygon(Context &context, const std::vector<Point> &polygon, Reach reach)
+{
+    const auto kind = reach == Reach::Inside ? SelectionWay::Kind::Inside : SelectionWay::Kind::Crossing;
+    return {entitiesIn(context.session(), polygon, reach), sharedWay(kind, polygon)};
+}
+
+Found given(const Input &input)
 {
     if (const auto *picked = std::get_if<PickedEntity>(&input))
-        return {picked->entity};
+        return {{picked->entity}, picked->at ? sharedWay(SelectionWay::Kind::Pick, {*picked->at}) : nullptr};
     const auto *selection = std::get_if<Selection>(&input);
-    return selection ? *selection : Selection();
+    return {selection ? *selection : Selection(), nullptr};
 }
 
 Task<Point> oppositeCorner(Context &context, const Point first)
@@ -107,20 +126,19 @@ Task<Point> oppositeCorner(Context &context, const Point first)
 
 // A place: what is there, or the first corner of a rectangle. Drawn to the right it takes what lies in it, to the left
 // also what it crosses.
-Task<Selection> picked(Context &context, const Point place)
+Task<Found> picked(Context &context, const Point place)
 {
     if (const RecordId entity = entityAt(context.session(), place); entity != drawing::NoRecord)
-        co_return Selection{entity};
+        co_return Found{{entity}, sharedWay(SelectionWay::Kind::Pick, {place})};
     const Point other = co_await oppositeCorner(context, place);
-    co_return entitiesIn(context.session(), rectangle(place, other),
-                         other.x < place.x ? Reach::Crossing : Reach::Inside);
+    co_return withinPolygon(context, rectangle(place, other), other.x < place.x ? Reach::Crossing : Reach::Inside);
 }
 
-Task<Selection> inRectangle(Context &context, Reach reach)
+Task<Found> inRectangle(Context &context, Reach reach)
 {
     const auto first = co_await context.ask().point({u"Specify first corner: ", {}, Enter::Refused});
     const Point other = co_await oppositeCorner(context, first.value);
-    co_return entitiesIn(context.session(), rectangle(first.value, other), reach);
+    co_return withinPolygon(context, rectangle(first.value, other), reach);
 }
 
 Task<std::vector<Point>> askPlaces(Context &context)
@@ -137,16 +155,18 @@ Task<std::vector<Point>> askPlaces(Context &context)
     }
 }
 
-Task<Selection> inPolygon(Context &context, Reach reach)
+Task<Found> inPolygon(Context &context, Reach reach)
 {
     const std::vector<Point> places = co_await askPlaces(context);
-    co_return places.size() > 2 ? entitiesIn(context.session(), places, reach) : Selection();
+    co_return places.size() > 2 ? withinPolygon(context, places, reach) : Found();
 }
 
-Task<Selection> alongFence(Context &context)
+Task<Found> alongFence(Context &context)
 {
     const std::vector<Point> places = co_await askPlaces(context);
-    co_return places.size() > 1 ? entitiesCrossed(context.session(), places) : Selection();
+    co_return places.size() > 1
+        ? Found{entitiesCrossed(context.session(), places), sharedWay(SelectionWay::Kind::Fence, places)}
+        : Found();
 }
 
 bool isRegion(const std::u16string &keyword)
@@ -156,7 +176,7 @@ bool isRegion(const std::u16string &keyword)
 }
 
 // What one of the keywords that ask for places takes.
-Task<Selection> inRegion(Context &context, const std::u16string &keyword)
+Task<Found> inRegion(Context &context, const std::u16string &keyword)
 {
     if (keyword == u"Fence")
         return alongFence(context);
@@ -195,19 +215,20 @@ Task<Selection> select(Context &context, Purpose purpose, Answers answers)
         else if (reply.is(u"Undo"))
             collected.takeLastBack();
         else if (isRegion(reply.keyword)) {
-            const Selection entities = co_await inRegion(context, reply.keyword);
-            collected.take(entities);
+            const Found found = co_await inRegion(context, reply.keyword);
+            collected.take(found.entities, found.way);
         } else if (const std::optional<Point> place = pointOf(reply.value, context.session());
                    reply.hasValue() && place) {
-            const Selection entities = co_await picked(context, *place);
-            collected.take(entities);
-        } else if (const Selection entities = entitiesOf(reply.value); reply.hasValue() && !entities.empty())
-            collected.take(entities);
+            const Found found = co_await picked(context, *place);
+            collected.take(found.entities, found.way);
+        } else if (const Found found = given(reply.value); reply.hasValue() && !found.entities.empty())
+            collected.take(found.entities, found.way);
         else if (reply.hasValue())
             context.session().print(u"\nInvalid selection\n");
         wantsMore = wantsMore && (answers == Answers::UntilEnter || collected.entities.empty());
     }
     context.session().setPreviousSelection(collected.entities);
+    context.memory().ways = std::move(collected.ways);
     co_return collected.entities;
 }
 

@@ -1,6 +1,8 @@
 // Selection sets.
 
 #include "host/commands/Picking.h"
+#include "host/commands/WorkPlane.h"
+#include "host/drawing/edit/CurveWay.h"
 #include "host/drawing/selection/Candidates.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/PointValues.h"
@@ -12,6 +14,8 @@
 #include "lisp/LispStatus.h"
 
 using commands::Point;
+using commands::SelectionWay;
+using commands::SharedWay;
 using drawing::Drawing;
 using drawing::NoRecord;
 using drawing::RecordId;
@@ -86,6 +90,12 @@ public:
         return found;
     }
 
+    SharedWay wayOf(RecordId entity) const
+    {
+        const auto found = m_ways.find(entity);
+        return found != m_ways.end() ? found->second : m_way;
+    }
+
 private:
     Value next() { return m_next < m_arguments.count() ? m_arguments[m_next++] : Value::nil(); }
 
@@ -112,7 +122,7 @@ private:
         case Kind::CrossingPolygon:
             return within(placesOf(next()));
         case Kind::Fence:
-            return newestFirst(commands::entitiesCrossed(m_document.session(), placesOf(next())));
+            return along(placesOf(next()));
         case Kind::Interactive:
             break;
         }
@@ -126,8 +136,16 @@ private:
         return entities;
     }
 
-    std::vector<RecordId> within(const std::vector<Point> &polygon) const
+    std::vector<RecordId> along(const std::vector<Point> &fence)
     {
+        m_way = commands::sharedWay(SelectionWay::Kind::Fence, fence);
+        return newestFirst(commands::entitiesCrossed(m_document.session(), fence));
+    }
+
+    std::vector<RecordId> within(const std::vector<Point> &polygon)
+    {
+        const auto kind = m_mode.crosses() ? SelectionWay::Kind::Crossing : SelectionWay::Kind::Inside;
+        m_way = commands::sharedWay(kind, polygon);
         const auto reach = m_mode.crosses() ? commands::Reach::Crossing : commands::Reach::Inside;
         return newestFirst(commands::entitiesIn(m_document.session(), polygon, reach));
     }
@@ -138,8 +156,9 @@ private:
         return entity != NoRecord ? std::vector<RecordId>{entity} : std::vector<RecordId>();
     }
 
-    std::vector<RecordId> under(const Point &place) const
+    std::vector<RecordId> under(const Point &place)
     {
+        m_way = commands::sharedWay(SelectionWay::Kind::Pick, {place});
         const RecordId found = commands::entityAt(m_document.session(), place);
         return found != NoRecord ? std::vector<RecordId>{found} : std::vector<RecordId>();
     }
@@ -151,6 +170,7 @@ private:
             m_mode.takesOne() ? commands::objectQuestion() : commands::objectsQuestion();
         if (m_document.commandLine().askInside(question) != commands::CommandLine::Result::Taken)
             lisp::fail(u"Function cancelled");
+        m_ways = m_document.commandLine().selectionWays();
         return m_document.session().previousSelection();
     }
 
@@ -158,16 +178,22 @@ private:
     Args m_arguments;
     std::uint32_t m_next = 0;
     SelectionMode m_mode;
+    SharedWay m_way; // of all, or
+    commands::SelectionWays m_ways;
 };
 
 Value ssget(Machine &machine, Args arguments)
 {
     Document &document = Document::of(machine);
-    const std::vector<RecordId> entities = Request(machine, arguments).entities();
+    Request request(machine, arguments);
+    const std::vector<RecordId> entities = request.entities();
     if (entities.empty())
         return Value::nil();
     document.session().setPreviousSelection(entities);
-    return newSet(document, entities);
+    const Value set = newSet(document, {});
+    for (const RecordId entity : entities)
+        static_cast<SelectionSet *>(set.asObject())->add(entity, request.wayOf(entity));
+    return set;
 }
 
 // (ssadd), (ssadd ENAME) make a set; (ssadd ENAME SET) adds to one.
@@ -231,22 +257,89 @@ Value ssgetfirst(Machine &machine, Args)
     return both.list();
 }
 
-// (ID ENAME 0) for each: how it was selected is not kept.
+// Where a fence meets a curve.
+std::vector<Point> placesOnFence(Document &document, RecordId entity, const std::vector<Point> &fence)
+{
+    const std::optional<drawing::CurveWay> curve = drawing::CurveWay::of(document.drawing(), entity);
+    const commands::WorkPlane plane(document.session());
+    std::vector<Point> places;
+    for (std::size_t i = 0; curve && i + 1 < fence.size(); ++i) {
+        const geometry::Course side(geometry::Line{plane.world(fence[i]), plane.world(fence[i + 1])});
+        for (const double place : curve->crossings(side, geometry::Span::Bounded))
+            places.push_back(plane.user(curve->at(place)));
+    }
+    return places;
+}
+
+// What ssnamex tells: (METHOD ENAME 0 ...) of each entity, behind them the corners of the windows and polygons that
+// these name by their numbers.
+class WaysTold
+{
+public:
+    explicit WaysTold(Document &document) : m_document(document), m_list(document.machine().heap()) {}
+
+    void add(RecordId entity, const SelectionWay *way)
+    {
+        using Kind = SelectionWay::Kind;
+        const Kind kind = way ? way->kind : Kind::Other;
+        lisp::ListBuilder one(m_document.machine().heap());
+        one.add(Value::integer(static_cast<std::int32_t>(kind)));
+        one.add(entityName(m_document.machine(), m_document.drawing(), entity));
+        one.add(Value::integer(0));
+        if (kind == Kind::Pick)
+            addPlaces(one, way->places);
+        else if (kind == Kind::Fence)
+            addPlaces(one, placesOnFence(m_document, entity, way->places));
+        else if (kind != Kind::Other)
+            one.add(Value::integer(numberOf(way)));
+        m_list.add(one.list());
+    }
+    Value list()
+    {
+        for (const SelectionWay *polygon : m_polygons) {
+            lisp::ListBuilder one(m_document.machine().heap());
+            one.add(Value::integer(numberOf(polygon)));
+            addPlaces(one, polygon->places);
+            m_list.add(one.list());
+        }
+        return m_list.list();
+    }
+
+private:
+    // Each as a line through the place that goes the way the person looks.
+    void addPlaces(lisp::ListBuilder &list, const std::vector<Point> &places)
+    {
+        for (const Point &place : places) {
+            lisp::ListBuilder both(m_document.machine().heap());
+            both.add(Value::integer(0));
+            both.add(pointValue(m_document.machine(), {place.x, place.y, place.z}, 3));
+            list.add(both.list());
+        }
+    }
+    std::int32_t numberOf(const SelectionWay *polygon) // -1, -2, ...
+    {
+        const auto found = std::ranges::find(m_polygons, polygon);
+        const auto index = found - m_polygons.begin();
+        if (found == m_polygons.end())
+            m_polygons.push_back(polygon);
+        return -1 - static_cast<std::int32_t>(index);
+    }
+
+    Document &m_document;
+    lisp::ListBuilder m_list;
+    std::vector<const SelectionWay *> m_polygons;
+};
+
 Value ssnamex(Machine &machine, Args arguments)
 {
-    const Drawing &drawing = Document::of(machine).drawing();
-    const std::vector<RecordId> &entities = setArgument(arguments, 0).entities();
+    const SelectionSet &set = setArgument(arguments, 0);
+    const std::vector<RecordId> &entities = set.entities();
     const std::size_t first = arguments.has(1) ? static_cast<std::size_t>(std::max(arguments.integer(1), 0)) : 0;
     const std::size_t end = arguments.has(1) ? std::min(first + 1, entities.size()) : entities.size();
-    lisp::ListBuilder all(machine.heap());
-    for (std::size_t index = first; index < end; ++index) {
-        lisp::ListBuilder one(machine.heap());
-        one.add(Value::integer(0));
-        one.add(entityName(machine, drawing, entities[index]));
-        one.add(Value::integer(0));
-        all.add(one.list());
-    }
-    return all.list();
+    WaysTold told(Document::of(machine));
+    for (std::size_t index = first; index < end; ++index)
+        told.add(entities[index], set.wayOf(entities[index]));
+    return told.list();
 }
 
 // An entity and where it was picked; a keyword of initget; nil for nothing there.
@@ -289,7 +382,9 @@ constexpr lisp::BuiltinRow rows[] = {
     {"ssname", "(ssname SET INDEX)", "Gives an entity of a set; the first has the index 0.", ssname},
     {"sssetfirst", "(sssetfirst GRIPSET [SET])", "Selects entities for the next command.", sssetfirst},
     {"ssgetfirst", "(ssgetfirst)", "Gives nil and what is selected for the next command.", ssgetfirst},
-    {"ssnamex", "(ssnamex SET [INDEX])", "Gives a list of how each entity was selected.", ssnamex},
+    {"ssnamex", "(ssnamex SET [INDEX])",
+     "Gives a list of how each entity was selected: 1 picked, 2 inside, 3 crossing, 4 by a fence, 0 otherwise.",
+     ssnamex},
     {"entsel", "(entsel [PROMPT])", "Asks for an entity; gives it and the point where it was picked.", entsel},
 };
 

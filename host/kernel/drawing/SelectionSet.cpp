@@ -29,12 +29,20 @@ std::u16string SelectionSet::printed() const
     return QStringLiteral("<Selection set: %1>").arg(m_number, 0, 16).toStdU16String();
 }
 
-bool SelectionSet::add(RecordId entity)
+bool SelectionSet::add(RecordId entity, const commands::SharedWay &way)
 {
     const bool isNew = m_places.emplace(entity, m_entities.size()).second;
     if (isNew)
         m_entities.push_back(entity);
+    if (isNew && way)
+        m_ways.emplace(entity, way);
     return isNew;
+}
+
+const commands::SelectionWay *SelectionSet::wayOf(RecordId entity) const
+{
+    const auto found = m_ways.find(entity);
+    return found != m_ways.end() ? found->second.get() : nullptr;
 }
 
 // What stands behind moves up and its places are not told, which would take long for each of many that go; so the
@@ -49,5 +57,6 @@ bool SelectionSet::remove(RecordId entity)
         --place;
     m_entities.erase(m_entities.begin() + static_cast<std::ptrdiff_t>(place));
     m_places.erase(found);
+    m_ways.erase(entity);
     return true;
 }

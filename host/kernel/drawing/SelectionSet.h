@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/commands/SelectionWay.h"
 #include "host/drawing/Record.h"
 #include "host/interpreter/Objects.h"
 #include "lisp/resbuf.h"
@@ -37,10 +38,11 @@ struct SelectionSet final : lisp::Native
     std::u16string_view typeName() const override { return u"PICKSET"; }
     std::u16string printed() const override;
 
-    bool add(drawing::RecordId entity); // false: it is in there already
+    bool add(drawing::RecordId entity, const commands::SharedWay &way = nullptr); // false: it is in there already
     bool remove(drawing::RecordId entity);
     bool contains(drawing::RecordId entity) const { return m_places.count(entity) != 0; }
     const std::vector<drawing::RecordId> &entities() const { return m_entities; }
+    const commands::SelectionWay *wayOf(drawing::RecordId entity) const; // null: none that is kept
 
     LispName nodeName() const { return {{m_number, 0}}; }
 
@@ -49,4 +51,5 @@ private:
     std::int64_t m_number;
     std::vector<drawing::RecordId> m_entities;
     std::unordered_map<drawing::RecordId, std::size_t> m_places;
+    commands::SelectionWays m_ways;
 };

@@ -75,3 +75,6 @@
 (command "_.line" "0,0")
 (show-all '((names (ssget)) (getvar "CMDNAMES") (vl-catch-all-error-message (vl-catch-all-apply 'ssget '()))
             (getvar "CMDNAMES") (command "40,0" "") (cdr (assoc 11 (entget (entlast))))))
+
+(title "how they were selected: the corners of windows stand behind all")
+(show-all '((ssnamex (ssget "C" '(14 14) '(16 16))) (ssnamex (ssget '(15 15))) (ssnamex (ssget "F" '((14 15) (16 15))))))

@@ -298,4 +298,44 @@ TEST_F(SelectObjects, WithPickfirstOffWhatIsSelectedBeforehandIsDropped)
     EXPECT_EQ(evaluate("(cadr (ssgetfirst))"), "nil");
 }
 
+// Programs read what ssnamex gives by place: (METHOD ENAME 0 ...), polygons behind all entities.
+class HowSelected : public SelectObjects
+{
+protected:
+    HowSelected() { evaluate("(command \"_.zoom\" \"_w\" '(0 0) '(8 5))"); }
+    // With the types instead of the entity names.
+    std::string how(const std::string &set)
+    {
+        return evaluate("(mapcar '(lambda (one) (mapcar '(lambda (part) (if (= (type part) 'ENAME)"
+                        " (cdr (assoc 0 (entget part))) part)) one)) (ssnamex " +
+                        set + "))");
+    }
+};
+
+TEST_F(HowSelected, SsgetWithPlaces)
+{
+    EXPECT_EQ(how("(ssget '(3 2))"), "((1 \"CIRCLE\" 0 (0 (3.0 2.0 0.0))))");
+    const std::string window = "(-1 (0 (0.5 0.5 0.0)) (0 (1.5 0.5 0.0)) (0 (1.5 1.5 0.0)) (0 (0.5 1.5 0.0)))";
+    EXPECT_EQ(how("(ssget \"_W\" '(0.5 0.5) '(1.5 1.5))"), "((2 \"POINT\" 0 -1) " + window + ")");
+    EXPECT_EQ(how("(ssget \"_C\" '(0.5 0.5) '(1.5 1.5))"),
+              "((3 \"LINE\" 0 -1) (3 \"CIRCLE\" 0 -1) (3 \"POINT\" 0 -1) " + window + ")");
+    EXPECT_EQ(how("(ssget \"_WP\" '((0.5 0.5) (1.5 0.6) (0.9 1.6)))"),
+              "((2 \"POINT\" 0 -1) (-1 (0 (0.5 0.5 0.0)) (0 (1.5 0.6 0.0)) (0 (0.9 1.6 0.0))))");
+    EXPECT_EQ(how("(ssget \"_F\" '((4 2) (2 2)))"),
+              "((4 \"LINE\" 0 (0 (2.0 2.0 0.0))) (4 \"CIRCLE\" 0 (0 (3.0 2.0 0.0))))");
+    EXPECT_EQ(how("(ssget \"_X\")"), "((0 \"LINE\" 0) (0 \"CIRCLE\" 0) (0 \"POINT\" 0))");
+}
+
+TEST_F(HowSelected, APersonSelectsInSeveralWays)
+{
+    m_services.answers = AnswersFile::fromText(u"3,2\n_c\n-1,-1\n0.5,0.5\n_w\n0.5,0.5\n1.5,1.5\n\n", QString());
+    evaluate("(setq set (ssget))");
+    EXPECT_EQ(how("set"), "((1 \"CIRCLE\" 0 (0 (3.0 2.0 0.0))) (3 \"LINE\" 0 -1) (2 \"POINT\" 0 -2)"
+                          " (-1 (0 (-1.0 -1.0 0.0)) (0 (0.5 -1.0 0.0)) (0 (0.5 0.5 0.0)) (0 (-1.0 0.5 0.0)))"
+                          " (-2 (0 (0.5 0.5 0.0)) (0 (1.5 0.5 0.0)) (0 (1.5 1.5 0.0)) (0 (0.5 1.5 0.0))))");
+    EXPECT_EQ(how("set 0"), "((1 \"CIRCLE\" 0 (0 (3.0 2.0 0.0))))");
+    evaluate("(setq round (ssname set 0)) (ssdel round set) (ssadd round set)");
+    EXPECT_EQ(how("set 2"), "((0 \"CIRCLE\" 0))");
+}
+
 } // namespace
