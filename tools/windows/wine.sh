@@ -59,14 +59,35 @@ make_prefix() {
 start_server() {
     local bound=()
     [ "$(id -u)" -ne 0 ] || bound=(setpriv --bounding-set=-dac_override,-dac_read_search)
-    exec <&- >/dev/null 2>&1 9>"$WINEPREFIX/.server-lock"
+    "${bound[@]}" /usr/lib/wine/wineserver -p20 8>&- 9>&- || return 0 # there is one already
+    "$wine" cmd /c exit </dev/null 8>&- 9>&-
+}
+
+# The same holds for the desktop, whose process comes with the first program that has to do with windows and goes with the
+# last: so one is there without windows that are seen, until no program has been started for a while.
+keep_desktop() {
+    "$wine" notepad </dev/null 8>&- 9>&- &
+    while sleep 5; do
+        flock 9
+        [ -n "$(find "$used" -newermt '-20 seconds')" ] || break
+        flock -u 9
+    done
+    kill $!
+}
+
+start_windows() {
+    used=$WINEPREFIX/.used
+    exec <&- >/dev/null 2>&1 8>"$WINEPREFIX/.desktop-lock" 9>"$WINEPREFIX/.server-lock"
     flock 9
-    "${bound[@]}" /usr/lib/wine/wineserver -p20 9>&- || return 0 # there is one already
-    "$wine" cmd /c exit </dev/null 9>&-
+    touch "$used"
+    start_server
+    flock -n 8 || return 0 # the desktop is there already
+    flock -u 9
+    keep_desktop &
 }
 
 [ -f "$complete" ] || (make_prefix)
-[ -n "$on_screen" ] || (start_server) # the next screen is another one
+[ -n "$on_screen" ] || (start_windows) # the next screen is another one
 # The server's pipes would become the standard streams that are closed, and what the program prints requests to the server.
 for stream in 0 1 2; do
     [ -e "/dev/fd/$stream" ] || eval "exec $stream</dev/null"
