@@ -44,7 +44,7 @@ bool isThreadOfThisProcess(std::uint32_t thread)
 }
 
 // What libraries look at on their own account, and go on without: where the desktop's settings may be, which machine
-// has locked a file, a terminal to beep. LISP programs read files by functions that no module has.
+// has locked a file, a terminal to beep. What LISP programs read and write files by is no RunningCall.
 constexpr std::string_view librariesFiles[] = {"/dev/tty",
                                                "/etc/machine-id",
                                                "/proc/filesystems",

@@ -3,7 +3,8 @@
 #include <atomic>
 #include <cstdint>
 
-// While one lives, a call of a module function is running, for those who watch the process and not the interpreter.
+// While one lives, a call of a function is running that may look at one file after the other, for those who watch the
+// process and not the interpreter: a function of a module, or one of the host that shows a dialog or enters commands.
 // Nested calls stack up.
 class RunningCall
 {

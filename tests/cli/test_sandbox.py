@@ -208,6 +208,13 @@ class Refusals(SandboxTest):
                 self.assert_refused(self.run_sandboxed(f"(prin1 {call})"), result, refusal)
         self.assertEqual([path.name for path in self.outside.iterdir()], ["secret.txt"])
 
+    def test_a_command_and_a_dialog_are_one_line_too(self):
+        for call in (f'(command "_.SAVEAS" "" "{self.outside}/new.dxf")', f'(getfiled "" "{self.outside}/new" "txt" 0)'):
+            with self.subTest(call):
+                lines = self.run_sandboxed(call).errors.splitlines()
+                self.assertEqual([line for line in lines if "sandbox" in line],
+                                 [f"lisphost: sandbox: refused opening {self.outside}"])
+
     def test_the_same_call_again_is_another_line(self):
         lines = [f"opening {self.secret}"] * 2
         self.assert_refused(self.run_sandboxed(f'(repeat 2 (princ (open "{self.secret}" "r")))'), "nilnil", *lines)

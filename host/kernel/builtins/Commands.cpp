@@ -1,6 +1,7 @@
 // Commands of the command line, sent by programs.
 
 #include "host/kernel/Document.h"
+#include "host/kernel/RunningCall.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 #include "host/kernel/commands/LispAnswers.h"
 
@@ -15,6 +16,7 @@ namespace {
 // Nil, and no argument at all, are Esc.
 CommandLine::Result run(Machine &machine, Args arguments)
 {
+    const RunningCall running;
     Document &document = Document::of(machine);
     CommandLine &line = document.commandLine();
     std::vector<Input> inputs;

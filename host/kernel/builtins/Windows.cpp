@@ -3,6 +3,7 @@
 #include "host/interpreter/text/QtText.h"
 #include "host/kernel/Document.h"
 #include "host/kernel/HostServices.h"
+#include "host/kernel/RunningCall.h"
 #include "host/kernel/builtins/HostBuiltins.h"
 
 #include <QDir>
@@ -26,6 +27,7 @@ Value alert(Machine &machine, Args arguments)
 
 Value getFileD(Machine &machine, Args arguments)
 {
+    const RunningCall running;
     const FileRequest request =
         FileRequest::fromGetfiled(lisp::toQString(arguments.text(0)), lisp::toQString(arguments.text(1)),
                                   lisp::toQString(arguments.text(2)), arguments.integer(3));
