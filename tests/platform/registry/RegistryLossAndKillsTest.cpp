@@ -128,7 +128,9 @@ TEST_F(RegistryLossAndKills, OfAProcessThatWritesTheFileAnewJustAsItBegan)
           first + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:32\n; " + QByteArray(262'070, 'c') + "\n; end\n");
     restart();
     killEverywhere([] { set(u"x", "1"); }, "2", "1");
+    restore();
     set(u"x", "1");
+    EXPECT_EQ(contentOf(hive()), first);
 }
 
 TEST_F(RegistryLossAndKills, OfOthersLeaveReadersInPeace)
