@@ -19,6 +19,7 @@ public:
 
     RecordId find(NameId table, std::u16string_view name) const; // NoRecord also for an erased one
     std::vector<RecordId> entries(NameId table) const;           // without erased ones, in order
+    bool isEntry(RecordId id, NameId table) const;               // not an erased one
     RecordId start(NameId table) const;                          // its TABLE; NoRecord when there is none
 
     // Adds a record at the end; its groups begin with type and name. The table, and its section, are made when they are
@@ -32,7 +33,6 @@ private:
     using Names = std::unordered_map<std::u16string, std::vector<RecordId>>;
 
     void readNamings() const;
-    bool isEntry(RecordId id, NameId table) const;
     void count(RecordId table, NameId type);
 
     Database &m_database;

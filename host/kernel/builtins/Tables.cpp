@@ -7,6 +7,8 @@
 #include "host/kernel/drawing/EntityName.h"
 #include "host/kernel/drawing/TableRecords.h"
 
+#include <algorithm>
+
 using drawing::Drawing;
 using drawing::NoRecord;
 using drawing::RecordId;
@@ -38,8 +40,8 @@ Value tblsearch(Machine &machine, Args arguments)
     if (record == NoRecord)
         return Value::nil();
     if (arguments[2].isTrue()) {
-        const std::vector<RecordId> records = tableRecords(drawing, table);
-        const auto found = std::find(records.begin(), records.end(), record);
+        const std::vector<RecordId> &records = drawing.database().namedRecords();
+        const auto found = std::ranges::find(records, record);
         placeIn(machine, table) = static_cast<std::size_t>(found - records.begin()) + 1;
     }
     return tableRecordList(machine, drawing, record);
@@ -52,8 +54,8 @@ Value tblnext(Machine &machine, Args arguments)
     std::size_t &place = placeIn(machine, table);
     if (arguments[1].isTrue())
         place = 0;
-    const std::vector<RecordId> records = tableRecords(drawing, table);
-    return place < records.size() ? tableRecordList(machine, drawing, records[place++]) : Value::nil();
+    const RecordId record = nextTableRecord(drawing, table, place);
+    return record != NoRecord ? tableRecordList(machine, drawing, record) : Value::nil();
 }
 
 Value tblobjname(Machine &machine, Args arguments)

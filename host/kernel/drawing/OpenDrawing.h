@@ -17,6 +17,6 @@ struct OpenDrawing
     DrawingDatabase database{drawing};
     EntityMaker entityMaker{drawing};
     selection::EntityIndex entityIndex{drawing};
-    std::map<drawing::NameId, std::size_t> tablePlaces;        // how many tblnext has given of each table
-    std::map<drawing::RecordId, std::size_t> dictionaryPlaces; // the same of dictnext
+    std::map<drawing::NameId, std::size_t> tablePlaces;        // among the named records, where tblnext goes on
+    std::map<drawing::RecordId, std::size_t> dictionaryPlaces; // how many dictnext has given of each dictionary
 };

@@ -47,6 +47,12 @@ bool isShown(int code)
     return std::ranges::find(hidden, code) == std::end(hidden);
 }
 
+bool isSpace(const drawing::Drawing &drawing, drawing::RecordId block)
+{
+    const std::u16string name = drawing::folded(drawing.database().name(block));
+    return name.starts_with(drawing::folded(u"*Model_Space")) || name.starts_with(drawing::folded(u"*Paper_Space"));
+}
+
 } // namespace
 
 std::optional<drawing::NameId> tableNamed(std::u16string_view name)
@@ -57,16 +63,15 @@ std::optional<drawing::NameId> tableNamed(std::u16string_view name)
     return found != std::end(names) ? std::optional(found->table) : std::nullopt;
 }
 
-std::vector<drawing::RecordId> tableRecords(const drawing::Drawing &drawing, drawing::NameId table)
+drawing::RecordId nextTableRecord(const drawing::Drawing &drawing, drawing::NameId table, std::size_t &place)
 {
-    std::vector<drawing::RecordId> records = drawing.tables().entries(table);
-    if (table == known::Block)
-        std::erase_if(records, [&drawing](drawing::RecordId id) {
-            const std::u16string name = drawing::folded(drawing.database().name(id));
-            return name.starts_with(drawing::folded(u"*Model_Space")) ||
-                   name.starts_with(drawing::folded(u"*Paper_Space"));
-        });
-    return records;
+    const std::vector<drawing::RecordId> &named = drawing.database().namedRecords();
+    while (place < named.size()) {
+        const drawing::RecordId record = named[place++];
+        if (drawing.tables().isEntry(record, table) && !(table == known::Block && isSpace(drawing, record)))
+            return record;
+    }
+    return drawing::NoRecord;
 }
 
 drawing::GroupList tableRecordGroups(const drawing::Drawing &drawing, drawing::RecordId record)
