@@ -2,6 +2,7 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/HeaderVariables.h"
+#include "host/drawing/edit/DimensionParts.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/Transform.h"
 #include "host/drawing/entities/EntityChange.h"
@@ -249,6 +250,8 @@ private:
         groups = groupsForCopy(std::move(groups));
         if (!translateBlock(groups) || !translateHandles(groups))
             return false;
+        if (!hasOneEra() && textOf(groups, groupcode::Type) == u"DIMENSION")
+            groups = withDimensionParts(groups);
         const RecordId whole =
             hasOneEra() ? append(std::move(groups), owner, block) : addEntity(m_target, groups, {block, false, u"0"});
         if (whole == NoRecord)

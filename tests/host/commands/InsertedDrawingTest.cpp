@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -118,6 +119,7 @@ TEST_F(InsertedDrawing, WhatTheDrawingHasUnderTheSameNameHolds)
     EXPECT_THAT(takePrinted(), HasSubstr("Duplicate definition of block INNER ignored."));
     EXPECT_EQ(valueOf(62, "LAYER", "Walls"), "1");
     EXPECT_THAT(typesIn(u"inner"), ElementsAre("POINT"));
+    ASSERT_THAT(typesIn(u"part"), ElementsAre("INSERT"));
     EXPECT_EQ(textOf(database().groups(inBlock(u"part").front()), 2), u"INNER");
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
@@ -157,6 +159,59 @@ TEST_F(InsertedDrawing, ItsAttributeDefinitionsAreAskedFor)
     evaluate("(command \"_.-insert\" " + quoted() + " '(0 0) 1 1 0 \"A17\")");
     EXPECT_EQ(textOf(database().groups(drawing::partsOf(database(), last()).front()), 1), u"A17");
     EXPECT_EQ(valueOf(70, "BLOCK", "part"), "2");
+}
+
+TEST_F(InsertedDrawing, HatchesAndLeadersLoseTheirBonds)
+{
+    draw(Circle);
+    {
+        drawing::Drawing part(path());
+        drawing::Database &there = part.database();
+        const drawing::RecordId section = there.section(drawing::known::Entities);
+        const drawing::Handle circle{there.record(drawing::entitiesIn(there, section).front()).handle};
+        const drawing::Point flat{3, 4, 0, 2}, place{3, 4, 0};
+        const drawing::GroupList hatch{{0, u"HATCH"},
+                                       {100, u"AcDbEntity"},
+                                       {8, u"0"},
+                                       {100, u"AcDbHatch"},
+                                       {10, drawing::Point{}},
+                                       {210, drawing::Point{0, 0, 1}},
+                                       {2, u"SOLID"},
+                                       {70, std::int64_t{1}},
+                                       {71, std::int64_t{1}},
+                                       {91, std::int64_t{1}},
+                                       {92, std::int64_t{1}},
+                                       {93, std::int64_t{1}},
+                                       {72, std::int64_t{2}},
+                                       {10, flat},
+                                       {40, 1.0},
+                                       {50, 0.0},
+                                       {51, 360.0},
+                                       {73, std::int64_t{1}},
+                                       {97, std::int64_t{1}},
+                                       {330, circle},
+                                       {75, std::int64_t{0}},
+                                       {76, std::int64_t{1}},
+                                       {98, std::int64_t{0}}};
+        const drawing::GroupList leader{{0, u"LEADER"},        {100, u"AcDbEntity"},   {8, u"0"},
+                                        {100, u"AcDbLeader"},  {3, u"Standard"},       {71, std::int64_t{1}},
+                                        {72, std::int64_t{0}}, {73, std::int64_t{0}},  {76, std::int64_t{2}},
+                                        {10, place},           {10, drawing::Point{}}, {340, circle}};
+        there.add(drawing::RecordKind::Entity, hatch, there.endOf(section));
+        there.add(drawing::RecordKind::Entity, leader, there.endOf(section));
+        QString failure;
+        ASSERT_TRUE(drawing::saveDrawing(there, path(), drawing::Backup::None, failure));
+    }
+    insert(quoted());
+    ASSERT_THAT(typesIn(u"part"), ElementsAre("CIRCLE", "HATCH", "LEADER"));
+    const drawing::GroupList hatch = database().groups(inBlock(u"part")[1]);
+    EXPECT_EQ(drawing::integerOf(hatch, 71), 0);
+    EXPECT_EQ(drawing::integerOf(hatch, 97), 0);
+    EXPECT_EQ(std::ranges::count(hatch, 330, &drawing::Group::code), 1); // the owner
+    const drawing::GroupList leader = database().groups(inBlock(u"part")[2]);
+    EXPECT_EQ(drawing::integerOf(leader, 73), 3);
+    EXPECT_FALSE(drawing::hasGroup(leader, 340));
+    EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
 TEST_F(InsertedDrawing, TheBlockMayHaveAnotherName)
@@ -262,6 +317,28 @@ TEST_F(InsertedDrawing, AnOldDrawingComesAsTheNewOneHasIt)
     EXPECT_EQ(takePrinted(), "");
     EXPECT_THAT(typesIn(u"part"), ElementsAre("LINE", "POLYLINE"));
     EXPECT_EQ(valueOf(62, "LAYER", "OLD"), "5");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, DimensionsOfAnOldDrawingGetTheirMarkers)
+{
+    const std::u16string markers[] = {u"AcDbRotatedDimension",   u"AcDbAlignedDimension", u"AcDb2LineAngularDimension",
+                                      u"AcDbDiametricDimension", u"AcDbRadialDimension",  u"AcDb3PointAngularDimension",
+                                      u"AcDbOrdinateDimension"};
+    for (int kind = 0; kind < 7; ++kind) {
+        const QByteArray places = "13\n0\n23\n0\n14\n4\n24\n0\n15\n4\n25\n3\n16\n2\n26\n1\n40\n0\n50\n0\n";
+        writeFile("0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n8\n0\n2\n*D0\n70\n1\n10\n0\n20\n0\n"
+                  "0\nLINE\n8\n0\n10\n0\n20\n2\n11\n4\n21\n2\n0\nENDBLK\n8\n0\n0\nENDSEC\n"
+                  "0\nSECTION\n2\nENTITIES\n0\nDIMENSION\n8\n0\n2\n*D0\n10\n4\n20\n2\n11\n2\n21\n2\n70\n" +
+                  QByteArray::number(kind) + "\n" + places + "0\nENDSEC\n0\nEOF\n");
+        const std::u16string name = u"part" + QString::number(kind).toStdU16String();
+        insert(quoted("part" + std::to_string(kind) + "="));
+        ASSERT_EQ(inBlock(name).size(), 1u) << kind;
+        const drawing::GroupList dimension = database().groups(inBlock(name).front());
+        EXPECT_NE(std::ranges::find(dimension, drawing::Group{100, markers[kind]}), dimension.end()) << kind;
+        EXPECT_EQ(inBlock(textOf(dimension, 2)).size(), 1u) << kind;
+    }
+    EXPECT_EQ(takePrinted(), "");
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
