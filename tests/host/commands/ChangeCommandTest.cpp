@@ -112,6 +112,7 @@ TEST_F(ChangeCommand, ACentredTextMovesWithItsAlignmentPoint)
 {
     evaluate("(command \"_.text\" \"_c\" '(10 0) 2 0 \"HH\")");
     const Vector left = placeOf(lastGroups(), 10);
+    ASSERT_LT(left.x, 9);
     change("'(10 7) \"\" \"\" \"\" \"HHHH\"");
     EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{10, 7, 0}));
     EXPECT_NEAR(10 - placeOf(lastGroups(), 10).x, 2 * (10 - left.x), 1e-9); // twice as long
@@ -122,6 +123,7 @@ TEST_F(ChangeCommand, AFittedTextStaysBetweenItsPoints)
 {
     evaluate("(command \"_.text\" \"_f\" '(0 0) '(100 0) 2 \"HH\")");
     const double width = realOf(lastGroups(), 41);
+    ASSERT_GT(width, 1);
     change("\"\" \"\" \"\" \"\" \"\" \"HHHH\"");
     EXPECT_NEAR(realOf(lastGroups(), 41), width / 2, 1e-9);
     EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{100, 0, 0}));
