@@ -223,16 +223,16 @@ Value ssmemb(Machine &machine, Args arguments)
 
 Value sslength(Machine &, Args arguments)
 {
-    return Value::integer(static_cast<std::int32_t>(setArgument(arguments, 0).entities().size()));
+    return Value::integer(static_cast<std::int32_t>(setArgument(arguments, 0).size()));
 }
 
 Value ssname(Machine &machine, Args arguments)
 {
-    const std::vector<RecordId> &entities = setArgument(arguments, 0).entities();
+    const SelectionSet &set = setArgument(arguments, 0);
     const double index = arguments.number(1);
-    if (index < 0 || index >= static_cast<double>(entities.size()))
+    if (index < 0 || index >= static_cast<double>(set.size()))
         return Value::nil();
-    return entityName(machine, Document::of(machine).drawing(), entities[static_cast<std::size_t>(index)]);
+    return entityName(machine, Document::of(machine).drawing(), set.at(static_cast<std::size_t>(index)));
 }
 
 // Selects on the screen: what a command takes without asking when PICKFIRST is 1.
@@ -333,12 +333,11 @@ private:
 Value ssnamex(Machine &machine, Args arguments)
 {
     const SelectionSet &set = setArgument(arguments, 0);
-    const std::vector<RecordId> &entities = set.entities();
     const std::size_t first = arguments.has(1) ? static_cast<std::size_t>(std::max(arguments.integer(1), 0)) : 0;
-    const std::size_t end = arguments.has(1) ? std::min(first + 1, entities.size()) : entities.size();
+    const std::size_t end = arguments.has(1) ? std::min(first + 1, set.size()) : set.size();
     WaysTold told(Document::of(machine));
     for (std::size_t index = first; index < end; ++index)
-        told.add(entities[index], set.wayOf(entities[index]));
+        told.add(set.at(index), set.wayOf(set.at(index)));
     return told.list();
 }
 

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <utility>
 
 using drawing::RecordId;
 
@@ -45,8 +46,8 @@ const commands::SelectionWay *SelectionSet::wayOf(RecordId entity) const
     return found != m_ways.end() ? found->second.get() : nullptr;
 }
 
-// What stands behind moves up and its places are not told, which would take long for each of many that go; so the
-// entity stands at its known place or before it.
+// Programs take the first out until none is left. Else what stands behind moves up and its places are not told, which
+// would take long for each of many that go; so the entity stands at its known place or before it.
 bool SelectionSet::remove(RecordId entity)
 {
     const auto found = m_places.find(entity);
@@ -55,7 +56,10 @@ bool SelectionSet::remove(RecordId entity)
     std::size_t place = std::min(found->second, m_entities.size() - 1);
     while (m_entities[place] != entity)
         --place;
-    m_entities.erase(m_entities.begin() + static_cast<std::ptrdiff_t>(place));
+    if (std::cmp_equal(place, m_first))
+        ++m_first;
+    else
+        m_entities.erase(m_entities.begin() + static_cast<std::ptrdiff_t>(place));
     m_places.erase(found);
     m_ways.erase(entity);
     return true;

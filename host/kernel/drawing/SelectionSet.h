@@ -41,7 +41,9 @@ struct SelectionSet final : lisp::Native
     bool add(drawing::RecordId entity, const commands::SharedWay &way = nullptr); // false: it is in there already
     bool remove(drawing::RecordId entity);
     bool contains(drawing::RecordId entity) const { return m_places.count(entity) != 0; }
-    const std::vector<drawing::RecordId> &entities() const { return m_entities; }
+    std::size_t size() const { return m_entities.size() - m_first; }
+    drawing::RecordId at(std::size_t index) const { return m_entities[m_first + index]; }
+    std::vector<drawing::RecordId> entities() const { return {m_entities.begin() + m_first, m_entities.end()}; }
     const commands::SelectionWay *wayOf(drawing::RecordId entity) const; // null: none that is kept
 
     LispName nodeName() const { return {{m_number, 0}}; }
@@ -50,6 +52,7 @@ private:
     SelectionSets &m_owner;
     std::int64_t m_number;
     std::vector<drawing::RecordId> m_entities;
+    std::ptrdiff_t m_first = 0; // before it stand those that were taken out at the beginning
     std::unordered_map<drawing::RecordId, std::size_t> m_places;
     commands::SelectionWays m_ways;
 };

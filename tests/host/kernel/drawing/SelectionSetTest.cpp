@@ -42,6 +42,24 @@ TEST_F(SelectionSetTest, TakesBackWhatWasTakenOutAtItsEnd)
     EXPECT_EQ(set.entities(), (Entities{1, 3, 4}));
 }
 
+TEST_F(SelectionSetTest, GivesItsEntitiesByTheirPlacesWhenTheFirstAreTakenOut)
+{
+    fill(6);
+    set.remove(4);
+    set.remove(1);
+    set.remove(2);
+    EXPECT_TRUE(set.add(1));
+    EXPECT_EQ(set.entities(), (Entities{3, 5, 6, 1}));
+    ASSERT_EQ(set.size(), 4U);
+    EXPECT_EQ(set.at(0), 3U);
+    EXPECT_EQ(set.at(3), 1U);
+    for (const drawing::RecordId entity : Entities{5, 3, 6, 1})
+        EXPECT_TRUE(set.remove(entity));
+    EXPECT_EQ(set.size(), 0U);
+    EXPECT_TRUE(set.add(3));
+    EXPECT_EQ(set.entities(), Entities{3});
+}
+
 TEST_F(SelectionSetTest, FindsWhatHasMovedUpFarOrNotAtAll)
 {
     constexpr drawing::RecordId Many = 1000;
