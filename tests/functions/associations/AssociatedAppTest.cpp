@@ -55,8 +55,8 @@ TEST_F(AssociatedApp, OfAPathOf32767CharactersIsAnErrorCode)
          {QString(32767, u'x'), u'/' + QString(32766, u'x'), m_folder.path() + QString(32767, u'/')}) {
         const Operations operations = call(acetFilenameAssociatedApp, {text(path)});
         ASSERT_EQ(operations.size(), 3U);
-        EXPECT_TRUE(operations[1] == "retInt 2" || operations[1] == "retInt 3" || operations[1] == "retInt 31")
-            << operations[1];
+        ASSERT_TRUE(operations[1].starts_with("retInt ")) << operations[1];
+        EXPECT_LT(std::stoi(operations[1].substr(7)), 32) << operations[1];
     }
 }
 
