@@ -217,6 +217,13 @@ void CommandLine::cancel()
     cancelAllBut(0);
 }
 
+void CommandLine::forgetDrawing()
+{
+    std::optional<std::u16string> script = std::move(m_memory.script);
+    m_memory = Memory();
+    m_memory.script = std::move(script);
+}
+
 void CommandLine::cancelAllBut(std::size_t kept)
 {
     while (m_running.size() > kept) {

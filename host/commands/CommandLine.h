@@ -29,8 +29,9 @@ public:
     Result askForRest(); // asks the person for all that a command which a program has begun still wants to know
     // Runs a whole command that asks the person, while what runs keeps waiting. Esc there ends this one alone.
     Result askInside(const CommandRow &row);
-    void cancel();     // Esc: ends all that runs
-    void showPrompt(); // of the running command, once
+    void cancel();        // Esc: ends all that runs
+    void forgetDrawing(); // another one is open: what commands remember is of the one before
+    void showPrompt();    // of the running command, once
 
     bool isActive() const { return !m_running.empty(); }
     std::u16string names() const; // of the running commands, as CMDNAMES gives them

@@ -1,5 +1,7 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include <QTemporaryDir>
+
 namespace {
 
 using testing::ElementsAre;
@@ -129,6 +131,22 @@ TEST_F(UndoCommands, ANumberBelowOneIsRefused)
     const std::size_t before = types().size();
     evaluate("(command 1)");
     EXPECT_EQ(types().size(), before - 1);
+}
+
+TEST_F(UndoCommands, WhatWasErasedAndDrawnInAnotherDrawingIsForgotten)
+{
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath(QStringLiteral("drawing.dxf")).toStdString();
+    evaluate("(command \"_.line\" \"0,0\" \"5,5\" \"\" \"_.saveas\" \"\" \"" + path + "\")");
+    const std::size_t count = types().size();
+    for (int time = 0; time < 2; ++time) // the same file, so that its records have the same numbers
+        evaluate("(command \"_.erase\" \"_all\" \"\" \"_.open\" \"_y\" \"" + path + "\")");
+    ASSERT_EQ(types().size(), count);
+    evaluate("(while (entlast) (entdel (entlast))) (command \"_.oops\")");
+    EXPECT_TRUE(types().empty());
+    takePrinted();
+    evaluate("(command \"_.line\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nNo line or arc to continue.\n");
 }
 
 } // namespace
