@@ -35,16 +35,10 @@ struct Cell
     double row = 0, column = 0;
 };
 
-// A distance, or the first corner of a cell.
-Task<Input> askRowDistance(Context &context)
+std::u16string_view complaintAboutRows(const Input &input, const Session &session)
 {
-    for (;;) {
-        const auto answer = co_await context.ask().any(
-            InputKind::Distance, {u"Enter the distance between rows or specify unit cell (---): ", {}, Enter::Refused});
-        if (numberOf(answer.value, context.session()) || pointOf(answer.value, context.session()))
-            co_return answer.value;
-        context.session().print(u"\nRequires numeric distance or two points.\n");
-    }
+    const bool fits = numberOf(input, session) || pointOf(input, session);
+    return fits ? u"" : u"Requires numeric distance or two points.";
 }
 
 // Two distances, or two corners of a cell for both.
@@ -52,10 +46,12 @@ Task<Cell> askCell(Context &context, int rows, int columns)
 {
     Cell cell;
     if (rows > 1) {
-        const Input answer = co_await askRowDistance(context);
-        const std::optional<double> distance = numberOf(answer, context.session());
+        const auto answer = co_await context.ask().any(
+            InputKind::Distance, {u"Enter the distance between rows or specify unit cell (---): ", {}, Enter::Refused},
+            complaintAboutRows);
+        const std::optional<double> distance = numberOf(answer.value, context.session());
         if (!distance) {
-            const Point corner = *pointOf(answer, context.session());
+            const Point corner = *pointOf(answer.value, context.session());
             const auto other =
                 co_await context.ask().corner({u"Specify opposite corner: ", {}, Enter::Refused, corner});
             co_return Cell{other.value.y - corner.y, other.value.x - corner.x};

@@ -160,4 +160,10 @@ Request::Outcome EntityRequest::read(const Input &input)
     return answer(picked);
 }
 
+Request::Outcome AnyRequest::read(const Input &input)
+{
+    const std::u16string_view complaint = m_check ? m_check(input, m_session) : std::u16string_view();
+    return complaint.empty() ? answer(input) : refuse(complaint);
+}
+
 } // namespace commands

@@ -118,17 +118,22 @@ private:
     Outcome read(const Input &input) override;
 };
 
-// Whatever comes, for the command itself to read.
+// Whatever comes, for the command itself to read; a check says what it has against an answer, nothing for one that
+// fits.
 class AnyRequest final : public Awaited<Input>
 {
 public:
-    AnyRequest(InputKind kind, const Question &question, Session &session, Request *&slot)
-        : Awaited(kind, question, session, slot)
+    using Check = std::u16string_view (*)(const Input &, const Session &);
+
+    AnyRequest(InputKind kind, const Question &question, Check check, Session &session, Request *&slot)
+        : Awaited(kind, question, session, slot), m_check(check)
     {
     }
 
 private:
-    Outcome read(const Input &input) override { return answer(input); }
+    Outcome read(const Input &input) override;
+
+    Check m_check; // may be null
 };
 
 // What a command asks with: co_await questions.point({...}). Numbers may have limits: questions.distance({...},
@@ -160,7 +165,10 @@ public:
     StringRequest string(const Question &question) { return {question, m_session, m_waiting}; }
     KeywordRequest keyword(const Question &question) { return {question, m_session, m_waiting}; }
     EntityRequest entity(const Question &question) { return {question, m_session, m_waiting}; }
-    AnyRequest any(InputKind kind, const Question &question) { return {kind, question, m_session, m_waiting}; }
+    AnyRequest any(InputKind kind, const Question &question, AnyRequest::Check check = nullptr)
+    {
+        return {kind, question, check, m_session, m_waiting};
+    }
 
     Request *waiting() const { return m_waiting; } // null: the command does not wait
     Request *takeWaiting() { return std::exchange(m_waiting, nullptr); }

@@ -100,13 +100,26 @@ std::optional<double> scaleFactor(const Input &input, const Session &session)
     return session.distanceOf(number.toStdU16String());
 }
 
+bool isScale(const Input &input, const Session &session)
+{
+    return scaleFactor(input, session).value_or(0) > 0;
+}
+
+std::u16string_view complaintAboutScale(const Input &input, const Session &session)
+{
+    return isScale(input, session) ? u"" : u"Requires a distance or numberX.";
+}
+
+std::u16string_view complaintAboutZoom(const Input &input, const Session &session)
+{
+    const bool fits = pointOf(input, session) || isScale(input, session);
+    return fits ? u"" : u"Requires a distance, numberX, or option keyword.";
+}
+
 void enlarge(Context &context, const Input &answer)
 {
-    const std::optional<double> factor = scaleFactor(answer, context.session());
-    if (!factor || !(*factor > 0))
-        throw CommandError{u"Requires a distance, numberX, or option keyword."};
     ViewState view = viewState(context.session());
-    view.height /= *factor;
+    view.height /= *scaleFactor(answer, context.session());
     change(context, view);
 }
 
@@ -117,15 +130,13 @@ Command askHeight(Context &context, const Point centre)
     view.centre = WorkPlane(context.session()).world(centre);
     const std::u16string prompt =
         u"Enter magnification or height <" + context.session().distanceText(view.height) + u">: ";
-    const auto answer = co_await context.ask().any(InputKind::Distance, {prompt});
+    const auto answer = co_await context.ask().any(InputKind::Distance, {prompt}, complaintAboutScale);
     if (answer.isNothing())
         co_return change(context, view);
     const auto *text = std::get_if<std::u16string>(&answer.value);
     const bool isFactor = text && (text->ends_with(u'x') || text->ends_with(u'X'));
-    const std::optional<double> number = scaleFactor(answer.value, context.session());
-    if (!number || !(*number > 0))
-        throw CommandError{u"Requires a distance or numberX."};
-    view.height = isFactor ? view.height / *number : *number;
+    const double number = *scaleFactor(answer.value, context.session());
+    view.height = isFactor ? view.height / number : number;
     change(context, view);
 }
 
@@ -167,10 +178,12 @@ Task<Matrix> askPlane(Context &context)
 
 Command zoom(Context &context)
 {
-    const auto choice = co_await context.ask().any(
-        InputKind::Point, {u"Specify corner of window, enter a scale factor (nX or nXP), or\n"
-                           u"[All/Center/Dynamic/Extents/Previous/Scale/Window/Object] <real time>: ",
-                           u"All Center Dynamic Extents Left Previous Scale Window Object Vmax"});
+    const auto choice =
+        co_await context.ask().any(InputKind::Point,
+                                   {u"Specify corner of window, enter a scale factor (nX or nXP), or\n"
+                                    u"[All/Center/Dynamic/Extents/Previous/Scale/Window/Object] <real time>: ",
+                                    u"All Center Dynamic Extents Left Previous Scale Window Object Vmax"},
+                                   complaintAboutZoom);
     if (choice.hasValue()) {
         if (const std::optional<Point> corner = pointOf(choice.value, context.session()))
             co_await askWindow(context, *corner);
@@ -184,7 +197,8 @@ Command zoom(Context &context)
     } else if (choice.is(u"Previous")) {
         showPrevious(context);
     } else if (choice.is(u"Scale")) {
-        const auto factor = co_await context.ask().any(InputKind::Distance, {u"Enter a scale factor (nX or nXP): "});
+        const auto factor = co_await context.ask().any(InputKind::Distance, {u"Enter a scale factor (nX or nXP): "},
+                                                       complaintAboutScale);
         if (factor.hasValue())
             enlarge(context, factor.value);
     } else if (choice.is(u"Window")) {

@@ -51,11 +51,19 @@ TEST_F(ViewCommands, PanMovesTheView)
     EXPECT_EQ(view(), "((70.0 45.0 0.0) 100.0)");
 }
 
-TEST_F(ViewCommands, WhatIsNoScaleIsSaid)
+TEST_F(ViewCommands, WhatIsNoScaleIsSaidAndAskedForAgain)
 {
-    evaluate("(command \"_.zoom\" \"_s\" \"wide\")");
-    EXPECT_EQ(takePrinted(), "\nRequires a distance, numberX, or option keyword.\n");
+    const std::string complaint = "\nRequires a distance or numberX.\n";
+    evaluate("(command \"_.zoom\" \"_s\" \"wide\" 0 \"-2x\")");
+    EXPECT_EQ(takePrinted(), complaint + complaint + complaint);
     EXPECT_EQ(view(), "((80.0 50.0 0.0) 100.0)");
+    evaluate("(command \"2x\" \"_.zoom\" \"_c\" \"80,50\" 0 40)");
+    EXPECT_EQ(takePrinted(), complaint);
+    EXPECT_EQ(view(), "((80.0 50.0 0.0) 40.0)");
+    evaluate("(command \"_.zoom\" \"wide\" -1 0.5)");
+    EXPECT_EQ(takePrinted(), "\nRequires a distance, numberX, or option keyword.\n"
+                             "\nRequires a distance, numberX, or option keyword.\n");
+    EXPECT_EQ(view(), "((80.0 50.0 0.0) 80.0)");
 }
 
 TEST_F(ViewCommands, PlanLooksStraightDownOnTheCurrentSystem)
