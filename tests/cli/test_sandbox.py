@@ -519,9 +519,22 @@ class Signals(SandboxTest):
                 self.assertFalse(is_running(program))
                 self.assertFalse(folder.exists())
 
+    def settings_folder(self) -> Path | None:
+        """Where the program has written the name of its folder to the registry."""
+        for parent in ("/dev/shm", f"/run/user/{os.getuid()}", self.folder):
+            for file in Path(parent).glob("lisphost-*/registry/HKEY_CURRENT_USER.reg"):
+                if file.exists() and str(self.folder) in file.read_text():
+                    return file.parent.parent
+        return None
+
     def test_the_program_ends_with_a_supervising_process_that_cannot_end_it(self):
-        process = self.start("(while T)")
+        self.environment["TMPDIR"] = str(self.folder)  # what stays behind goes with it
+        process = self.start(f"""
+            (vl-registry-write "HKEY_CURRENT_USER\\\\Software\\\\Test" "name" "{self.folder}")
+            (while T)""")
         worker = self.worker_of(process)
+        self.wait_until(self.settings_folder)
+        self.addCleanup(shutil.rmtree, self.settings_folder())
         process.kill()
         self.wait_until(lambda: not is_running(worker))
 
