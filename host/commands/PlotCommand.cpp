@@ -3,6 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/PaperSizes.h"
 #include "host/commands/TableRecords.h"
+#include "host/commands/ViewState.h"
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/Layouts.h"
 #include "host/drawing/edit/GroupEditing.h"
@@ -104,9 +105,9 @@ void take(PlotJob::Page &page, const Vector &centre, double width, double height
 // What the screen shows. Its size is that of the window in pixels.
 void takeDisplay(const Session &session, PlotJob::Page &page)
 {
-    const Point screen = session.point(u"SCREENSIZE"), centre = session.point(u"VIEWCTR");
-    const double height = session.real(u"VIEWSIZE");
-    take(page, {centre.x, centre.y, 0}, height * screen.x / screen.y, height);
+    const Point screen = session.point(u"SCREENSIZE");
+    const ViewState view = viewState(session);
+    take(page, view.centre, view.height * screen.x / screen.y, view.height);
 }
 
 void takeView(Context &context, const std::u16string &name, PlotJob::Page &page)

@@ -53,6 +53,18 @@ TEST_F(PlotCommand, PlotsAWindowOfTheModelToAPdf)
     EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
 }
 
+TEST_F(PlotCommand, PlotsWhatTheScreenShowsWhereverTheUsersOriginIs)
+{
+    evaluate("(command \"_.ZOOM\" \"_C\" '(100 50) 20 \"_.UCS\" '(90 40) \"\")");
+    evaluate(
+        "(command \"-PLOT\" \"Y\" \"Model\" \"PNG\" \"A4\" \"M\" \"L\" \"N\" \"D\" \"F\" \"C\" \"Y\" \".\" \"Y\" \"A\""
+        " \"a.png\" \"N\" \"Y\")");
+    ASSERT_EQ(m_jobs.size(), 1u) << takePrinted();
+    EXPECT_DOUBLE_EQ((page().lower.x + page().upper.x) / 2, 100);
+    EXPECT_DOUBLE_EQ(page().lower.y, 40);
+    EXPECT_DOUBLE_EQ(page().upper.y, 60);
+}
+
 TEST_F(PlotCommand, PlotsALayoutWithItsOwnQuestions)
 {
     evaluate("(command \"_.-plot\" \"_y\" \"Layout1\" \"PNG\" \"A4\" \"_i\" \"_l\" \"_n\" \"_e\" \"_f\" \"_c\" \"_y\" "
