@@ -38,6 +38,7 @@ Maker makerOf(std::string_view type)
         {"LARGE_RADIAL_DIMENSION", dimensionShapes},
         {"ACAD_TABLE", tableShapes},
         {"LEADER", leaderShapes},
+        {"MLINE", multilineShapes},
         {"TEXT", textShapes},
         {"ATTRIB", textShapes},
         {"ATTDEF", textShapes},

@@ -71,6 +71,7 @@ void insertShapes(ShapeWalk &walk, drawing::RecordId id);
 void dimensionShapes(ShapeWalk &walk, drawing::RecordId id);
 void tableShapes(ShapeWalk &walk, drawing::RecordId id);
 void leaderShapes(ShapeWalk &walk, drawing::RecordId id);
+void multilineShapes(ShapeWalk &walk, drawing::RecordId id);
 void textShapes(ShapeWalk &walk, drawing::RecordId id); // and attributes
 void paragraphShapes(ShapeWalk &walk, drawing::RecordId id);
 void imageShapes(ShapeWalk &walk, drawing::RecordId id); // and wipeouts

@@ -52,7 +52,7 @@ TEST(ExtentsOracle, DifferByLessThanABillionthOfTheSize)
         EXPECT_LE(difference(*box, wanted), 1e-9 * size + 1e-12)
             << type << ' ' << handle << ": " << describe(*box) << "\n not " << describe(wanted);
     }
-    EXPECT_EQ(kinds.size(), 16);
+    EXPECT_EQ(kinds.size(), 17);
     for (const auto &[name, count] : kinds)
         EXPECT_GE(count, OfEachKind) << name;
 }

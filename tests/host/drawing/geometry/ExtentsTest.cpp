@@ -184,6 +184,26 @@ TEST_F(Extents, LeadersCountWithTheirArrow)
     expectBox(extents(add(u"LEADER", without)), {0, 0, 0}, {5, 0, 0});
 }
 
+TEST_F(Extents, MultilinesReachAsFarAsTheirElements)
+{
+    const auto corner = [](double x, double y, double miterX, double miterY, double offset) -> Groups {
+        return {place(11, x, y), place(12, 1, 0), place(13, miterX, miterY),
+                integer(74, 2),  {41, offset},    {41, 0.0},
+                integer(75, 0),  integer(74, 2),  {41, -1.0},
+                {41, 0.0},       integer(75, 0)};
+    };
+    Groups groups = {integer(70, 1), integer(71, 1), integer(72, 2), integer(73, 2)};
+    for (const Groups &each : {corner(0, 0, 0, 1, 2), corner(10, 0, 0, 1, 2)})
+        groups.insert(groups.end(), each.begin(), each.end());
+    expectBox(extents(add(u"MLINE", groups)), {0, -1, 0}, {10, 2, 0});
+
+    const Groups third = corner(20, 30, 1, 0, 4);
+    groups.insert(groups.end(), third.begin(), third.end());
+    expectBox(extents(add(u"MLINE", groups)), {0, -1, 0}, {24, 30, 0});
+    groups.resize(groups.size() - 4); // the last corner lacks the second element: there is only the first
+    expectBox(extents(add(u"MLINE", groups)), {0, 2, 0}, {24, 30, 0});
+}
+
 TEST_F(Extents, FollowEveryChangeAndEveryStepBack)
 {
     const auto line = add(u"LINE", {place(10, 0, 0), place(11, 1, 1)});

@@ -190,6 +190,8 @@ def flat_points(entity):
         return entity.boundary_path_wcs()
     if kind == "LEADER":
         return list(entity.vertices)
+    if kind == "MLINE":
+        return [place for line in entity.virtual_entities() for place in (line.dxf.start, line.dxf.end)]
     raise ValueError(kind)
 
 

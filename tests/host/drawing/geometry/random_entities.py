@@ -165,6 +165,12 @@ def leader(space):
     return entity
 
 
+def multiline(space):
+    points = [(number(), number(), 7) for _ in range(rng.randint(2, 5))]
+    is_closed = len(points) > 2 and rng.random() < 0.5
+    return space.add_mline(points, close=is_closed, dxfattribs={"scale_factor": rng.uniform(0.1, 5)})
+
+
 def curves(block):
     block.block.dxf.base_point = (1, 2, 3)
     block.add_line((0, 0, 0), (10, 5, 2))
@@ -181,7 +187,7 @@ KINDS = [
     lambda space: space.add_point(place(), dxfattribs=plane()),
     lambda space: space.add_circle(place(), abs(number()) + 0.1, dxfattribs=plane()),
     arc, ellipse, light_polyline, wide_polyline, bent_wide_polyline, plane_polyline, mesh, polyface, spline,
-    hatch, image, insert, dimension, leader,
+    hatch, image, insert, dimension, leader, multiline,
     lambda space: space.add_polyline3d([place() for _ in range(rng.randint(2, 7))]),
     corners(lambda space: space.add_solid), corners(lambda space: space.add_trace),
     lambda space: space.add_3dface([place() for _ in range(4)]),
