@@ -3,7 +3,8 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/HatchTransform.h"
-#include "host/drawing/edit/TransformRows.h"
+#include "host/drawing/edit/MultileaderTransform.h"
+#include "host/drawing/edit/RoleTransform.h"
 #include "host/drawing/entities/EntityMaking.h"
 
 #include <algorithm>
@@ -26,32 +27,34 @@ constexpr int ElevationCode = 38, ExtrusionCode = 210, FlagsCode = 70;
 class Transformer
 {
 public:
-    Transformer(const Similarity &similarity, const Vector &extrusion)
-        : m_similarity(similarity), m_object(similarity, extrusion)
-    {
-    }
+    Transformer(const Similarity &similarity, const Vector &extrusion) : m_roles(similarity, extrusion) {}
 
-    GroupList apply(GroupList groups, const TransformSchema &schema)
+    GroupList apply(GroupList groups, const TransformSchema &schema) const
     {
         const GroupList embedded = takeEmbedded(groups);
         const double elevation = realOf(groups, ElevationCode);
+        std::span<const RoleRow> rows = schema.rows;
         for (Group &group : groups) {
             if (group.code >= groupcode::ExtendedString)
-                transformExtended(group);
-            else if (const RoleRow *row = rowOf(schema, group.code))
-                transform(group, row->role, elevation);
+                m_roles.applyExtended(group);
+            else if (schema.laterMarker && group == textGroup(groupcode::Subclass, schema.laterMarker))
+                rows = schema.laterRows;
+            else
+                m_roles.apply(group, rows, elevation);
         }
-        setElevation(groups, schema, m_object.place({0, 0, elevation}).z);
-        if (std::ranges::count(schema.rows, ExtrusionCode, &RoleRow::code) != 0 && !hasGroup(groups, ExtrusionCode) &&
-            m_object.extrusion() != Vector{0, 0, 1})
-            setGroupInFirstPart(groups, pointGroup(ExtrusionCode, m_object.extrusion()));
+        setElevation(groups, schema, object().place({0, 0, elevation}).z);
+        if (hasRow(schema, ExtrusionCode) && !hasGroup(groups, ExtrusionCode) &&
+            object().extrusion() != Vector{0, 0, 1})
+            setGroupInFirstPart(groups, pointGroup(ExtrusionCode, object().extrusion()));
         if (schema.finish)
-            schema.finish(groups, m_object, m_similarity.mirrorsTexts);
+            schema.finish(groups, object(), m_roles.similarity().mirrorsTexts);
         putEmbedded(groups, embedded);
         return groups;
     }
 
 private:
+    const ObjectSimilarity &object() const { return m_roles.object(); }
+
     // What stands in an embedded object has codes of its own, which mean other things.
     static GroupList takeEmbedded(GroupList &groups)
     {
@@ -64,9 +67,22 @@ private:
 
     void putEmbedded(GroupList &groups, GroupList embedded) const
     {
-        if (textOf(groups, groupcode::Type) == u"MTEXT")
+        const std::u16string type = textOf(groups, groupcode::Type);
+        if (type == u"MTEXT")
             transformColumns(embedded, directionOfParagraph(groups));
+        else if (!embedded.empty() && (type == u"ATTRIB" || type == u"ATTDEF"))
+            embedded = transformedParagraphs(std::move(embedded));
         groups.insert(std::ranges::find_if(groups, isExtended), embedded.begin(), embedded.end());
+    }
+
+    // The lines of an attribute that has several: behind the marker of the object they are as those of a MTEXT.
+    GroupList transformedParagraphs(GroupList embedded) const
+    {
+        const Group marker = embedded.front();
+        embedded.erase(embedded.begin());
+        embedded = Transformer(m_roles.similarity(), extrusionOf(embedded)).apply(embedded, *transformSchema(u"MTEXT"));
+        embedded.insert(embedded.begin(), marker);
+        return embedded;
     }
 
     // The columns of a paragraph: its direction, its place, widths and heights.
@@ -76,18 +92,18 @@ private:
         for (Group &group : embedded) {
             auto *point = std::get_if<Point>(&group.value);
             if (point && group.code == DirectionCode)
-                set(*point, direction);
+                setPlace(*point, direction);
             else if (point && group.code == PlaceCode)
-                set(*point, m_similarity.matrix.place(geometry::vectorOf(*point)));
+                m_roles.apply(group, GroupRole::Place);
             else if (group.code >= FirstLengthCode && group.code <= LastLengthCode)
-                transform(group, GroupRole::Length, 0);
+                m_roles.apply(group, GroupRole::Length);
         }
     }
 
     Vector directionOfParagraph(const GroupList &groups) const
     {
         constexpr int DirectionCode = 11, RotationCode = 50;
-        const Matrix turned = Matrix::ofExtrusion(m_object.extrusion()) *
+        const Matrix turned = Matrix::ofExtrusion(object().extrusion()) *
                               Matrix::rotation(geometry::radians(realOf(groups, RotationCode)));
         return placeOf(groups, DirectionCode, turned.x);
     }
@@ -99,90 +115,17 @@ private:
     {
         if (hasGroup(groups, ElevationCode))
             setGroup(groups, realGroup(ElevationCode, elevation));
-        else if (rowOf(schema, ElevationCode) && elevation != 0)
+        else if (hasRow(schema, ElevationCode) && elevation != 0)
             groups.insert(std::ranges::find(groups, groupcode::FirstX, &Group::code),
                           realGroup(ElevationCode, elevation));
     }
 
-    static const RoleRow *rowOf(const TransformSchema &schema, int code)
+    static bool hasRow(const TransformSchema &schema, int code)
     {
-        const auto row = std::ranges::find(schema.rows, code, &RoleRow::code);
-        return row != schema.rows.end() ? &*row : nullptr;
+        return std::ranges::find(schema.rows, code, &RoleRow::code) != schema.rows.end();
     }
 
-    void transform(Group &group, GroupRole role, double elevation) const
-    {
-        if (auto *number = std::get_if<double>(&group.value))
-            *number = transformedNumber(*number, role);
-        if (auto *point = std::get_if<Point>(&group.value))
-            set(*point, transformedPoint(*point, role, elevation));
-    }
-
-    double transformedNumber(double number, GroupRole role) const
-    {
-        switch (role) {
-        case GroupRole::Length:
-            return number * m_object.scale();
-        case GroupRole::ObjectAngle:
-            return m_object.angle(number);
-        case GroupRole::Bulge:
-            return m_object.mirrors() ? -number : number;
-        default:
-            return number;
-        }
-    }
-
-    Vector transformedPoint(const Point &point, GroupRole role, double elevation) const
-    {
-        const Vector old = geometry::vectorOf(point);
-        switch (role) {
-        case GroupRole::Place:
-            return m_similarity.matrix.place(old);
-        case GroupRole::Offset:
-            return m_similarity.matrix.direction(old);
-        case GroupRole::Direction:
-            return geometry::normalized(m_similarity.matrix.direction(old));
-        case GroupRole::Extrusion:
-            return m_object.extrusion();
-        case GroupRole::ObjectPlace:
-            return m_object.place(point.dimensions == 2 ? Vector{old.x, old.y, elevation} : old);
-        default:
-            return old;
-        }
-    }
-
-    // Places and lengths in extended data go along by their codes.
-    void transformExtended(Group &group) const
-    {
-        enum Code : int {
-            PlaceCode = 1011,
-            OffsetCode = 1012,
-            DirectionCode = 1013,
-            DistanceCode = 1041,
-            ScaleCode = 1042
-        };
-        if (auto *number = std::get_if<double>(&group.value);
-            number && (group.code == DistanceCode || group.code == ScaleCode))
-            *number *= m_similarity.scale();
-        auto *point = std::get_if<Point>(&group.value);
-        if (point && group.code == PlaceCode)
-            set(*point, transformedPoint(*point, GroupRole::Place, 0));
-        else if (point && group.code == OffsetCode)
-            set(*point, transformedPoint(*point, GroupRole::Offset, 0));
-        else if (point && group.code == DirectionCode)
-            set(*point, transformedPoint(*point, GroupRole::Direction, 0));
-    }
-
-    static void set(Point &point, const Vector &place)
-    {
-        point.x = place.x;
-        point.y = place.y;
-        if (point.dimensions > 2)
-            point.z = place.z;
-    }
-
-    const Similarity &m_similarity;
-    ObjectSimilarity m_object;
+    RoleTransform m_roles;
 };
 
 constexpr RoleRow lightRows[] = {{10, GroupRole::ObjectPlace}, {38, GroupRole::Elevation}, {39, GroupRole::Length},
@@ -318,6 +261,8 @@ std::optional<GroupList> transformed(const GroupList &groups, const Similarity &
     const std::u16string type = textOf(groups, groupcode::Type);
     if (type == u"HATCH")
         return transformedHatch(groups, similarity);
+    if (type == u"MULTILEADER" || type == u"MLEADER")
+        return transformedMultileader(groups, similarity);
     const TransformSchema *schema = type == lightSchema.type ? &lightSchema : transformSchema(type);
     if (!schema)
         return std::nullopt;

@@ -41,7 +41,9 @@ constexpr RoleRow leaderRows[] = {{10, Place}, {211, Direction}, {212, Offset}, 
 constexpr RoleRow imageRows[] = {{10, Place}, {11, Offset}, {12, Offset}};
 constexpr RoleRow viewportRows[] = {{10, Place}, {40, Length}, {41, Length}};
 constexpr RoleRow multilineRows[] = {{10, Place},  {11, Place},  {12, Direction}, {13, Direction},
-                                     {40, Length}, {41, Length}, extrusion};
+                                     {40, Length}, {41, Length}, {42, Length},    extrusion};
+constexpr RoleRow meshRows[] = {{10, Place}};
+constexpr RoleRow helixRows[] = {{10, Place}, {11, Place}, {12, Direction}, {40, Length}, {42, Length}};
 constexpr RoleRow toleranceRows[] = {{10, Place}, {11, Direction}, extrusion};
 
 void swapValues(GroupList &groups, int first, int second)
@@ -122,13 +124,6 @@ void turnAround(GroupList &groups)
     setGroupInFirstPart(groups, realGroup(Rotation, angle >= Turn ? angle - Turn : angle));
 }
 
-// Whether what is written at this angle, in degrees, is read without turning one's head round.
-bool isUpright(double angle)
-{
-    constexpr double Quarter = 90, ThreeQuarters = 270;
-    return angle <= Quarter || angle > ThreeQuarters;
-}
-
 // Texts between two places run from the first to the second; they know no other ways to be justified.
 void keepReadableBetweenPlaces(GroupList &groups)
 {
@@ -182,15 +177,10 @@ void finishAttribute(GroupList &groups, const ObjectSimilarity &similarity, bool
 
 constexpr int ParagraphDirection = 11;
 
-double angleOfParagraph(const GroupList &groups, const ObjectSimilarity &similarity)
+bool isUprightParagraph(const GroupList &groups, const ObjectSimilarity &similarity)
 {
-    constexpr double Turn = 360, Tiny = 1e-12;
-    if (!hasGroup(groups, ParagraphDirection))
-        return realOf(groups, Rotation);
-    const auto toObject = geometry::inverse(geometry::Matrix::ofExtrusion(similarity.extrusion()));
-    const geometry::Vector direction = toObject.direction(placeOf(groups, ParagraphDirection));
-    const double angle = std::atan2(direction.y, direction.x) * (Turn / geometry::FullTurn);
-    return angle < -Tiny ? angle + Turn : angle;
+    return hasGroup(groups, ParagraphDirection) ? isUpright(placeOf(groups, ParagraphDirection), similarity.extrusion())
+                                                : isUpright(realOf(groups, Rotation));
 }
 
 // Paragraphs are never mirrored: their left and right, or their top and bottom, change places, as those of texts do.
@@ -201,7 +191,7 @@ void finishParagraphs(GroupList &groups, const ObjectSimilarity &similarity, boo
         return;
     const std::int64_t attachment = integerOf(groups, AttachmentCode, 1) - 1;
     std::int64_t row = attachment / Columns, column = attachment % Columns;
-    if (isUpright(angleOfParagraph(groups, similarity))) {
+    if (isUprightParagraph(groups, similarity)) {
         row = Rows - 1 - row;
     } else {
         column = Columns - 1 - column;
@@ -211,6 +201,27 @@ void finishParagraphs(GroupList &groups, const ObjectSimilarity &similarity, boo
             turnAround(groups);
     }
     setGroup(groups, integerGroup(AttachmentCode, row * Columns + column + 1));
+}
+
+// The elements stand to the left of the way when one looks against the extrusion direction. In a mirror they stand to
+// the right, or to the left as seen from the other side: so the scale and the distances along the miters keep their
+// signs.
+void finishMultiline(GroupList &groups, const ObjectSimilarity &similarity, bool)
+{
+    constexpr int ExtrusionCode = 210;
+    if (!similarity.mirrors())
+        return;
+    const auto start = std::ranges::find(groups, groupcode::FirstX, &Group::code);
+    if (!hasGroup(groups, ExtrusionCode) && start != groups.end()) // ahead of the vertices
+        groups.insert(start + 1, pointGroup(ExtrusionCode, {}));
+    setGroup(groups, pointGroup(ExtrusionCode, -similarity.extrusion()));
+}
+
+void finishHelix(GroupList &groups, const ObjectSimilarity &similarity, bool)
+{
+    constexpr int RightHandedCode = 290;
+    if (similarity.mirrors())
+        setGroup(groups, integerGroup(RightHandedCode, integerOf(groups, RightHandedCode, 1) == 0 ? 1 : 0));
 }
 
 // The measurement is shown where the dimension has no text of its own. Angles stay what they are.
@@ -232,11 +243,13 @@ constexpr TransformSchema schemas[] = {
     {u"CIRCLE", circleRows},
     {u"DIMENSION", dimensionRows, finishDimension},
     {u"ELLIPSE", ellipseRows, finishEllipse},
+    {u"HELIX", splineRows, finishHelix, u"AcDbHelix", helixRows},
     {u"IMAGE", imageRows},
     {u"INSERT", insertRows, finishInsert},
     {u"LEADER", leaderRows},
     {u"LINE", lineRows},
-    {u"MLINE", multilineRows},
+    {u"MESH", meshRows},
+    {u"MLINE", multilineRows, finishMultiline},
     {u"MTEXT", mtextRows, finishParagraphs},
     {u"POINT", pointRows},
     {u"POLYLINE", polylineRows, finishPolyline},
@@ -258,6 +271,21 @@ static_assert(std::ranges::is_sorted(schemas, {},
                                      [](const TransformSchema &one) { return std::u16string_view(one.type); }));
 
 } // namespace
+
+bool isUpright(double angle)
+{
+    constexpr double Quarter = 90, ThreeQuarters = 270;
+    return angle <= Quarter || angle > ThreeQuarters;
+}
+
+bool isUpright(const geometry::Vector &direction, const geometry::Vector &extrusion)
+{
+    constexpr double Turn = 360, Tiny = 1e-12;
+    const auto toObject = geometry::inverse(geometry::Matrix::ofExtrusion(extrusion));
+    const geometry::Vector written = toObject.direction(direction);
+    const double angle = std::atan2(written.y, written.x) * (Turn / geometry::FullTurn);
+    return isUpright(angle < -Tiny ? angle + Turn : angle);
+}
 
 constexpr TransformSchema spaceVertexSchema{u"VERTEX", spaceVertexRows};
 

@@ -17,9 +17,9 @@ enum class GroupRole {
     Extrusion,
     ObjectPlace, // in the entity's own coordinates
     ObjectAngle, // degrees, there
-    Length,
-    Elevation, // of all places in the object's own coordinates; 0 where it is missing
-    Bulge,     // changes its sign in a mirror
+    Length,      // or those along three axes
+    Elevation,   // of all places in the object's own coordinates; 0 where it is missing
+    Bulge,       // changes its sign in a mirror
 };
 
 struct RoleRow
@@ -34,10 +34,19 @@ struct TransformSchema
     std::span<const RoleRow> rows;
     // What a mirror, or the type, wants beyond the rows; null: nothing. Gets the new groups.
     void (*finish)(GroupList &groups, const ObjectSimilarity &similarity, bool mirrorsTexts) = nullptr;
+    // Behind the subclass marker of this text other rows hold; null: there is none.
+    const char16_t *laterMarker = nullptr;
+    std::span<const RoleRow> laterRows = {};
 };
 
-// Null for a type whose geometry is not known. Hatches are not here (see HatchTransform.h).
+// Null for a type whose geometry is not known. Hatches and multileaders are not here (see HatchTransform.h and
+// MultileaderTransform.h).
 const TransformSchema *transformSchema(std::u16string_view type);
+
+// Whether what is written at this angle, in degrees, or in this direction of the world, is read without turning one's
+// head round.
+bool isUpright(double angle);
+bool isUpright(const geometry::Vector &direction, const geometry::Vector &extrusion);
 
 // Flags of polylines whose vertices are in world coordinates: those in space, and meshes.
 inline constexpr std::int64_t InSpaceFlags = 8 | 16 | 64;
