@@ -2,6 +2,7 @@
 
 #include "host/drawing/entities/Braces.h"
 #include "host/drawing/entities/EntitySchema.h"
+#include "host/drawing/entities/ListedCodes.h"
 
 #include <algorithm>
 #include <iterator>

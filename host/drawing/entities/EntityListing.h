@@ -65,9 +65,6 @@ private:
     GroupReader m_reader;
 };
 
-// A group that a program's list never changes, wherever it stands.
-bool isFixed(int code);
-
 // The same with all values decoded.
 struct ListedGroup
 {
@@ -78,18 +75,5 @@ struct ListedGroup
 };
 std::vector<ListedGroup> decoded(const EntityListing &items);
 std::vector<ListedGroup> listing(const Drawing &drawing, RecordId record);
-
-// Other groups than angles stay as they are.
-Group inRadians(Group group);
-Group inDegrees(Group group);
-
-// Whether an entity stands in the entities section and not in paper space.
-bool isInModelSpace(const Database &database, RecordId entity);
-
-// The name of the layout that an entity stands in; empty for those of other blocks.
-std::u16string layoutOf(const Drawing &drawing, RecordId entity);
-
-// The table record (before R2000: none), table or dictionary that the record belongs to.
-Handle ownerOf(const Drawing &drawing, RecordId record);
 
 } // namespace drawing

@@ -1,8 +1,9 @@
 #include "host/drawing/entities/ListingPlan.h"
 
 #include "host/drawing/entities/Braces.h"
-#include "host/drawing/entities/EntityListing.h"
+#include "host/drawing/entities/EntityPlace.h"
 #include "host/drawing/entities/EntitySchema.h"
+#include "host/drawing/entities/ListedCodes.h"
 
 #include <algorithm>
 #include <array>

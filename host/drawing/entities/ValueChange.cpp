@@ -1,6 +1,7 @@
 #include "host/drawing/entities/ValueChange.h"
 
 #include "host/drawing/ItemValues.h"
+#include "host/drawing/entities/ListedCodes.h"
 
 namespace drawing {
 

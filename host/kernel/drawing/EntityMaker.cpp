@@ -3,8 +3,8 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
 #include "host/drawing/entities/EntityChange.h"
-#include "host/drawing/entities/EntityListing.h"
 #include "host/drawing/entities/EntityValues.h"
+#include "host/drawing/entities/ListedCodes.h"
 #include "host/drawing/entities/RecordTypes.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #include "host/kernel/drawing/ListedChanges.h"
 
 #include "host/drawing/ItemValues.h"
+#include "host/drawing/entities/ListedCodes.h"
 #include "host/interpreter/Objects.h"
 #include "host/kernel/PointValues.h"
 #include "host/kernel/drawing/EntityData.h"

@@ -1,7 +1,8 @@
 #include "host/kernel/selection/SelectionFilter.h"
 
-#include "host/drawing/entities/EntityListing.h"
+#include "host/drawing/entities/EntityPlace.h"
 #include "host/drawing/entities/ExtendedData.h"
+#include "host/drawing/entities/ListedCodes.h"
 #include "host/interpreter/Builtins.h"
 #include "host/interpreter/text/WildcardPattern.h"
 #include "host/kernel/drawing/EntityData.h"

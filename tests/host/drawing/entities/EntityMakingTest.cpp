@@ -1,6 +1,7 @@
 #include "host/drawing/entities/EntityMaking.h"
 
 #include "host/drawing/Blocks.h"
+#include "host/drawing/entities/EntityPlace.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "tests/host/drawing/Audit.h"
 #include "tests/host/drawing/entities/EntityTest.h"
