@@ -73,6 +73,7 @@ void Document::open(const QString &path)
     m_commandLine.forgetDrawing();
     m_viewport = drawing::NoRecord;
     workOnPaper();
+    m_variables.forgetDrawing();
     readVariables();
 }
 

@@ -83,8 +83,9 @@ void loadVariables(SystemVariables &variables, const drawing::Drawing &drawing)
         if (!row || row->scope != VariableScope::Drawing)
             continue;
         const drawing::GroupList groups = database.groups(id);
-        const std::optional<VariableValue> value = groups.size() > 1 ? valueOf(groups[1], row->type) : std::nullopt;
-        if (value)
+        if (groups.size() < 2 || changed(groups[1], variables.get(*row)) == groups[1].value)
+            continue; // the variable may know more, as a colour that has no number
+        if (const std::optional<VariableValue> value = valueOf(groups[1], row->type))
             variables.load(*row, *value);
     }
 }

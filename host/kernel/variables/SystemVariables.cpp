@@ -75,6 +75,12 @@ bool SystemVariables::set(const VariableRow &variable, const VariableValue &valu
     return true;
 }
 
+bool SystemVariables::hasBeenFound(const VariableRow &variable, const VariableValue &value) const
+{
+    const auto opened = m_opened.find(&variable);
+    return value == get(variable) || (opened != m_opened.end() && value == opened->second);
+}
+
 // The value as the variable has it; none: it is not allowed.
 std::optional<VariableValue> SystemVariables::fitting(const VariableRow &variable, const VariableValue &value) const
 {
@@ -83,7 +89,7 @@ std::optional<VariableValue> SystemVariables::fitting(const VariableRow &variabl
         wanted = static_cast<double>(std::get<int>(value));
     if (!hasKind(wanted, variable.type))
         return std::nullopt;
-    if (wanted == get(variable))
+    if (hasBeenFound(variable, wanted))
         return wanted;
     if (variable.rule.names != NameOf::Nothing && m_spelling)
         return m_spelling(variable.rule.names, std::get<std::u16string>(wanted));
@@ -102,13 +108,25 @@ bool SystemVariables::store(const VariableRow &variable, const VariableValue &va
 
 void SystemVariables::load(const VariableRow &variable, const VariableValue &value)
 {
-    if (hasKind(value, variable.type))
-        store(variable, value);
+    if (!hasKind(value, variable.type))
+        return;
+    store(variable, value);
+    m_opened.try_emplace(&variable, value); // later it is an undone step that brings them
+}
+
+void SystemVariables::forgetDrawing()
+{
+    m_opened.clear();
+    for (const VariableRow &row : variableTable()) {
+        const auto source = m_sources.find(&row);
+        if (row.scope == VariableScope::Drawing && (source == m_sources.end() || source->second.isPlace))
+            store(row, initialValue(row));
+    }
 }
 
 void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read, Write write)
 {
-    m_sources[&rowOf(name)] = {std::move(read), std::move(write)};
+    m_sources[&rowOf(name)] = {.read = std::move(read), .write = std::move(write)};
 }
 
 void SystemVariables::assign(std::u16string_view name, VariableValue value)
@@ -127,7 +145,8 @@ template <class Place> void SystemVariables::bindPlace(std::u16string_view name,
                        [&place](const VariableValue &value) {
                            place = static_cast<Place>(std::get<Kind>(value));
                            return true;
-                       }};
+                       },
+                       true};
 }
 
 void SystemVariables::bind(std::u16string_view name, int &place)

@@ -28,8 +28,8 @@ public:
     // The variable must exist (see findVariable).
     VariableValue get(const VariableRow &variable) const;
     // False when the variable is read-only, or the value is of another kind, or not allowed by its rule. An integer
-    // will do for a real. What the variable is already is always allowed: programs put back what they have found, and a
-    // drawing may have brought anything.
+    // will do for a real. What the variable is already, and what the drawing was opened with, is always allowed:
+    // programs put back what they have found, and a drawing may have brought anything.
     bool set(const VariableRow &variable, const VariableValue &value);
     // What the host itself knows better: the variable is what `read` gives. Without `write` it cannot be set, nor when
     // that gives false.
@@ -39,6 +39,8 @@ public:
     void assign(std::u16string_view name, VariableValue value);
     // What a drawing has: range and access do not count, a value of another kind is passed over.
     void load(const VariableRow &variable, const VariableValue &value);
+    // Before another drawing is loaded: its variables are as in a new one until it says otherwise.
+    void forgetDrawing();
     // What spells a name as the drawing does; none: there is no such thing, or it cannot be used. Without it any name
     // will do.
     using Spelling = std::function<std::optional<std::u16string>(NameOf, std::u16string_view)>;
@@ -59,13 +61,16 @@ private:
     {
         std::function<VariableValue()> read;
         Write write; // none: read-only
+        bool isPlace = false;
     };
+    bool hasBeenFound(const VariableRow &variable, const VariableValue &value) const;
     std::optional<VariableValue> fitting(const VariableRow &variable, const VariableValue &value) const;
     bool store(const VariableRow &variable, const VariableValue &value); // false: it cannot be written
     template <class Place> void bindPlace(std::u16string_view name, Place &place);
 
     std::map<const VariableRow *, Source> m_sources;       // of those that live elsewhere
     std::map<const VariableRow *, VariableValue> m_values; // of those that live here
+    std::map<const VariableRow *, VariableValue> m_opened; // what the drawing was opened with
     Spelling m_spelling;
     std::function<void(const VariableRow &, const VariableValue &)> m_keep;
 };

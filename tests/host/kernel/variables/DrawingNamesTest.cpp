@@ -43,6 +43,14 @@ TEST_F(DrawingNames, ALayerHasToBeThereAndIsSpelledAsItIs)
     EXPECT_EQ(inHeader("$CLAYER"), u"Walls");
 }
 
+TEST_F(DrawingNames, AColorThatTheHeaderCannotHoldOutlivesAStepUndone)
+{
+    EXPECT_EQ(set("CECOLOR", "RGB:10,20,30"), "\"RGB:10,20,30\"");
+    evaluate("(command \"_.LINE\" '(0 0) '(1 1) \"\" \"_.UNDO\" 1)");
+    EXPECT_EQ(evaluate("(ssget \"_X\")"), "nil");
+    EXPECT_EQ(evaluate("(getvar \"CECOLOR\")"), "\"RGB:10,20,30\"");
+}
+
 TEST_F(DrawingNames, AFrozenLayerIsNotCurrentNorOneOfAReference)
 {
     makeRecord("LAYER", "Cold", 1);
@@ -169,7 +177,10 @@ TEST_F(DrawingNames, WhatADrawingHasBroughtIsKeptAndCanBePutBack)
     EXPECT_EQ(set("CLAYER", "gone"), "\"gone\"");
     EXPECT_EQ(evaluate("(setvar \"TEXTSIZE\" 0.0)"), "0.0");
     EXPECT_EQ(set("CLAYER", "0"), "\"0\"");
-    EXPECT_EQ(set("CLAYER", "gone"), refusal("CLAYER", "gone"));
+    EXPECT_EQ(evaluate("(setvar \"TEXTSIZE\" 2.5)"), "2.5");
+    EXPECT_EQ(set("CLAYER", "away"), refusal("CLAYER", "away"));
+    EXPECT_EQ(set("CLAYER", "gone"), "\"gone\"");
+    EXPECT_EQ(evaluate("(setvar \"TEXTSIZE\" 0)"), "0");
 }
 
 TEST_F(DrawingNames, ADrawingWithoutTablesHasWhatEveryOneHas)

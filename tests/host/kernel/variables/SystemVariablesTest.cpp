@@ -68,14 +68,36 @@ TEST_F(SystemVariablesTest, RealsHaveARange)
     EXPECT_EQ(std::get<double>(get(u"LTSCALE")), 2.5);
 }
 
-TEST_F(SystemVariablesTest, WhatTheVariableIsAlreadyCanBeSet)
+TEST_F(SystemVariablesTest, WhatTheDrawingWasOpenedWithCanBePutBack)
 {
     m_variables.load(*findVariable(u"TEXTSIZE"), -1.0);
     m_variables.load(*findVariable(u"ATTMODE"), 77);
-    EXPECT_TRUE(set(u"TEXTSIZE", -1.0));
-    EXPECT_TRUE(set(u"ATTMODE", 77));
+    EXPECT_TRUE(set(u"TEXTSIZE", -1.0)); // what it is
     EXPECT_TRUE(set(u"ATTMODE", 1));
-    EXPECT_FALSE(set(u"ATTMODE", 77));
+    m_variables.load(*findVariable(u"ATTMODE"), 2); // a step undone
+    EXPECT_TRUE(set(u"ATTMODE", 77));
+    EXPECT_EQ(integer(u"ATTMODE"), 77);
+    EXPECT_FALSE(set(u"ATTMODE", 78));
+}
+
+TEST_F(SystemVariablesTest, NothingOfADrawingIsLeftForTheNext)
+{
+    int place = 0;
+    m_variables.bind(u"LUPREC", place);
+    m_variables.load(*findVariable(u"LUPREC"), 77);
+    m_variables.load(*findVariable(u"CLAYER"), u"Walls");
+    int computedWrites = 0;
+    m_variables.compute(
+        u"CTAB", [] { return u"Layout1"; }, [&](const VariableValue &) { return ++computedWrites > 0; });
+    EXPECT_TRUE(set(u"OSMODE", 5)); // of the session
+
+    m_variables.forgetDrawing();
+
+    EXPECT_EQ(place, 4);
+    EXPECT_FALSE(set(u"LUPREC", 77));
+    EXPECT_EQ(std::get<std::u16string>(get(u"CLAYER")), u"0");
+    EXPECT_EQ(computedWrites, 0); // the host's own affair
+    EXPECT_EQ(integer(u"OSMODE"), 5);
 }
 
 TEST_F(SystemVariablesTest, NamesAreSpelledByWhoKnowsThem)
