@@ -2,6 +2,7 @@
 
 #include "host/commands/Commands.h"
 #include "host/commands/DimensionPicture.h"
+#include "host/commands/DimensionText.h"
 #include "host/commands/NewEntity.h"
 #include "host/drawing/edit/CurveWay.h"
 
@@ -219,7 +220,8 @@ struct RadialDimension
     double measurement() const { return across == Across::Radius ? radius : 2 * radius; }
     std::u16string shown(Context &context) const
     {
-        return dimensionText(context, measurement(), label.text, across == Across::Radius ? u"R" : u"%%c");
+        return dimensionText(context, measurement(), label.text,
+                             across == Across::Radius ? RadiusPrefix : DiameterPrefix);
     }
 };
 

@@ -5,8 +5,6 @@
 #include "host/drawing/entities/EntityMaking.h"
 #include "host/drawing/geometry/TextLayouts.h"
 
-#include <QString>
-
 #include <cmath>
 
 namespace commands {
@@ -192,31 +190,6 @@ void DimensionPicture::centreMark(const Vector &centre)
         return;
     line(centre - Vector{half, 0, 0}, centre + Vector{half, 0, 0}, u"DIMCLRD");
     line(centre - Vector{0, half, 0}, centre + Vector{0, half, 0}, u"DIMCLRD");
-}
-
-std::u16string dimensionText(Context &context, double length, const std::u16string &typed, std::u16string_view prefix)
-{
-    constexpr int NoTrailingZeros = 8, NoLeadingZero = 4;
-    const Session &session = context.session();
-    double value = length * std::abs(session.real(u"DIMLFAC"));
-    if (const double rounding = session.real(u"DIMRND"); rounding > 0)
-        value = std::round(value / rounding) * rounding;
-    QString number = QString::number(value, 'f', session.integer(u"DIMDEC"));
-    const int zeros = session.integer(u"DIMZIN");
-    if ((zeros & NoTrailingZeros) != 0 && number.contains(u'.')) {
-        while (number.endsWith(u'0'))
-            number.chop(1);
-        if (number.endsWith(u'.'))
-            number.chop(1);
-    }
-    if ((zeros & NoLeadingZero) != 0 && number.startsWith(QStringLiteral("0.")))
-        number.remove(0, 1);
-    number.prepend(QStringView(prefix).toString());
-    const QString post = QString::fromStdU16String(session.text(u"DIMPOST"));
-    const QString standard =
-        post.contains(QStringLiteral("<>")) ? QString(post).replace(QStringLiteral("<>"), number) : number + post;
-    const QString text = QString::fromStdU16String(typed);
-    return (text.isEmpty() ? standard : QString(text).replace(QStringLiteral("<>"), standard)).toStdU16String();
 }
 
 } // namespace commands

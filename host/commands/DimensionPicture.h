@@ -43,9 +43,4 @@ private:
     RecordId m_block;
 };
 
-// A length as dimensions show it: DIMLFAC, DIMRND, DIMDEC, DIMZIN, DIMPOST. "<>" in a text is the length; the empty
-// text is the length alone.
-std::u16string dimensionText(Context &context, double length, const std::u16string &typed,
-                             std::u16string_view prefix = {});
-
 } // namespace commands

@@ -2,6 +2,7 @@
 
 #include "host/commands/Colors.h"
 #include "host/commands/Commands.h"
+#include "host/commands/DimensionText.h"
 #include "host/commands/InsertedDrawing.h"
 #include "host/commands/NewEntity.h"
 #include "host/commands/SelectObjects.h"
@@ -200,12 +201,24 @@ Task<std::vector<std::u16string>> askValues(Context &context, const std::vector<
     co_return values;
 }
 
+// The parts of an object; those of an insert may have another size, which their dimensions show.
+std::vector<RecordId> exploded(Context &context, RecordId entity)
+{
+    const GroupList groups = context.database().groups(entity);
+    const bool isInsert = context.database().record(entity).type == drawing::known::Insert;
+    const double scale = isInsert ? drawing::Similarity{drawing::insertMatrix(context.drawing(), groups)}.scale() : 1;
+    const std::vector<RecordId> parts = drawing::explodeEntity(context.drawing(), entity);
+    for (const RecordId part : parts)
+        showNewMeasurement(context, part, scale);
+    return parts;
+}
+
 // The objects of a block, put into the space that holds the insert; the insert itself where that cannot be. A block
 // that was made for them is not kept.
 void addExploded(Context &context, const GroupList &insert, bool isForThis)
 {
     const RecordId block = findRecord(context, Block, textOf(insert, drawing::groupcode::Name));
-    if (drawing::explodeEntity(context.drawing(), addEntity(context, insert)).empty())
+    if (exploded(context, addEntity(context, insert)).empty())
         throw CommandError{u"The block could not be exploded."};
     if (isForThis)
         drawing::eraseBlock(context.database(), context.tables(), block);
@@ -293,7 +306,7 @@ Command explode(Context &context)
     const Selection entities = co_await selectOnce(context);
     std::size_t left = 0;
     for (const RecordId entity : entities)
-        left += drawing::explodeEntity(context.drawing(), entity).empty() ? 1 : 0;
+        left += exploded(context, entity).empty() ? 1 : 0;
     if (left > 0)
         context.say(shown(std::int64_t(left)) + u" could not be exploded.");
 }

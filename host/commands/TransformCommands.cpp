@@ -1,6 +1,7 @@
 // Moving, copying, rotating, scaling and mirroring objects.
 
 #include "host/commands/Commands.h"
+#include "host/commands/DimensionText.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/edit/Transform.h"
@@ -20,9 +21,12 @@ enum class Originals { Changed, Kept };
 
 bool transform(Context &context, RecordId entity, const Similarity &similarity, Originals originals)
 {
-    return originals == Originals::Kept
-               ? drawing::copyTransformed(context.drawing(), entity, similarity) != drawing::NoRecord
-               : drawing::transformEntity(context.drawing(), entity, similarity);
+    const bool isCopied = originals == Originals::Kept;
+    const RecordId changed = isCopied ? drawing::copyTransformed(context.drawing(), entity, similarity) : entity;
+    if (changed == drawing::NoRecord || (!isCopied && !drawing::transformEntity(context.drawing(), entity, similarity)))
+        return false;
+    showNewMeasurement(context, changed, similarity.scale());
+    return true;
 }
 
 void transformAll(Context &context, const Selection &entities, const Matrix &matrix,

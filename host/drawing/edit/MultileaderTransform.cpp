@@ -186,7 +186,7 @@ private:
         const Vector direction = geometry::vectorOf(*m_textDirection);
         if (isUpright(direction, m_text.extrusion()))
             return hangOnBase(cross(m_text.extrusion(), direction));
-        setPlace(*m_textDirection, -direction);
+        setPlace(*m_textDirection, Vector{} - direction); // 0 stays 0, not -0
         if (m_textAngle)
             *m_textAngle = std::fmod(*m_textAngle + geometry::FullTurn / 2, geometry::FullTurn);
         for (const Side &side : m_sides)

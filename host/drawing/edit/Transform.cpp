@@ -143,16 +143,6 @@ std::optional<GroupList> transformedPart(const Database &database, RecordId part
     return transformed(groups, similarity, isVertex ? std::optional(extrusionOf(whole)) : std::nullopt);
 }
 
-// The block that shows a dimension; NoRecord when there is none. It is its own when the name says that it was made for
-// it.
-RecordId pictureOf(const Drawing &drawing, const GroupList &dimension)
-{
-    const std::u16string name = textOf(dimension, groupcode::Name);
-    if (textOf(dimension, groupcode::Type) != u"DIMENSION" || !name.starts_with(DimensionPrefix))
-        return NoRecord;
-    return drawing.tables().find(known::Block, name);
-}
-
 // `pictures` are those that have gone along already: a file may have a dimension in its own picture.
 bool transformWithPicture(Drawing &drawing, RecordId entity, const Similarity &similarity, std::set<RecordId> &pictures)
 {
@@ -253,6 +243,14 @@ GroupList groupsForCopy(GroupList groups)
         begin = groups.erase(begin, end != groups.end() ? end + 1 : end);
     }
     return groups;
+}
+
+RecordId pictureOf(const Drawing &drawing, const GroupList &dimension)
+{
+    const std::u16string name = textOf(dimension, groupcode::Name);
+    if (textOf(dimension, groupcode::Type) != u"DIMENSION" || !name.starts_with(DimensionPrefix))
+        return NoRecord;
+    return drawing.tables().find(known::Block, name);
 }
 
 std::optional<GroupList> transformed(const GroupList &groups, const Similarity &similarity,

@@ -14,6 +14,10 @@ std::optional<GroupList> transformed(const GroupList &groups, const Similarity &
 // dimension its picture, which is a block of its own, goes along.
 bool transformEntity(Drawing &drawing, RecordId entity, const Similarity &similarity);
 
+// The block that shows a dimension; NoRecord when there is none. It is its own when the name says that it was made for
+// it.
+RecordId pictureOf(const Drawing &drawing, const GroupList &dimension);
+
 // Where a copy goes: to the end of a block, or of the ENTITIES section with its two spaces.
 struct Destination
 {

@@ -214,7 +214,7 @@ void finishMultiline(GroupList &groups, const ObjectSimilarity &similarity, bool
     const auto start = std::ranges::find(groups, groupcode::FirstX, &Group::code);
     if (!hasGroup(groups, ExtrusionCode) && start != groups.end()) // ahead of the vertices
         groups.insert(start + 1, pointGroup(ExtrusionCode, {}));
-    setGroup(groups, pointGroup(ExtrusionCode, -similarity.extrusion()));
+    setGroup(groups, pointGroup(ExtrusionCode, geometry::Vector{} - similarity.extrusion())); // 0 stays 0, not -0
 }
 
 void finishHelix(GroupList &groups, const ObjectSimilarity &similarity, bool)

@@ -111,6 +111,51 @@ TEST_F(DimensionCommands, RadiusAndDiameter)
     EXPECT_DOUBLE_EQ(realOf(lastGroups(), 42), 20);
 }
 
+TEST_F(DimensionCommands, ScaledOnesShowWhatTheyMeasureThen)
+{
+    const auto shown = [&](const std::string &draw) {
+        evaluate(draw + "(command \"_.scale\" (entlast) \"\" \"0,0\" 1.5)");
+        picture("TEXT");
+        return evaluate("(cdr (assoc 1 (car l)))");
+    };
+    evaluate("(command \"_.circle\" \"0,0\" 10) (setq a (entlast))");
+    EXPECT_EQ(shown("(command \"_.dimlinear\" \"0,0\" \"40,30\" \"20,50\")"), "\"60.00\"");
+    EXPECT_EQ(shown("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"_t\" \"2 x <> typ\" \"20,10\")"), "\"2 x 60.00 typ\"");
+    EXPECT_EQ(shown("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"_t\" \"40.00\" \"20,10\")"), "\"40.00\"");
+    EXPECT_EQ(shown("(command \"_.dimradius\" (list a '(10 0 0)) \"20,0\")"), "\"R15.00\"");
+    EXPECT_EQ(shown("(command \"_.dimdiameter\" (list a '(10 0 0)) \"_t\" \"<> hole\" \"20,0\")"), "\"%%c30.00 hole\"");
+}
+
+TEST_F(DimensionCommands, AScaledCopyShowsItsOwnMeasurement)
+{
+    evaluate("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"20,10\") (setq a (entlast))"
+             "(command \"_.scale\" a \"\" \"0,0\" \"_c\" 2)");
+    picture("TEXT");
+    EXPECT_EQ(evaluate("(cdr (assoc 1 (car l)))"), "\"80.00\"");
+    evaluate("(command \"_.erase\" (entlast) \"\")");
+    picture("TEXT");
+    EXPECT_EQ(evaluate("(cdr (assoc 1 (car l)))"), "\"40.00\"");
+}
+
+TEST_F(DimensionCommands, TheStyleSaysHowAMeasurementIsWrittenWhereTheVariablesDoNot)
+{
+    evaluate("(setvar \"DIMDEC\" 3) (command \"_.-dimstyle\" \"_save\" \"fine\")"
+             "(command \"_.dimlinear\" \"0,0\" \"40,0\" \"20,10\") (setvar \"DIMDEC\" 1)"
+             "(command \"_.scale\" (entlast) \"\" \"0,0\" 2)");
+    picture("TEXT");
+    EXPECT_EQ(evaluate("(cdr (assoc 1 (car l)))"), "\"80.000\"");
+}
+
+TEST_F(DimensionCommands, TheyShowTheSizeThatTheirExplodedBlockHad)
+{
+    evaluate("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"20,10\")"
+             "(command \"_.-block\" \"part\" \"0,0\" (entlast) \"\")"
+             "(command \"_.-insert\" \"part\" \"0,0\" 3 3 0) (command \"_.explode\" (entlast))");
+    EXPECT_EQ(textOf(lastGroups(), 0), u"DIMENSION");
+    picture("TEXT");
+    EXPECT_EQ(evaluate("(cdr (assoc 1 (car l)))"), "\"120.00\"");
+}
+
 TEST_F(DimensionCommands, MovedOnesTakeTheirPictureAlongAndCopiesHaveTheirOwn)
 {
     evaluate("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"20,10\") (setq a (entlast))"
