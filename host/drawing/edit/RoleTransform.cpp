@@ -36,6 +36,7 @@ double RoleTransform::number(double old, GroupRole role) const
     case GroupRole::Length:
         return old * m_object.scale();
     case GroupRole::ObjectAngle:
+    case GroupRole::Rotation:
         return m_object.angle(old);
     case GroupRole::Bulge:
         return m_object.mirrors() ? -old : old;

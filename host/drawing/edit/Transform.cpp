@@ -32,6 +32,7 @@ public:
     GroupList apply(GroupList groups, const TransformSchema &schema) const
     {
         const GroupList embedded = takeEmbedded(groups);
+        addRotation(groups, schema);
         const double elevation = realOf(groups, ElevationCode);
         std::span<const RoleRow> rows = schema.rows;
         for (Group &group : groups) {
@@ -109,6 +110,17 @@ private:
     }
 
     static bool isExtended(const Group &group) { return group.code >= groupcode::ExtendedString; }
+
+    // Paragraphs may have a direction instead.
+    void addRotation(GroupList &groups, const TransformSchema &schema) const
+    {
+        constexpr int ParagraphDirectionCode = 11;
+        const auto row = std::ranges::find(schema.rows, GroupRole::Rotation, &RoleRow::role);
+        const bool hasDirection =
+            schema.type == std::u16string_view(u"MTEXT") && hasGroup(groups, ParagraphDirectionCode);
+        if (row != schema.rows.end() && !hasGroup(groups, row->code) && !hasDirection && object().angle(0) != 0)
+            setGroupInFirstPart(groups, realGroup(row->code, 0));
+    }
 
     // Ahead of the places.
     static void setElevation(GroupList &groups, const TransformSchema &schema, double elevation)

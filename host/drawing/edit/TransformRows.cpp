@@ -29,11 +29,11 @@ constexpr RoleRow spaceVertexRows[] = {{10, Place}};
 constexpr RoleRow solidRows[] = {{10, ObjectPlace}, {11, ObjectPlace}, {12, ObjectPlace},
                                  {13, ObjectPlace}, thickness,         extrusion};
 constexpr RoleRow textRows[] = {{10, ObjectPlace}, {11, ObjectPlace}, {40, Length},
-                                {50, ObjectAngle}, thickness,         extrusion};
-constexpr RoleRow mtextRows[] = {{10, Place},  {11, Direction}, {40, Length},      {41, Length}, {42, Length},
-                                 {43, Length}, {46, Length},    {50, ObjectAngle}, extrusion};
-constexpr RoleRow insertRows[] = {{10, ObjectPlace}, {41, Length}, {42, Length},      {43, Length},
-                                  {44, Length},      {45, Length}, {50, ObjectAngle}, extrusion};
+                                {50, Rotation},    thickness,         extrusion};
+constexpr RoleRow mtextRows[] = {{10, Place},  {11, Direction}, {40, Length},   {41, Length}, {42, Length},
+                                 {43, Length}, {46, Length},    {50, Rotation}, extrusion};
+constexpr RoleRow insertRows[] = {{10, ObjectPlace}, {41, Length}, {42, Length},   {43, Length},
+                                  {44, Length},      {45, Length}, {50, Rotation}, extrusion};
 constexpr RoleRow dimensionRows[] = {{10, Place},       {11, ObjectPlace}, {12, ObjectPlace}, {13, Place},
                                      {14, Place},       {15, Place},       {16, ObjectPlace}, {40, Length},
                                      {50, ObjectAngle}, {51, ObjectAngle}, {53, ObjectAngle}, extrusion};
@@ -95,7 +95,7 @@ void finishInsert(GroupList &groups, const ObjectSimilarity &similarity, bool)
 
 enum TextCode : int {
     Alignment = 11,
-    Rotation = 50,
+    RotationAngle = 50,
     Generation = 71,
     Horizontal = 72,
     Vertical = 73,
@@ -120,14 +120,14 @@ std::int64_t upsideDown(std::int64_t vertical)
 void turnAround(GroupList &groups)
 {
     constexpr double HalfTurn = 180, Turn = 360;
-    const double angle = realOf(groups, Rotation) + HalfTurn;
-    setGroupInFirstPart(groups, realGroup(Rotation, angle >= Turn ? angle - Turn : angle));
+    const double angle = realOf(groups, RotationAngle) + HalfTurn;
+    setGroupInFirstPart(groups, realGroup(RotationAngle, angle >= Turn ? angle - Turn : angle));
 }
 
 // Texts between two places run from the first to the second; they know no other ways to be justified.
 void keepReadableBetweenPlaces(GroupList &groups)
 {
-    if (isUpright(realOf(groups, Rotation)))
+    if (isUpright(realOf(groups, RotationAngle)))
         return;
     const geometry::Vector left = placeOf(groups, groupcode::FirstX), right = placeOf(groups, Alignment, left);
     setGroup(groups, pointGroup(groupcode::FirstX, right));
@@ -145,7 +145,7 @@ void keepReadable(GroupList &groups, int verticalCode)
         return keepReadableBetweenPlaces(groups);
     if (!hasGroup(groups, Alignment) || (horizontal == 0 && vertical == 0))
         setGroupInFirstPart(groups, pointGroup(Alignment, placeOf(groups, groupcode::FirstX)));
-    if (isUpright(realOf(groups, Rotation))) {
+    if (isUpright(realOf(groups, RotationAngle))) {
         if (horizontal != Centred)
             setGroup(groups, integerGroup(verticalCode, upsideDown(vertical)));
     } else {
@@ -180,7 +180,7 @@ constexpr int ParagraphDirection = 11;
 bool isUprightParagraph(const GroupList &groups, const ObjectSimilarity &similarity)
 {
     return hasGroup(groups, ParagraphDirection) ? isUpright(placeOf(groups, ParagraphDirection), similarity.extrusion())
-                                                : isUpright(realOf(groups, Rotation));
+                                                : isUpright(realOf(groups, RotationAngle));
 }
 
 // Paragraphs are never mirrored: their left and right, or their top and bottom, change places, as those of texts do.
@@ -224,12 +224,16 @@ void finishHelix(GroupList &groups, const ObjectSimilarity &similarity, bool)
         setGroup(groups, integerGroup(RightHandedCode, integerOf(groups, RightHandedCode, 1) == 0 ? 1 : 0));
 }
 
-// The measurement is shown where the dimension has no text of its own. Angles stay what they are.
+// The measurement is shown where the dimension has no text of its own. Angles stay what they are. That of a line that
+// runs along the x axis may be missing.
 void finishDimension(GroupList &groups, const ObjectSimilarity &similarity, bool)
 {
-    constexpr int MeasurementCode = 42;
-    constexpr std::int64_t TypeBits = 7, Angular = 2, AngularByThreePoints = 5;
+    constexpr int MeasurementCode = 42, LineAngleCode = 50, LastPlaceCode = 14;
+    constexpr std::int64_t TypeBits = 7, Rotated = 0, Angular = 2, AngularByThreePoints = 5;
     const std::int64_t type = integerOf(groups, groupcode::Count) & TypeBits;
+    const auto place = std::ranges::find(groups, LastPlaceCode, &Group::code);
+    if (type == Rotated && !hasGroup(groups, LineAngleCode) && similarity.angle(0) != 0 && place != groups.end())
+        groups.insert(place + 1, realGroup(LineAngleCode, similarity.angle(0)));
     if (type != Angular && type != AngularByThreePoints && hasGroup(groups, MeasurementCode))
         setGroup(groups, realGroup(MeasurementCode, realOf(groups, MeasurementCode) * similarity.scale()));
 }

@@ -17,6 +17,7 @@ enum class GroupRole {
     Extrusion,
     ObjectPlace, // in the entity's own coordinates
     ObjectAngle, // degrees, there
+    Rotation,    // the same; 0 where it is missing
     Length,      // or those along three axes
     Elevation,   // of all places in the object's own coordinates; 0 where it is missing
     Bulge,       // changes its sign in a mirror

@@ -587,6 +587,22 @@ TEST_F(Transform, AHelixIsAroundItsAxisAndAMirrorTurnsItRound)
     EXPECT_EQ(integerOf(mirrored, 290), 0);
 }
 
+TEST_F(Transform, WhatHasNoRotationIsTurnedNevertheless)
+{
+    const Matrix quarter = Matrix::rotation(geometry::radians(90));
+    for (const char16_t *type : {u"TEXT", u"ATTRIB", u"INSERT", u"MTEXT"}) {
+        const GroupList groups = {{0, type}, {8, u"0"}, {10, Point{1, 0, 0}}};
+        EXPECT_DOUBLE_EQ(realOf(*transformed(groups, {quarter, false}), 50), 90);
+        EXPECT_FALSE(hasGroup(*transformed(groups, {Matrix::translation({1, 0, 0}), false}), 50));
+    }
+    const GroupList paragraph = {{0, u"MTEXT"}, {8, u"0"}, {10, Point{1, 0, 0}}, {11, Point{1, 0, 0}}};
+    EXPECT_FALSE(hasGroup(*transformed(paragraph, {quarter, false}), 50)); // it has a direction
+    const GroupList dimension = {{0, u"DIMENSION"}, {70, std::int64_t{32}}, {14, Point{1, 0, 0}}, {100, u"later"}};
+    EXPECT_DOUBLE_EQ(realOf(*transformed(dimension, {quarter, false}), 50), 90);
+    const GroupList radius = {{0, u"DIMENSION"}, {70, std::int64_t{36}}, {14, Point{1, 0, 0}}};
+    EXPECT_FALSE(hasGroup(*transformed(radius, {quarter, false}), 50));
+}
+
 TEST_F(Transform, TheLinesOfAnAttributeGoAlong)
 {
     for (const char16_t *type : {u"ATTRIB", u"ATTDEF"}) {
