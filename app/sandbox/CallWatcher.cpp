@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -60,6 +61,13 @@ bool isNoProgramsDoing(std::string_view path)
             std::find(std::begin(librariesFiles), std::end(librariesFiles), path) != std::end(librariesFiles));
 }
 
+struct Move
+{
+    const char *what;
+    std::string from, to;
+    bool isSaid; // that it was refused
+};
+
 // Says of each call of a LISP function what it was refused first. Functions try other ways then, of which a program
 // knows nothing.
 class Report
@@ -73,22 +81,33 @@ public:
         std::fprintf(stderr, path ? "lisphost: sandbox: refused %s %s\n" : "lisphost: sandbox: refused %s\n", what,
                      path);
     }
-    // A file that could not be moved is copied by the function of the interpreter's own, too.
-    void expectCopy(const char *from, const char *to) { m_copied = {from, to}; }
-    bool isCopy(std::string_view path)
+    // A file that could not be moved is copied by the function of the interpreter's own, too. What the copy is refused
+    // first is the move that is refused.
+    void expectCopy(Move move) { m_move = std::move(move); }
+    bool expectsCopy() const { return m_move.has_value(); }
+    bool isOfCopy(std::string_view path)
     {
-        if (path != m_copied.first && path != m_copied.second)
-            m_copied = {};
-        return !m_copied.first.empty();
+        const bool isPart = m_move && (path == m_move->from || path == m_move->to);
+        if (!isPart && !path.starts_with("/usr/share/locale")) // where the C library looks for the text of an error
+            m_move.reset();
+        return isPart;
+    }
+    void refuseCopy()
+    {
+        if (!m_move->isSaid)
+            say(m_move->what, m_move->from.c_str());
+        m_move.reset();
     }
 
 private:
     std::uint64_t m_lastCall = 0;
-    std::pair<std::string, std::string> m_copied;
+    std::optional<Move> m_move;
 };
 
+using Arguments = __u64[6];
+
 // A signal may have chosen this thread to be handled in; to the caller the call has not been interrupted.
-long callAgainAfterSignals(int number, const __u64 (&arguments)[6])
+long callAgainAfterSignals(int number, const Arguments &arguments)
 {
     long result = 0;
     do {
@@ -97,24 +116,63 @@ long callAgainAfterSignals(int number, const __u64 (&arguments)[6])
     return result;
 }
 
+// The caller's text; empty where the address is none, which a call that has failed need not have found out.
+std::string textAt(__u64 address)
+{
+    const auto *text = reinterpret_cast<const char *>(address);
+    const bool isReadable = ::access(text, F_OK) == 0 || (errno != EFAULT && errno != ENAMETOOLONG);
+    return isReadable ? text : "";
+}
+
+// Of the folder that the last name of a path stands in. Two mounts may have one device between them.
+std::uint64_t mountOf(const refused::FileCall &call, const Arguments &arguments, int path)
+{
+    std::string folder = textAt(arguments[path]);
+    folder.resize(folder.rfind('/') + 1); // nothing of a name alone
+    const bool isBelowDescriptor = call.path != 0;
+    struct statx status
+    {
+    };
+    ::statx(isBelowDescriptor ? static_cast<int>(arguments[path - 1]) : AT_FDCWD, folder.empty() ? "." : folder.c_str(),
+            0, STATX_MNT_ID, &status);
+    return status.stx_mnt_id;
+}
+
+// The kernel moves no file from one mount to another, and the file rules give the same error within one.
+bool isBetweenMounts(const refused::FileCall &call, const Arguments &arguments)
+{
+    return call.target != 0 && mountOf(call, arguments, call.path) != mountOf(call, arguments, call.target);
+}
+
+void tell(const refused::FileCall &call, const Arguments &arguments, int error, Report &report)
+{
+    const bool isRefused = error == EACCES || error == EPERM || error == EXDEV;
+    if (!isRefused && !report.expectsCopy())
+        return;
+    const std::string path = textAt(arguments[call.path]);
+    const bool isMove = call.target != 0;
+    const bool isOfCopy = !isMove && report.isOfCopy(path);
+    if (!isRefused || isNoProgramsDoing(path))
+        return;
+    if (isOfCopy)
+        return report.refuseCopy();
+    const bool isSaid = error != EXDEV || !isBetweenMounts(call, arguments);
+    if (isSaid)
+        report.say(call.what, path.c_str());
+    if (isMove)
+        report.expectCopy({call.what, path, textAt(arguments[call.target]), isSaid});
+}
+
 // The caller waits, in the same address space and with the same descriptors.
 void runInstead(const refused::FileCall &call, const seccomp_notif &notice, seccomp_notif_resp &answer, Report &report)
 {
-    const auto &arguments = notice.data.args;
-    const auto *path = reinterpret_cast<const char *>(arguments[call.path]);
-    const bool isCopy = report.isCopy(path ? path : "");
-    answer.val = callAgainAfterSignals(call.number, arguments);
-    if (answer.val >= 0)
-        return;
-    answer.val = 0;
-    answer.error = -errno;
-    if ((errno != EACCES && errno != EPERM && errno != EXDEV) || isNoProgramsDoing(path))
-        return;
-    if (isCopy)
-        return report.expectCopy("", "");
-    report.say(call.what, path);
-    if (call.target != 0)
-        report.expectCopy(path, reinterpret_cast<const char *>(arguments[call.target]));
+    answer.val = callAgainAfterSignals(call.number, notice.data.args);
+    const int error = answer.val < 0 ? errno : 0;
+    if (error != 0) {
+        answer.val = 0;
+        answer.error = -error;
+    }
+    tell(call, notice.data.args, error, report);
 }
 
 // By the kernel's own name of the file, in which no link is left.

@@ -1,9 +1,9 @@
 #include "app/sandbox/MemoryFolder.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
+#include <iterator>
 
 #include <linux/magic.h>
 #include <sys/vfs.h>
@@ -13,25 +13,33 @@ namespace {
 
 bool isInMemory(const QString &folder)
 {
-    const QByteArray path = QFile::encodeName(folder);
     struct statfs system
     {
     };
-    return ::statfs(path.constData(), &system) == 0 && system.f_type == TMPFS_MAGIC &&
-           ::access(path.constData(), W_OK | X_OK) == 0;
+    return ::statfs(QFile::encodeName(folder).constData(), &system) == 0 && system.f_type == TMPFS_MAGIC;
 }
 
 } // namespace
 
-QString firstMemoryFolder(const QStringList &folders)
+QStringList memoryFolders()
 {
-    const auto found = std::find_if(folders.begin(), folders.end(), isInMemory);
-    return found != folders.end() ? *found : QString();
+    return foldersInMemory({QStringLiteral("/dev/shm"), QStringLiteral("/run/user/%1").arg(::getuid())});
 }
 
-QString memoryFolder()
+QStringList foldersInMemory(const QStringList &folders)
 {
-    const QString folder =
-        firstMemoryFolder({QStringLiteral("/dev/shm"), QStringLiteral("/run/user/%1").arg(::getuid())});
-    return folder.isNull() ? QDir::tempPath() : folder;
+    QStringList found;
+    std::copy_if(folders.begin(), folders.end(), std::back_inserter(found), isInMemory);
+    return found;
+}
+
+std::unique_ptr<QTemporaryDir> newFolderInFirst(const QStringList &parents)
+{
+    std::unique_ptr<QTemporaryDir> made;
+    for (const QString &parent : parents) {
+        made = std::make_unique<QTemporaryDir>(parent + QStringLiteral("/lisphost-XXXXXX"));
+        if (made->isValid())
+            break;
+    }
+    return made;
 }

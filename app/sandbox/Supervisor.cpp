@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 
 #include <sys/prctl.h>
@@ -90,9 +91,9 @@ void endStragglers()
 
 int superviseInOwnFolders(int seconds, const std::function<int(const SandboxFolders &folders)> &work)
 {
-    const QTemporaryDir temporary(QDir::tempPath() + QStringLiteral("/lisphost-XXXXXX"));
-    const QTemporaryDir settings(memoryFolder() + QStringLiteral("/lisphost-XXXXXX"));
-    for (const QTemporaryDir *folder : {&temporary, &settings})
+    const std::unique_ptr<QTemporaryDir> temporary = newFolderInFirst({QDir::tempPath()});
+    const std::unique_ptr<QTemporaryDir> settings = newFolderInFirst(memoryFolders() + QStringList{QDir::tempPath()});
+    for (const QTemporaryDir *folder : {temporary.get(), settings.get()})
         if (!folder->isValid())
             throw SandboxError(folder->errorString());
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
@@ -112,7 +113,7 @@ int superviseInOwnFolders(int seconds, const std::function<int(const SandboxFold
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (::getppid() != supervisor)
             ::_exit(ExitFailed);
-        const int status = work({temporary.path(), settings.path()});
+        const int status = work({temporary->path(), settings->path()});
         std::fflush(nullptr);
         ::_exit(status); // the folders are the supervisor's to remove
     }

@@ -16,6 +16,31 @@ from lisphost import FOLDER, LISPHOST, TIMEOUT, WINDOWS, LispHostTest, Outcome, 
 
 
 NONE = "there is no sandbox"
+MEMORY = Path("/dev/shm")
+
+
+def folders_can_be_made_in_memory() -> bool:
+    """Not where the file system is full or may not be written."""
+    if not any(line.split()[1:3] == [str(MEMORY), "tmpfs"] for line in Path("/proc/mounts").read_text().splitlines()):
+        return False
+    try:
+        with tempfile.TemporaryDirectory(dir=MEMORY):
+            return True
+    except OSError:
+        return False
+
+
+def files_below(folder: Path) -> list[Path]:
+    """Those that are there: the folders of other runs come and go."""
+    return [Path(parent, name) for parent, _, names in os.walk(folder) for name in names]
+
+
+def holds(file: Path, text: str) -> bool:
+    """Whether it is there and has the text in it."""
+    try:
+        return file.is_file() and text.encode() in file.read_bytes()
+    except (FileNotFoundError, PermissionError):
+        return False
 
 
 class SandboxTest(LispHostTest):
@@ -151,8 +176,7 @@ class Settings(SandboxTest):
             self.assert_gives(self.run_sandboxed(self.READ + self.WRITE), "nil" + "theirsnil")
 
     def test_they_are_in_memory_and_nowhere_in_the_temporary_folder(self):
-        memory = Path("/dev/shm")
-        if not any(line.split()[1:3] == [str(memory), "tmpfs"] for line in Path("/proc/mounts").read_text().splitlines()):
+        if not folders_can_be_made_in_memory():
             self.skipTest("this system keeps no files in memory")
         temporary = self.folder / "temporary"
         temporary.mkdir()
@@ -160,7 +184,7 @@ class Settings(SandboxTest):
         self.write("inside/program.lsp", self.WRITE + """
             (close (open "inside/begun" "w"))
             (while (not (findfile "inside/enough")))""")
-        before = set(memory.iterdir())
+        before = set(MEMORY.iterdir())
         process = subprocess.Popen([LISPHOST, "--sandbox", "--allow-write", "inside", "run", "inside/program.lsp"],
                                    cwd=self.folder, env=self.environment, stdout=subprocess.PIPE)
         self.addCleanup(process.stdout.close)
@@ -169,8 +193,8 @@ class Settings(SandboxTest):
         while not (self.folder / "inside/begun").exists():
             self.assertLess(time.monotonic(), end)
             time.sleep(0.01)
-        written = [path for folder in set(memory.iterdir()) - before if folder.name.startswith("lisphost-")
-                   for path in folder.rglob("*") if path.is_file() and b"theirs" in path.read_bytes()]
+        written = [path for folder in set(MEMORY.iterdir()) - before if folder.name.startswith("lisphost-")
+                   for path in files_below(folder) if holds(path, "theirs")]
         self.assertEqual(sorted(path.name for path in written), ["HKEY_CURRENT_USER.reg", "settings.ini"])
         self.assertEqual([path for path in temporary.rglob("*") if path.is_file()], [])
         self.write("inside/enough", "")
@@ -223,6 +247,41 @@ class Refusals(SandboxTest):
         self.assert_refused(self.run_sandboxed(f"""
             (vl-file-rename "{self.secret}" "{self.outside}/new")
             (princ (open "{self.secret}" "r"))"""), "nil", f"moving {self.secret}", lines[0])
+
+    def folder_of_another_file_system(self) -> Path:
+        if not folders_can_be_made_in_memory() or os.stat(MEMORY).st_dev == os.stat(tempfile.gettempdir()).st_dev:
+            self.skipTest("this system keeps all files in one file system")
+        folder = Path(tempfile.mkdtemp(dir=MEMORY))
+        self.addCleanup(shutil.rmtree, folder)
+        return folder
+
+    def test_a_move_to_another_file_system_that_succeeds_is_no_line(self):
+        folder = self.folder_of_another_file_system()
+        for move in ("vl-file-rename", "acet-file-move"):
+            with self.subTest(move):
+                outcome = self.run_sandboxed(f"""
+                    (setq name (strcat (getenv "TMPDIR") "/note.txt") file (open name "w"))
+                    (princ "text" file)
+                    (close file)
+                    (princ (list ({move} name "{folder}/{move}") (findfile name)))""", "--allow-write", str(folder))
+                self.assert_gives(outcome, "(T nil)")
+                self.assertEqual((folder / move).read_text(), "text")
+
+    def test_a_move_to_another_file_system_that_is_refused_is_one_line(self):
+        folder = self.folder_of_another_file_system()
+        for move in ("vl-file-rename", "acet-file-move"):
+            for source, options in ((self.here, []), (self.here, ["--allow-write", str(folder)]),
+                                    (self.secret, ["--allow-write", str(folder)])):
+                with self.subTest(move, source=source, options=options):
+                    call = f'(princ ({move} "{source}" "{folder}/new"))'
+                    self.assert_refused(self.run_sandboxed(call * 2, *options), "nilnil", *[f"moving {source}"] * 2)
+                    self.assertEqual(list(folder.iterdir()), [])
+                    self.assertTrue(source.exists())
+
+    def test_a_folder_that_cannot_be_moved_is_a_line_each_time(self):
+        (self.folder / "inside/data").mkdir()
+        call = f'(princ (vl-file-rename "{self.folder}/inside/data" "{self.outside}/new"))'
+        self.assert_refused(self.run_sandboxed(call * 2), "nilnil", *[f"moving {self.folder}/inside/data"] * 2)
 
     def test_calls_within_a_call_have_lines_of_their_own(self):
         self.assert_refused(self.run_sandboxed(f"""
@@ -521,9 +580,9 @@ class Signals(SandboxTest):
 
     def settings_folder(self) -> Path | None:
         """Where the program has written the name of its folder to the registry."""
-        for parent in ("/dev/shm", f"/run/user/{os.getuid()}", self.folder):
+        for parent in (MEMORY, f"/run/user/{os.getuid()}", self.folder):
             for file in Path(parent).glob("lisphost-*/registry/HKEY_CURRENT_USER.reg"):
-                if file.exists() and str(self.folder) in file.read_text():
+                if holds(file, str(self.folder)):
                     return file.parent.parent
         return None
 
