@@ -154,13 +154,61 @@ TEST_F(ChangeCommand, AnInsertMovesAndTurns)
     EXPECT_EQ(realOf(lastGroups(), 41), 2);
 }
 
-TEST_F(ChangeCommand, AStyleThatIsNotThereIsSaidAndTheTextStays)
+TEST_F(ChangeCommand, AStyleThatIsNotThereIsAskedForAgain)
 {
-    evaluate("(command \"_.text\" '(1 2) 2.5 45 \"old\")");
-    const drawing::GroupList before = lastGroups();
-    change("'(9 9) \"Fancy\"");
-    EXPECT_EQ(takePrinted(), "\nCannot find text style \"Fancy\".\n");
-    EXPECT_EQ(lastGroups(), before);
+    evaluate("(command \"_.text\" '(0 0) 1 0 \"a\" \"_.text\" '(0 9) 1 0 \"b\")"
+             "(command \"_.change\" (entnext) (entlast) \"\" \"\" \"\" \"nostyle\" \"\" 2 45 \"line\")");
+    EXPECT_EQ(takePrinted(), "\nCannot find text style \"nostyle\".\n");
+    EXPECT_EQ(evaluate("(getvar \"CMDNAMES\")"), "\"CHANGE\""); // which asks about the second one
+    evaluate("(command \"\" \"\" \"\" \"\" \"circle\")");
+    EXPECT_EQ(evaluate("(mapcar '(lambda (e) (cdr (assoc 1 (entget e)))) (list (entnext) (entlast)))"),
+              "(\"line\" \"circle\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(ChangeCommand, ACircleAboutThePointIsLeftAsItIs)
+{
+    evaluate("(command \"_.circle\" '(0 0) 2 \"_.line\" '(1 0) '(9 0) \"\")"
+             "(command \"_.change\" (entnext) (entlast) \"\" '(0 0))");
+    EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n");
+    EXPECT_EQ(evaluate("(cdr (assoc 40 (entget (entnext))))"), "2.0");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 0, 0}));
+}
+
+TEST_F(ChangeCommand, WhatProgramsChangeBetweenTheAnswersStays)
+{
+    evaluate("(defun recolour (e) (entmod (append (entget e) '((62 . 3)))))"
+             "(command \"_.text\" '(0 0) 1 0 \"old\")"
+             "(command \"_.change\" (entlast) \"\" '(1 1) \"\" \"\") (recolour (entlast))"
+             "(command \"\" \"new\")");
+    EXPECT_EQ(integerOf(lastGroups(), 62), 3);
+    EXPECT_EQ(textOf(lastGroups(), 1), u"new");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{1, 1, 0}));
+    evaluate("(command \"_.circle\" '(0 0) 2) (command \"_.change\" (entlast) \"\" \"\")"
+             "(recolour (entlast)) (command 5)");
+    EXPECT_EQ(integerOf(lastGroups(), 62), 3);
+    EXPECT_EQ(realOf(lastGroups(), 40), 5);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(ChangeCommand, AnInsertGoesToThePlaceFromWhereItThenIs)
+{
+    evaluate("(command \"_.line\" '(0 0) '(1 0) \"\" \"_.-block\" \"b\" '(0 0) \"_l\" \"\" \"_.-insert\" \"b\" '(5 5) "
+             "1 1 0) (command \"_.change\" (entlast) \"\" '(9 9))"
+             "(entmod (subst '(10 2.0 2.0 0.0) (assoc 10 (entget (entlast))) (entget (entlast)))) (command \"\")");
+    EXPECT_LT(geometry::length(placeOf(lastGroups(), 10) - Vector{9, 9, 0}), 1e-9);
+}
+
+TEST_F(ChangeCommand, WhatIsErasedBetweenTheAnswersIsLeftOut)
+{
+    evaluate("(command \"_.text\" '(0 0) 1 0 \"a\" \"_.text\" '(0 9) 1 0 \"b\" \"_.text\" '(0 18) 1 0 \"c\")"
+             "(setq a (entnext) b (entnext a) c (entlast))"
+             "(command \"_.change\" a b c \"\" \"\" \"\" \"\" \"\" \"\") (entdel a) (entdel b)"
+             "(command \"gone\" \"\" \"\" \"\" \"\" \"new\")");
+    EXPECT_EQ(takePrinted(), "");
+    EXPECT_EQ(types(), std::vector<std::string>{"TEXT"});
+    EXPECT_EQ(textOf(lastGroups(), 1), u"new");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
 }
 
 } // namespace
