@@ -123,21 +123,23 @@ Task<double> askRadius(Context &context, const Point centre)
     co_return diameter.value / 2;
 }
 
-Task<Side> askTangent(Context &context, std::u16string_view prompt)
+Task<Side> askTangent(Context &context, const WorkPlane plane, std::u16string_view prompt)
 {
     for (;;) {
         const auto picked = co_await context.ask().entity({prompt, {}, Enter::Refused});
-        if (const std::optional<Side> side = pickedSide(context, picked.value))
+        const std::optional<Side> side = pickedSide(context, picked.value, plane);
+        if (side && isParallelToPlane(*side))
             co_return *side;
-        context.session().print(u"\nRequires a line, circle, or arc.\n");
+        context.session().print(side ? u"\nThe object is not parallel to the plane of the UCS.\n"
+                                     : u"\nRequires a line, circle, or arc.\n");
     }
 }
 
-// Seen from above, as what it touches.
-Command circleTouchingTwo(Context &context)
+// At the height of the first object, where another has another height: as seen from above.
+Command circleTouchingTwo(Context &context, const WorkPlane &plane)
 {
-    const Side first = co_await askTangent(context, u"Specify point on object for first tangent of circle: ");
-    const Side second = co_await askTangent(context, u"Specify point on object for second tangent of circle: ");
+    const Side first = co_await askTangent(context, plane, u"Specify point on object for first tangent of circle: ");
+    const Side second = co_await askTangent(context, plane, u"Specify point on object for second tangent of circle: ");
     const double last = context.session().real(u"CIRCLERAD");
     const auto asked = co_await context.ask().distance(
         {u"Specify radius of circle: ", {}, last > 0 ? Enter::Allowed : Enter::Refused}, Positive);
@@ -145,7 +147,7 @@ Command circleTouchingTwo(Context &context)
     const Touching found = touching(first, second, radius);
     if (!found.isFound)
         throw CommandError{u"Circle does not exist."};
-    addCircle(context, WorkPlane(geometry::Matrix{}), {{found.centre.x, found.centre.y, found.centre.z}, radius});
+    addCircle(context, plane, {{found.centre.x, found.centre.y, first.picked.z}, radius});
 }
 
 // The part of an arc command that begins with its centre.
@@ -258,7 +260,7 @@ Command circle(Context &context)
         const Circle found = co_await circleOfTwoPoints(context);
         addCircle(context, plane, found);
     } else if (centre.is(u"Ttr")) {
-        co_await circleTouchingTwo(context);
+        co_await circleTouchingTwo(context, plane);
     } else {
         const double radius = co_await askRadius(context, centre.value);
         addCircle(context, plane, {centre.value, radius});

@@ -21,7 +21,7 @@ namespace {
 
 Side sideOf(Context &context, const PickedEntity &object)
 {
-    const std::optional<Side> side = pickedSide(context, object);
+    const std::optional<Side> side = pickedSide(context, object, WorkPlane(geometry::Matrix()));
     if (!side)
         throw CommandError{u"Fillet requires 2 lines, arcs, or circles."};
     return *side;

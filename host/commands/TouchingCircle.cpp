@@ -1,6 +1,5 @@
 #include "host/commands/TouchingCircle.h"
 
-#include "host/commands/WorkPlane.h"
 #include "host/drawing/edit/CurveWay.h"
 #include "host/drawing/geometry/Crossings.h"
 
@@ -52,15 +51,26 @@ Vector touchedPlace(const Course &course, const Vector &centre, double radius)
 
 } // namespace
 
-std::optional<Side> pickedSide(Context &context, const PickedEntity &object)
+std::optional<Side> pickedSide(Context &context, const PickedEntity &object, const WorkPlane &plane)
 {
     const std::optional<CurveWay> way = CurveWay::of(context.drawing(), object.entity);
     const std::u16string type = context.database().type(object.entity);
     if (!way || (type != u"LINE" && type != u"ARC" && type != u"CIRCLE"))
         return std::nullopt;
-    const Course &course = way->pieces().front();
-    const Vector place = object.at ? WorkPlane(context.session()).world(*object.at) : course.at(course.middle());
+    const geometry::Matrix toPlane = geometry::inverse(plane.toWorld());
+    const Course course(geometry::transformed(way->pieces().front().curve(), toPlane));
+    const Vector place =
+        object.at ? toPlane.place(WorkPlane(context.session()).world(*object.at)) : course.at(course.middle());
     return Side{object.entity, course.at(course.nearest(place)), course};
+}
+
+bool isParallelToPlane(const Side &side)
+{
+    constexpr double Tolerance = 1e-9; // of the size
+    const auto isLevel = [](const Vector &along) { return std::abs(along.z) <= length(along) * Tolerance; };
+    if (const Line *line = side.course.line())
+        return isLevel(line->end - line->start);
+    return isLevel(side.course.arc()->cosineAxis) && isLevel(side.course.arc()->sineAxis);
 }
 
 Touching touching(const Side &first, const Side &second, double radius)

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "host/commands/Context.h"
+#include "host/commands/WorkPlane.h"
 #include "host/drawing/geometry/Course.h"
 
 namespace commands {
 
-using geometry::Vector;
-
-// A line, circle or arc that a circle is to touch, and the place on it where it was picked. As seen from above.
+// A line, circle or arc that a circle is to touch, and the place on it where it was picked. In the coordinates of a
+// plane, as seen from above it.
 struct Side
 {
     RecordId entity;
@@ -15,7 +15,9 @@ struct Side
     geometry::Course course;
 };
 
-std::optional<Side> pickedSide(Context &context, const PickedEntity &object); // none: it is something else
+// None: the object is something else.
+std::optional<Side> pickedSide(Context &context, const PickedEntity &object, const WorkPlane &plane);
+bool isParallelToPlane(const Side &side);
 
 struct Touching
 {

@@ -209,6 +209,43 @@ TEST_F(CirclesTouchingTwo, WhatCannotBeTouchedIsAskedForAgain)
     EXPECT_EQ(types().back(), "POINT");
 }
 
+TEST_F(CirclesTouchingTwo, InThePlaneOfTheUsersCoordinateSystem)
+{
+    evaluate("(command \"_.ucs\" \"_o\" '(100 0 0) \"_.ucs\" \"_x\" 90)"
+             "(command \"_.line\" \"0,0,7\" \"10,0,7\" \"\") (setq level (entlast))"
+             "(command \"_.line\" \"0,0,7\" \"0,10,7\" \"\") (setq upright (entlast))");
+    draw("(list level '(3 0 7))", "(list upright '(0 3 7))", "2");
+    ASSERT_EQ(types().back(), "CIRCLE");
+    const Vector extrusion = drawing::extrusionOf(lastGroups());
+    EXPECT_LT(geometry::length(extrusion - Vector{0, -1, 0}), 1e-12);
+    const Vector centre = geometry::Matrix::ofExtrusion(extrusion).place(placeOf(lastGroups(), 10));
+    EXPECT_LT(geometry::length(centre - Vector{102, -7, 2}), 1e-9);
+}
+
+TEST_F(CirclesTouchingTwo, ACircleOfThePlaneAndALineInIt)
+{
+    evaluate("(command \"_.ucs\" \"_y\" 90 \"_.circle\" \"0,0\" 2) (setq round (entlast))"
+             "(command \"_.line\" \"-9,4\" \"9,4\" \"\") (setq level (entlast))");
+    draw("(list round '(0 2))", "(list level '(0 4))", "1");
+    const Vector extrusion = drawing::extrusionOf(lastGroups());
+    EXPECT_LT(geometry::length(extrusion - Vector{1, 0, 0}), 1e-12);
+    const Vector centre = geometry::Matrix::ofExtrusion(extrusion).place(placeOf(lastGroups(), 10));
+    EXPECT_LT(geometry::length(centre - Vector{0, 3, 0}), 1e-9);
+}
+
+TEST_F(CirclesTouchingTwo, WhatIsNotParallelToThePlaneIsAskedForAgain)
+{
+    evaluate("(command \"_.circle\" \"0,0\" 2) (setq round (entlast))"
+             "(command \"_.line\" \"-9,4,0\" \"9,4,5\" \"\") (setq rising (entlast))"
+             "(command \"_.line\" \"-9,4\" \"9,4\" \"\") (setq level (entlast)) (command \"_.ucs\" \"_x\" 90)");
+    draw("round level", "level", "1"); // the circle is seen from its side; the lines lie along x
+    EXPECT_EQ(takePrinted(), "\nThe object is not parallel to the plane of the UCS.\n\nCircle does not exist.\n");
+    evaluate("(command \"_.ucs\" \"_w\")");
+    draw("rising round", "level", "1");
+    EXPECT_EQ(takePrinted(), "\nThe object is not parallel to the plane of the UCS.\n");
+    expectCircle({0, 3, 0}, 1);
+}
+
 class Arcs : public CommandTest
 {
 protected:
