@@ -60,6 +60,12 @@ RegistryFile::News RegistryFile::read()
     return news;
 }
 
+void RegistryFile::distrust()
+{
+    m_content.clear();
+    m_lines = 0;
+}
+
 void RegistryFile::take(News &news, const QByteArray &content)
 {
     const qint64 end = endOfBlocks(content);
@@ -129,6 +135,18 @@ QString RegistryFile::putInPlace()
     m_stamp = FileStamp::of(m_path);
     m_isRead = true;
     return {};
+}
+
+// What can fail for lack of room or rights comes first: a copy that is kept again and again would fill the folder.
+QString RegistryFile::replaceKeepingCopy(const QByteArray &block, QString &copy)
+{
+    QString failure = prepare(block);
+    if (failure.isNull())
+        failure = keepCopy(copy);
+    if (failure.isNull())
+        return putInPlace();
+    m_prepared.reset();
+    return failure;
 }
 
 QString RegistryFile::keepCopy(QString &name) const

@@ -34,6 +34,7 @@ public:
 
     News read(); // since the last reading: a missing file reads as an empty one
     void forget() { *this = RegistryFile(m_path); }
+    void distrust(); // the next reading gives everything if the file is another by then, and nothing if not
 
     // The block is on the disk to stay when this did not fail, else not in the file. It stands behind what was read or
     // nowhere: it would finish a block that was left unfinished.
@@ -43,8 +44,8 @@ public:
     QString prepare(const QByteArray &block);
     bool isPrepared() const { return m_prepared != nullptr; }
     QString putInPlace();
-    // Keeps a copy beside under the first free name FILE.damaged-1, -2, ...
-    QString keepCopy(QString &name) const;
+    // Keeps a copy beside under the first free name FILE.damaged-1, -2, ..., unless the file cannot be replaced.
+    QString replaceKeepingCopy(const QByteArray &block, QString &copy);
     // Whether the changes take more room than the hive itself, so that the file is worth writing anew.
     bool isGrown() const;
 
@@ -53,6 +54,7 @@ public:
 private:
     void take(News &news, const QByteArray &content);
     QString loss() const;
+    QString keepCopy(QString &name) const;
 
     QString m_path;
     RegistryFileHistory m_history;

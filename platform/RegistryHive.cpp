@@ -2,16 +2,12 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QThread>
 
 #include <utility>
 
 using std::chrono::milliseconds;
 
 namespace {
-
-// An editor that saves a file in place empties it first, and knows nothing of locks.
-constexpr unsigned long SavingInMilliseconds = 50;
 
 constexpr char16_t Explanation[] = u"\n; Programs add their changes at the end of this file, each finished by the line "
                                    u"below, without which it does not\n"
@@ -66,6 +62,12 @@ private:
     bool m_hasRemovedKeys = false;
 };
 
+// No program leaves a file so, not even for a moment.
+bool lacksFirstBlock(const RegistryFile::News &news)
+{
+    return news.kind == RegistryFile::News::Kind::Everything && news.blocks.isEmpty();
+}
+
 QByteArray inUtf8(std::u16string_view text)
 {
     return QStringView(text).toString().toUtf8();
@@ -119,71 +121,75 @@ void RegistryHive::apply(const QByteArray &lines, int firstLine)
     m_revision += builder.hasRemovedKeys() ? 1 : 0;
 }
 
-// What is unfinished is the work of a process that is at it or has died. Only the lock tells, and who gets it repairs.
 void RegistryHive::lookAtFile()
 {
     RegistryFile::News news = m_file.read();
-    m_failure = news.failure;
-    if (m_root == nullptr || news.kind == RegistryFile::News::Kind::Everything)
-        startAnew();
-    if (news.kind != RegistryFile::News::Kind::None && !news.blocks.isEmpty())
-        apply(news.blocks, news.firstLine);
-    if (!m_failure.isNull())
+    take(news);
+    if (!m_failure.isNull()) {
         warn(m_failure);
-    else if (isDamaged(news))
-        repair();
+    } else if (isDamaged(news) && m_lock != nullptr) {
+        repair(news);
+    } else if (isDamaged(news)) {
+        report(news);
+    } else if (news.kind != RegistryFile::News::Kind::None && std::exchange(m_isDamaged, false)) {
+        m_warned.clear();
+    }
     if (!m_isComplete)
         m_complete(*m_root);
     m_isComplete = true;
 }
 
-void RegistryHive::repair()
+// Of a file that is cut short in its first block every line counts that is there with its end.
+void RegistryHive::take(const RegistryFile::News &news)
 {
-    std::unique_ptr<FileLock> lock;
-    if (m_lock == nullptr) {
-        lock = std::make_unique<FileLock>(m_file.path(), milliseconds(m_errors.empty() ? 0 : 10'000));
-        if (lock->isTaken()) {
-            m_file.forget(); // if the writer dies, what it leaves stays as it is now, and must not pass for read
-            return;
-        }
-    }
-    RegistryFile::News news;
-    readAgain(news);
-    if (!news.loss.isNull()) {
-        QThread::msleep(SavingInMilliseconds);
-        readAgain(news);
-    }
-    if (!isDamaged(news))
-        return;
-    const QString words = damage(news);
-    if (lock != nullptr && !lock->isHeld()) {
-        m_errors.clear();
-        m_isDamaged = true;
-        warn(QStringLiteral("%1: %2; the file cannot be repaired: %3").arg(m_file.path(), words, lock->failure()));
-        return;
-    }
-    QString copy;
-    m_failure = m_file.keepCopy(copy);
-    if (m_failure.isNull())
-        m_failure = m_file.replace(snapshot());
-    m_isDamaged = !m_failure.isNull();
-    m_errors.clear();
-    warn(QStringLiteral("%1: %2; ").arg(m_file.path(), words) +
-         (m_failure.isNull() ? QStringLiteral("the file as it was is kept as %1").arg(QFileInfo(copy).fileName())
-                             : m_failure));
+    m_failure = news.failure;
+    if (m_root == nullptr || news.kind == RegistryFile::News::Kind::Everything)
+        startAnew();
+    const QByteArray lines =
+        lacksFirstBlock(news) ? news.unfinished.first(news.unfinished.lastIndexOf('\n') + 1) : news.blocks;
+    if (!lines.isEmpty())
+        apply(lines, news.firstLine);
 }
 
-// Somebody may have repaired it meanwhile. Of a file that is cut short in its first block every line counts that is
-// there with its end.
-void RegistryHive::readAgain(RegistryFile::News &news)
+// Reading writes nothing: an editor may be just saving the file, in place and without a lock, and what it still writes
+// would go to a file that has been replaced.
+void RegistryHive::report(RegistryFile::News &news)
 {
-    m_file.forget();
-    news = m_file.read();
-    startAnew();
-    const QByteArray lines =
-        news.blocks.isEmpty() ? news.unfinished.first(news.unfinished.lastIndexOf('\n') + 1) : news.blocks;
-    if (!lines.isEmpty())
-        apply(lines, 1);
+    // A change that is not finished, or not in the history yet, may be the work of a process that is at it. Only the
+    // lock tells.
+    if (m_errors.empty() && !lacksFirstBlock(news)) {
+        const FileLock lock(m_file.path(), milliseconds(0));
+        m_file.forget(); // if the writer dies, what it leaves stays as it is now, and must not pass for read
+        if (lock.isTaken())
+            return;
+        news = m_file.read();
+        take(news);
+        if (!isDamaged(news))
+            return;
+    }
+    warn(QStringLiteral("%1: %2; the next change keeps the file under another name").arg(m_file.path(), damage(news)));
+    leaveDamaged();
+}
+
+void RegistryHive::leaveDamaged()
+{
+    m_errors.clear();
+    m_isDamaged = true;
+    m_file.distrust();
+}
+
+void RegistryHive::repair(const RegistryFile::News &news)
+{
+    QString copy;
+    m_failure = m_file.replaceKeepingCopy(snapshot(), copy);
+    if (!m_failure.isNull()) {
+        leaveDamaged();
+        return;
+    }
+    warn(QStringLiteral("%1: %2; the file as it was is kept as %3")
+             .arg(m_file.path(), damage(news), QFileInfo(copy).fileName()));
+    m_errors.clear();
+    m_isDamaged = false;
 }
 
 bool RegistryHive::isDamaged(const RegistryFile::News &news) const
@@ -213,8 +219,8 @@ QString RegistryHive::beginChange()
         const QString folder = QFileInfo(m_file.path()).absolutePath();
         QDir().mkpath(folder);
         m_lock = std::make_unique<FileLock>(m_file.path());
-        if (m_lock->isHeld() && std::exchange(m_isDamaged, false))
-            m_file.forget(); // it is read again and repaired now
+        if (m_lock->isHeld() && m_isDamaged)
+            m_file.forget(); // it is read again, and repaired if it still is
         if (m_lock->isHeld())
             lookAtFile();
         const QString failure = m_lock->isHeld() ? m_failure : m_lock->failure();

@@ -12,8 +12,8 @@
 
 // One root of the registry with all below: a tree in memory that follows its file.
 //
-// A file that cannot be understood is kept under another name, what could be read of it goes on, and a line on standard
-// error says so.
+// Of a file that cannot be understood counts what can be read, and a line on standard error says so. Only a change
+// writes such a file anew, and keeps it as it was under another name.
 class RegistryHive
 {
 public:
@@ -41,10 +41,12 @@ public:
 
 private:
     void lookAtFile();
+    void take(const RegistryFile::News &news);
     void apply(const QByteArray &lines, int firstLine);
     void startAnew();
-    void repair();
-    void readAgain(RegistryFile::News &news);
+    void report(RegistryFile::News &news);
+    void repair(const RegistryFile::News &news);
+    void leaveDamaged();
     bool isDamaged(const RegistryFile::News &news) const;
     QString damage(const RegistryFile::News &news) const;
     QByteArray snapshot() const;
@@ -63,7 +65,7 @@ private:
     std::vector<RegistryTextError> m_errors;
     QString m_failure; // the file's, as long as it cannot be used
     QString m_warned;
-    bool m_isDamaged = false; // the file, and it could not be repaired
+    bool m_isDamaged = false; // the file, which was read and not repaired
 
     int m_depth = 0; // of changes
     std::unique_ptr<FileLock> m_lock;

@@ -191,8 +191,15 @@ class Store(Registry):
         outcome = self.lisphost("--profile", "p", "eval", f'(vl-registry-read "{LISP_KEY}" "a")')
         self.assertEqual((outcome.status, outcome.output), (0, '"1"\n'))
         self.assertRegex(outcome.errors, r"^lisphost: .*HKEY_CURRENT_USER\.reg: line 5: neither a key.*"
-                                         r"; the file as it was is kept as HKEY_CURRENT_USER\.reg\.damaged-1\n$")
-        self.assertEqual((path.parent / "HKEY_CURRENT_USER.reg.damaged-1").read_bytes(), damaged)
+                                         r"; the next change keeps the file under another name\n$")
+        self.assertEqual(path.read_bytes(), damaged)
+        copy = path.parent / "HKEY_CURRENT_USER.reg.damaged-1"
+        self.assertFalse(copy.exists())
+        outcome = self.lisphost("--profile", "p", "eval", f'(vl-registry-write "{LISP_KEY}" "b" "2")')
+        self.assertEqual((outcome.status, outcome.output), (0, '"2"\n'))
+        self.assertRegex(outcome.errors, r"; the file as it was is kept as HKEY_CURRENT_USER\.reg\.damaged-1\n$")
+        self.assertEqual(copy.read_bytes(), damaged)
+        self.assert_gives(self.lisphost("--profile", "p", "eval", f'(vl-registry-read "{LISP_KEY}" "a")'), '"1"\n')
 
 
 unittest.main()

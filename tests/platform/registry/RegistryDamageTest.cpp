@@ -1,5 +1,5 @@
-// Files that are cut short or make no sense: what can be read counts, the file is kept under another name, and a line
-// on standard error says so.
+// Files that are cut short or make no sense: what can be read counts, a line on standard error says so, and the next
+// change keeps the file under another name.
 
 #include "tests/platform/registry/RegistryStoreTest.h"
 #include "tests/support/Unprivileged.h"
@@ -29,8 +29,19 @@ protected:
         write(hive(), content);
         restart();
     }
+    // The file has just been read.
+    void expectReported(const QByteArray &content, const QString &reason)
+    {
+        EXPECT_EQ(contentOf(hive()), content);
+        EXPECT_EQ(copies(), QStringList());
+        EXPECT_EQ(warnings(),
+                  QStringList(hive() + u": "_qs + reason + u"; the next change keeps the file under another name"_qs));
+    }
     void expectKept(const QByteArray &content, const QString &reason)
     {
+        expectReported(content, reason);
+        warnings().clear();
+        EXPECT_EQ(set(u"change", "c"), 0);
         ASSERT_EQ(copies().size(), 1) << copies().join(u' ').toStdString();
         EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), content);
         EXPECT_EQ(warnings(), QStringList(hive() + u": "_qs + reason +
@@ -62,12 +73,33 @@ TEST_F(RegistryDamage, AFileThatCannotBeRepairedIsReportedAndWhatCanBeReadOfItCo
         EXPECT_TRUE(holdsUnprivileged([&, reason = reason] {
             const bool isRead = get(u"x") == "1" && get(u"x") == "1" && set(u"x", "2") != 0 && get(u"x") == "1";
             return isRead && warnings().size() == 2 &&
-                   warnings()[0] == hive() + u": "_qs + reason + u"; the file cannot be repaired: "_qs + hive() +
-                                        u".lock: Permission denied"_qs;
+                   warnings()[0] ==
+                       hive() + u": "_qs + reason + u"; the next change keeps the file under another name"_qs &&
+                   warnings()[1] == hive() + u".lock: Permission denied"_qs;
         })) << reason.toStdString();
         EXPECT_EQ(contentOf(hive()), content);
         chmod(QFile::encodeName(QFileInfo(hive()).path()).constData(), 0755);
     }
+}
+
+// Each refused change would leave one more.
+TEST_F(RegistryDamage, OfAFileThatMayNotBeReplacedNoCopiesPileUp)
+{
+    const QByteArray content = header() + block("\"x\"=hex:31\nnonsense\n");
+    begin(content);
+    chmod(QFile::encodeName(folder()).constData(), 0755);
+    chmod(QFile::encodeName(QFileInfo(hive()).path()).constData(), 0777);
+    chmod(QFile::encodeName(hive()).constData(), 0444);
+    EXPECT_TRUE(holdsUnprivileged([this] {
+        for (int run = 0; run < 3; ++run) {
+            restart();
+            if (get(u"x") != "1" || set(u"x", "2") == 0 || set(u"x", "2") == 0 || get(u"x") != "1")
+                return false;
+        }
+        return warnings().size() == 6 && warnings()[1] == hive() + u": it may not be written"_qs;
+    }));
+    EXPECT_EQ(contentOf(hive()), content);
+    EXPECT_EQ(files(), QStringList({u"HKEY_CURRENT_USER.reg"_qs, u"HKEY_CURRENT_USER.reg.lock"_qs}));
 }
 
 TEST_F(RegistryDamage, AFileThatCouldNotBeRepairedIsRepairedBeforeTheFirstChange)
@@ -86,12 +118,14 @@ TEST_F(RegistryDamage, AFileThatCouldNotBeRepairedIsRepairedBeforeTheFirstChange
     EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), content);
 }
 
-TEST_F(RegistryDamage, TheFileIsRepairedSoThatItIsReportedOnce)
+TEST_F(RegistryDamage, AChangeRepairsTheFileSoThatItIsNotReportedAgain)
 {
-    begin(header() + block("\"x\"=hex:31\n\"y\"=nonsense\n"));
-    get(u"x");
-    restart();
+    const QByteArray content = header() + block("\"x\"=hex:31\n\"y\"=nonsense\n");
+    begin(content);
+    EXPECT_EQ(get(u"x") + get(u"y"), "1missing");
+    expectKept(content, u"line 5: no data of a known form"_qs);
     warnings().clear();
+    restart();
     EXPECT_EQ(get(u"x"), "1");
     EXPECT_EQ(set(u"x", "2"), 0);
     restart();
@@ -104,7 +138,7 @@ TEST_F(RegistryDamage, EveryDamagedFileIsKept)
 {
     for (int round = 1; round <= 3; ++round) {
         begin(header() + block("nonsense " + QByteArray::number(round) + "\n"));
-        get(u"x");
+        EXPECT_EQ(set(u"x", "1"), 0);
         EXPECT_EQ(copies().size(), round);
     }
 }
@@ -140,9 +174,11 @@ TEST_F(RegistryDamage, OfAFileCutShortAnywhereNothingIsLostWithoutAWord)
         EXPECT_EQ(get(u"first"), hasLine ? "1" : "missing") << length;
         EXPECT_EQ(get(u"second"), length == whole.size() - 1 ? "2" : "missing") << length;
         if (length != whole.size() - 1) {
+            EXPECT_EQ(warnings().size(), 1) << length;
+            EXPECT_EQ(contentOf(hive()), whole.left(length));
+            EXPECT_EQ(set(u"third", "3"), 0);
             ASSERT_EQ(copies().size(), 1) << length;
             EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), whole.left(length));
-            EXPECT_EQ(warnings().size(), 1) << length;
         }
     }
 }
@@ -202,10 +238,9 @@ TEST_F(RegistryDamage, AnEmptyFileIsReportedAndAnEmptyRoot)
 {
     begin("");
     EXPECT_EQ(get(u"x"), "missing");
-    EXPECT_EQ(set(u"x", "1"), 0);
-    restart();
-    EXPECT_EQ(get(u"x"), "1");
     expectKept("", u"the file is empty"_qs);
+    restart();
+    EXPECT_EQ(get(u"x") + get(u"change"), "missingc");
 }
 
 TEST_F(RegistryDamage, AFileThatVanishesWhileItIsUsedIsAnEmptyRoot)

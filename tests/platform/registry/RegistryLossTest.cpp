@@ -1,8 +1,7 @@
 // Files that lack whole changes at their end, and edited ones that do not.
 
+#include "platform/RegistryNotice.h"
 #include "tests/platform/registry/RegistryStoreTest.h"
-
-#include <QThread>
 
 namespace {
 
@@ -40,17 +39,52 @@ protected:
     {
         warnings().clear();
         begin(content);
+        const QStringList before = files();
         get(u"x");
-        ASSERT_EQ(warnings().size(), 1) << reason.toStdString();
-        EXPECT_TRUE(warnings()[0].startsWith(hive() + u": "_qs + reason + u"; the file as it was is kept as "_qs))
-            << warnings()[0].toStdString();
+        EXPECT_EQ(files(), before);
+        EXPECT_EQ(contentOf(hive()), content);
+        ASSERT_EQ(warnings(),
+                  QStringList(hive() + u": "_qs + reason + u"; the next change keeps the file under another name"_qs));
+        EXPECT_EQ(set(u"change", "c"), 0);
+        expectKept(content, reason);
+    }
+    void expectKept(const QByteArray &content, const QString &reason)
+    {
+        ASSERT_FALSE(warnings().isEmpty() || copies().isEmpty());
+        EXPECT_EQ(warnings().constLast(),
+                  hive() + u": "_qs + reason + u"; the file as it was is kept as "_qs + copies().constLast());
         EXPECT_EQ(contentOf(QFileInfo(hive()).path() + u'/' + copies().constLast()), content);
+    }
+
+    // So that the next call looks at the file.
+    void announce() const { RegistryNotice(folder() + u"/registry"_qs).announce(); }
+
+    // An editor empties the file and writes so much of it, then a program reads it, then the editor writes the rest.
+    void expectSavedWhileItIsRead(const QByteArray &content, qsizetype first)
+    {
+        QFile editor(hive());
+        ASSERT_TRUE(editor.open(QFile::WriteOnly | QFile::Unbuffered));
+        ASSERT_EQ(editor.write(content.first(first)), first);
+        warnings().clear();
+        restart();
+        const QStringList before = files();
+        get(u"x");
+        announce();
+        get(u"x");
+        EXPECT_EQ(warnings().size(), 1) << first;
+        EXPECT_EQ(files(), before);
+        EXPECT_EQ(contentOf(hive()), content.first(first));
+        ASSERT_EQ(editor.write(content.sliced(first)), content.size() - first);
+        editor.close();
+        announce();
+        EXPECT_EQ(get(u"x") + get(u"y") + get(u"z"), "923") << first;
+        EXPECT_EQ(contentOf(hive()), content);
     }
 };
 
 } // namespace
 
-TEST_F(RegistryLoss, OfTheLastChangeIsReportedOnceAndTheOthersCount)
+TEST_F(RegistryLoss, OfTheLastChangeIsReportedUntilTheNextAndTheOthersCount)
 {
     expectLoss(firstBlocks(contentOf(hive()), 2), u"the last change is missing"_qs);
     EXPECT_EQ(get(u"x") + get(u"y") + get(u"z"), "12missing");
@@ -77,19 +111,17 @@ TEST_F(RegistryLoss, OfAllIsReportedByAProcessThatHasReadTheFile)
     write(hive(), "");
     EXPECT_EQ(set(u"new", "4"), 0);
     EXPECT_EQ(get(u"x") + get(u"new"), "missing4");
-    ASSERT_EQ(warnings().size(), 1);
-    EXPECT_TRUE(warnings()[0].contains(u": the file is empty; "_qs)) << warnings()[0].toStdString();
-    EXPECT_EQ(contentOf(hive() + u".damaged-1"_qs), "");
+    expectKept("", u"the file is empty"_qs);
 }
 
 TEST_F(RegistryLoss, IsSeenByTheProcessThatChangesNext)
 {
-    write(hive(), firstBlocks(contentOf(hive()), 2));
+    const QByteArray cut = firstBlocks(contentOf(hive()), 2);
+    write(hive(), cut);
     EXPECT_EQ(set(u"new", "4"), 0);
     restart();
     EXPECT_EQ(get(u"x") + get(u"y") + get(u"z") + get(u"new"), "12missing4");
-    ASSERT_EQ(warnings().size(), 1);
-    EXPECT_TRUE(warnings()[0].contains(u": the last change is missing; "_qs)) << warnings()[0].toStdString();
+    expectKept(cut, u"the last change is missing"_qs);
 }
 
 TEST_F(RegistryLoss, IsNotWhatAnEditorHasMadeShorter)
@@ -139,21 +171,38 @@ TEST_F(RegistryLoss, OfTheFileItselfIsAnEmptyRoot)
     EXPECT_EQ(warnings(), QStringList());
 }
 
-// It empties the file, and writes only then.
-TEST_F(RegistryLoss, IsNotWhatAnEditorIsJustSaving)
+TEST_F(RegistryLoss, IsNotRepairedByAReaderSoThatWhatAnEditorIsJustSavingStays)
 {
     const QByteArray whole = contentOf(hive());
-    write(hive(), "");
-    restart();
-    const std::unique_ptr<QThread> editor(QThread::create([&] {
-        QThread::msleep(30);
-        write(hive(), whole + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:39\n; end\n");
-    }));
-    editor->start();
-    EXPECT_EQ(get(u"x"), "9");
-    editor->wait();
-    EXPECT_EQ(warnings(), QStringList());
-    EXPECT_EQ(copies(), QStringList());
+    const QByteArray saved = whole + "\n[HKEY_CURRENT_USER\\Software\\Test]\n\"x\"=hex:39\n; end\n";
+    const qsizetype twoBlocks = firstBlocks(whole, 2).size();
+    const QByteArray history = contentOf(hive() + u".lock"_qs);
+    for (const qsizetype first : {qsizetype(0), qsizetype(20), whole.indexOf("\"x\"") + 9, twoBlocks, twoBlocks + 10}) {
+        write(hive() + u".lock"_qs, history);
+        expectSavedWhileItIsRead(saved, first);
+        EXPECT_EQ(set(u"x", "7"), 0);
+        EXPECT_TRUE(contentOf(hive()).startsWith(saved));
+        restart();
+        EXPECT_EQ(get(u"x") + get(u"y") + get(u"z"), "723");
+        EXPECT_EQ(warnings().size(), 1);
+        EXPECT_EQ(copies(), QStringList());
+    }
+}
+
+TEST_F(RegistryLoss, IsReportedAgainWhenItHappensAgain)
+{
+    const QByteArray whole = contentOf(hive());
+    for (int round = 1; round <= 3; ++round) {
+        write(hive(), "");
+        announce();
+        EXPECT_EQ(get(u"x"), "missing");
+        announce();
+        EXPECT_EQ(get(u"x"), "missing");
+        EXPECT_EQ(warnings().size(), round);
+        write(hive(), whole);
+        announce();
+        EXPECT_EQ(get(u"x"), "1");
+    }
 }
 
 TEST_F(RegistryLoss, OfAFileWrittenAnewIsReported)

@@ -49,8 +49,9 @@ TEST_F(RegistryTornChange, ThatWasSeenWhileItWasWrittenIsNotFinishedByTheNextCha
         EXPECT_EQ(get(u"x") + get(u"n") + get(u"y"), "1missing2") << half.toStdString();
         ASSERT_EQ(copies().size(), copiesBefore + 1) << half.toStdString();
         EXPECT_EQ(contentOf(QFileInfo(hive()).path() + u'/' + copies().constLast()), before + half);
-        ASSERT_EQ(warnings().size(), 1) << half.toStdString();
-        EXPECT_TRUE(warnings()[0].contains(u"the last change is not finished and does not count"_qs));
+        ASSERT_FALSE(warnings().isEmpty()) << half.toStdString();
+        EXPECT_TRUE(warnings().constLast().contains(
+            u"the last change is not finished and does not count; the file as it was is kept as "_qs));
         warnings().clear();
     }
 }
@@ -60,7 +61,7 @@ TEST_F(RegistryTornChange, ThatWasSeenWhileItWasWrittenIsReportedByTheNextReadin
     writeAndDie(block("\"n\"=dword:0000002"));
     announce();
     EXPECT_EQ(get(u"x") + get(u"n"), "1missing");
-    EXPECT_EQ(copies().size(), 1);
+    EXPECT_EQ(copies(), QStringList());
     EXPECT_EQ(warnings().size(), 1);
 }
 
