@@ -137,6 +137,10 @@ CommandLine::Result CommandLine::start(const std::u16string &typed, Source sourc
         m_session.print(u"\nUnknown command \"" + commandName(typed) + u"\".\n");
         return Result::Unknown;
     }
+    if (row->company == CommandRow::Company::Alone && isActive()) {
+        m_session.print(u"\n** That command may not be invoked transparently **\n");
+        return Result::Taken;
+    }
     if (source == Source::Program)
         echo(u'\n' + typed);
     begin(*row, commandName(typed));

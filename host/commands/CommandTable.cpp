@@ -12,6 +12,7 @@ namespace {
 
 using enum CommandRow::Undo;
 using enum CommandRow::Preselection;
+using enum CommandRow::Company;
 
 // Sorted by name.
 // clang-format off
@@ -85,7 +86,7 @@ constexpr CommandRow table[] = {
     {u"MVIEW", viewports},
     {u"OFFSET", offset},
     {u"OOPS", unerase},
-    {u"OPEN", open, Own},
+    {u"OPEN", open, Own, TakenOrDropped, Alone},
     {u"OSNAP", objectSnap, OneStep, Kept},
     {u"PAN", pan, Own, Kept},
     {u"PEDIT", editPolyline},
@@ -100,7 +101,7 @@ constexpr CommandRow table[] = {
     {u"QSAVE", quickSave, Own},
     {u"RECTANG", rectangle},
     {u"RECTANGLE", rectangle},
-    {u"REDO", redo, Own},
+    {u"REDO", redo, Own, TakenOrDropped, Alone},
     {u"REDRAW", changeNothing, Own, Kept},
     {u"REDRAWALL", changeNothing, Own, Kept},
     {u"REGEN", changeNothing, Own},
@@ -118,9 +119,9 @@ constexpr CommandRow table[] = {
     {u"TEXT", text},
     {u"TEXTSCR", changeNothing, Own, Kept},
     {u"TRIM", trim},
-    {u"U", undoOne, Own},
+    {u"U", undoOne, Own, TakenOrDropped, Alone},
     {u"UCS", ucs},
-    {u"UNDO", undo, Own},
+    {u"UNDO", undo, Own, TakenOrDropped, Alone},
     {u"VIEW", view},
     {u"VPORTS", viewports},
     {u"WBLOCK", writeBlock},
@@ -132,7 +133,7 @@ constexpr CommandRow table[] = {
 static_assert(std::ranges::is_sorted(table, {}, &CommandRow::name));
 
 constexpr CommandRow variableRow{u"", changeVariable, OneStep, Kept};
-constexpr CommandRow objectsRow{u"SELECT", select}, objectRow{u"SELECT", selectOneAnswer};
+constexpr CommandRow objectsRow{u"SELECT", select, Own}, objectRow{u"SELECT", selectOneAnswer, Own};
 
 } // namespace
 

@@ -14,11 +14,14 @@ struct CommandRow
     // Of the objects that are selected before it begins: a command that may run within another one leaves them
     // selected, any other takes them or drops them.
     enum class Preselection { TakenOrDropped, Kept };
+    // Alone: it takes the drawing as it is away, on which another command may be at work.
+    enum class Company { Any, Alone };
 
     std::u16string_view name;
     Command (*run)(Context &context);
     Undo undo = Undo::OneStep;
     Preselection preselection = Preselection::TakenOrDropped;
+    Company company = Company::Any;
 };
 
 std::span<const CommandRow> commandTable();

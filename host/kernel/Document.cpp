@@ -70,6 +70,7 @@ void Document::open(const QString &path)
     ReadingProgress progress(*m_services.userInterface, m_machine, path);
     m_openDrawing = std::make_unique<OpenDrawing>(path, [&progress](double share) { progress.show(share); });
     m_session.forgetSelections();
+    m_selectionSets.forgetDrawing();
     m_commandLine.forgetDrawing();
     m_viewport = drawing::NoRecord;
     workOnPaper();

@@ -15,6 +15,12 @@ SelectionSet *SelectionSets::find(const LispName &name) const
     return found != m_sets.end() ? found->second : nullptr;
 }
 
+void SelectionSets::forgetDrawing()
+{
+    for (const auto &[number, set] : m_sets)
+        set->clear();
+}
+
 SelectionSet::SelectionSet(SelectionSets &owner) : m_owner(owner), m_number(++owner.m_last)
 {
     m_owner.m_sets.emplace(m_number, this);
@@ -44,6 +50,14 @@ const commands::SelectionWay *SelectionSet::wayOf(RecordId entity) const
 {
     const auto found = m_ways.find(entity);
     return found != m_ways.end() ? found->second.get() : nullptr;
+}
+
+void SelectionSet::clear()
+{
+    m_entities.clear();
+    m_first = 0;
+    m_places.clear();
+    m_ways.clear();
 }
 
 // Programs take the first out until none is left. Else what stands behind moves up and its places are not told, which

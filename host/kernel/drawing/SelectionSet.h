@@ -21,6 +21,7 @@ class SelectionSets
 {
 public:
     SelectionSet *find(const LispName &name) const; // null when there is none
+    void forgetDrawing();                           // all of them are empty then
 
 private:
     friend struct SelectionSet;
@@ -49,6 +50,9 @@ struct SelectionSet final : lisp::Native
     LispName nodeName() const { return {{m_number, 0}}; }
 
 private:
+    friend class SelectionSets;
+    void clear();
+
     SelectionSets &m_owner;
     std::int64_t m_number;
     std::vector<drawing::RecordId> m_entities;

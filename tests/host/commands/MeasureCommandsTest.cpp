@@ -224,6 +224,27 @@ TEST_F(FileCommands, OpenAsksBeforeChangesAreLost)
     EXPECT_EQ(takePrinted(), "");
 }
 
+TEST_F(FileCommands, OpenWaitsForTheEndOfAnotherCommand)
+{
+    evaluate("(command \"_.save\" \"" + path("a.dxf") + "\")");
+    for (const std::string name : {"'_.open", "'_.u", "'_undo", "'redo"}) {
+        evaluate("(command \"_.line\" \"0,0\" \"1,1\" \"" + name + "\")");
+        EXPECT_EQ(takePrinted(), "\n** That command may not be invoked transparently **\n");
+        EXPECT_EQ(evaluate("(getvar \"CMDNAMES\")"), "\"LINE\"");
+        evaluate("(command \"2,2\" \"\")");
+    }
+    EXPECT_EQ(evaluate("(sslength (ssget \"X\"))"), "8");
+}
+
+TEST_F(FileCommands, SelectionSetsOfTheDrawingBeforeAreEmpty)
+{
+    evaluate("(command \"_.save\" \"" + path("a.dxf") + "\" \"_.circle\" \"1,2\" 3)");
+    evaluate("(setq set (ssget \"X\")) (command \"_.open\" \"_y\" \"" + path("a.dxf") + "\")");
+    EXPECT_EQ(evaluate("(list (sslength set) (ssname set 0) (ssnamex set))"), "(0 nil nil)");
+    evaluate("(command \"_.point\" \"1,2\") (ssadd (entlast) set) (command \"_.erase\" set \"\")");
+    EXPECT_THAT(types(), ElementsAre());
+}
+
 TEST_F(FileCommands, AFileIsReplacedOnlyWhenConfirmed)
 {
     evaluate("(command \"_.save\" \"" + path("a.dxf") + "\") (command \"_.circle\" \"1,2\" 3)");

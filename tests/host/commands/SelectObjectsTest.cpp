@@ -115,6 +115,18 @@ TEST_F(SelectObjects, AfterSsgetTheWaitingCommandShowsItsPromptAgain)
     EXPECT_THAT(takePrinted(), testing::StartsWith("\nSpecify next point or [Undo]: 1,1\n"));
 }
 
+TEST_F(SelectObjects, SsgetBelongsToTheStepOfItsProgram)
+{
+    m_document.drawing().database().journal().nextStep();
+    m_services.answers = AnswersFile::fromText(u"_all\n\n", QString());
+    evaluate("(entmake '((0 . \"TEXT\") (10 0 0) (40 . 1) (1 . \"a\")))"
+             "(ssget)"
+             "(entmake '((0 . \"TEXT\") (10 0 0) (40 . 1) (1 . \"b\")))");
+    EXPECT_EQ(evaluate("(sslength (ssget \"X\" '((0 . \"TEXT\"))))"), "2");
+    evaluate("(command \"_.u\")");
+    EXPECT_EQ(evaluate("(ssget \"X\" '((0 . \"TEXT\")))"), "nil");
+}
+
 TEST_F(SelectObjects, ErrnoTellsAPickOfNothingFromEnter)
 {
     for (const std::string ask : {"entsel", "nentsel"}) {
