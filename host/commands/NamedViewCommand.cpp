@@ -9,12 +9,9 @@
 
 namespace commands {
 
-using drawing::realGroup;
 using geometry::Matrix;
 
 namespace {
-
-enum Code : int { CentreCode = 10, DirectionCode, TargetCode, HeightCode = 40, WidthCode, TwistCode = 50 };
 
 Task<std::u16string> askName(Context &context, std::u16string_view prompt)
 {
@@ -31,29 +28,19 @@ double widthOf(const Session &session, const ViewState &view)
 }
 
 // A view of that name is replaced.
-void save(Context &context, const std::u16string &name, const ViewState &view, double width)
+void save(Context &context, const std::u16string &name, const NamedView &view)
 {
     if (const RecordId old = findRecord(context, drawing::known::View, name); old != drawing::NoRecord)
         context.database().erase(old);
-    const Session &session = context.session();
-    constexpr double Lens = 50;
     drawing::GroupList groups{drawing::textGroup(drawing::groupcode::Type, u"VIEW")};
     if (!context.database().isBefore2000()) {
         groups.push_back(drawing::textGroup(drawing::groupcode::Subclass, u"AcDbSymbolTableRecord"));
         groups.push_back(drawing::textGroup(drawing::groupcode::Subclass, u"AcDbViewTableRecord"));
     }
     groups.push_back(drawing::textGroup(drawing::groupcode::Name, name));
-    groups.push_back(drawing::integerGroup(70, session.isPaperSpaceCurrent() ? 1 : 0));
-    groups.push_back(realGroup(HeightCode, view.height));
-    groups.push_back(drawing::flatPointGroup(CentreCode, geometry::inverse(view.displayToWorld()).place(view.centre)));
-    groups.push_back(realGroup(WidthCode, width));
-    groups.push_back(drawing::pointGroup(DirectionCode, view.direction));
-    groups.push_back(drawing::pointGroup(TargetCode, view.target));
-    groups.push_back(realGroup(42, Lens));
-    groups.push_back(realGroup(43, 0));
-    groups.push_back(realGroup(44, 0));
-    groups.push_back(realGroup(TwistCode, degrees(view.twist)));
-    groups.push_back(drawing::integerGroup(71, 0));
+    groups.push_back(drawing::integerGroup(70, context.session().isPaperSpaceCurrent() ? 1 : 0));
+    const drawing::GroupList seen = groupsOf(view);
+    groups.insert(groups.end(), seen.begin(), seen.end());
     addRecord(context, groups);
 }
 
@@ -62,14 +49,7 @@ void restore(Context &context, const std::u16string &name)
     const RecordId record = findRecord(context, drawing::known::View, name);
     if (record == drawing::NoRecord)
         throw CommandError{u"Cannot find view " + name + u"."};
-    const drawing::GroupList groups = context.database().groups(record);
-    ViewState view = viewState(context.session());
-    view.height = drawing::realOf(groups, HeightCode, view.height);
-    view.direction = drawing::placeOf(groups, DirectionCode, {0, 0, 1});
-    view.target = drawing::placeOf(groups, TargetCode);
-    view.twist = geometry::radians(drawing::realOf(groups, TwistCode));
-    view.centre = view.displayToWorld().place(drawing::placeOf(groups, CentreCode));
-    show(context.session(), view);
+    show(context.session(), namedView(context.database().groups(record)).seen);
 }
 
 Command saveWindow(Context &context)
@@ -81,9 +61,12 @@ Command saveWindow(Context &context)
     const Matrix toWorld = view.displayToWorld(), toDisplay = geometry::inverse(toWorld);
     const WorkPlane plane(context.session());
     const Vector a = toDisplay.place(plane.world(first.value)), b = toDisplay.place(plane.world(other.value));
+    const double width = std::abs(b.x - a.x);
     view.centre = toWorld.place((a + b) * 0.5);
     view.height = std::abs(b.y - a.y);
-    save(context, name, view, std::abs(b.x - a.x));
+    if (!(view.height > 0 && width > 0))
+        throw CommandError{u"The view is empty."};
+    save(context, name, {view, width});
 }
 
 Command deleteViews(Context &context)
@@ -105,7 +88,7 @@ Command view(Context &context)
     if (option.is(u"Save")) {
         const std::u16string name = co_await askName(context, u"Enter view name to save: ");
         const ViewState view = viewState(context.session());
-        save(context, name, view, widthOf(context.session(), view));
+        save(context, name, {view, widthOf(context.session(), view)});
     } else if (option.is(u"Restore")) {
         const std::u16string name = co_await askName(context, u"Enter view name to restore: ");
         restore(context, name);

@@ -6,7 +6,6 @@
 #include "host/commands/ViewState.h"
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/Layouts.h"
-#include "host/drawing/edit/GroupEditing.h"
 
 #include <QFileInfo>
 #include <QString>
@@ -96,10 +95,12 @@ Task<PaperSize> askPaper(Context &context)
     }
 }
 
-void take(PlotJob::Page &page, const Vector &centre, double width, double height)
+// As seen from above.
+void take(PlotJob::Page &page, const NamedView &view)
 {
-    page.lower = {centre.x - width / 2, centre.y - height / 2, 0};
-    page.upper = {centre.x + width / 2, centre.y + height / 2, 0};
+    const geometry::Box box = view.seen.box(view.width);
+    page.lower = {box.minimum.x, box.minimum.y, 0};
+    page.upper = {box.maximum.x, box.maximum.y, 0};
 }
 
 // What the screen shows. Its size is that of the window in pixels.
@@ -107,18 +108,15 @@ void takeDisplay(const Session &session, PlotJob::Page &page)
 {
     const Point screen = session.point(u"SCREENSIZE");
     const ViewState view = viewState(session);
-    take(page, view.centre, view.height * screen.x / screen.y, view.height);
+    take(page, {view, view.height * screen.x / screen.y});
 }
 
 void takeView(Context &context, const std::u16string &name, PlotJob::Page &page)
 {
-    constexpr int HeightCode = 40, WidthCode = 41, CentreCode = 10;
     const RecordId view = findRecord(context, drawing::known::View, name);
     if (view == drawing::NoRecord)
         throw CommandError{u"Cannot find view " + name + u"."};
-    const drawing::GroupList groups = context.database().groups(view);
-    take(page, drawing::placeOf(groups, CentreCode), drawing::realOf(groups, WidthCode),
-         drawing::realOf(groups, HeightCode));
+    take(page, namedView(context.database().groups(view)));
 }
 
 Command askWindow(Context &context, PlotJob::Page &page)

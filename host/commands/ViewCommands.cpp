@@ -39,7 +39,7 @@ void changeToBox(Context &context, ViewState view, const Box &box)
     const Point screen = context.session().point(u"SCREENSIZE");
     const Vector size = box.maximum - box.minimum;
     const double height = std::max(size.y, size.x * screen.y / screen.x);
-    if (!box.isEmpty() && height > 0) {
+    if (!box.isEmpty() && height > 0 && std::isfinite(height)) {
         view.centre = view.displayToWorld().place({box.minimum.x + size.x / 2, box.minimum.y + size.y / 2, 0});
         view.height = height;
     }

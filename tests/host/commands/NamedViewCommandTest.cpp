@@ -31,6 +31,22 @@ TEST_F(NamedViewCommand, AWindowIsAView)
     EXPECT_EQ(evaluate("(cdr (assoc 40 (tblsearch \"VIEW\" \"corner\")))"), "6.0");
 }
 
+TEST_F(NamedViewCommand, AWindowWithoutHeightOrWidthIsRefused)
+{
+    evaluate(
+        "(command \"_.view\" \"_w\" \"flat\" \"0,3\" \"8,3\") (command \"_.view\" \"_w\" \"thin\" \"3,0\" \"3,8\")");
+    EXPECT_EQ(takePrinted(), "\nThe view is empty.\n\nThe view is empty.\n");
+    EXPECT_EQ(evaluate("(list (tblsearch \"VIEW\" \"flat\") (tblsearch \"VIEW\" \"thin\"))"), "(nil nil)");
+}
+
+TEST_F(NamedViewCommand, TheSizeStaysWhenARecordHasNone)
+{
+    evaluate("(command \"_.zoom\" \"_c\" \"0,0\" 30 \"_.view\" \"_w\" \"a\" \"0,0\" \"8,6\")"
+             "(setq record (entget (tblobjname \"VIEW\" \"a\")))"
+             "(entmod (subst '(40 . 0.0) (assoc 40 record) record)) (command \"_.view\" \"_r\" \"a\")");
+    EXPECT_EQ(evaluate("(list (getvar \"VIEWCTR\") (getvar \"VIEWSIZE\"))"), "((4.0 3.0 0.0) 30.0)");
+}
+
 TEST_F(NamedViewCommand, DeletedOnesAreGoneAndUnknownOnesSaid)
 {
     evaluate("(command \"_.view\" \"_s\" \"a1\" \"_.view\" \"_s\" \"a2\" \"_.view\" \"_d\" \"a*\")");

@@ -65,6 +65,42 @@ TEST_F(PlotCommand, PlotsWhatTheScreenShowsWhereverTheUsersOriginIs)
     EXPECT_DOUBLE_EQ(page().upper.y, 60);
 }
 
+class PlottedViews : public PlotCommand
+{
+protected:
+    void plotView()
+    {
+        evaluate(
+            "(command \"-PLOT\" \"Y\" \"Model\" \"PNG\" \"A4\" \"M\" \"L\" \"N\" \"V\" \"detail\" \"F\" \"C\" \"Y\""
+            " \".\" \"Y\" \"A\" \"a.png\" \"N\" \"Y\")");
+    }
+};
+
+TEST_F(PlottedViews, AreWhereTheyWereSavedWhateverTheirTargetAndTwist)
+{
+    evaluate("(entmake '((0 . \"VIEW\") (100 . \"AcDbSymbolTableRecord\") (100 . \"AcDbViewTableRecord\")"
+             " (2 . \"detail\") (70 . 0) (40 . 20.0) (10 5.0 0.0) (41 . 40.0) (11 0.0 0.0 1.0) (12 100.0 50.0 0.0)"
+             " (42 . 50.0) (43 . 0.0) (44 . 0.0) (50 . 1.5707963267948966) (71 . 0)))");
+    plotView();
+    ASSERT_EQ(m_jobs.size(), 1u) << takePrinted();
+    EXPECT_NEAR(page().lower.x, 90, 1e-9); // turned by a quarter, what is 40 wide in the view is upright
+    EXPECT_NEAR(page().upper.x, 110, 1e-9);
+    EXPECT_NEAR(page().lower.y, 25, 1e-9);
+    EXPECT_NEAR(page().upper.y, 65, 1e-9);
+}
+
+TEST_F(PlottedViews, AreWindowsWhateverTheCoordinateSystem)
+{
+    evaluate(
+        "(command \"_.ucs\" \"_z\" 90 \"_.plan\" \"\" \"_.view\" \"_w\" \"detail\" '(0 0) '(8 6) \"_.ucs\" \"_w\")");
+    plotView();
+    ASSERT_EQ(m_jobs.size(), 1u) << takePrinted();
+    EXPECT_NEAR(page().lower.x, -6, 1e-9);
+    EXPECT_NEAR(page().upper.x, 0, 1e-9);
+    EXPECT_NEAR(page().lower.y, 0, 1e-9);
+    EXPECT_NEAR(page().upper.y, 8, 1e-9);
+}
+
 TEST_F(PlotCommand, PlotsALayoutWithItsOwnQuestions)
 {
     evaluate("(command \"_.-plot\" \"_y\" \"Layout1\" \"PNG\" \"A4\" \"_i\" \"_l\" \"_n\" \"_e\" \"_f\" \"_c\" \"_y\" "

@@ -139,6 +139,19 @@ TEST_F(ViewCommands, WindowAndPanAreInTheUsersCoordinates)
     EXPECT_EQ(view(), "((1007.0 3.0 0.0) 10.0)");
 }
 
+TEST_F(ViewCommands, TheSizeStaysAPositiveNumber)
+{
+    evaluate("(command \"_.zoom\" \"1e300x\" \"_.zoom\" \"1e300x\")");
+    EXPECT_EQ(evaluate("(> (getvar \"VIEWSIZE\") 0)"), "T");
+    evaluate("(setq size (getvar \"VIEWSIZE\")) (command \"_.zoom\" \"2x\")");
+    EXPECT_EQ(evaluate("(= (getvar \"VIEWSIZE\") (/ size 2))"), "T");
+    for (int i = 0; i < 4; ++i)
+        evaluate("(command \"_.zoom\" \"1e-300x\")");
+    EXPECT_EQ(evaluate("(< (getvar \"VIEWSIZE\") 1e308)"), "T");
+    evaluate("(command \"_.zoom\" \"_c\" '(0 0) 5)");
+    EXPECT_EQ(view(), "((0.0 0.0 0.0) 5.0)");
+}
+
 TEST_F(ViewCommands, RegenAndRedrawAreThere)
 {
     EXPECT_EQ(evaluate("(vl-cmdf \"_.regen\" \"_.regenall\" \"_.redraw\")"), "T");
