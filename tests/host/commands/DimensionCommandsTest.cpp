@@ -123,7 +123,7 @@ TEST_F(DimensionCommands, ScaledOnesShowWhatTheyMeasureThen)
     EXPECT_EQ(shown("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"_t\" \"2 x <> typ\" \"20,10\")"), "\"2 x 60.00 typ\"");
     EXPECT_EQ(shown("(command \"_.dimlinear\" \"0,0\" \"40,0\" \"_t\" \"40.00\" \"20,10\")"), "\"40.00\"");
     EXPECT_EQ(shown("(command \"_.dimradius\" (list a '(10 0 0)) \"20,0\")"), "\"R15.00\"");
-    EXPECT_EQ(shown("(command \"_.dimdiameter\" (list a '(10 0 0)) \"_t\" \"<> hole\" \"20,0\")"), "\"%%c30.00 hole\"");
+    EXPECT_EQ(shown("(command \"_.dimdiameter\" (list a '(10 0 0)) \"_t\" \"hole <>\" \"20,0\")"), "\"hole %%c30.00\"");
 }
 
 TEST_F(DimensionCommands, AScaledCopyShowsItsOwnMeasurement)
