@@ -18,6 +18,11 @@ Command list(Context &context)
 
 } // namespace
 
+std::string headerNameOf(const Session &session, std::u16string_view variable)
+{
+    return (session.isPaperSpaceCurrent() ? "$P" : "$") + std::string(variable.begin(), variable.end());
+}
+
 RecordId namedSystem(Context &context, const std::u16string &name)
 {
     const RecordId system = findRecord(context, UserCoordinates, name);

@@ -5,6 +5,10 @@
 
 namespace commands {
 
+// The variable of the drawing's header that has a variable of the current system, as UCSORG: the paper of layouts has
+// its own, so that the model's stays.
+std::string headerNameOf(const Session &session, std::u16string_view variable);
+
 // The coordinate systems with a name, as matrices to the world's.
 
 // The record of one. Throws CommandError when there is none of that name.

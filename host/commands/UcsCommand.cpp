@@ -26,18 +26,23 @@ Point pointOf(const Vector &vector)
 }
 
 // In the drawing's header, too: there undo finds it, and who opens the drawing.
-void assign(Context &context, std::u16string_view variable, std::string_view inHeader, const Point &value)
+void keep(Context &context, std::u16string_view variable, const drawing::Group &value)
+{
+    const std::string inHeader = headerNameOf(context.session(), variable);
+    if (drawing::findVariable(context.database(), inHeader) != drawing::NoRecord)
+        drawing::setVariable(context.database(), inHeader, value);
+}
+
+void assign(Context &context, std::u16string_view variable, const Point &value)
 {
     context.session().assign(variable, value);
-    if (drawing::findVariable(context.database(), inHeader) != drawing::NoRecord)
-        drawing::setVariable(context.database(), inHeader, pointGroup(OriginCode, geometry::vectorOf(value)));
+    keep(context, variable, pointGroup(OriginCode, geometry::vectorOf(value)));
 }
 
 void assignName(Context &context, const std::u16string &name)
 {
     context.session().assign(u"UCSNAME", name);
-    if (drawing::findVariable(context.database(), "$UCSNAME") != drawing::NoRecord)
-        drawing::setVariable(context.database(), "$UCSNAME", textGroup(drawing::groupcode::Name, name));
+    keep(context, u"UCSNAME", textGroup(drawing::groupcode::Name, name));
 }
 
 // What is seen stays, unless UCSFOLLOW wants the new system's plan.
@@ -45,9 +50,9 @@ void use(Context &context, const Memory::CoordinateSystem &system)
 {
     Session &session = context.session();
     const ViewState view = viewState(session);
-    assign(context, u"UCSORG", "$UCSORG", system.origin);
-    assign(context, u"UCSXDIR", "$UCSXDIR", system.x);
-    assign(context, u"UCSYDIR", "$UCSYDIR", system.y);
+    assign(context, u"UCSORG", system.origin);
+    assign(context, u"UCSXDIR", system.x);
+    assign(context, u"UCSYDIR", system.y);
     assignName(context, system.name);
     if (session.integer(u"UCSFOLLOW") != 0 && !session.isPaperSpaceCurrent())
         showPlan(context, WorkPlane(session).toWorld());

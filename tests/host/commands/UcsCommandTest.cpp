@@ -1,5 +1,6 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include "host/drawing/HeaderVariables.h"
 #include "host/drawing/geometry/Matrix.h"
 #include "tests/host/drawing/Audit.h"
 
@@ -111,6 +112,22 @@ TEST_F(UcsCommand, ASavedDrawingHasIt)
     EXPECT_EQ(system(), "((1.0 2.0 3.0) (1.0 0.0 0.0) (0.0 1.0 0.0))");
     EXPECT_EQ(evaluate("(list (getvar \"WORLDUCS\") (getvar \"UCSNAME\"))"), "(0 \"Roof\")");
     EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(UcsCommand, ThatOfALayoutIsNotTheModelsInTheDrawing)
+{
+    const auto origin = [this](std::string_view name) {
+        return geometry::vectorOf(std::get<drawing::Point>(drawing::variable(database(), name)->value));
+    };
+    evaluate(
+        "(command \"_.ucs\" \"_o\" '(1 2)) (setvar \"TILEMODE\" 0) (command \"_.ucs\" \"_w\" \"_.ucs\" \"_o\" '(5 5))");
+    EXPECT_EQ(origin("$UCSORG"), (Vector{1, 2, 0}));
+    EXPECT_EQ(origin("$PUCSORG"), (Vector{5, 5, 0}));
+    evaluate("(command \"_.line\" '(0 0) '(1 0) \"\" \"_.u\")"); // the line, and nothing else
+    EXPECT_EQ(evaluate("(getvar \"UCSORG\")"), "(5.0 5.0 0.0)");
+    evaluate("(command \"_.u\")");
+    EXPECT_EQ(evaluate("(getvar \"UCSORG\")"), "(0.0 0.0 0.0)");
+    EXPECT_EQ(origin("$UCSORG"), (Vector{1, 2, 0}));
 }
 
 TEST_F(UcsCommand, TheViewsOwnKeepsTheOrigin)
