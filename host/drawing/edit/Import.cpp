@@ -2,6 +2,7 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/HeaderVariables.h"
+#include "host/drawing/RawValues.h"
 #include "host/drawing/edit/DimensionParts.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/Transform.h"
@@ -12,16 +13,20 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <unordered_map>
 
 namespace drawing {
 
 namespace {
 
-constexpr int FlagsCode = 70, LayoutCode = 410, LeaderAnnotationCode = 340;
+constexpr int FlagsCode = 70, LayoutCode = 410, LeaderAnnotationCode = 340, ExtendedHandleCode = 1005;
 constexpr std::int64_t AnonymousFlag = 1, AttributesFlag = 2; // of blocks; others tell of external references
 
-bool isSpace(const std::u16string &block)
+// Before R13 the spaces' blocks have another first letter, as asterisks stand for blocks without names alone.
+bool isSpace(const Database &database, std::u16string block)
 {
+    if (database.isBefore2000() && block.starts_with(u'$'))
+        block.front() = u'*';
     return folded(block).starts_with(folded(ModelSpace)) || folded(block).starts_with(folded(PaperSpace));
 }
 
@@ -112,11 +117,12 @@ public:
             return m_import;
         m_unfilled.push_back({model, m_import.block});
         for (const RecordId block : m_source.tables().entries(known::Block))
-            if (const std::u16string title = m_from.name(block); !isAnonymous(title))
+            if (const std::u16string title = m_from.name(block); !isAnonymous(title) && !isSpace(m_from, title))
                 importBlock(block, title);
         importTable(known::DimensionStyle);
         for (std::size_t next = 0; next < m_unfilled.size(); ++next) // anonymous blocks come along with what shows them
             fill(std::vector<RecordId>(m_unfilled[next].entities), m_unfilled[next].block);
+        translateExtendedHandles();
         return m_import;
     }
 
@@ -149,9 +155,33 @@ private:
             const std::u16string name = m_from.name(record);
             if (name.empty() || m_target.tables().find(table, name) != NoRecord)
                 continue;
-            GroupList groups = groupsForCopy(m_from.groups(record));
+            const GroupList original = m_from.groups(record);
+            GroupList groups = groupsForCopy(original);
             const bool isWhole = translateHandles(groups);
-            addTableRecord(m_target, table == known::Linetype && !isWhole ? plainLinetype(groups) : groups);
+            if (table == known::DimensionStyle)
+                takeArrows(groups, original);
+            remember(record,
+                     addTableRecord(m_target, table == known::Linetype && !isWhole ? plainLinetype(groups) : groups));
+        }
+    }
+
+    // Before R2000 dimension styles name the blocks of their arrows, the first where other records have their handle;
+    // later they point to them.
+    void takeArrows(GroupList &style, const GroupList &original) const
+    {
+        struct Arrow
+        {
+            int name, pointer;
+        };
+        constexpr Arrow arrows[] = {{groupcode::Handle, 342}, {6, 343}, {7, 344}};
+        for (const auto &[name, pointer] : arrows) {
+            const Group *named = findGroup(original, name);
+            const RecordId block = m_target.tables().find(known::BlockRecord, textOf(original, name));
+            removeGroups(style, name);
+            if (named && namesArrows(m_database))
+                setGroup(style, *named);
+            else if (block != NoRecord && !hasGroup(style, pointer))
+                setGroup(style, {pointer, Handle{m_database.record(block).handle}});
         }
     }
 
@@ -181,7 +211,7 @@ private:
                 return false;
             const std::optional<Handle> there = translated(*handle);
             *handle = there.value_or(Handle{0});
-            if (there || group.code >= groupcode::ExtendedString)
+            if (there)
                 return false;
             isWhole = isWhole && isDispensable(group.code);
             return true;
@@ -189,6 +219,39 @@ private:
         for (auto group = groups.begin(); group != groups.end();)
             group = isLost(*group) ? groups.erase(group) : group + 1;
         return isWhole;
+    }
+
+    // --- handles in extended data, which are translated when all that they may point to is there ---
+
+    void remember(RecordId original, RecordId copy)
+    {
+        if (copy == NoRecord)
+            return;
+        m_copies[original] = copy;
+        if (m_from.firstGroup(original, ExtendedHandleCode))
+            m_withHandles.push_back(copy);
+    }
+
+    void translateExtendedHandles()
+    {
+        for (const RecordId copy : m_withHandles) {
+            GroupList groups = m_database.groups(copy);
+            for (Group &group : groups)
+                if (const auto *text = std::get_if<std::u16string>(&group.value);
+                    text && group.code == ExtendedHandleCode)
+                    group.value = pointedTo(*text);
+            m_database.replace(copy, groups);
+        }
+    }
+
+    Handle pointedTo(const std::u16string &text) const
+    {
+        if (!m_from.writesHandles() || !m_database.writesHandles())
+            return {};
+        const Handle handle{handleOf(std::string(text.begin(), text.end()))};
+        const auto copy = m_copies.find(m_from.find(handle));
+        return copy != m_copies.end() ? Handle{m_database.record(copy->second).handle}
+                                      : translated(handle).value_or(Handle{});
     }
 
     // --- blocks ---
@@ -223,7 +286,8 @@ private:
         const std::u16string name = shownBlock(entity);
         if (name.empty())
             return true;
-        if (const RecordId block = m_source.tables().find(known::Block, name); block != NoRecord && !isSpace(name))
+        if (const RecordId block = m_source.tables().find(known::Block, name);
+            block != NoRecord && !isSpace(m_from, name))
             importBlock(block, name);
         const auto there = m_blocks.find(folded(name));
         if (there != m_blocks.end())
@@ -256,12 +320,14 @@ private:
             hasOneEra() ? append(std::move(groups), owner, block) : addEntity(m_target, groups, {block, false, u"0"});
         if (whole == NoRecord)
             return false;
+        remember(entity, whole);
         RecordId last = whole;
         for (const RecordId part : partsOf(m_from, entity)) {
             GroupList own = groupsForCopy(m_from.groups(part));
             translateHandles(own);
             const RecordId added = hasOneEra() ? append(std::move(own), {m_database.record(whole).handle}, block)
                                                : addPartBehind(m_target, last, whole, own);
+            remember(part, added);
             last = added != NoRecord ? added : last;
         }
         return true;
@@ -275,7 +341,7 @@ private:
         removeGroups(groups, groupcode::Space);
         removeGroups(groups, LayoutCode);
         std::erase_if(groups, [](const Group &group) { return group.code == groupcode::Owner; });
-        if (owner.value != 0)
+        if (owner.value != 0 && !m_database.isBefore2000())
             groups.insert(groups.begin() + 1, {groupcode::Owner, owner});
         const RecordId added = m_database.add(RecordKind::Entity, groups, m_database.endOf(block));
         if (added != NoRecord)
@@ -289,6 +355,8 @@ private:
     const Database &m_from;
     std::map<std::u16string, std::u16string> m_blocks; // by their folded names in the source, what they are called here
     std::vector<Unfilled> m_unfilled;
+    std::unordered_map<RecordId, RecordId> m_copies; // of the source's records
+    std::vector<RecordId> m_withHandles;             // those of the copies that have handles in their extended data
     Import m_import;
 };
 

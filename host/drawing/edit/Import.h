@@ -19,7 +19,7 @@ struct Import
 // is emptied before. All layers, linetypes, styles, applications and named blocks of the other drawing come along. What
 // the drawing has under the same name holds. No block when the name cannot be written.
 //
-// Drawings before R2000 take only drawings before R2000, and what would show itself must not be imported.
+// Drawings before R13 take only drawings before R13, and what would show itself must not be imported.
 Import importAsBlock(Drawing &drawing, const Drawing &source, const std::u16string &name);
 bool canTake(const Drawing &drawing, const Drawing &source);
 bool wouldShowItself(const Drawing &drawing, const Drawing &source, const std::u16string &name);

@@ -279,6 +279,11 @@ RecordId addPartBehind(Drawing &drawing, RecordId last, RecordId whole, const Gr
     return added;
 }
 
+bool namesArrows(const Database &database)
+{
+    return database.version() < "AC1015"; // R2000
+}
+
 RecordId addTableRecord(Drawing &drawing, const GroupList &list)
 {
     Database &database = drawing.database();
@@ -293,8 +298,9 @@ RecordId addTableRecord(Drawing &drawing, const GroupList &list)
                       {{groupcode::Owner, Handle{database.record(drawing.tables().ensureTable(table)).handle}},
                        {groupcode::Subclass, u"AcDbSymbolTableRecord"},
                        {groupcode::Subclass, std::u16string(marker)}});
+    const bool namesArrow = table == known::DimensionStyle && namesArrows(database);
     for (const Group &group : list)
-        if (group.code != groupcode::Type && group.code != groupcode::Handle &&
+        if (group.code != groupcode::Type && (group.code != groupcode::Handle || namesArrow) &&
             group.code != groupcode::DimStyleHandle && group.code != groupcode::Owner &&
             group.code != groupcode::Subclass)
             groups.push_back(group);

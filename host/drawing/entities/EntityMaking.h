@@ -39,4 +39,7 @@ bool canShow(const Drawing &drawing, RecordId insert, const GroupList &wanted);
 // Adds a record to the table of its type, with what the list leaves out: LAYER, LTYPE, STYLE, …
 RecordId addTableRecord(Drawing &drawing, const GroupList &list);
 
+// Whether its dimension styles have the name of their arrow's block under the code that is other records' handle.
+bool namesArrows(const Database &database);
+
 } // namespace drawing

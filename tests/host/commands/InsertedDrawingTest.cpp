@@ -36,13 +36,23 @@ protected:
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
+    static QByteArray oldDrawing(const QByteArray &entities, const QByteArray &sections = {})
+    {
+        return "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n" + sections + "0\nSECTION\n2\nENTITIES\n" +
+               entities + "0\nENDSEC\n0\nEOF\n";
+    }
+    void openOldDrawing()
+    {
+        writeFile(oldDrawing("0\nPOINT\n5\n2F\n8\n0\n10\n0\n20\n0\n"));
+        m_document.open(path());
+    }
     QString path() const { return m_folder.filePath(QStringLiteral("part.dxf")); }
     std::string quoted(const std::string &before = {}) const { return '"' + before + path().toStdString() + '"'; }
     void insert(const std::string &name) { evaluate("(command \"_.-insert\" " + name + " '(10 20) 1 1 0)"); }
 
     std::vector<drawing::RecordId> inBlock(std::u16string_view name)
     {
-        return drawing::entitiesIn(database(), m_document.drawing().tables().find(drawing::known::Block, name));
+        return drawing::entitiesIn(database(), record(drawing::known::Block, name));
     }
     std::vector<std::string> typesIn(std::u16string_view name)
     {
@@ -50,6 +60,20 @@ protected:
         for (const drawing::RecordId entity : inBlock(name))
             types.push_back(QString::fromStdU16String(database().type(entity)).toStdString());
         return types;
+    }
+    drawing::RecordId record(drawing::NameId table, std::u16string_view name)
+    {
+        return m_document.drawing().tables().find(table, name);
+    }
+    drawing::Handle handle(drawing::RecordId id) { return {database().record(id).handle}; }
+    std::vector<drawing::Handle> extendedHandles(drawing::RecordId id)
+    {
+        std::vector<drawing::Handle> handles;
+        drawing::GroupReader reader = database().reader(id);
+        for (drawing::Item item; reader.next(item);)
+            if (item.code == 1005)
+                handles.push_back({item.handle});
+        return handles;
     }
     std::string valueOf(int code, const char *table, const char *name)
     {
@@ -317,6 +341,100 @@ TEST_F(InsertedDrawing, AnOldDrawingComesAsTheNewOneHasIt)
     EXPECT_EQ(takePrinted(), "");
     EXPECT_THAT(typesIn(u"part"), ElementsAre("LINE", "POLYLINE"));
     EXPECT_EQ(valueOf(62, "LAYER", "OLD"), "5");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, PartsInAnOldDrawingHaveNoOwners)
+{
+    openOldDrawing();
+    writeFile(oldDrawing("0\nPOLYLINE\n8\n0\n66\n1\n0\nVERTEX\n8\n0\n10\n0\n20\n0\n"
+                         "0\nVERTEX\n8\n0\n10\n1\n20\n1\n0\nSEQEND\n8\n0\n"));
+    insert(quoted());
+    ASSERT_THAT(typesIn(u"part"), ElementsAre("POLYLINE"));
+    std::vector<drawing::RecordId> records = drawing::partsOf(database(), inBlock(u"part").front());
+    EXPECT_EQ(records.size(), 3u);
+    records.push_back(inBlock(u"part").front());
+    for (const drawing::RecordId one : records)
+        EXPECT_FALSE(drawing::hasGroup(database().groups(one), drawing::groupcode::Owner)) << one;
+}
+
+TEST_F(InsertedDrawing, AnOldDrawingTakesNoLaterOne)
+{
+    openOldDrawing();
+    draw(Circle);
+    evaluate("(command \"_.-insert\" " + quoted("Door=") + ")");
+    EXPECT_THAT(takePrinted(), HasSubstr("it is of a later version, which this drawing cannot hold"));
+    EXPECT_EQ(evaluate("(tblsearch \"BLOCK\" \"Door\")"), "nil");
+}
+
+TEST_F(InsertedDrawing, TheSpacesOfAnOldDrawingBecomeNoBlocks)
+{
+    const auto block = [](const QByteArray &name) {
+        return "0\nBLOCK\n8\n0\n2\n" + name + "\n70\n0\n10\n0\n20\n0\n0\nENDBLK\n8\n0\n";
+    };
+    writeFile(oldDrawing("0\nPOINT\n8\n0\n10\n0\n20\n0\n", "0\nSECTION\n2\nBLOCKS\n" + block("$MODEL_SPACE") +
+                                                               block("$Paper_Space") + block("$PRICE") +
+                                                               "0\nENDSEC\n"));
+    insert(quoted());
+    EXPECT_EQ(evaluate("(mapcar '(lambda (name) (tblsearch \"BLOCK\" name)) '(\"$MODEL_SPACE\" \"$PAPER_SPACE\"))"),
+              "(nil nil)");
+    EXPECT_EQ(valueOf(2, "BLOCK", "$PRICE"), "\"$PRICE\"");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, DimensionStylesOfAnOldDrawingKeepTheirArrows)
+{
+    using namespace drawing::known;
+    const QByteArray part =
+        oldDrawing("0\nPOINT\n8\n0\n10\n0\n20\n0\n",
+                   "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nDIMSTYLE\n70\n1\n0\nDIMSTYLE\n2\nOLD\n70\n0\n3\n\n4\n\n"
+                   "5\nARROW\n6\n\n7\nTICK\n40\n2\n0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n"
+                   "0\nBLOCK\n8\n0\n2\nARROW\n70\n0\n10\n0\n20\n0\n0\nENDBLK\n8\n0\n"
+                   "0\nBLOCK\n8\n0\n2\nTick\n70\n0\n10\n0\n20\n0\n0\nENDBLK\n8\n0\n0\nENDSEC\n");
+    writeFile(part);
+    insert(quoted());
+    const drawing::GroupList style = database().groups(record(DimensionStyle, u"OLD"));
+    const auto *arrow = drawing::findValue<drawing::Handle>(style, 342);
+    ASSERT_NE(arrow, nullptr);
+    EXPECT_EQ(*arrow, handle(record(BlockRecord, u"ARROW")));
+    for (const int code : {5, 6, 7, 343})
+        EXPECT_FALSE(drawing::hasGroup(style, code)) << code;
+    evaluate("(command \"_.-dimstyle\" \"_r\" \"OLD\")");
+    EXPECT_EQ(evaluate("(mapcar 'getvar '(\"DIMBLK\" \"DIMBLK1\" \"DIMBLK2\"))"), "(\"ARROW\" \"\" \"Tick\")");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+
+    openOldDrawing();
+    writeFile(part);
+    insert(quoted());
+    const drawing::GroupList old = database().groups(record(DimensionStyle, u"OLD"));
+    EXPECT_EQ(textOf(old, 5), u"ARROW");
+    EXPECT_EQ(textOf(old, 7), u"TICK");
+    EXPECT_EQ(drawing::realOf(old, 40), 2);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(InsertedDrawing, HandlesInExtendedDataLeadToWhatCameAlong)
+{
+    using namespace drawing::known;
+    evaluate("(repeat 9 (command \"_.point\" '(0 0)) (command \"_.circle\" '(0 0) 1))");
+    draw("(regapp \"TEST\") (command \"_.circle\" '(3 4) 1)"
+         "(defun handle (entity) (cons 1005 (cdr (assoc 5 (entget entity)))))"
+         "(setq circle (entlast))"
+         "(entmake (list '(0 . \"LAYER\") '(100 . \"AcDbSymbolTableRecord\") '(100 . \"AcDbLayerTableRecord\")"
+         " '(2 . \"Walls\") '(70 . 0) (list -3 (list \"TEST\" (handle circle)))))"
+         "(entmake (list '(0 . \"POINT\") '(10 0 0 0) (list -3 (list \"TEST\" (handle circle)"
+         " (handle (tblobjname \"LAYER\" \"Walls\")) (handle (tblobjname \"LAYER\" \"0\")) (handle (namedobjdict))"
+         " '(1005 . \"0\") '(1000 . \"23\")))))"
+         "(entmod (append (entget circle) (list (list -3 (list \"TEST\" (handle (entlast)))))))");
+    insert(quoted());
+    ASSERT_THAT(typesIn(u"part"), ElementsAre("CIRCLE", "POINT"));
+    const drawing::RecordId circle = inBlock(u"part")[0], point = inBlock(u"part")[1];
+    const drawing::RecordId walls = record(Layer, u"Walls");
+    EXPECT_THAT(extendedHandles(circle), ElementsAre(handle(point)));
+    EXPECT_THAT(extendedHandles(walls), ElementsAre(handle(circle)));
+    EXPECT_THAT(extendedHandles(point), ElementsAre(handle(circle), handle(walls), handle(record(Layer, u"0")),
+                                                    drawing::Handle{}, drawing::Handle{}));
+    EXPECT_EQ(textOf(database().groups(point), 1000), u"23");
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
