@@ -55,13 +55,34 @@ struct Insertion
     bool asksScale = true, asksRotation = true;
 };
 
+Command listBlocks(Context &context)
+{
+    const auto names = co_await context.ask().string({u"Enter block(s) to list <*>: "});
+    context.session().print(u"\nDefined blocks:");
+    for (const RecordId block : recordsLike(context, Block, names.hasValue() ? names.value : u"*"))
+        if (const std::u16string name = context.database().name(block); !name.starts_with(u'*'))
+            context.session().print(u'\n' + name);
+    context.session().print(u"\n");
+}
+
+// Empty when Enter was pressed; "?" lists the blocks that have names.
+Task<std::u16string> askBlockName(Context &context, const std::u16string prompt, Enter enter)
+{
+    for (;;) {
+        const auto name = co_await context.ask().string({prompt, {}, enter});
+        if (name.value != u"?")
+            co_return name.value;
+        co_await listBlocks(context);
+    }
+}
+
 Task<Insertion> askName(Context &context)
 {
     const std::u16string last = context.session().text(u"INSNAME");
     const std::u16string prompt = u"Enter block name or [?]" + (last.empty() ? last : u" <" + last + u">") + u": ";
-    const auto answer = co_await context.ask().string({prompt});
+    const std::u16string typed = co_await askBlockName(context, prompt, Enter::Allowed);
     Insertion insertion;
-    insertion.name = answer.isNothing() ? last : answer.value;
+    insertion.name = typed.empty() ? last : typed;
     if (insertion.name.starts_with(u'*')) {
         insertion.explodes = true;
         insertion.name.erase(0, 1);
@@ -218,7 +239,8 @@ std::vector<RecordId> exploded(Context &context, RecordId entity)
 void addExploded(Context &context, const GroupList &insert, bool isForThis)
 {
     const RecordId block = findRecord(context, Block, textOf(insert, drawing::groupcode::Name));
-    if (exploded(context, addEntity(context, insert)).empty())
+    const bool isEmpty = drawing::entitiesIn(context.database(), block).empty();
+    if (!isEmpty && exploded(context, addEntity(context, insert)).empty())
         throw CommandError{u"The block could not be exploded."};
     if (isForThis)
         drawing::eraseBlock(context.database(), context.tables(), block);
@@ -270,22 +292,22 @@ Command insert(Context &context)
 // The objects go into the block and out of the drawing.
 Command block(Context &context)
 {
-    const auto name = co_await context.ask().string({u"Enter block name or [?]: ", {}, Enter::Refused});
-    if (!isValidName(name.value))
+    const std::u16string name = co_await askBlockName(context, u"Enter block name or [?]: ", Enter::Refused);
+    if (!isValidName(name))
         throw CommandError{u"Invalid block name."};
-    if (findRecord(context, Block, name.value) != drawing::NoRecord) {
-        const bool redefines = co_await mayRedefine(context, name.value);
+    if (findRecord(context, Block, name) != drawing::NoRecord) {
+        const bool redefines = co_await mayRedefine(context, name);
         if (!redefines)
             co_return;
     }
     const WorkPlane plane(context.session());
     const auto base = co_await context.ask().point({u"Specify insertion base point: ", {}, Enter::Refused});
     const Selection entities = co_await selectObjects(context);
-    if (containsBlock(context, entities, name.value))
-        throw CommandError{u"Block " + name.value + u" references itself"};
+    if (containsBlock(context, entities, name))
+        throw CommandError{u"Block " + name + u" references itself"};
     drawing::Database &database = context.database();
     const std::int64_t flags = containsAttributes(context, entities) ? HasAttributes : 0;
-    const RecordId there = drawing::defineBlock(database, context.tables(), {name.value, {}, flags});
+    const RecordId there = drawing::defineBlock(database, context.tables(), {name, {}, flags});
     if (there == drawing::NoRecord)
         throw CommandError{u"The block cannot be made."};
     const drawing::Similarity toBlock{geometry::inverse(geometry::Matrix::translation(plane.world(base.value))), false};

@@ -96,6 +96,18 @@ TEST_F(BlockCommands, ABlockThatIsNotThereIsSaid)
     EXPECT_THAT(types(), ElementsAre());
 }
 
+TEST_F(BlockCommands, AQuestionMarkListsTheBlocks)
+{
+    evaluate("(command \"_.insert\" \"Door\" '(0 0) \"\" \"\" \"\" \"_.block\" \"Wall\" '(0 0) \"_l\" \"\")");
+    takePrinted();
+    evaluate("(command \"_.insert\" \"?\" \"\" \"Wall\" '(0 0) \"\" \"\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nDefined blocks:\nDoor\nWall\n");
+    EXPECT_EQ(textOf(lastGroups(), 2), u"Wall");
+    evaluate("(command \"_.block\" \"?\" \"W*\" \"House\" '(0 0) \"_l\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nDefined blocks:\nWall\n");
+    EXPECT_NE(evaluate("(tblsearch \"BLOCK\" \"House\")"), "nil");
+}
+
 TEST_F(BlockCommands, AttributesAreAskedFor)
 {
     addAttribute();

@@ -284,6 +284,16 @@ TEST_F(InsertedDrawing, WithAnAsteriskItsObjectsAreInsertedAndNoBlockStays)
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
+TEST_F(InsertedDrawing, WithAnAsteriskAnEmptyModelLeavesNothing)
+{
+    draw("");
+    evaluate("(command \"_.-insert\" " + quoted("*") + " '(10 20) 2 0)");
+    EXPECT_EQ(takePrinted(), "");
+    EXPECT_THAT(types(), IsEmpty());
+    EXPECT_EQ(evaluate("(tblsearch \"BLOCK\" \"part\")"), "nil");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
 TEST_F(InsertedDrawing, OneUndoTakesAllOfItBack)
 {
     draw("(command \"_.-layer\" \"_m\" \"Walls\" \"\" \"_.circle\" '(3 4) 1)");
