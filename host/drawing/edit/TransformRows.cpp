@@ -282,10 +282,10 @@ bool isUpright(double angle)
     return angle <= Quarter || angle > ThreeQuarters;
 }
 
-bool isUpright(const geometry::Vector &direction, const geometry::Vector &extrusion)
+bool isUpright(const geometry::Vector &direction, const geometry::Vector &normal)
 {
     constexpr double Turn = 360, Tiny = 1e-12;
-    const auto toObject = geometry::inverse(geometry::Matrix::ofExtrusion(extrusion));
+    const auto toObject = geometry::inverse(geometry::Matrix::ofExtrusion(normal));
     const geometry::Vector written = toObject.direction(direction);
     const double angle = std::atan2(written.y, written.x) * (Turn / geometry::FullTurn);
     return isUpright(angle < -Tiny ? angle + Turn : angle);
