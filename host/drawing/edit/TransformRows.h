@@ -47,7 +47,7 @@ const TransformSchema *transformSchema(std::u16string_view type);
 // Whether what is written at this angle, in degrees, or in this direction of the world, is read without turning one's
 // head round.
 bool isUpright(double angle);
-bool isUpright(const geometry::Vector &direction, const geometry::Vector &extrusion);
+bool isUpright(const geometry::Vector &direction, const geometry::Vector &normal);
 
 // Flags of polylines whose vertices are in world coordinates: those in space, and meshes.
 inline constexpr std::int64_t InSpaceFlags = 8 | 16 | 64;
