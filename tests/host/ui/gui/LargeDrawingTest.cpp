@@ -46,7 +46,7 @@ protected:
             isWaiting = true;
             pressEscape();
         });
-        rescue.start(10'000);
+        rescue.start(100'000);
         const QStringList answers = {QStringLiteral("c"), QStringLiteral("-1,-1"),
                                      QStringLiteral("1001,%1").arg(LargeCount)};
         later([this, answers, action] { answer(answers, action); });
