@@ -66,13 +66,12 @@ start_server() {
 # The same holds for the desktop, whose process comes with the first program that has to do with windows and goes with the
 # last: so one is there without windows that are seen, until no program has been started for a while.
 keep_desktop() {
-    "$wine" notepad </dev/null 8>&- 9>&- &
     while sleep 5; do
         flock 9
-        [ -n "$(find "$used" -newermt '-20 seconds')" ] || break
+        [ -n "$(find "$used" -newermt '-90 seconds')" ] || break
         flock -u 9
     done
-    kill $!
+    kill "$1"
 }
 
 start_windows() {
@@ -82,8 +81,11 @@ start_windows() {
     touch "$used"
     start_server
     flock -n 8 || return 0 # the desktop is there already
+    "$wine" notepad </dev/null 8>&- 9>&- &
+    local holder=$!
+    timeout 30 "$wine" rundll32 user32.dll,GetDesktopWindow </dev/null 8>&- 9>&- || true # ends when there is a desktop
     flock -u 9
-    keep_desktop &
+    keep_desktop "$holder" &
 }
 
 [ -f "$complete" ] || (make_prefix)
