@@ -53,6 +53,24 @@ private:
     struct sigaction m_interrupt = {}, m_alarm = {};
 };
 
+// A signal that ends a line fails the write that it comes into. That is of the line's echo and no program's output, so
+// that standard output counts as well as before.
+class EchoErrors
+{
+public:
+    EchoErrors() : m_hasFailedBefore(std::ferror(stdout) != 0) {}
+    ~EchoErrors()
+    {
+        if (!m_hasFailedBefore)
+            std::clearerr(stdout);
+    }
+    EchoErrors(const EchoErrors &) = delete;
+    EchoErrors &operator=(const EchoErrors &) = delete;
+
+private:
+    bool m_hasFailedBefore;
+};
+
 } // namespace
 
 struct LineEditor::State
@@ -130,12 +148,10 @@ LineEditor::~LineEditor() = default;
 std::optional<QString> LineEditor::readLine(Prompt prompt)
 {
     const CancelScope cancels;
+    const EchoErrors echoErrors;
     m_state->shown = prompt;
     int length = 0;
-    const bool hasFailed = std::ferror(stdout) != 0;
     const char *line = el_gets(m_state->editor, &length);
-    if (!hasFailed)
-        std::clearerr(stdout); // a signal fails the write that it comes into: of the line's echo, no program's output
     if (CancelScope::wasCancelled()) {
         std::fputc('\n', stdout);
         el_reset(m_state->editor);
