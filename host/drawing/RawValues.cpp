@@ -137,6 +137,15 @@ std::uint64_t handleOf(std::string_view text)
     return handle;
 }
 
+std::uint64_t handleOf(std::u16string_view text)
+{
+    constexpr char16_t LastAscii = 0x7F;
+    std::string digits;
+    for (const char16_t each : text)
+        digits += each <= LastAscii ? static_cast<char>(each) : '?';
+    return handleOf(std::string_view(digits));
+}
+
 std::string bytesOf(const RawGroup &group, FileFormat::Kind kind)
 {
     if (kind != FileFormat::Kind::Text)

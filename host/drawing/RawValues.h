@@ -11,7 +11,8 @@ namespace drawing {
 
 std::int64_t integerOf(const RawGroup &group, FileFormat::Kind kind);
 double realOf(const RawGroup &group, FileFormat::Kind kind);
-std::uint64_t handleOf(std::string_view text); // hexadecimal digits, in either kind of file
+std::uint64_t handleOf(std::string_view text);    // hexadecimal digits, in either kind of file
+std::uint64_t handleOf(std::u16string_view text); // the same in a value that is kept as text
 std::string bytesOf(const RawGroup &group, FileFormat::Kind kind);
 
 } // namespace drawing

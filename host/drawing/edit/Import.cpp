@@ -248,7 +248,7 @@ private:
     {
         if (!m_from.writesHandles() || !m_database.writesHandles())
             return {};
-        const Handle handle{handleOf(std::string(text.begin(), text.end()))};
+        const Handle handle{handleOf(text)};
         const auto copy = m_copies.find(m_from.find(handle));
         return copy != m_copies.end() ? Handle{m_database.record(copy->second).handle}
                                       : translated(handle).value_or(Handle{});
@@ -341,8 +341,9 @@ private:
         removeGroups(groups, groupcode::Space);
         removeGroups(groups, LayoutCode);
         std::erase_if(groups, [](const Group &group) { return group.code == groupcode::Owner; });
+        const Group owned{groupcode::Owner, owner};
         if (owner.value != 0 && !m_database.isBefore2000())
-            groups.insert(groups.begin() + 1, {groupcode::Owner, owner});
+            groups.insert(groups.begin() + 1, owned);
         const RecordId added = m_database.add(RecordKind::Entity, groups, m_database.endOf(block));
         if (added != NoRecord)
             ensureLayer(m_target, m_database.name(added));

@@ -46,7 +46,7 @@ void takeOverrides(const drawing::Database &database, const GroupList &groups, A
         if (value.code == ExtendedReal)
             style.take(database, *code, value.value);
         else if (value.code == ExtendedHandle && text)
-            style.take(database, *code, drawing::Handle{drawing::handleOf(std::string(text->begin(), text->end()))});
+            style.take(database, *code, drawing::Handle{drawing::handleOf(*text)});
     }
 }
 
