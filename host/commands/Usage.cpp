@@ -3,6 +3,7 @@
 #include "host/commands/NameUses.h"
 #include "host/commands/TableRecords.h"
 #include "host/drawing/HeaderVariables.h"
+#include "host/drawing/RawValues.h"
 
 namespace commands {
 
@@ -57,9 +58,10 @@ void Usage::readRecord(RecordId id)
         addName(use.table, std::get<std::u16string>(groups[use.place].value));
     for (const Group &group : groups) {
         const bool isPointer = group.code >= FirstPointer && group.code <= LastPointer && !isOwnership(group.code);
-        if (const auto *handle = std::get_if<Handle>(&group.value);
-            handle && (isPointer || group.code == ExtendedHandleCode))
+        if (const auto *handle = std::get_if<Handle>(&group.value); handle && isPointer)
             m_handles.insert(handle->value);
+        if (const auto *text = std::get_if<std::u16string>(&group.value); text && group.code == ExtendedHandleCode)
+            m_handles.insert(handleOf(*text));
     }
 }
 

@@ -80,6 +80,16 @@ TEST_F(PurgeCommand, BlocksThatShowATableStay)
     EXPECT_TRUE(has(drawing::known::Block, u"Ring"));
 }
 
+TEST_F(PurgeCommand, WhatExtendedDataPointsToStays)
+{
+    evaluate("(regapp \"APP\") (setq unused (cdr (assoc 5 (entget (tblobjname \"LAYER\" \"Unused\")))))");
+    evaluate("(command \"_.-layer\" \"_n\" \"Unnamed\" \"\")");
+    evaluate("(entmake (list '(0 . \"POINT\") '(10 0 0 0) (list -3 (list \"APP\" (cons 1005 unused)))))");
+    evaluate("(command \"_.-purge\" \"_la\" \"*\" \"_n\")");
+    EXPECT_TRUE(has(drawing::known::Layer, u"Unused"));
+    EXPECT_FALSE(has(drawing::known::Layer, u"Unnamed"));
+}
+
 TEST_F(PurgeCommand, TheArrowOfLeadersStays)
 {
     evaluate("(command \"_.erase\" \"_all\" \"\")");
