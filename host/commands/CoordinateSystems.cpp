@@ -18,9 +18,9 @@ Command list(Context &context)
 
 } // namespace
 
-std::string headerNameOf(const Session &session, std::u16string_view variable)
+std::string headerNameOf(bool isPaper, std::u16string_view variable)
 {
-    return (session.isPaperSpaceCurrent() ? "$P" : "$") + std::string(variable.begin(), variable.end());
+    return (isPaper ? "$P" : "$") + std::string(variable.begin(), variable.end());
 }
 
 RecordId namedSystem(Context &context, const std::u16string &name)

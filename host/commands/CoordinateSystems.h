@@ -5,9 +5,8 @@
 
 namespace commands {
 
-// The variable of the drawing's header that has a variable of the current system, as UCSORG: the paper of layouts has
-// its own, so that the model's stays.
-std::string headerNameOf(const Session &session, std::u16string_view variable);
+// The variable of the drawing's header that has a variable of the model's system, as UCSORG, or of the paper's.
+std::string headerNameOf(bool isPaper, std::u16string_view variable);
 
 // The coordinate systems with a name, as matrices to the world's.
 

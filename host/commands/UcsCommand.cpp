@@ -28,7 +28,7 @@ Point pointOf(const Vector &vector)
 // In the drawing's header, too: there undo finds it, and who opens the drawing.
 void keep(Context &context, std::u16string_view variable, const drawing::Group &value)
 {
-    const std::string inHeader = headerNameOf(context.session(), variable);
+    const std::string inHeader = headerNameOf(context.session().isPaperSpaceCurrent(), variable);
     if (drawing::findVariable(context.database(), inHeader) != drawing::NoRecord)
         drawing::setVariable(context.database(), inHeader, value);
 }

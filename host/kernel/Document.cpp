@@ -51,6 +51,7 @@ Document::Document(HostServices &services)
     m_variables.spellNames(
         [this](NameOf what, std::u16string_view name) { return spelledName(drawing(), what, name); });
     computeSpace(m_variables, *this);
+    m_userSystems.compute(m_variables);
     computeCoordinates(m_variables);
     computeExtents(m_variables, *this);
     computeChanges(m_variables, *this);
@@ -75,12 +76,14 @@ void Document::open(const QString &path)
     m_viewport = drawing::NoRecord;
     workOnPaper();
     m_variables.forgetDrawing();
+    m_userSystems.forgetDrawing();
     readVariables();
 }
 
 void Document::readVariables()
 {
     loadVariables(m_variables, drawing());
+    m_userSystems.readDrawing();
 }
 
 std::u16string Document::currentLayer() const

@@ -9,6 +9,7 @@
 #include "host/kernel/input/DocumentInput.h"
 #include "host/kernel/input/TypedLines.h"
 #include "host/kernel/variables/SystemVariables.h"
+#include "host/kernel/variables/UserSystems.h"
 #include "sdk/fx/CFxDocument.h"
 
 // An open document with its own LISP namespace.
@@ -58,6 +59,7 @@ private:
     SelectionSets m_selectionSets; // outlives the machine, whose values are the sets
     lisp::Machine m_machine;
     SystemVariables m_variables;
+    UserSystems m_userSystems{*this};
     SubstituteLispHost m_lispHost;
     DocumentInput m_userInput{m_lispHost.prompter()};
     TypedLines m_typedLines{m_lispHost.prompter()};

@@ -1,8 +1,6 @@
 #include "host/kernel/commands/DocumentSession.h"
 
-#include "host/commands/CoordinateSystems.h"
 #include "host/commands/ViewState.h"
-#include "host/drawing/HeaderVariables.h"
 #include "host/interpreter/FileSearch.h"
 #include "host/interpreter/Printer.h"
 #include "host/interpreter/files/SourceFile.h"
@@ -15,36 +13,11 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <array>
-#include <span>
 
 using commands::InputKind;
 using commands::Point;
 
 namespace {
-
-constexpr std::array<std::u16string_view, 4> CoordinateSystem{u"UCSORG", u"UCSXDIR", u"UCSYDIR", u"UCSNAME"};
-
-std::vector<commands::VariableValue> valuesOf(const commands::Session &session,
-                                              std::span<const std::u16string_view> variables)
-{
-    std::vector<commands::VariableValue> values;
-    for (const std::u16string_view variable : variables)
-        values.push_back(*session.variable(variable));
-    return values;
-}
-
-std::optional<commands::VariableValue> headerValue(const drawing::Database &database, std::string_view name)
-{
-    const std::optional<drawing::Group> group = drawing::variable(database, name);
-    if (!group)
-        return std::nullopt;
-    if (const auto *place = std::get_if<drawing::Point>(&group->value))
-        return *place;
-    if (const auto *text = std::get_if<std::u16string>(&group->value))
-        return *text;
-    return std::nullopt;
-}
 
 Point pointOfValue(const LispPoint &point)
 {
@@ -147,13 +120,7 @@ bool DocumentSession::set(std::u16string_view name, const commands::VariableValu
 void DocumentSession::readVariables()
 {
     const commands::ViewState view = commands::viewState(*this);
-    const std::vector<commands::VariableValue> before = valuesOf(*this, CoordinateSystem);
     m_document.readVariables();
-    if (isPaperSpaceCurrent()) // whose system stands elsewhere
-        for (std::size_t i = 0; i < CoordinateSystem.size(); ++i)
-            assign(CoordinateSystem[i],
-                   headerValue(drawing().database(), commands::headerNameOf(*this, CoordinateSystem[i]))
-                       .value_or(before[i]));
     commands::show(*this, view);
 }
 

@@ -96,6 +96,13 @@ std::optional<VariableValue> SystemVariables::fitting(const VariableRow &variabl
     return isInRange(variable, wanted) ? std::optional(wanted) : std::nullopt;
 }
 
+// Else only who computes it knows what becomes of it with another drawing.
+bool SystemVariables::isHere(const VariableRow &variable) const
+{
+    const auto source = m_sources.find(&variable);
+    return source == m_sources.end() || source->second.isPlace;
+}
+
 bool SystemVariables::store(const VariableRow &variable, const VariableValue &value)
 {
     const auto source = m_sources.find(&variable);
@@ -108,7 +115,7 @@ bool SystemVariables::store(const VariableRow &variable, const VariableValue &va
 
 void SystemVariables::load(const VariableRow &variable, const VariableValue &value)
 {
-    if (!hasKind(value, variable.type))
+    if (!hasKind(value, variable.type) || !isHere(variable))
         return;
     store(variable, value);
     m_opened.try_emplace(&variable, value); // later it is an undone step that brings them
@@ -118,8 +125,7 @@ void SystemVariables::forgetDrawing()
 {
     m_opened.clear();
     for (const VariableRow &row : variableTable()) {
-        const auto source = m_sources.find(&row);
-        if (row.scope == VariableScope::Drawing && (source == m_sources.end() || source->second.isPlace))
+        if (row.scope == VariableScope::Drawing && isHere(row))
             store(row, initialValue(row));
     }
 }
@@ -129,11 +135,11 @@ void SystemVariables::compute(std::u16string_view name, std::function<VariableVa
     m_sources[&rowOf(name)] = {.read = std::move(read), .write = std::move(write)};
 }
 
-void SystemVariables::assign(std::u16string_view name, VariableValue value)
+void SystemVariables::assign(std::u16string_view name, const VariableValue &value)
 {
     const VariableRow &row = rowOf(name);
     assert(hasKind(value, row.type));
-    m_values[&row] = std::move(value);
+    store(row, value);
 }
 
 template <class Place> void SystemVariables::bindPlace(std::u16string_view name, Place &place)

@@ -130,6 +130,27 @@ TEST_F(UcsCommand, ThatOfALayoutIsNotTheModelsInTheDrawing)
     EXPECT_EQ(origin("$UCSORG"), (Vector{1, 2, 0}));
 }
 
+TEST_F(UcsCommand, ModelAndPaperHaveOneEach)
+{
+    const auto origin = [this] { return evaluate("(getvar \"UCSORG\")"); };
+    evaluate("(command \"_.ucs\" \"_o\" '(1 2)) (setvar \"CTAB\" \"Layout1\")");
+    EXPECT_EQ(origin(), "(0.0 0.0 0.0)");
+    EXPECT_EQ(evaluate("(getvar \"WORLDUCS\")"), "1");
+    evaluate("(command \"_.ucs\" \"_o\" '(5 5)) (setvar \"CTAB\" \"Model\")");
+    EXPECT_EQ(origin(), "(1.0 2.0 0.0)");
+    evaluate("(command \"_.point\" '(0 0))");
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (entget (entlast))))"), "(1.0 2.0 0.0)");
+    const QTemporaryDir folder;
+    const std::string path = '"' + folder.filePath(QStringLiteral("a.dxf")).toStdString() + '"';
+    evaluate("(setvar \"CTAB\" \"Layout1\") (command \"_.saveas\" \"\" " + path +
+             ") (command \"_.ucs\" \"_w\")"
+             "(command \"_.open\" \"_y\" " +
+             path + ")");
+    EXPECT_EQ(origin(), "(5.0 5.0 0.0)");
+    evaluate("(setvar \"CTAB\" \"Model\")");
+    EXPECT_EQ(origin(), "(1.0 2.0 0.0)");
+}
+
 TEST_F(UcsCommand, TheViewsOwnKeepsTheOrigin)
 {
     evaluate("(command \"_.ucs\" \"_z\" 90) (command \"_.plan\" \"\") (command \"_.ucs\" \"_w\")"
