@@ -1,5 +1,7 @@
 #include "host/kernel/variables/VariableTable.h"
 
+#include "host/drawing/Lineweights.h"
+
 #include <algorithm>
 #include <string>
 
@@ -35,8 +37,6 @@ constexpr VariableRule naming(NameOf what)
     return {.names = what};
 }
 
-constexpr int lineweights[] = {-3, -2, -1, 0,  5,  9,  13,  15,  18,  20,  25,  30,  35, 40,
-                               50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 // Five figures, which stand alone, in a circle, in a square or in both.
 constexpr int pointModes[] = {0, 1, 2, 3, 4, 32, 33, 34, 35, 36, 64, 65, 66, 67, 68, 96, 97, 98, 99, 100};
 
@@ -66,7 +66,7 @@ constexpr VariableRow table[] = {
     {u"CECOLOR", Text, u"BYLAYER", Drawing, ReadWrite, naming(Color)},
     {u"CELTSCALE", Real, u"1", Drawing, ReadWrite, above(0)},
     {u"CELTYPE", Text, u"ByLayer", Drawing, ReadWrite, naming(Linetype)},
-    {u"CELWEIGHT", Integer, u"-1", Drawing, ReadWrite, oneOf(lineweights)},
+    {u"CELWEIGHT", Integer, u"-1", Drawing, ReadWrite, oneOf(drawing::lineweights)},
     {u"CHAMFERA", Real, u"0", Drawing, ReadWrite, atLeast(0)},
     {u"CHAMFERB", Real, u"0", Drawing, ReadWrite, atLeast(0)},
     {u"CHAMFERC", Real, u"0", Drawing, ReadWrite, atLeast(0)},
@@ -190,7 +190,7 @@ constexpr VariableRow table[] = {
     {u"LTSCALE", Real, u"1", Drawing, ReadWrite, above(0)},
     {u"LUNITS", Integer, u"2", Drawing, ReadWrite, range(1, 5)},
     {u"LUPREC", Integer, u"4", Drawing, ReadWrite, range(0, 8)},
-    {u"LWDEFAULT", Integer, u"25", Session, ReadWrite, oneOf(lineweights, 0)},
+    {u"LWDEFAULT", Integer, u"25", Session, ReadWrite, oneOf(drawing::lineweights, 0)},
     {u"LWDISPLAY", Integer, u"0", Drawing, ReadWrite, range(0, 1)},
     {u"MAXACTVP", Integer, u"64", Drawing, ReadWrite, range(2, 64)},
     {u"MAXSORT", Integer, u"1000", Session, ReadWrite, range(0, 32767)},
