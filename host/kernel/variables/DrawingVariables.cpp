@@ -80,7 +80,7 @@ void loadVariables(SystemVariables &variables, const drawing::Drawing &drawing)
          id != drawing::NoRecord; id = database.nextIn(id)) {
         const std::u16string name = database.name(id);
         const VariableRow *row = name.empty() || database.record(id).isGone() ? nullptr : findVariable(name.substr(1));
-        if (!row || row->scope != VariableScope::Drawing)
+        if (!row || row->scope != VariableScope::Drawing || variables.isComputed(*row)) // which may cost much
             continue;
         const drawing::GroupList groups = database.groups(id);
         if (groups.size() < 2 || changed(groups[1], variables.get(*row)) == groups[1].value)

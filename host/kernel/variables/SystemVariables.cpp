@@ -96,13 +96,6 @@ std::optional<VariableValue> SystemVariables::fitting(const VariableRow &variabl
     return isInRange(variable, wanted) ? std::optional(wanted) : std::nullopt;
 }
 
-// Else only who computes it knows what becomes of it with another drawing.
-bool SystemVariables::isHere(const VariableRow &variable) const
-{
-    const auto source = m_sources.find(&variable);
-    return source == m_sources.end() || source->second.isPlace;
-}
-
 bool SystemVariables::store(const VariableRow &variable, const VariableValue &value)
 {
     const auto source = m_sources.find(&variable);
@@ -115,7 +108,7 @@ bool SystemVariables::store(const VariableRow &variable, const VariableValue &va
 
 void SystemVariables::load(const VariableRow &variable, const VariableValue &value)
 {
-    if (!hasKind(value, variable.type) || !isHere(variable))
+    if (!hasKind(value, variable.type))
         return;
     store(variable, value);
     m_opened.try_emplace(&variable, value); // later it is an undone step that brings them
@@ -124,15 +117,20 @@ void SystemVariables::load(const VariableRow &variable, const VariableValue &val
 void SystemVariables::forgetDrawing()
 {
     m_opened.clear();
-    for (const VariableRow &row : variableTable()) {
-        if (row.scope == VariableScope::Drawing && isHere(row))
+    for (const VariableRow &row : variableTable())
+        if (row.scope == VariableScope::Drawing && !isComputed(row))
             store(row, initialValue(row));
-    }
 }
 
 void SystemVariables::compute(std::u16string_view name, std::function<VariableValue()> read, Write write)
 {
     m_sources[&rowOf(name)] = {.read = std::move(read), .write = std::move(write)};
+}
+
+bool SystemVariables::isComputed(const VariableRow &variable) const
+{
+    const auto source = m_sources.find(&variable);
+    return source != m_sources.end() && !source->second.isPlace;
 }
 
 void SystemVariables::assign(std::u16string_view name, const VariableValue &value)

@@ -35,10 +35,10 @@ public:
     // that gives false.
     using Write = std::function<bool(const VariableValue &)>;
     void compute(std::u16string_view name, std::function<VariableValue()> read, Write write = nullptr);
+    bool isComputed(const VariableRow &variable) const;
     // For the host: changes read-only variables, too. The value has to be of the variable's kind.
     void assign(std::u16string_view name, const VariableValue &value);
-    // What a drawing has: range and access do not count. A value of another kind, and of a variable that is computed,
-    // is passed over.
+    // What a drawing has: range and access do not count, a value of another kind is passed over.
     void load(const VariableRow &variable, const VariableValue &value);
     // Before another drawing is loaded: its variables are as in a new one until it says otherwise.
     void forgetDrawing();
@@ -64,7 +64,6 @@ private:
         Write write; // none: read-only
         bool isPlace = false;
     };
-    bool isHere(const VariableRow &variable) const; // or in a place of the host's
     bool hasBeenFound(const VariableRow &variable, const VariableValue &value) const;
     std::optional<VariableValue> fitting(const VariableRow &variable, const VariableValue &value) const;
     bool store(const VariableRow &variable, const VariableValue &value); // false: it cannot be written
