@@ -1,6 +1,6 @@
 #include "host/drawing/Index.h"
 
-#include "host/drawing/GroupCursor.h"
+#include "host/drawing/RawValues.h"
 #include "host/drawing/RecordFields.h"
 
 #include <algorithm>
@@ -72,6 +72,8 @@ bool Indexer::take(const RawGroup &group)
         return beginRecord(group);
     if (group.code == groupcode::VariableName && m_section == known::Header)
         begin(RecordKind::HeaderVariable, known::None, group);
+    if (m_record.kind != RecordKind::Other && !isReadable(group, m_format.kind)) // else nobody knows its codes
+        note(group.value.data(), "a number was expected");
     m_fields.take(group, m_record);
     if (m_record.kind == RecordKind::SectionStart)
         m_section = m_record.name;

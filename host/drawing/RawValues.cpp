@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <limits>
 #include <optional>
@@ -87,6 +88,26 @@ double realOfText(std::string_view text)
     return number;
 }
 
+std::optional<double> wholeReal(std::string_view text)
+{
+    text = trimmed(text);
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isWhole = error == std::errc() && end == text.data() + text.size();
+    return isWhole && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+// Some programs write what has no sign there, and some write integers as reals.
+bool isIntegerInRange(std::string_view text, ValueKind kind)
+{
+    constexpr double Most16 = std::numeric_limits<std::uint16_t>::max(),
+                     Most32 = std::numeric_limits<std::uint32_t>::max(),
+                     Most64 = static_cast<double>(std::numeric_limits<std::uint64_t>::max());
+    const double most = kind == ValueKind::Integer64 ? Most64 : kind == ValueKind::Integer32 ? Most32 : Most16;
+    const std::optional<double> number = wholeReal(text);
+    return number && std::trunc(*number) == *number && *number >= -(most + 1) / 2 && *number <= most;
+}
+
 int digitValue(char digit)
 {
     if (digit >= '0' && digit <= '9')
@@ -159,6 +180,14 @@ std::string bytesOf(const RawGroup &group, FileFormat::Kind kind)
         bytes.push_back(static_cast<char>(high << 4 | low));
     }
     return bytes;
+}
+
+bool isUnusualNumberReadable(const RawGroup &group, FileFormat::Kind kind)
+{
+    const ValueKind valueKind = drawing::valueKind(group.code);
+    if (kind != FileFormat::Kind::Text)
+        return valueKind != ValueKind::Real || std::isfinite(fromBytes<double>(group.value));
+    return valueKind == ValueKind::Real ? wholeReal(group.value).has_value() : isIntegerInRange(group.value, valueKind);
 }
 
 } // namespace drawing

@@ -99,6 +99,15 @@ TEST(Database, SaysWhereTheFirstOddityIs)
     EXPECT_THAT(database->oddities().first, HasSubstr("line 6: a part of an entity stands alone"));
 }
 
+TEST(Database, CountsValuesThatAreNoNumbersWhereTheCodesAreKnown)
+{
+    const auto database =
+        databaseOf("0\nSECTION\n2\nENTITIES\n0\nPOINT\n8\n0\n10\nabc\n20\n1e999\n30\n0\n62\n99999999999\n"
+                   "0\nENDSEC\n0\nSECTION\n2\nOWN\n0\nTHING\n10\nabc\n0\nENDSEC\n0\nEOF\n");
+    EXPECT_EQ(database->oddities().count, 3);
+    EXPECT_EQ(database->oddities().first, "line 10: a number was expected");
+}
+
 TEST(Database, ADimensionStylesHandleStandsUnderACodeOfItsOwn)
 {
     const auto database = databaseOf("0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nDIMSTYLE\n0\nDIMSTYLE\n105\n2A\n2\nStandard\n"

@@ -47,5 +47,36 @@ TEST(RawValues, RealsAreTheNearestThereAre)
     }
 }
 
+TEST(RawValues, WhatIsNoNumberOrDoesNotFitIsTold)
+{
+    const auto isNumber = [](int code, std::string_view text) {
+        return isReadable({code, text, text}, FileFormat::Kind::Text);
+    };
+    for (const char *real : {"0.0", " -12.5 ", "5", "5.", "+.5", "1e20", "-1.5E-2", "123456789012345678901234567890.0"})
+        EXPECT_TRUE(isNumber(10, real)) << real;
+    for (const char *none : {"", " ", "-", ".", "abc", "1.5.2", "12abc", "1,5", "1e999", "nan", "-inf"})
+        EXPECT_FALSE(isNumber(10, none)) << none;
+    for (const char *integer : {"0", "     7", " -1", "+3", "32767", "-32768", "65535", "7.0"})
+        EXPECT_TRUE(isNumber(70, integer)) << integer;
+    for (const char *none : {"", "x", "7.5", "65536", "-32769", "99999999999"})
+        EXPECT_FALSE(isNumber(70, none)) << none;
+    EXPECT_TRUE(isNumber(90, "4294967295"));
+    EXPECT_FALSE(isNumber(90, "4294967296"));
+    EXPECT_TRUE(isNumber(160, "9223372036854775807"));
+    EXPECT_TRUE(isNumber(1, "abc"));
+    EXPECT_TRUE(isNumber(5, "xyz"));
+}
+
+TEST(RawValues, RealsOfBinaryFilesAreFinite)
+{
+    const auto isNumber = [](double real) {
+        const std::string_view bytes(reinterpret_cast<const char *>(&real), sizeof real);
+        return isReadable({40, bytes, bytes}, FileFormat::Kind::Binary);
+    };
+    EXPECT_TRUE(isNumber(-1e300));
+    EXPECT_FALSE(isNumber(NAN));
+    EXPECT_FALSE(isNumber(INFINITY));
+}
+
 } // namespace
 } // namespace drawing
