@@ -1,5 +1,6 @@
 #include "app/Interrupts.h"
 
+#include "app/OutputBuffer.h"
 #include "host/interpreter/Machine.h"
 
 #include <atomic>
@@ -40,6 +41,7 @@ extern "C" void onInterrupt(int signal)
         std::signal(signal, onInterrupt); // some systems reset the handler at its call
     } else {
         std::signal(signal, SIG_DFL);
+        OutputBuffer::sendTheLast();
         std::raise(signal);
     }
 }

@@ -3,14 +3,13 @@
 #include "app/CommandLine.h"
 #include "app/system/Process.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
-
-constexpr qsizetype PendingLimit = qsizetype{64} * 1024;
 
 QStringView viewOf(std::u16string_view text)
 {
@@ -37,10 +36,14 @@ void TerminalConsole::write(std::u16string_view text)
 {
     if (text.empty())
         return;
-    m_pending += m_encoder(viewOf(text));
+    const QByteArray bytes = m_encoder(viewOf(text));
+    const std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     m_atLineStart = text.back() == u'\n';
-    if (m_isTerminal || m_pending.size() >= PendingLimit)
+    const bool hasRoom = m_pending.append(view);
+    if (m_isTerminal || !hasRoom)
         flush();
+    if (!hasRoom && !m_pending.append(view))
+        send(view);
 }
 
 void TerminalConsole::startFreshLine()
@@ -51,11 +54,15 @@ void TerminalConsole::startFreshLine()
 
 void TerminalConsole::flush()
 {
-    std::fwrite(m_pending.constData(), 1, static_cast<std::size_t>(m_pending.size()), stdout);
+    send(m_pending.take());
+}
+
+void TerminalConsole::send(std::string_view bytes)
+{
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     std::fflush(stdout);
     if (std::ferror(stdout) && isPipe(stdout))
         endWithoutReader();
-    m_pending.clear();
 }
 
 void TerminalConsole::writeError(std::u16string_view text)

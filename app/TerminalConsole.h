@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/OutputBuffer.h"
 #include "host/interpreter/Machine.h"
 
-#include <QByteArray>
 #include <QStringEncoder>
 
 #include <string_view>
@@ -22,7 +22,9 @@ public:
     void writeError(std::u16string_view text);
 
 private:
-    QByteArray m_pending;
+    static void send(std::string_view bytes);
+
+    OutputBuffer m_pending;
     QStringEncoder m_encoder; // keeps half a surrogate pair from one write to the next
     bool m_atLineStart = true;
     bool m_isTerminal;

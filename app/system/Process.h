@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // What the program needs to know of its own process and to have arranged in it, for each system in a source of its own.
@@ -21,6 +22,10 @@ QString programFolder();
 
 // Whether another process is at the other end. Such a stream fails when nobody reads it any more.
 bool isPipe(std::FILE *stream);
+
+// Writes to standard output, past what the stream has collected, and gives up where nobody takes the text. A signal's
+// handler may do so.
+void sendToOutput(std::string_view text);
 
 // Whether a person is at the other end.
 bool isTerminal(std::FILE *stream);

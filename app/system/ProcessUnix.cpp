@@ -6,8 +6,10 @@
 #include <algorithm>
 
 #include <cerrno>
+#include <climits>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -60,6 +62,19 @@ bool isPipe(std::FILE *stream)
     {
     };
     return fstat(fileno(stream), &status) == 0 && S_ISFIFO(status.st_mode);
+}
+
+// A pipe that has room at all takes so much without waiting.
+void sendToOutput(std::string_view text)
+{
+    constexpr int PatienceInMilliseconds = 1000;
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    while (!text.empty() && poll(&output, 1, PatienceInMilliseconds) == 1) {
+        const ssize_t written = write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
+        if (written <= 0)
+            return;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
 }
 
 bool isTerminal(std::FILE *stream)

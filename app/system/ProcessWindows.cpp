@@ -53,6 +53,13 @@ bool isPipe(std::FILE *stream)
     return GetFileType(handleOf(stream)) == FILE_TYPE_PIPE;
 }
 
+// There is no asking a pipe for room.
+void sendToOutput(std::string_view text)
+{
+    if (!text.empty() && !isPipe(stdout))
+        _write(_fileno(stdout), text.data(), static_cast<unsigned>(text.size()));
+}
+
 // _isatty() would not do: to it the null device is a terminal.
 bool isTerminal(std::FILE *stream)
 {

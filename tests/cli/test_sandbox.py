@@ -633,6 +633,19 @@ class Limits(SandboxTest):
         outcome = self.run_sandboxed("(while T (vl-catch-all-apply '(lambda () (while T))))", "--limit-time", "1")
         self.assert_fails(outcome, 1, "the time limit is reached")
 
+    def test_time_ends_a_program_that_waits_and_loses_nothing_that_it_has_printed(self):
+        outcome = self.run_sandboxed('(princ "hello") (acet-sys-sleep 20000)', "--limit-time", "1")
+        self.assertEqual(outcome, Outcome(1, "hello", "lisphost: the time limit is reached\n"))
+
+    def test_time_ends_a_program_whose_output_nobody_reads(self):
+        self.write("inside/program.lsp", '(repeat 20000 (princ "hello")) (acet-sys-sleep 1)')
+        process = subprocess.Popen([LISPHOST, "--sandbox", "--limit-time", "1", "run", "inside/program.lsp"],
+                                   cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+                                   stderr=subprocess.DEVNULL)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.kill)
+        self.assertEqual(process.wait(TIMEOUT), 1)
+
     def test_memory(self):
         outcome = self.run_sandboxed("(while T (setq list (cons 1 list)))", "--limit-memory", "20")
         self.assert_fails(outcome, 1, "^error: out of memory\n")
