@@ -17,7 +17,9 @@ Command control(Context &context)
     using Recording = drawing::Journal::Recording;
     if (choice.is(u"None"))
         journal.setRecording(Recording::Off);
-    else if (choice.isNothing() || choice.is(u"All") || choice.is(u"One"))
+    else if (choice.is(u"One"))
+        journal.setRecording(Recording::One);
+    else if (choice.isNothing() || choice.is(u"All"))
         journal.setRecording(Recording::On);
     else
         co_await context.ask().keyword({u"Combine operations? [Yes/No] <Yes>: ", u"Yes No"});

@@ -36,6 +36,8 @@ void Journal::remember(RecordId id)
     }
     if (m_recording == Recording::Off || isRemembered(id))
         return;
+    if (m_recording == Recording::One && isStepEmpty())
+        forgetBefore(m_step);
     if (m_newest.size() <= id)
         m_newest.resize(m_store.records.size());
     m_newest[id] = m_images.size();
@@ -52,7 +54,7 @@ bool Journal::isRemembered(RecordId id) const
 
 void Journal::startStep()
 {
-    if (m_steps[m_step].begin == m_done)
+    if (isStepEmpty())
         return; // nothing has changed since the step began, or it was undone and a change cuts what follows
     m_steps.push_back({m_done, false});
     m_step = m_steps.size() - 1;
@@ -102,7 +104,7 @@ void Journal::takeBack(std::size_t begin)
 
 bool Journal::undoStep()
 {
-    if (m_steps[m_step].begin == m_done && m_step > 0)
+    if (isStepEmpty() && m_step > 0)
         --m_step;
     if (m_done <= floor() || m_steps[m_step].begin < floor())
         return false;
@@ -156,10 +158,27 @@ void Journal::dropFrom(std::size_t begin)
     m_images.resize(begin);
 }
 
+void Journal::forgetBefore(std::size_t step)
+{
+    const std::size_t count = m_steps[step].begin;
+    for (std::size_t i = 0; i < count; ++i)
+        m_store.texts.release(m_images[i].record.text);
+    m_images.erase(m_images.begin(), m_images.begin() + static_cast<std::ptrdiff_t>(count));
+    m_done -= count;
+    m_steps.erase(m_steps.begin(), m_steps.begin() + static_cast<std::ptrdiff_t>(step));
+    m_step -= step;
+    for (Step &left : m_steps)
+        left.begin -= count;
+    for (std::size_t &start : m_transactions)
+        start -= std::min(start, count);
+}
+
 void Journal::setRecording(Recording recording)
 {
     if (recording == Recording::Off)
         clear();
+    else if (recording == Recording::One)
+        forgetBefore(isStepEmpty() && m_step > 0 ? m_step - 1 : m_step);
     m_recording = recording;
 }
 

@@ -27,7 +27,7 @@ struct RecordStore
 class Journal
 {
 public:
-    enum class Recording { On, Off };
+    enum class Recording { On, One, Off };               // one: nothing but the last step can be undone
     enum class UndoEnd { Mark, Beginning, Transaction }; // where an undo stopped
 
     explicit Journal(RecordStore &store) : m_store(store) {}
@@ -55,7 +55,7 @@ public:
     void endTransactions() { m_transactions.clear(); }
     bool isTransactionOpen() const { return !m_transactions.empty(); }
 
-    // Off forgets what could be undone.
+    // Off forgets what could be undone, one all but the last step.
     void setRecording(Recording recording);
     Recording recording() const { return m_recording; }
     void clear();
@@ -86,8 +86,10 @@ private:
     void exchange(Image &image);
     void takeBack(std::size_t begin); // the images from there on
     void dropFrom(std::size_t begin);
+    void forgetBefore(std::size_t step);
     std::size_t stepEnd(std::size_t step) const;
     std::size_t floor() const { return m_transactions.empty() ? 0 : m_transactions.back(); }
+    bool isStepEmpty() const { return m_steps[m_step].begin == m_done; }
     bool undoStep();
 
     RecordStore &m_store;

@@ -147,10 +147,11 @@ void computeChanges(SystemVariables &variables, Document &document)
 void computeCommandLine(SystemVariables &variables, Document &document)
 {
     const auto undoControl = [&document] {
-        constexpr int IsOn = 1, IsAutomatic = 4, HasGroup = 8;
+        using enum drawing::Journal::Recording;
+        constexpr int IsOn = 1, IsOfOne = 2, IsAutomatic = 4, HasGroup = 8;
         const drawing::Journal &journal = document.drawing().database().journal();
         const int group = journal.isGroupOpen() ? HasGroup : 0;
-        return journal.recording() == drawing::Journal::Recording::On ? IsOn | IsAutomatic | group : 0;
+        return journal.recording() == Off ? 0 : IsOn | group | (journal.recording() == One ? IsOfOne : IsAutomatic);
     };
     variables.compute(u"CMDACTIVE", [&document] { return document.commandLine().isActive() ? 1 : 0; });
     variables.compute(u"CMDNAMES", [&document] { return document.commandLine().names(); });

@@ -124,6 +124,23 @@ TEST_F(UndoCommands, ControlSwitchesUndoOffAndOn)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
 }
 
+TEST_F(UndoCommands, ControlOneLeavesTheLastStepToUndo)
+{
+    eraseLast();
+    evaluate("(command \"_.undo\" \"_control\" \"_one\")");
+    EXPECT_EQ(evaluate("(getvar \"UNDOCTL\")"), "3");
+    eraseLast();
+    eraseLast();
+    evaluate("(command \"_.u\" \"_.u\")");
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+    evaluate("(command \"_.redo\")");
+    EXPECT_THAT(types(), ElementsAre());
+    evaluate("(command \"_.undo\" 5)");
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+    evaluate("(command \"_.undo\" \"_control\" \"_all\")");
+    EXPECT_EQ(evaluate("(getvar \"UNDOCTL\")"), "5");
+}
+
 TEST_F(UndoCommands, ANumberBelowOneIsRefused)
 {
     evaluate("(command \"_.point\" \"5,5\" \"_.undo\" 0)");

@@ -235,5 +235,36 @@ TEST(JournalOfRandomChanges, UndoneToTheStartIsTheOriginalAndRedoneToTheEndTheCh
     }
 }
 
+TEST_F(JournalTest, OfOneStepThereIsNoOther)
+{
+    change(1);
+    change(2);
+    m_journal.setRecording(Journal::Recording::One);
+    EXPECT_EQ(m_journal.undo(5), 1);
+    EXPECT_EQ(colour(), 1);
+    EXPECT_EQ(m_journal.redo(), 1);
+    change(3);
+    setColour(4);
+    change(5);
+    m_journal.nextStep();
+    EXPECT_EQ(m_journal.undo(5), 1);
+    EXPECT_EQ(colour(), 4);
+    EXPECT_EQ(m_journal.undo(), 0);
+    EXPECT_EQ(m_journal.redo(), 1);
+    EXPECT_EQ(colour(), 5);
+}
+
+TEST_F(JournalTest, OfOneStepATransactionKeepsItsBeginning)
+{
+    change(1);
+    m_journal.startTransaction();
+    m_journal.setRecording(Journal::Recording::One);
+    EXPECT_EQ(m_journal.undo(), 0);
+    change(2);
+    EXPECT_EQ(m_journal.undo(), 1);
+    EXPECT_EQ(colour(), 1);
+    EXPECT_EQ(m_journal.undo(), 0);
+}
+
 } // namespace
 } // namespace drawing
