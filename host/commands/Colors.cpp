@@ -1,6 +1,7 @@
 #include "host/commands/Colors.h"
 
 #include "host/drawing/edit/GroupEditing.h"
+#include "host/palette/Palette.h"
 
 #include <QStringList>
 
@@ -32,6 +33,13 @@ std::optional<Color> trueColorFromText(const QString &text)
     return Color{Color::ByLayer, rgb};
 }
 
+palette::Color partsOf(std::int64_t rgb)
+{
+    constexpr int RedShift = 16, GreenShift = 8, Byte = 0xFF;
+    const auto part = [rgb](int shift) { return static_cast<int>(rgb >> shift & Byte); };
+    return {part(RedShift), part(GreenShift), part(0)};
+}
+
 } // namespace
 
 std::optional<Color> colorFromText(std::u16string_view text)
@@ -57,27 +65,40 @@ std::optional<Color> colorFromText(std::u16string_view text)
 
 std::u16string colorText(const Color &color)
 {
-    constexpr int RedShift = 16, GreenShift = 8, Byte = 0xFF;
-    if (color.rgb)
-        return QStringLiteral("RGB:%1,%2,%3")
-            .arg(*color.rgb >> RedShift & Byte)
-            .arg(*color.rgb >> GreenShift & Byte)
-            .arg(*color.rgb & Byte)
-            .toStdU16String();
+    if (color.rgb) {
+        const auto [red, green, blue] = partsOf(*color.rgb);
+        return QStringLiteral("RGB:%1,%2,%3").arg(red).arg(green).arg(blue).toStdU16String();
+    }
     if (color.index == Color::ByLayer)
         return u"BYLAYER";
     return color.index == Color::ByBlock ? u"BYBLOCK" : QString::number(color.index).toStdU16String();
 }
 
-void setColor(drawing::GroupList &groups, const Color &color)
+int indexOf(const Color &color)
 {
-    drawing::removeGroups(groups, IndexCode);
+    return color.rgb ? palette::nearest(partsOf(*color.rgb)) : color.index;
+}
+
+std::optional<drawing::Group> trueColorGroup(const drawing::Database &database, const Color &color)
+{
+    const bool isKnown = database.version() >= "AC1018"; // R2004
+    return color.rgb && isKnown ? std::optional(drawing::integerGroup(TrueColorCode, *color.rgb)) : std::nullopt;
+}
+
+void removeTrueColor(drawing::GroupList &groups)
+{
     drawing::removeGroups(groups, TrueColorCode);
     drawing::removeGroups(groups, ColorNameCode);
-    if (color.rgb)
-        drawing::setGroupBehindLayer(groups, drawing::integerGroup(TrueColorCode, *color.rgb));
-    else if (color.index != Color::ByLayer)
-        drawing::setGroupBehindLayer(groups, drawing::integerGroup(IndexCode, color.index));
+}
+
+void setColor(const drawing::Database &database, drawing::GroupList &groups, const Color &color)
+{
+    drawing::removeGroups(groups, IndexCode);
+    removeTrueColor(groups);
+    if (const std::optional<drawing::Group> trueColor = trueColorGroup(database, color))
+        drawing::setGroupBehindLayer(groups, *trueColor);
+    if (const int index = indexOf(color); index != Color::ByLayer)
+        drawing::setGroupBehindLayer(groups, drawing::integerGroup(IndexCode, index));
 }
 
 } // namespace commands

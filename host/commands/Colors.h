@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/Group.h"
+#include "host/drawing/Database.h"
 
 #include <optional>
 #include <string>
@@ -23,7 +23,14 @@ struct Color
 std::optional<Color> colorFromText(std::u16string_view text);
 std::u16string colorText(const Color &color); // as CECOLOR has it
 
-// Gives an entity the colour: its groups 62 or 420, behind its layer, which a colour by layer does without.
-void setColor(drawing::GroupList &groups, const Color &color);
+// Gives an entity of the drawing the colour: its groups 62 and 420, behind its layer, which a colour by layer does
+// without.
+void setColor(const drawing::Database &database, drawing::GroupList &groups, const Color &color);
+
+// Of a colour from red, green and blue the nearest one, which stands beside it for those who know numbers alone.
+int indexOf(const Color &color);
+// What else stands in the groups of an entity or layer: the red, green and blue, in files that can have them.
+std::optional<drawing::Group> trueColorGroup(const drawing::Database &database, const Color &color);
+void removeTrueColor(drawing::GroupList &groups);
 
 } // namespace commands

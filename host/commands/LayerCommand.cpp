@@ -7,12 +7,12 @@
 #include "host/commands/TableRecords.h"
 
 #include "host/drawing/LayerState.h"
+#include "host/drawing/Lineweights.h"
 #include "host/drawing/entities/EntityChange.h"
 
 #include <QString>
 #include <QStringList>
 
-#include <cmath>
 #include <cstdlib>
 
 namespace commands {
@@ -24,14 +24,7 @@ using drawing::known::Layer;
 
 namespace {
 
-enum Code : int {
-    LinetypeCode = 6,
-    ColorCode = 62,
-    FlagsCode = 70,
-    PlotsCode = 290,
-    LineweightCode = 370,
-    TrueColorCode = 420
-};
+enum Code : int { LinetypeCode = 6, ColorCode = 62, FlagsCode = 70, PlotsCode = 290, LineweightCode = 370 };
 
 using drawing::layerflag::Frozen;
 using drawing::layerflag::Locked;
@@ -80,12 +73,11 @@ void freeze(Context &context, RecordId layer)
 void setColorOf(Context &context, RecordId layer, const Color &color)
 {
     drawing::GroupList groups = context.database().groups(layer);
-    drawing::removeGroups(groups, TrueColorCode);
+    removeTrueColor(groups);
     const std::int64_t sign = isOff(context, layer) ? -1 : 1;
-    if (color.rgb)
-        drawing::setGroup(groups, integerGroup(TrueColorCode, *color.rgb));
-    else
-        drawing::setGroup(groups, integerGroup(ColorCode, sign * color.index));
+    drawing::setGroup(groups, integerGroup(ColorCode, sign * indexOf(color)));
+    if (const std::optional<drawing::Group> trueColor = trueColorGroup(context.database(), color))
+        drawing::setGroup(groups, *trueColor);
     context.database().replace(layer, groups);
 }
 
@@ -193,11 +185,9 @@ Command linetypeOption(Context &context)
 
 Command lineweightOption(Context &context)
 {
-    constexpr double Hundredths = 100;
     const auto weight =
         co_await context.ask().real({u"Enter lineweight (0.0mm - 2.11mm): ", u"Default", Enter::Refused}, NotNegative);
-    constexpr std::int64_t Default = -3;
-    const std::int64_t value = weight.is(u"Default") ? Default : std::llround(weight.value * Hundredths);
+    const int value = weight.is(u"Default") ? drawing::DefaultLineweight : drawing::lineweightOf(weight.value);
     const std::vector<RecordId> layers = co_await askLayers(context, u"for lineweight");
     for (const RecordId layer : layers)
         if (!context.database().isBefore2000())

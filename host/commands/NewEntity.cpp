@@ -1,6 +1,7 @@
 #include "host/commands/NewEntity.h"
 
 #include "host/commands/Colors.h"
+#include "host/drawing/Lineweights.h"
 #include "host/drawing/entities/EntityMaking.h"
 
 #include <cmath>
@@ -23,8 +24,6 @@ enum Code : int {
     LineweightCode = 370,
     ExtrusionCode = 210,
 };
-
-constexpr int LineweightByLayer = -1;
 
 bool isByLayer(const std::u16string &linetype)
 {
@@ -62,7 +61,7 @@ GroupList newEntity(Context &context, std::u16string type)
     groups.push_back(textGroup(groupcode::Layer, session.text(u"CLAYER")));
     if (const std::u16string linetype = session.text(u"CELTYPE"); !isByLayer(linetype))
         groups.push_back(textGroup(LinetypeCode, linetype));
-    setColor(groups, colorFromText(session.text(u"CECOLOR")).value_or(Color()));
+    setColor(context.database(), groups, colorFromText(session.text(u"CECOLOR")).value_or(Color()));
     if (const double scale = session.real(u"CELTSCALE"); scale != 1)
         groups.push_back(realGroup(LinetypeScaleCode, scale));
     if (const int weight = session.integer(u"CELWEIGHT");

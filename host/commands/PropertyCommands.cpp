@@ -6,10 +6,13 @@
 #include "host/commands/ObjectProperties.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/TableRecords.h"
+#include "host/drawing/Lineweights.h"
+#include "host/drawing/edit/Elevation.h"
+#include "host/drawing/edit/TransformRows.h"
 
 #include <QString>
 
-#include <cmath>
+#include <algorithm>
 
 namespace commands {
 
@@ -22,7 +25,6 @@ namespace {
 
 enum Code : int {
     LinetypeCode = 6,
-    ElevationCode = 38,
     ThicknessCode = 39,
     LinetypeScaleCode = 48,
     LineweightCode = 370,
@@ -53,7 +55,7 @@ Command changeColor(Context &context, const Selection &entities)
     const std::optional<Color> color = colorFromText(text);
     if (!color)
         throw CommandError{u"A color number or standard color name is required."};
-    changeAll(context, entities, [&](GroupList &groups) { setColor(groups, *color); });
+    changeAll(context, entities, [&](GroupList &groups) { setColor(context.database(), groups, *color); });
 }
 
 Command changeLayer(Context &context, const Selection &entities)
@@ -91,28 +93,63 @@ Command changeLinetype(Context &context, const Selection &entities)
     });
 }
 
-Command changeReal(Context &context, const Selection &entities, int code, std::u16string_view prompt)
+Command changeLinetypeScale(Context &context, const Selection &entities)
 {
-    const auto value = co_await context.ask().distance({prompt}, code == LinetypeScaleCode ? Positive : Limits{});
-    if (value.isNothing())
+    const auto scale = co_await context.ask().distance({u"Specify new linetype scale: "}, Positive);
+    if (scale.isNothing())
         co_return;
     changeAll(context, entities, [&](GroupList &groups) {
-        if (code == LinetypeScaleCode)
-            drawing::setGroupBehindLayer(groups, realGroup(code, value.value));
-        else
-            drawing::setGroup(groups, realGroup(code, value.value));
+        drawing::setGroupBehindLayer(groups, realGroup(LinetypeScaleCode, scale.value));
     });
+}
+
+bool hasThickness(const GroupList &groups)
+{
+    constexpr std::u16string_view types[] = {u"ARC",   u"ATTDEF", u"ATTRIB", u"CIRCLE", u"LINE", u"LWPOLYLINE",
+                                             u"POINT", u"SHAPE",  u"SOLID",  u"TEXT",   u"TRACE"};
+    const std::u16string type = drawing::textOf(groups, drawing::groupcode::Type);
+    if (type == u"POLYLINE")
+        return (drawing::integerOf(groups, drawing::groupcode::Count) & drawing::InSpaceFlags) == 0;
+    return std::ranges::find(types, type) != std::end(types);
+}
+
+// Other objects stay as they are.
+Command changeThickness(Context &context, const Selection &entities)
+{
+    const auto thickness = co_await context.ask().distance({u"Specify new thickness: "});
+    if (thickness.isNothing())
+        co_return;
+    changeAll(context, entities, [&](GroupList &groups) {
+        if (hasThickness(groups))
+            drawing::setGroupInFirstPart(groups, realGroup(ThicknessCode, thickness.value));
+    });
+}
+
+Command changeElevation(Context &context, const Selection &entities)
+{
+    const auto elevation = co_await context.ask().distance({u"Specify new elevation: "});
+    if (elevation.isNothing())
+        co_return;
+    std::size_t left = 0;
+    for (const RecordId entity : entities) {
+        context.session().pulse();
+        left += drawing::setElevation(context.drawing(), entity, elevation.value) ? 0 : 1;
+    }
+    if (left > 0)
+        throw CommandError{shown(static_cast<std::int64_t>(left)) + u" objects have no single elevation."};
 }
 
 Command changeLineweight(Context &context, const Selection &entities)
 {
-    constexpr double Hundredths = 100;
-    enum Weight : std::int64_t { OfLayer = -1, OfBlock = -2, Default = -3 };
     const auto weight =
         co_await context.ask().real({u"Enter new lineweight <ByLayer>: ", u"ByLayer ByBlock Default"}, NotNegative);
-    std::int64_t value = std::llround(weight.value * Hundredths);
-    if (!weight.hasValue())
-        value = weight.is(u"ByBlock") ? OfBlock : (weight.is(u"Default") ? Default : OfLayer);
+    int value = drawing::LineweightByLayer;
+    if (weight.hasValue())
+        value = drawing::lineweightOf(weight.value);
+    else if (!weight.isNothing() && !weight.is(u"ByLayer"))
+        value = weight.is(u"ByBlock") ? drawing::LineweightByBlock : drawing::DefaultLineweight;
+    if (context.database().isBefore2000())
+        co_return;
     changeAll(context, entities,
               [&](GroupList &groups) { drawing::setGroupBehindLayer(groups, integerGroup(LineweightCode, value)); });
 }
@@ -161,15 +198,15 @@ Command changeProperties(Context &context, const Selection &entities)
             else if (option.is(u"LType"))
                 co_await changeLinetype(context, entities);
             else if (option.is(u"ltScale"))
-                co_await changeReal(context, entities, LinetypeScaleCode, u"Specify new linetype scale: ");
+                co_await changeLinetypeScale(context, entities);
             else if (option.is(u"LWeight"))
                 co_await changeLineweight(context, entities);
             else if (option.is(u"TRansparency"))
                 co_await changeTransparency(context, entities);
             else if (option.is(u"Thickness"))
-                co_await changeReal(context, entities, ThicknessCode, u"Specify new thickness: ");
+                co_await changeThickness(context, entities);
             else
-                co_await changeReal(context, entities, ElevationCode, u"Specify new elevation: ");
+                co_await changeElevation(context, entities);
         } catch (const CommandError &error) {
             failure = error;
         }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <span>
 
 // Lineweights as group 370 has them.
@@ -22,6 +25,13 @@ constexpr int nearestLineweight(std::int64_t weight)
         below = above;
     }
     return below;
+}
+
+// The nearest one to a width, which is not negative.
+inline int lineweightOf(double millimetres)
+{
+    constexpr double Hundredths = 100, Thickest = std::end(lineweights)[-1];
+    return nearestLineweight(std::llround(std::min(millimetres * Hundredths, Thickest)));
 }
 
 } // namespace drawing

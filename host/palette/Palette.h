@@ -51,4 +51,18 @@ inline constexpr std::array<Color, Count> colors = [] {
     return table;
 }();
 
+// The number, from 1 on, of the colour that looks most alike; the lowest of several.
+constexpr int nearest(const Color &wanted)
+{
+    const auto square = [](int number) { return number * number; };
+    const auto distance = [&](std::size_t index) {
+        const Color &color = colors[index];
+        return square(color.red - wanted.red) + square(color.green - wanted.green) + square(color.blue - wanted.blue);
+    };
+    std::size_t best = 1;
+    for (std::size_t index = 2; index < Count; ++index)
+        best = distance(index) < distance(best) ? index : best;
+    return static_cast<int>(best);
+}
+
 } // namespace palette

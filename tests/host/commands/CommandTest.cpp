@@ -3,6 +3,7 @@
 #include "host/drawing/Blocks.h"
 #include "host/interpreter/Printer.h"
 
+#include <QFile>
 #include <QString>
 
 CommandTest::CommandTest() : m_document(m_services)
@@ -20,6 +21,17 @@ std::string CommandTest::evaluate(const std::string &source)
     } catch (const lisp::LispError &error) {
         return "error: " + utf8(error.message);
     }
+}
+
+void CommandTest::openEmptyDrawing(const std::string &version)
+{
+    const QString path = m_drawings.filePath(QStringLiteral("empty.dxf"));
+    QFile file(path);
+    const std::string text = "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\n" + version +
+                             "\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n";
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray::fromStdString(text)) > 0);
+    file.close();
+    m_document.open(path);
 }
 
 std::string CommandTest::takePrinted()

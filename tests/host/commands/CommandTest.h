@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
 #include <string>
 #include <vector>
 
@@ -20,7 +22,8 @@ protected:
     // The printed value of the last expression, or "error: TEXT".
     std::string evaluate(const std::string &source);
     void write(std::u16string_view text) override { m_printed += text; }
-    std::string takePrinted(); // what the command line has shown since the last call
+    void openEmptyDrawing(const std::string &version); // as "AC1009"
+    std::string takePrinted();                         // what the command line has shown since the last call
 
     drawing::Database &database() { return m_document.drawing().database(); }
     drawing::RecordId add(const drawing::GroupList &groups); // at the end of the model
@@ -33,4 +36,5 @@ protected:
 
 private:
     std::u16string m_printed;
+    QTemporaryDir m_drawings;
 };

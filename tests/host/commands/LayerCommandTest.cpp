@@ -78,6 +78,10 @@ TEST_F(LayerCommand, ColorLinetypeLineweightAndPlot)
     EXPECT_NE(m_document.drawing().tables().find(drawing::known::Linetype, u"DASHED"), drawing::NoRecord);
     run("\"_c\" \"_t\" \"10,20,30\" \"A\"");
     EXPECT_EQ(integerOf(layer(u"A"), 420), 0x0A141E);
+    run("\"_c\" \"_t\" \"255,0,0\" \"A\" \"_lw\" 0.26 \"A\"");
+    EXPECT_EQ(integerOf(layer(u"A"), 62), 1);
+    EXPECT_EQ(integerOf(layer(u"A"), 420), 0xFF0000);
+    EXPECT_EQ(integerOf(layer(u"A"), 370), 25);
 }
 
 TEST_F(LayerCommand, WhatGoesWrongInAnOptionDoesNotEndTheCommand)
