@@ -176,8 +176,8 @@ Command paragraphText(Context &context)
     const std::u16string text = co_await askLines(context);
     if (text.empty())
         co_return;
-    context.session().assign(u"TEXTSIZE", paragraphs.height);
     addParagraphs(context, paragraphs, text);
+    context.session().assign(u"TEXTSIZE", paragraphs.height);
 }
 
 } // namespace commands

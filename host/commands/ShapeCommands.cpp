@@ -33,7 +33,7 @@ Point middleOf(const Point &a, const Point &b)
 // The longer of the two half axes is the major one.
 void addEllipse(Context &context, const Point &centre, double half, double angle, double other)
 {
-    if (!(half > 0) || !(other > 0) || context.database().isBefore2000())
+    if (!(half > 0) || !(other > 0))
         throw CommandError{u"The ellipse cannot be made."};
     const bool isMajor = half >= other;
     const double major = isMajor ? half : other, direction = isMajor ? angle : angle + std::numbers::pi / 2;

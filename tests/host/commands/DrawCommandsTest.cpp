@@ -56,6 +56,21 @@ TEST_F(DrawCommands, NewEntitiesHaveTheCurrentProperties)
     EXPECT_EQ(integerOf(lastGroups(), 420), 0x010203);
 }
 
+TEST_F(DrawCommands, WhatCameWithR13IsRefusedInOlderDrawings)
+{
+    openEmptyDrawing("AC1009");
+    const char *const refused[] = {"\"_.ellipse\" \"0,0\" \"9,0\" 2", "\"_.xline\" \"0,0\" \"9,0\" \"\"",
+                                   "\"_.-hatch\" \"_p\" \"_s\" \"_s\" (entlast) \"\" \"\""};
+    evaluate("(command \"_.pline\" \"0,0\" \"9,0\" \"9,9\" \"_c\")");
+    for (const char *const answers : refused) {
+        evaluate("(command " + std::string(answers) + ")");
+        EXPECT_THAT(takePrinted(), testing::HasSubstr("A drawing before R13 has no ")) << answers;
+    }
+    evaluate(
+        "(command \"_.circle\" \"0,0\" 5 \"_.arc\" \"5,0\" \"0,5\" \"-5,0\" \"_.dimaligned\" \"0,0\" \"9,0\" \"0,5\")");
+    EXPECT_THAT(types(), testing::ElementsAre("POLYLINE", "CIRCLE", "ARC", "DIMENSION"));
+}
+
 TEST_F(DrawCommands, PointAndSolid)
 {
     evaluate("(command \"_.point\" '(1 2 3))");

@@ -19,6 +19,14 @@ TEST_F(ParagraphCommand, WritesLinesIntoABox)
     EXPECT_EQ(evaluate("(list (getvar \"CMDACTIVE\") (getvar \"TEXTSIZE\"))"), "(0 3.0)");
 }
 
+TEST_F(ParagraphCommand, ADrawingBeforeR13HasNone)
+{
+    openEmptyDrawing("AC1009");
+    evaluate("(command \"_.-mtext\" '(10 20) \"_h\" 3 '(60 0) \"first\" \"\")");
+    EXPECT_TRUE(types().empty());
+    EXPECT_EQ(takePrinted(), "\nA drawing before R13 has no MTEXT objects.\n");
+}
+
 TEST_F(ParagraphCommand, TheJustificationSaysWhichPlaceOfTheBoxHoldsTheText)
 {
     evaluate("(command \"_.-mtext\" '(0 0) \"_j\" \"_mc\" '(60 40) \"x\" \"\")");
