@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <iostream>
 #include <iterator>
+#include <limits>
 #include <string>
 
 namespace {
@@ -35,6 +36,12 @@ bool isUtf8(const std::string &argument)
 std::string isPlotFile(const std::string &path)
 {
     return render::plotFormat(QString::fromStdString(path)) ? std::string() : "the file must end in .png, .svg or .pdf";
+}
+
+// Whole numbers from `least` on; help shows the kind.
+CLI::Validator wholeNumberFrom(int least, const std::string &kind)
+{
+    return CLI::Range(least, std::numeric_limits<int>::max(), kind);
 }
 
 } // namespace
@@ -87,17 +94,17 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
         ->needs(sandboxed);
     app.add_option("--limit-time", sandbox.seconds, "end it after this time; 0: never")
         ->type_name("SECONDS")
-        ->check(CLI::NonNegativeNumber)
+        ->check(wholeNumberFrom(0, "NONNEGATIVE"))
         ->capture_default_str()
         ->needs(sandboxed);
     app.add_option("--limit-memory", sandbox.megabytes, "fail it when its data need more; 0: never")
         ->type_name("MEGABYTES")
-        ->check(CLI::NonNegativeNumber)
+        ->check(wholeNumberFrom(0, "NONNEGATIVE"))
         ->capture_default_str()
         ->needs(sandboxed);
     app.add_option("--limit-depth", sandbox.depth, "fail it when calls nest deeper")
         ->type_name("CALLS")
-        ->check(CLI::PositiveNumber)
+        ->check(wholeNumberFrom(1, "POSITIVE"))
         ->capture_default_str()
         ->needs(sandboxed);
 
@@ -113,7 +120,7 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string> &arguments)
     int secondsForATest = 0;
     test->add_option("--timeout", secondsForATest, "fail a test that runs longer; 0: never")
         ->type_name("SECONDS")
-        ->check(CLI::NonNegativeNumber)
+        ->check(wholeNumberFrom(0, "NONNEGATIVE"))
         ->capture_default_str();
     CLI::App *repl = app.add_subcommand("repl", "Read expressions and print their values; the default on a terminal.");
     CLI::App *gui = app.add_subcommand("gui", "Show the window; open drawings and load programs.");

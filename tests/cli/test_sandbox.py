@@ -713,6 +713,13 @@ class Usage(SandboxTest):
         self.assert_fails(self.lisphost("--sandbox", "--allow-run", "no-such-program", "eval", "1"), 2,
                           "no-such-program: no such program")
 
+    def test_limits_are_whole_numbers_in_a_range_that_can_be_read(self):
+        for option, least in (("--limit-time", 0), ("--limit-memory", 0), ("--limit-depth", 1)):
+            for number in (least - 1, 2**31):
+                with self.subTest(option, number=number):
+                    self.assert_fails(self.lisphost("--sandbox", option, str(number), "eval", "1"), 2,
+                                      f"{option}: Value {number} not in range {least} to 2147483647\n")
+
     @unittest.skipIf(WINDOWS, NONE)
     def test_exit_statuses_are_those_of_the_program(self):
         self.assert_fails(self.run_sandboxed("(/ 1 0)"), 1, "^error: divide by zero\n")
