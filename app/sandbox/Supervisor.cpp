@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -48,8 +49,16 @@ extern "C" void onTerminalInterrupt(int)
         passOn(SIGKILL);
 }
 
-// Ctrl-\, the end of the terminal, and what asks any process to end.
-constexpr int endingSignals[] = {SIGQUIT, SIGHUP, SIGTERM};
+// What ends a process that does not handle it: Ctrl-\, the end of the terminal, what asks any process to end, and what
+// programs send each other. Not those that tell of an error in this process itself, after which it cannot go on.
+std::vector<int> endingSignals()
+{
+    std::vector<int> numbers = {SIGQUIT, SIGHUP,    SIGTERM, SIGUSR1, SIGUSR2, SIGPIPE,  SIGXCPU,
+                                SIGXFSZ, SIGVTALRM, SIGPROF, SIGIO,   SIGPWR,  SIGSTKFLT};
+    for (int signal = SIGRTMIN; signal <= SIGRTMAX; ++signal)
+        numbers.push_back(signal);
+    return numbers;
+}
 
 // What this process has been started to ignore, it ignores.
 void handle(int signal, void (*handler)(int))
@@ -98,7 +107,7 @@ int superviseInOwnFolders(int seconds, const std::function<int(const SandboxFold
             throw SandboxError(folder->errorString());
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
     handle(SIGINT, onTerminalInterrupt); // the terminal sends it to the worker, too, which knows what to do
-    for (const int signal : endingSignals)
+    for (const int signal : endingSignals())
         handle(signal, passOn);
     std::signal(SIGALRM, endWork);
     const pid_t supervisor = ::getpid();
@@ -107,7 +116,7 @@ int superviseInOwnFolders(int seconds, const std::function<int(const SandboxFold
         throw SandboxError(QStringLiteral("cannot start a process of its own"));
     if (worker == 0) {
         handle(SIGINT, SIG_DFL);
-        for (const int signal : endingSignals)
+        for (const int signal : endingSignals())
             handle(signal, SIG_DFL);
         std::signal(SIGALRM, SIG_DFL);
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);

@@ -568,8 +568,10 @@ class Signals(SandboxTest):
         return process, int(number), Path(folder)
 
     def test_a_signal_that_ends_the_sandbox_leaves_nothing_behind(self):
-        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGQUIT):
-            with self.subTest(number.name):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGQUIT, signal.SIGUSR1, signal.SIGUSR2, signal.SIGPIPE,
+                       signal.SIGXCPU, signal.SIGXFSZ, signal.SIGVTALRM, signal.SIGPROF, signal.SIGIO, signal.SIGPWR,
+                       signal.SIGRTMIN, signal.SIGRTMAX):
+            with self.subTest(number):
                 shutil.rmtree(self.folder / "inside", ignore_errors=True)
                 process, program, folder = self.start_with_a_program()
                 process.send_signal(number)
