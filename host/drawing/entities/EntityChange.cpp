@@ -1,5 +1,7 @@
 #include "host/drawing/entities/EntityChange.h"
 
+#include "host/drawing/Dictionaries.h"
+#include "host/drawing/entities/Attachments.h"
 #include "host/drawing/entities/Braces.h"
 #include "host/drawing/entities/EntitySchema.h"
 #include "host/drawing/entities/ListedCodes.h"
@@ -267,12 +269,19 @@ GroupList changedParts(const EntityListing &listing, const GroupList &recorded, 
 bool changeGroups(Drawing &drawing, RecordId record, const GroupList &wanted)
 {
     Database &database = drawing.database();
+    if (!canAttach(drawing, record, wanted))
+        return false;
     const bool isEntity = database.record(record).kind == RecordKind::Entity;
+    const RecordId dictionary = extensionDictionary(database, record);
     const GroupList recorded = database.groups(record);
     GroupList changed = changedParts(EntityListing(drawing, record), recorded, wanted, isEntity);
     countVertices(changed);
     putExtendedData(changed, recorded, wanted);
-    return database.replace(record, changed);
+    putAttachments(changed, wanted);
+    if (!database.replace(record, changed))
+        return false;
+    ownExtensionDictionary(database, record, dictionary);
+    return true;
 }
 
 // Makes the change. A layer that an entity is on from then on is there.

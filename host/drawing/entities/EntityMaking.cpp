@@ -2,7 +2,11 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/GroupWriter.h"
+#include "host/drawing/HeaderVariables.h"
+#include "host/drawing/Layouts.h"
+#include "host/drawing/entities/Attachments.h"
 #include "host/drawing/entities/EntityChange.h"
+#include "host/drawing/entities/EntityPlace.h"
 #include "host/drawing/entities/EntitySchema.h"
 #include "host/drawing/entities/RecordTypes.h"
 
@@ -72,18 +76,57 @@ Group withDimensions(Group group, const std::u16string &type)
     return group;
 }
 
+Group currentValue(const Database &database, const SchemaRow &row)
+{
+    const std::optional<Group> value = variable(database, row.text);
+    return {row.code, value ? value->value : GroupValue(row.number)};
+}
+
+// With what the list takes from the drawing, each group behind those that come before it in the schema.
+GroupList withCurrentValues(const Database &database, const EntitySchema &schema, GroupList list)
+{
+    for (const SubclassSchema &subclass : schema.subclasses) {
+        auto place = list.begin();
+        for (const SchemaRow &row : subclass.rows) {
+            const auto there = std::ranges::find(list, row.code, &Group::code);
+            if (there != list.end())
+                place = there + 1;
+            else if (row.presence == SchemaRow::Presence::Current)
+                place = list.insert(place, currentValue(database, row)) + 1;
+        }
+    }
+    return list;
+}
+
+bool takesCurrentValue(const EntitySchema &schema, const GroupList &list)
+{
+    const auto isMissing = [&list](const SchemaRow &row) {
+        return row.presence == SchemaRow::Presence::Current && !findGroup(list, row.code);
+    };
+    return std::ranges::any_of(schema.subclasses, [&](const SubclassSchema &subclass) {
+        return std::ranges::any_of(subclass.rows, isMissing);
+    });
+}
+
 // Builds the groups of a new entity.
 class Builder
 {
 public:
     Builder(const Drawing &drawing, const GroupList &list)
-        : m_list(list), m_type(typeOf(list)), m_schema(schemaFor(list)), m_isOld(drawing.database().isBefore2000())
+        : m_type(typeOf(list)), m_schema(schemaFor(list)), m_isOld(drawing.database().isBefore2000()), m_list(list)
     {
+        if (findGroup(list, groupcode::Braces)) {
+            m_attachments = attachmentsForNew(drawing, list);
+            m_list = withoutAttachments(list);
+        }
+        if (m_schema && takesCurrentValue(*m_schema, list))
+            m_list = withCurrentValues(drawing.database(), *m_schema, std::move(m_list));
     }
 
     GroupList build(Handle owner, bool isPaperSpace, const std::u16string &layer)
     {
         m_groups = {{groupcode::Type, m_type}};
+        m_groups.insert(m_groups.end(), m_attachments.begin(), m_attachments.end());
         if (!m_isOld && owner.value != 0)
             m_groups.push_back({groupcode::Owner, owner});
         addMarker(u"AcDbEntity");
@@ -166,11 +209,10 @@ private:
         return found != m_schema->subclasses.end() ? &*found : &m_schema->subclasses.back();
     }
 
-    const GroupList &m_list;
     std::u16string m_type;
     const EntitySchema *m_schema;
     bool m_isOld;
-    GroupList m_groups;
+    GroupList m_list, m_attachments, m_groups;
 };
 
 bool hasRequired(const GroupList &list, const EntitySchema &schema)
@@ -186,12 +228,28 @@ bool hasRequired(const GroupList &list, const EntitySchema &schema)
     return true;
 }
 
+bool canBeShown(const Drawing &drawing, std::u16string_view block)
+{
+    return drawing.tables().find(known::Block, block) != NoRecord && !isSpaceBlock(drawing.database(), block);
+}
+
 bool hasItsBlock(const Drawing &drawing, const GroupList &list)
 {
     if (typeOf(list) != u"INSERT")
         return true;
     const auto *name = findValue<std::u16string>(list, groupcode::Name);
-    return name && drawing.tables().find(known::Block, *name) != NoRecord;
+    return name && canBeShown(drawing, *name);
+}
+
+RecordId addBefore(Drawing &drawing, RecordId next, const GroupList &groups)
+{
+    Database &database = drawing.database();
+    const RecordId added = database.add(RecordKind::Entity, groups, next);
+    if (added == NoRecord)
+        return NoRecord;
+    ensureLayer(drawing, database.name(added));
+    ownExtensionDictionary(database, added);
+    return added;
 }
 
 const char16_t *recordMarker(NameId table)
@@ -210,10 +268,33 @@ const char16_t *recordMarker(NameId table)
 
 bool isComplete(const Drawing &drawing, const GroupList &list)
 {
+    if (!canHoldEntities(drawing.database(), typeOf(list)))
+        return false;
     const EntitySchema *schema = schemaFor(list);
     if (schema)
         return hasRequired(list, *schema) && hasItsBlock(drawing, list);
     return typeOf(list) == u"SEQEND" || (hasMarkers(list) && isEntityType(drawing.database(), typeOf(list)));
+}
+
+std::optional<Placement> placementOf(const Drawing &drawing, const GroupList &list, const Placement &current)
+{
+    Placement placement = current;
+    if (findGroup(list, groupcode::Space))
+        placement.isPaperSpace = integerOf(list, groupcode::Space) != 0;
+    const auto *name = findValue<std::u16string>(list, LayoutCode);
+    if (!name)
+        return placement;
+    placement.isPaperSpace = !isModelName(*name);
+    if (!placement.isPaperSpace)
+        return placement;
+    const Database &database = drawing.database();
+    const std::optional<Layout> layout = findLayout(database, *name);
+    if (!layout || layout->blockRecord == NoRecord)
+        return std::nullopt;
+    const std::u16string block = database.name(layout->blockRecord);
+    if (folded(block) != folded(PaperSpace))
+        placement.container = drawing.tables().find(known::Block, block);
+    return placement;
 }
 
 RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &placement)
@@ -221,16 +302,11 @@ RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &pla
     if (!isComplete(drawing, list))
         return NoRecord;
     Database &database = drawing.database();
-    const Group *space = findGroup(list, groupcode::Space);
     const bool isInSpace = placement.container == NoRecord;
-    const bool isPaperSpace = isInSpace && (space ? integerOf(list, groupcode::Space) != 0 : placement.isPaperSpace);
     const RecordId container = isInSpace ? ensureEntities(database) : placement.container;
-    const Handle owner = ownerOf(database, drawing.tables(), container, isPaperSpace);
-    const GroupList groups = Builder(drawing, list).build(owner, isPaperSpace, placement.layer);
-    const RecordId added = database.add(RecordKind::Entity, groups, database.endOf(container));
-    if (added != NoRecord)
-        ensureLayer(drawing, database.name(added));
-    return added;
+    const Handle owner = ownerOf(database, drawing.tables(), container, placement.isPaperSpace);
+    const GroupList groups = Builder(drawing, list).build(owner, placement.isPaperSpace, placement.layer);
+    return addBefore(drawing, database.endOf(container), groups);
 }
 
 bool isWritable(const Drawing &drawing, const GroupList &list)
@@ -251,7 +327,7 @@ bool canShow(const Drawing &drawing, RecordId insert, const GroupList &wanted)
         return true;
     const RecordId container = database.record(insert).container;
     const bool isInBlock = database.record(container).kind == RecordKind::BlockStart;
-    return drawing.tables().find(known::Block, *name) != NoRecord &&
+    return canBeShown(drawing, *name) &&
            !(isInBlock && showsBlock(database, drawing.tables(), *name, database.name(container)));
 }
 
@@ -269,14 +345,11 @@ RecordId addPartBehind(Drawing &drawing, RecordId last, RecordId whole, const Gr
 {
     if (!isComplete(drawing, list))
         return NoRecord;
-    Database &database = drawing.database();
+    const Database &database = drawing.database();
     const Record &record = database.record(whole);
     const GroupList groups =
         Builder(drawing, list).build({record.handle}, record.has(Record::PaperSpace), database.name(whole));
-    const RecordId added = database.add(RecordKind::Entity, groups, database.record(last).next);
-    if (added != NoRecord)
-        ensureLayer(drawing, database.name(added));
-    return added;
+    return addBefore(drawing, database.record(last).next, groups);
 }
 
 bool namesArrows(const Database &database)
@@ -293,20 +366,25 @@ RecordId addTableRecord(Drawing &drawing, const GroupList &list)
     if (!marker)
         return NoRecord;
     GroupList groups{{groupcode::Type, type}};
+    const GroupList attachments = attachmentsForNew(drawing, list);
+    groups.insert(groups.end(), attachments.begin(), attachments.end());
     if (!database.isBefore2000())
         groups.insert(groups.end(),
                       {{groupcode::Owner, Handle{database.record(drawing.tables().ensureTable(table)).handle}},
                        {groupcode::Subclass, u"AcDbSymbolTableRecord"},
                        {groupcode::Subclass, std::u16string(marker)}});
     const bool namesArrow = table == known::DimensionStyle && namesArrows(database);
-    for (const Group &group : list)
+    for (const Group &group : withoutAttachments(list))
         if (group.code != groupcode::Type && (group.code != groupcode::Handle || namesArrow) &&
             group.code != groupcode::DimStyleHandle && group.code != groupcode::Owner &&
             group.code != groupcode::Subclass)
             groups.push_back(group);
     if (!findGroup(groups, FlagsCode))
         groups.push_back({FlagsCode, std::int64_t{0}});
-    return drawing.tables().add(table, groups);
+    const RecordId added = drawing.tables().add(table, groups);
+    if (added != NoRecord)
+        ownExtensionDictionary(database, added);
+    return added;
 }
 
 } // namespace drawing

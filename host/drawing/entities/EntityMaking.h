@@ -6,18 +6,23 @@
 
 namespace drawing {
 
-// Where a new entity goes.
+// Where a new entity goes, whatever its list says of that.
 struct Placement
 {
     RecordId container = NoRecord; // a block's start; NoRecord: model or paper space
-    bool isPaperSpace = false;     // of the ENTITIES section; the list's group 67 counts before this
-    std::u16string layer = u"0";   // where the list names none
+    bool isPaperSpace = false;
+    std::u16string layer = u"0"; // where the list names none
 };
+
+// Where a program's list puts an entity that otherwise would go to the current place: into the layout that it names
+// (410), or else into the space (67). None when there is no such layout.
+std::optional<Placement> placementOf(const Drawing &drawing, const GroupList &list, const Placement &current);
 
 // Adds an entity at the end of its space or block. The list is a program's: the type, and in any order after it what
 // makes the entity; a handle, owner or entity name in it does not count. What a type that is older than subclass
 // markers leaves out is put where it belongs. A layer that is not there is made.
-// NoRecord when a required group is missing, a value cannot be written, or a block to be inserted is not there.
+// NoRecord when a required group is missing, a value cannot be written, a block to be inserted is not there or is a
+// space of the drawing, or the drawing is older than the type.
 RecordId addEntity(Drawing &drawing, const GroupList &list, const Placement &placement = {});
 
 // Adds a VERTEX, ATTRIB or SEQEND behind what the polyline or insert has already.
@@ -32,8 +37,8 @@ bool isComplete(const Drawing &drawing, const GroupList &list);
 // Whether all values of the list are ones that the drawing's file can hold.
 bool isWritable(const Drawing &drawing, const GroupList &list);
 
-// Whether an INSERT can show what the list names, if it names another block than before: one that is there, and that
-// does not hold the insert in turn.
+// Whether an INSERT can show what the list names, if it names another block than before: one that is there, is no space
+// of the drawing, and does not hold the insert in turn.
 bool canShow(const Drawing &drawing, RecordId insert, const GroupList &wanted);
 
 // Adds a record to the table of its type, with what the list leaves out: LAYER, LTYPE, STYLE, …

@@ -7,6 +7,8 @@ namespace drawing {
 
 namespace {
 
+constexpr int LayoutCode = 410;
+
 // The block, entities section or other place that an entity stands in, with the polylines and inserts that have parts.
 RecordId outermostContainer(const Database &database, RecordId entity)
 {
@@ -44,6 +46,27 @@ std::u16string layoutOf(const Drawing &drawing, RecordId entity)
             if (layout.blockRecord == blockRecord)
                 return layout.name;
     return {};
+}
+
+bool isSpaceBlock(const Database &database, std::u16string_view block)
+{
+    std::u16string name = folded(block);
+    if (database.isBefore2000() && name.starts_with(u'$'))
+        name.front() = u'*';
+    return name.starts_with(folded(ModelSpace)) || name.starts_with(folded(PaperSpace));
+}
+
+bool leavesInPlace(const Drawing &drawing, RecordId entity, const GroupList &wanted)
+{
+    const Database &database = drawing.database();
+    const auto *space = findValue<std::int64_t>(wanted, groupcode::Space);
+    if (space && (*space != 0) != database.record(entity).has(Record::PaperSpace))
+        return false;
+    const auto *layout = findValue<std::u16string>(wanted, LayoutCode);
+    if (!layout || folded(*layout) == folded(layoutOf(drawing, entity)))
+        return true;
+    const std::optional<Group> recorded = database.firstGroup(entity, LayoutCode); // an old name, in some file
+    return recorded && recorded->value == GroupValue(*layout);
 }
 
 Handle ownerOf(const Drawing &drawing, RecordId id)

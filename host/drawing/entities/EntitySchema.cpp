@@ -28,6 +28,11 @@ constexpr SchemaRow text(int code, const char *value)
     return {code, Default, 0, value};
 }
 
+constexpr SchemaRow current(int code, const char *variable, double value)
+{
+    return {code, Current, value, variable};
+}
+
 constexpr SchemaRow origin(int code)
 {
     return {code, Default};
@@ -93,10 +98,14 @@ constexpr SchemaRow definitionRows[] = {optional(280), required(3), required(2),
                                         number(73),    number(74),  optional(101)};
 constexpr SubclassSchema attributeDefinition[] = {{"AcDbText", textRows}, {"AcDbAttributeDefinition", definitionRows}};
 
-constexpr SchemaRow mtextRows[] = {required(10),        required(40),  number(41),    optional(46),
-                                   number(71, 1),       number(72, 5), optional(3),   required(1),
-                                   text(7, "Standard"), extrusion,     optional(11),  optional(42),
-                                   optional(43),        number(50),    number(73, 1), number(44, 1)};
+constexpr SchemaRow mtextRows[] = {required(10),        current(40, "$TEXTSIZE", 2.5),
+                                   number(41),          optional(46),
+                                   number(71, 1),       number(72, 5),
+                                   optional(3),         required(1),
+                                   text(7, "Standard"), extrusion,
+                                   optional(11),        optional(42),
+                                   optional(43),        number(50),
+                                   number(73, 1),       number(44, 1)};
 constexpr SubclassSchema mtext[] = {{"AcDbMText", mtextRows}};
 
 constexpr SchemaRow solidRows[] = {required(10), required(11), required(12), required(13), number(39), extrusion};
@@ -153,6 +162,15 @@ constexpr int commonCodes[] = {6, 8, 48, 60, 62, 67, 92, 160, 284, 310, 347, 348
 bool SubclassSchema::has(int code) const
 {
     return std::ranges::any_of(rows, [code](const SchemaRow &row) { return row.code == code; });
+}
+
+const SchemaRow *EntitySchema::rowWithDefault(int code) const
+{
+    for (const SubclassSchema &subclass : subclasses)
+        for (const SchemaRow &row : subclass.rows)
+            if (row.code == code && row.presence == Default)
+                return &row;
+    return nullptr;
 }
 
 // Most types differ in length already: there is no quicker way than to look at one after the other.

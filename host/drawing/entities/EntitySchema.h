@@ -13,13 +13,14 @@ struct SchemaRow
     enum class Presence : std::uint8_t {
         Required, // an entity cannot be made without it
         Optional, // not shown where it is not there
+        Current,  // the same; an entity that is made without it gets the value of the header variable `text`
         Default   // is there with its default where a file leaves it out
     };
 
     int code;
     Presence presence = Presence::Optional;
-    double number = 0;               // of a default; of a point the z: (0 0 number)
-    std::string_view text = {};      // of a default text, ASCII
+    double number = 0;               // of a default; of a point the z: (0 0 number); of a variable that is not there
+    std::string_view text = {};      // of a default text, ASCII; a variable's name
     bool repeatsAfterVertex = false; // once for each point (10) of the entity
 };
 
@@ -41,6 +42,8 @@ struct EntitySchema
     std::span<const SubclassSchema> subclasses;
     Markers markers = Markers::Added;
     std::int64_t flags = 0; // of the groups 70 that tell kinds of a type apart: POLYLINE and VERTEX
+
+    const SchemaRow *rowWithDefault(int code) const; // null: such a group is listed only where a file has it
 };
 
 // Null for a type that is not described. `flags` is the entity's group 70.

@@ -1,5 +1,6 @@
 #include "host/drawing/entities/EntityValues.h"
 
+#include "host/drawing/Lineweights.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "host/drawing/entities/RecordTypes.h"
 
@@ -10,7 +11,7 @@ namespace drawing {
 
 namespace {
 
-constexpr int LinetypeCode = 6, StyleCode = 7, RadiusCode = 40, ColorCode = 62, BraceCode = 1002;
+constexpr int LinetypeCode = 6, StyleCode = 7, RadiusCode = 40, ColorCode = 62, LineweightCode = 370, BraceCode = 1002;
 constexpr std::int64_t ByLayer = 256;
 
 class Check
@@ -32,6 +33,8 @@ public:
             return !text || isValidName(*text) || isThere(known::Layer, *text);
         case ColorCode:
             return acceptsColor(std::get_if<std::int64_t>(&group.value));
+        case LineweightCode:
+            return acceptsLineweight(std::get_if<std::int64_t>(&group.value));
         case RadiusCode:
             return !isRound() || isPositive(std::get_if<double>(&group.value));
         default:
@@ -58,6 +61,10 @@ private:
     bool acceptsColor(const std::int64_t *color) const
     {
         return !color || (*color <= ByLayer && *color >= (m_type == u"LAYER" ? -ByLayer : 0));
+    }
+    static bool acceptsLineweight(const std::int64_t *weight)
+    {
+        return !weight || nearestLineweight(*weight) == *weight;
     }
     static bool isPositive(const double *value) { return value && *value > 0; }
 

@@ -5,9 +5,9 @@
 namespace drawing {
 
 // Whether a record of this type can take what a program's list says: linetypes and text styles that are there, colours
-// from 0 to 256, layers and table records with valid names, circles and arcs that are larger than nothing, extended
-// data with balanced braces, not longer than ExtendedSizeLimit. `present` are groups that a record has already: those
-// are taken as they are.
+// from 0 to 256, lineweights that there are (see Lineweights.h), layers and table records with valid names, circles and
+// arcs that are larger than nothing, extended data with balanced braces, not longer than ExtendedSizeLimit. `present`
+// are groups that a record has already: those are taken as they are.
 bool hasValidValues(const Drawing &drawing, std::u16string_view type, const GroupList &list,
                     const GroupList &present = {});
 

@@ -22,6 +22,12 @@ constexpr std::u16string_view entityTypes[] = {
 };
 static_assert(std::ranges::is_sorted(entityTypes));
 
+// What drawings before R13 have of these.
+constexpr std::u16string_view oldEntityTypes[] = {u"3DFACE", u"ARC",  u"ATTDEF", u"ATTRIB",   u"CIRCLE",  u"DIMENSION",
+                                                  u"INSERT", u"LINE", u"POINT",  u"POLYLINE", u"SEQEND",  u"SHAPE",
+                                                  u"SOLID",  u"TEXT", u"TRACE",  u"VERTEX",   u"VIEWPORT"};
+static_assert(std::ranges::is_sorted(oldEntityTypes));
+
 constexpr std::u16string_view objectTypes[] = {
     u"ACDBDICTIONARYWDFLT",
     u"ACDBPLACEHOLDER",
@@ -90,6 +96,11 @@ bool isDeclared(const Database &database, std::u16string_view type, bool asEntit
 bool isEntityType(const Database &database, std::u16string_view type)
 {
     return std::ranges::binary_search(entityTypes, type) || isDeclared(database, type, true);
+}
+
+bool canHoldEntities(const Database &database, std::u16string_view type)
+{
+    return !database.isBefore2000() || std::ranges::binary_search(oldEntityTypes, type);
 }
 
 bool isObjectType(const Database &database, std::u16string_view type)

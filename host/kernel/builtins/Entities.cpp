@@ -93,7 +93,8 @@ bool changeFewValues(Drawing &drawing, Value list)
     drawing::GroupList groups;
     for (const drawing::ChangedItem &change : *changes)
         groups.push_back(change.group);
-    return canTake(drawing, record, groups) && drawing::changeRecord(drawing, record, *changes);
+    return !placesText(drawing, record, groups) && canTake(drawing, record, groups) &&
+           drawing::changeRecord(drawing, record, *changes);
 }
 
 Value entmod(Machine &machine, Args arguments)

@@ -229,6 +229,12 @@ void addGroup(Value group, GroupList &groups)
         badGroup(group);
 }
 
+// Another application begins with its name, not with a group.
+bool isExtendedCode(int code)
+{
+    return code >= groupcode::ExtendedString && code < drawing::KnownCodes && code != groupcode::Application;
+}
+
 // ("APP" (1000 . "text") …) …
 void addApplications(Value list, GroupList &data)
 {
@@ -236,8 +242,11 @@ void addApplications(Value list, GroupList &data)
         if (!application.isCons() || !application.asCons()->car.isString())
             badGroup(application);
         data.push_back({groupcode::Application, std::u16string(application.asCons()->car.asString()->view())});
-        for (const Value group : lisp::ListItems(application.asCons()->cdr))
+        for (const Value group : lisp::ListItems(application.asCons()->cdr)) {
             addGroup(group, data);
+            if (!isExtendedCode(data.back().code))
+                badGroup(group);
+        }
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
+#include "host/drawing/edit/TextPlacing.h"
+#include "host/drawing/entities/Attachments.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntityValues.h"
 #include "host/drawing/entities/ListedCodes.h"
@@ -36,6 +38,11 @@ bool hasParts(const GroupList &list)
     return type == u"POLYLINE" || (type == u"INSERT" && follow && *follow != 0);
 }
 
+bool isText(std::u16string_view type)
+{
+    return type == u"TEXT" || type == u"ATTRIB" || type == u"ATTDEF";
+}
+
 bool isPart(std::u16string_view type)
 {
     return type == u"VERTEX" || type == u"ATTRIB" || type == u"SEQEND";
@@ -48,11 +55,17 @@ bool isPartOf(std::u16string_view type, std::u16string_view whole)
 
 RecordId addNewObject(drawing::Drawing &drawing, const GroupList &list)
 {
-    GroupList groups{{groupcode::Type, typeOf(list)}, {groupcode::Owner, drawing::Handle{0}}};
-    std::copy_if(list.begin(), list.end(), std::back_inserter(groups), [](const Group &group) {
+    GroupList groups{{groupcode::Type, typeOf(list)}};
+    const GroupList attachments = drawing::attachmentsForNew(drawing, list), own = drawing::withoutAttachments(list);
+    groups.insert(groups.end(), attachments.begin(), attachments.end());
+    groups.push_back({groupcode::Owner, drawing::Handle{0}});
+    std::copy_if(own.begin(), own.end(), std::back_inserter(groups), [](const Group &group) {
         return group.code != groupcode::Type && group.code != groupcode::Handle && group.code != groupcode::Owner;
     });
-    return drawing::addObject(drawing.database(), groups);
+    const RecordId added = drawing::addObject(drawing.database(), groups);
+    if (added != NoRecord)
+        drawing::ownExtensionDictionary(drawing.database(), added);
+    return added;
 }
 
 // The spaces have names of their own; a letter behind the asterisk, alone or with a number, is a block that was made
@@ -72,6 +85,8 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
     GroupList list;
     std::ranges::transform(given, std::back_inserter(list), drawing::inDegrees);
     const std::u16string type = typeOf(list);
+    if (isText(type) && drawing::findGroup(list, groupcode::FirstX))
+        drawing::settleText(m_drawing, list);
     if (type == u"BLOCK")
         return beginBlock(list);
     if (type == u"ENDBLK")
@@ -91,6 +106,8 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
     if (isTableRecord || !isFine || !drawing::isComplete(m_drawing, list)) // a table's record is never an entity
         return fail();
     if (isKeptForLater && !drawing::isWritable(m_drawing, list))
+        return fail();
+    if (!m_isInBlock && !drawing::placementOf(m_drawing, list, placement))
         return fail();
     if (!hasParts(list))
         return finish({list}, placement);
@@ -185,10 +202,12 @@ EntityMaker::Outcome EntityMaker::finish(Parts &&entity, const Placement &placem
 {
     const Parts complete = std::move(entity);
     m_entity.clear();
-    if (!m_isInBlock)
-        return added(add(complete, placement));
-    m_blockEntities.push_back(complete);
-    return Pending();
+    if (m_isInBlock) {
+        m_blockEntities.push_back(complete);
+        return Pending();
+    }
+    const std::optional<Placement> place = drawing::placementOf(m_drawing, complete.front(), placement);
+    return place ? added(add(complete, *place)) : fail(); // its layout may have been deleted since
 }
 
 RecordId EntityMaker::add(const Parts &entity, const Placement &placement)

@@ -1,11 +1,15 @@
 #include "host/kernel/drawing/RecordModification.h"
 
 #include "host/commands/Renaming.h"
+#include "host/drawing/edit/TextPlacing.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntityMaking.h"
+#include "host/drawing/entities/EntityPlace.h"
 #include "host/drawing/entities/EntityValues.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "host/kernel/Document.h"
+
+#include <algorithm>
 
 using drawing::Drawing;
 using drawing::RecordId;
@@ -34,12 +38,48 @@ bool changeNamedRecord(Document &document, RecordId record, drawing::GroupList w
     return true;
 }
 
+bool isText(const Drawing &drawing, RecordId record)
+{
+    const std::string_view type = drawing.database().names().text(drawing.database().record(record).type);
+    return type == "TEXT" || type == "ATTRIB" || type == "ATTDEF";
+}
+
+// What settleText() goes by, and what it gives.
+bool isOfPlacing(const drawing::Group &group)
+{
+    constexpr int codes[] = {1, 2, 7, 10, 11, 40, 41, 50, 51, 71, 72, 73, 74};
+    return std::ranges::find(codes, group.code) != std::end(codes);
+}
+
+drawing::GroupList placingOf(const drawing::GroupList &groups)
+{
+    drawing::GroupList placing;
+    std::ranges::copy_if(groups, std::back_inserter(placing), isOfPlacing);
+    return placing;
+}
+
+// Letters stand by where they are aligned. Those that another program has placed are not moved unless they change.
+bool changeText(Drawing &drawing, RecordId text, const drawing::GroupList &wanted)
+{
+    drawing::Database &database = drawing.database();
+    const drawing::GroupList before = placingOf(database.groups(text));
+    if (!drawing::changeRecord(drawing, text, wanted))
+        return false;
+    drawing::GroupList groups = database.groups(text);
+    if (placingOf(groups) == before)
+        return true;
+    drawing::settleText(drawing, groups);
+    return database.replace(text, groups);
+}
+
 bool change(Document &document, RecordId record, const drawing::GroupList &wanted)
 {
     const drawing::RecordKind kind = document.drawing().database().record(record).kind;
     const bool isNamed = kind == drawing::RecordKind::TableRecord || kind == drawing::RecordKind::BlockStart;
-    return isNamed ? changeNamedRecord(document, record, wanted)
-                   : drawing::changeRecord(document.drawing(), record, wanted);
+    if (isNamed)
+        return changeNamedRecord(document, record, wanted);
+    return isText(document.drawing(), record) ? changeText(document.drawing(), record, wanted)
+                                              : drawing::changeRecord(document.drawing(), record, wanted);
 }
 
 bool hasType(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
@@ -57,6 +97,11 @@ bool modifyRecord(Document &document, RecordId record, const drawing::GroupList 
     return hasType(drawing, record, wanted) && canTake(drawing, record, wanted) && change(document, record, wanted);
 }
 
+bool placesText(const Drawing &drawing, RecordId record, const drawing::GroupList &groups)
+{
+    return isText(drawing, record) && std::ranges::any_of(groups, isOfPlacing);
+}
+
 // Objects hold what they like; an entity or table record keeps what it has, though it could not be made so.
 bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
 {
@@ -66,6 +111,8 @@ bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &
     if (database.record(record).kind == drawing::RecordKind::Object)
         return true;
     if (!drawing::holdsExtendedData(drawing, record, wanted))
+        return false;
+    if (database.record(record).kind == drawing::RecordKind::Entity && !drawing::leavesInPlace(drawing, record, wanted))
         return false;
     const std::u16string type = database.type(record);
     return drawing::hasValidValues(drawing, type, wanted) ||

@@ -12,3 +12,6 @@ bool modifyRecord(Document &document, drawing::RecordId record, const drawing::G
 // Whether a record can have these groups, as far as they are its own: their values are valid, and what they name is
 // there.
 bool canTake(const drawing::Drawing &drawing, drawing::RecordId record, const drawing::GroupList &wanted);
+
+// Whether the groups are of a text and say where its letters stand: what follows from them is modifyRecord's to find.
+bool placesText(const drawing::Drawing &drawing, drawing::RecordId record, const drawing::GroupList &groups);

@@ -3,6 +3,7 @@
 #include "host/drawing/TextCodec.h"
 #include "host/drawing/entities/Braces.h"
 #include "host/drawing/entities/EntityListing.h"
+#include "host/drawing/entities/EntityPlace.h"
 
 #include <algorithm>
 #include <iterator>
@@ -47,12 +48,6 @@ bool isShown(int code)
     return std::ranges::find(hidden, code) == std::end(hidden);
 }
 
-bool isSpace(const drawing::Drawing &drawing, drawing::RecordId block)
-{
-    const std::u16string name = drawing::folded(drawing.database().name(block));
-    return name.starts_with(drawing::folded(u"*Model_Space")) || name.starts_with(drawing::folded(u"*Paper_Space"));
-}
-
 } // namespace
 
 std::optional<drawing::NameId> tableNamed(std::u16string_view name)
@@ -68,7 +63,10 @@ drawing::RecordId nextTableRecord(const drawing::Drawing &drawing, drawing::Name
     const std::vector<drawing::RecordId> &named = drawing.database().namedRecords();
     while (place < named.size()) {
         const drawing::RecordId record = named[place++];
-        if (drawing.tables().isEntry(record, table) && !(table == known::Block && isSpace(drawing, record)))
+        const auto isSpace = [&] {
+            return table == known::Block && drawing::isSpaceBlock(drawing.database(), drawing.database().name(record));
+        };
+        if (drawing.tables().isEntry(record, table) && !isSpace())
             return record;
     }
     return drawing::NoRecord;
