@@ -1,6 +1,8 @@
 #include "host/kernel/selection/SelectionFilter.h"
 
+#include "host/drawing/entities/EntityListing.h"
 #include "host/drawing/entities/EntityPlace.h"
+#include "host/drawing/entities/EntitySchema.h"
 #include "host/drawing/entities/ExtendedData.h"
 #include "host/drawing/entities/ListedCodes.h"
 #include "host/interpreter/Builtins.h"
@@ -195,7 +197,7 @@ Relations relationsNamed(std::u16string_view names)
     }
 }
 
-// What a group means that an entity leaves out.
+// What a group means that any entity may leave out, and that its listing leaves out, too.
 std::optional<GroupValue> impliedValue(int code)
 {
     constexpr int Linetype = 6, Thickness = 39, LinetypeScale = 48, Visibility = 60, Color = 62, Lineweight = 370,
@@ -242,11 +244,35 @@ public:
             if (fits(drawing::inRadians(reader.group(item)).value))
                 return true;
         }
-        const std::optional<GroupValue> implied = isThere ? std::nullopt : impliedValue(m_group.code);
+        const drawing::SchemaRow *row = rowWithDefault(drawing, entity);
+        if (isThere && !(row && row->repeatsAfterVertex))
+            return false;
+        if (row)
+            return fitsDefault(drawing, entity);
+        const std::optional<GroupValue> implied = impliedValue(m_group.code);
         return implied && fits(*implied);
     }
 
 private:
+    // Null for types whose listing has the group only where the entity has it: to list an entity takes long.
+    const drawing::SchemaRow *rowWithDefault(const Drawing &drawing, RecordId entity) const
+    {
+        const drawing::Database &database = drawing.database();
+        const auto *schema = drawing::schemaOf(database.names().text(database.record(entity).type));
+        return schema ? schema->rowWithDefault(m_group.code) : nullptr;
+    }
+
+    // Programs choose by what entget shows them.
+    bool fitsDefault(const Drawing &drawing, RecordId entity) const
+    {
+        const drawing::EntityListing listing(drawing, entity);
+        for (const drawing::ListedItem listed : listing)
+            if (listed.origin == drawing::ListedItem::Derived && listed.item.code == m_group.code &&
+                fits(listing.group(listed).value))
+                return true;
+        return false;
+    }
+
     bool isName() const { return m_group.code >= groupcode::Name && m_group.code < groupcode::VariableName; }
 
     bool fits(const GroupValue &value) const
@@ -299,6 +325,18 @@ private:
     std::optional<WildcardPattern> m_pattern;
 };
 
+// Operators that begin and end a combination. All others are relations, which may have the same signs: "<,<,*".
+struct Bracket
+{
+    std::u16string_view begin, end;
+    Logic logic;
+    std::size_t least, most; // conditions inside
+};
+constexpr Bracket brackets[] = {{u"<AND", u"AND>", Logic::And, 1, SIZE_MAX},
+                                {u"<OR", u"OR>", Logic::Or, 1, SIZE_MAX},
+                                {u"<XOR", u"XOR>", Logic::Xor, 2, 2},
+                                {u"<NOT", u"NOT>", Logic::Not, 1, 1}};
+
 // Reads the list from left to right.
 class Parser
 {
@@ -321,10 +359,10 @@ private:
             const std::optional<std::u16string> name = operatorOf(item);
             if (!name) {
                 parts.push_back(condition(item, {Relation::Equal}));
-            } else if (name->starts_with(u'<') && name->size() > 2 && *name != u"<=") {
-                parts.push_back(combination(*name));
-            } else if (name->ends_with(u'>') && name->size() > 2 && *name != u">=") {
-                if (end.empty() || *name != end)
+            } else if (const Bracket *bracket = bracketNamed(*name, &Bracket::begin)) {
+                parts.push_back(combination(*bracket));
+            } else if (bracketNamed(*name, &Bracket::end)) {
+                if (*name != end)
                     badList();
                 return parts;
             } else {
@@ -338,27 +376,21 @@ private:
         return parts;
     }
 
-    std::unique_ptr<Condition> combination(std::u16string_view begin)
+    static const Bracket *bracketNamed(std::u16string_view name, std::u16string_view Bracket::*part)
     {
-        struct Bracket
-        {
-            std::u16string_view begin, end;
-            Logic logic;
-            std::size_t least, most;
-        };
-        constexpr std::size_t Any = SIZE_MAX;
-        static constexpr Bracket brackets[] = {{u"<AND", u"AND>", Logic::And, 1, Any},
-                                               {u"<OR", u"OR>", Logic::Or, 1, Any},
-                                               {u"<XOR", u"XOR>", Logic::Xor, 2, 2},
-                                               {u"<NOT", u"NOT>", Logic::Not, 1, 1}};
-        const auto found = std::ranges::find(brackets, begin, &Bracket::begin);
-        if (found == std::end(brackets) || ++m_depth > MostNested)
+        const auto *const found = std::ranges::find(brackets, name, part);
+        return found != std::end(brackets) ? found : nullptr;
+    }
+
+    std::unique_ptr<Condition> combination(const Bracket &bracket)
+    {
+        if (++m_depth > MostNested)
             badList();
-        Conditions parts = conditions(found->end);
+        Conditions parts = conditions(bracket.end);
         --m_depth;
-        if (parts.size() < found->least || parts.size() > found->most)
+        if (parts.size() < bracket.least || parts.size() > bracket.most)
             badList();
-        return std::make_unique<Combination>(found->logic, std::move(parts));
+        return std::make_unique<Combination>(bracket.logic, std::move(parts));
     }
 
     static std::optional<std::u16string> operatorOf(Value item)
@@ -391,8 +423,18 @@ private:
         if (isPlain && code == groupcode::Layer)
             return std::make_unique<NameCondition>(*text, &Record::name);
         if (text && code == LayoutCode)
-            return std::make_unique<LayoutCondition>(*text);
+            return layoutCondition(*text, relations.front());
         return std::make_unique<GroupCondition>(*group, relations);
+    }
+
+    static std::unique_ptr<Condition> layoutCondition(std::u16string_view pattern, Relation relation)
+    {
+        auto isThere = std::make_unique<LayoutCondition>(pattern);
+        if (relation != Relation::NotEqual)
+            return isThere;
+        Conditions parts;
+        parts.push_back(std::move(isThere));
+        return std::make_unique<Combination>(Logic::Not, std::move(parts));
     }
 
     static std::unique_ptr<Condition> applications(Value list)

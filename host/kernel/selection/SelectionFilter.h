@@ -11,8 +11,8 @@
 // All conditions hold, but for those between <AND AND>, <OR OR>, <XOR XOR> and <NOT NOT>, which nest. A relation before
 // a group, (-4 . ">="), compares its value: = /= != <> < <= > >= * (anything), & (a bit in common) and &= (all bits);
 // for points with one relation for each coordinate, "*,>=,<". Texts are wildcard patterns; in names case does not
-// matter. (-3 ("APP,OTHER*")) asks for extended data. A colour, linetype or the like that an entity leaves out is what
-// it then means; any other group that is not there fails its condition.
+// matter. (-3 ("APP,OTHER*")) asks for extended data. A group that an entity leaves out is what entget shows, or a
+// colour, linetype or the like what it then means; any other group that is not there fails its condition.
 class SelectionFilter
 {
 public:
