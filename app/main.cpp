@@ -7,6 +7,7 @@
 #include "app/Repl.h"
 #include "app/Session.h"
 #include "app/TestCommand.h"
+#include "app/sandbox/InheritedFiles.h"
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/system/Process.h"
@@ -29,17 +30,22 @@ void dropQtWarnings(QtMsgType type, const QMessageLogContext &, const QString &m
         std::fprintf(stderr, "lisphost: %s\n", message.toLocal8Bit().constData());
 }
 
+// What stands beside a file, and beside the one that it is a link to.
+QStringList foldersOf(const QString &file)
+{
+    const QFileInfo info(file);
+    return {info.path(), info.canonicalPath()};
+}
+
 // The folders of the programs and of the drawing, which may use what stands beside them.
 QStringList readableFolders(const Options &options)
 {
     QStringList folders;
     if (options.command == Options::Command::Run || options.command == Options::Command::Test)
-        for (const QString &path : options.operands) {
-            const QFileInfo info(path);
-            folders.append(info.isDir() ? info.canonicalFilePath() : info.canonicalPath());
-        }
+        for (const QString &path : options.operands)
+            folders.append(QFileInfo(path).isDir() ? QStringList{path} : foldersOf(path));
     if (!options.drawingFile.isEmpty())
-        folders.append(QFileInfo(options.drawingFile).canonicalPath());
+        folders.append(foldersOf(options.drawingFile));
     return folders;
 }
 
@@ -132,9 +138,18 @@ int executeAndReport(const Options &options, const QString &sandboxFolder = QStr
     }
 }
 
+// What the user named that may be open already, in the form /dev/fd/63.
+QStringList namedFiles(const Options &options)
+{
+    QStringList files{options.drawingFile, options.answersFile, options.transcriptFile, options.junitFile};
+    files.append({options.operands.begin(), options.operands.end()});
+    return files;
+}
+
 int executeInSandbox(Options options)
 {
     try {
+        closeInheritedFiles(namedFiles(options));
         return superviseInOwnFolders(options.sandbox->seconds, [&options](const SandboxFolders &folders) {
             options.profileFolder = folders.settings;
             options.sandbox->writableFolders.push_back(folders.settings);

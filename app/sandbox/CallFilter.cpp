@@ -3,6 +3,7 @@
 
 #include "app/sandbox/CallFilter.h"
 
+#include "app/sandbox/CallRules.h"
 #include "app/sandbox/CallWatcher.h"
 #include "app/sandbox/RefusedCalls.h"
 #include "app/sandbox/Supervisor.h"
@@ -71,6 +72,13 @@ scmp_arg_cmp argumentHas(unsigned index, std::uint64_t bits)
     return argument(index, SCMP_CMP_MASKED_EQ, bits, bits);
 }
 
+// Where programs may be started, the watcher is asked which.
+void watchStarts(Filter &filter)
+{
+    for (const int number : refused::programCalls)
+        filter.add(SCMP_ACT_NOTIFY, number);
+}
+
 void refuseStarts(Filter &filter)
 {
     constexpr std::uint64_t CloneThread = 0x00010000; // linux/sched.h; a thread is no process
@@ -136,25 +144,27 @@ int load(std::vector<sock_filter> program)
 
 } // namespace
 
-void filterCalls(ProcessStarts starts, const std::vector<std::string> &libraryFolders)
+void filterCalls(const CallRules &rules)
 {
     Filter filter;
     filter.addAll(SCMP_ACT_NOTIFY, refused::fileCalls);
     filter.addAll(SCMP_ACT_NOTIFY, refused::attributeCalls);
     watchTheLoader(filter);
     refuseQuietly(filter);
-    if (starts == ProcessStarts::Refused) {
+    if (rules.programs.empty()) {
         refuseStarts(filter);
         refuseSignals(filter);
+    } else {
+        watchStarts(filter);
     }
     const std::vector<sock_filter> program = filter.program();
     if (program.empty())
         throw SandboxError(QStringLiteral("the filter of system calls for the sandbox cannot be made"));
     // The thread has to start before the filter binds this one, and hears of the descriptor afterwards.
     std::promise<int> promise;
-    std::thread([listening = promise.get_future(), libraryFolders]() mutable {
+    std::thread([listening = promise.get_future(), rules]() mutable {
         if (const int descriptor = listening.get(); descriptor >= 0)
-            watchCalls(descriptor, libraryFolders);
+            watchCalls(descriptor, rules);
     }).detach();
     const int descriptor = load(withoutCallsAfter(refused::NewestCall, program));
     promise.set_value(descriptor);

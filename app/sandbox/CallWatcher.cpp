@@ -3,6 +3,7 @@
 
 #include "app/sandbox/CallWatcher.h"
 
+#include "app/sandbox/CallRules.h"
 #include "app/sandbox/RefusedCalls.h"
 #include "host/kernel/RunningCall.h"
 
@@ -11,14 +12,17 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <seccomp.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 namespace {
@@ -221,39 +225,127 @@ void refuse(seccomp_notif_resp &answer, Report &report, const char *what, const 
     report.say(what, path);
 }
 
-void answerCall(const seccomp_notif &notice, seccomp_notif_resp &answer, Report &report,
-                const std::vector<std::string> &libraryFolders)
+// What the kernel knows a file by, whatever path leads there.
+struct FileIdentity
+{
+    dev_t device;
+    ino_t number;
+    bool operator==(const FileIdentity &other) const { return device == other.device && number == other.number; }
+};
+
+std::optional<FileIdentity> identityOf(const std::string &path)
+{
+    struct stat file
+    {
+    };
+    if (::stat(path.c_str(), &file) != 0)
+        return {};
+    return FileIdentity{file.st_dev, file.st_ino};
+}
+
+// One of this process's own making that does not run another program yet.
+bool isForkOfThisProcess(std::uint32_t process)
+{
+    const auto program = identityOf("/proc/" + std::to_string(process) + "/exe");
+    return program && program == identityOf("/proc/self/exe");
+}
+
+// What follows the text may be no memory: no page is asked for together with the one before.
+ssize_t copyFrom(pid_t process, __u64 address, std::array<char, PATH_MAX> &text)
+{
+    constexpr std::size_t PageSize = 4096;
+    const std::size_t onFirstPage = PageSize - address % PageSize;
+    const iovec here{text.data(), text.size()};
+    const iovec there[] = {{reinterpret_cast<void *>(address), onFirstPage},
+                           {reinterpret_cast<void *>(address + onFirstPage), text.size() - onFirstPage}};
+    return ::process_vm_readv(process, &here, 1, there, std::size(there), 0);
+}
+
+// Where the system lets nobody look into other processes, the text is still where it was before the fork.
+std::string textInFork(pid_t process, __u64 address)
+{
+    std::array<char, PATH_MAX> text{};
+    ssize_t length = copyFrom(process, address, text);
+    if (length < 0)
+        length = copyFrom(::getpid(), address, text);
+    return {text.data(), ::strnlen(text.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)))};
+}
+
+// The file rules decide which files may run, and they have to let the dynamic loader, which runs any file that can be
+// read. A LISP program may not start it. Started programs are left to the file rules: those that can start others could
+// change what stands at a path between this look at it and the kernel's.
+void answerStart(const seccomp_notif &notice, seccomp_notif_resp &answer, Report &report,
+                 const std::vector<FileIdentity> &programs)
+{
+    if (!isForkOfThisProcess(notice.pid))
+        return letGo(answer);
+    if (notice.data.nr != SYS_execve) // nobody here starts a program by other means
+        return refuse(answer, report, nameOf(notice.data.nr), nullptr);
+    const std::string path = textInFork(static_cast<pid_t>(notice.pid), notice.data.args[0]);
+    const std::string folder = path.starts_with('/') ? "" : "/proc/" + std::to_string(notice.pid) + "/cwd/";
+    const auto file = path.empty() ? std::nullopt : identityOf(folder + path);
+    if (!file)
+        answer.error = path.empty() ? -ENOENT : -errno;
+    else if (std::find(programs.begin(), programs.end(), *file) != programs.end())
+        letGo(answer);
+    else
+        refuse(answer, report, "starting", path.c_str());
+}
+
+std::vector<FileIdentity> identitiesOf(const std::vector<std::string> &paths)
+{
+    std::vector<FileIdentity> identities;
+    for (const std::string &path : paths)
+        if (const auto identity = identityOf(path))
+            identities.push_back(*identity);
+    return identities;
+}
+
+struct Watch
+{
+    const CallRules &rules;
+    const std::vector<FileIdentity> programs = identitiesOf(rules.programs);
+    Report report = {};
+};
+
+void answerCall(const seccomp_notif &notice, seccomp_notif_resp &answer, Watch &watch)
 {
     answer = {};
     answer.id = notice.id;
     const refused::FileCall *call = findCall(refused::fileCalls, notice.data.nr);
     const bool isLoading = notice.data.nr == SYS_mmap;
+    const bool isProgram = std::find(refused::programCalls.begin(), refused::programCalls.end(), notice.data.nr) !=
+                           refused::programCalls.end();
+    if (isProgram && !watch.programs.empty())
+        return answerStart(notice, answer, watch.report, watch.programs);
     const bool isRefused = !call && !isLoading;
     if (!isThreadOfThisProcess(notice.pid))                       // a started program's
         return isRefused ? refuseQuietly(answer) : letGo(answer); // the file rules bind it all the same
     if (isRefused && leavesPermissions(notice.data))
         return;
     if (isRefused)
-        return refuse(answer, report, nameOf(notice.data.nr), nullptr);
+        return refuse(answer, watch.report, nameOf(notice.data.nr), nullptr);
     if (call)
-        return runInstead(*call, notice, answer, report);
+        return runInstead(*call, notice, answer, watch.report);
     const std::string file = pathOf(static_cast<int>(notice.data.args[4]));
-    return isBelowAny(libraryFolders, file) ? letGo(answer) : refuse(answer, report, "loading code from", file.c_str());
+    return isBelowAny(watch.rules.libraryFolders, file)
+               ? letGo(answer)
+               : refuse(answer, watch.report, "loading code from", file.c_str());
 }
 
 } // namespace
 
-void watchCalls(int descriptor, const std::vector<std::string> &libraryFolders)
+void watchCalls(int descriptor, const CallRules &rules)
 {
     seccomp_notif *notice = nullptr;
     seccomp_notif_resp *answer = nullptr;
     if (seccomp_notify_alloc(&notice, &answer) != 0)
         return; // calls then fail for good
-    for (Report report;;) {
+    for (Watch watch{rules};;) {
         *notice = {};
         if (seccomp_notify_receive(descriptor, notice) != 0)
             continue; // the caller was interrupted before it could be heard
-        answerCall(*notice, *answer, report, libraryFolders);
+        answerCall(*notice, *answer, watch);
         seccomp_notify_respond(descriptor, answer);
     }
 }

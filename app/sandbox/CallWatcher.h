@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string>
-#include <vector>
+struct CallRules;
 
 // Answers the calls that the filter reports, for as long as the process lives; to be run by a thread that the filter
-// does not bind. `descriptor` tells of them. Code may be loaded from the `libraryFolders` alone.
-void watchCalls(int descriptor, const std::vector<std::string> &libraryFolders);
+// does not bind. `descriptor` tells of them.
+void watchCalls(int descriptor, const CallRules &rules);

@@ -31,6 +31,10 @@ struct RulesetAttributes
 constexpr std::uint64_t ReadAccess = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
 constexpr std::uint64_t ExecuteAccess = LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_READ_FILE;
 constexpr std::uint64_t EveryAccess = (LANDLOCK_ACCESS_FS_REFER << 1) - 1;
+// No devices are made: who may open one uses it past all rules.
+constexpr std::uint64_t WriteAccess =
+    (EveryAccess | AccessTruncate) &
+    ~std::uint64_t{LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_MAKE_CHAR | LANDLOCK_ACCESS_FS_MAKE_BLOCK};
 // What a rule for a file, and not for a folder, may name.
 constexpr std::uint64_t FileAccess =
     LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_WRITE_FILE | AccessTruncate;
@@ -95,7 +99,7 @@ void bindToFiles(const FileRules &rules)
     for (const QString &path : rules.readable)
         allow(ruleset, path, ReadAccess);
     for (const QString &path : rules.writable)
-        allow(ruleset, path, handled & ~std::uint64_t{LANDLOCK_ACCESS_FS_EXECUTE});
+        allow(ruleset, path, WriteAccess);
     for (const QString &path : rules.executable)
         allow(ruleset, path, ExecuteAccess);
     if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||

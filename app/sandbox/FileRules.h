@@ -9,7 +9,7 @@
 struct FileRules
 {
     std::vector<QString> readable;   // files, and folders with all below
-    std::vector<QString> writable;   // folders: everything but running what is in them
+    std::vector<QString> writable;   // folders: everything but making devices and running what is in them
     std::vector<QString> executable; // programs
 };
 

@@ -67,6 +67,9 @@ inline constexpr std::array startCalls = {
     Call{SYS_clone, "the start of a process"},
 };
 
+// Of these: what a process turns into another program by.
+inline constexpr std::array programCalls = {SYS_execve, SYS_execveat};
+
 // To others than the caller, whose number is the first argument of most.
 inline constexpr std::array signalCalls = {
     Call{SYS_kill, "a signal to another process"},

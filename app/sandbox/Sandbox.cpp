@@ -1,11 +1,14 @@
 #include "app/sandbox/Sandbox.h"
 
 #include "app/sandbox/CallFilter.h"
+#include "app/sandbox/CallRules.h"
 #include "app/sandbox/FileRules.h"
+#include "app/sandbox/Privileges.h"
 #include "app/sandbox/ResourceLimits.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/system/Process.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -30,7 +33,24 @@ QString programFile(const QString &program)
     return QFileInfo(found).canonicalFilePath();
 }
 
-FileRules rulesOf(const SandboxOptions &options, const QStringList &readable, const QString &temporaryFolder)
+std::vector<QString> programFiles(const SandboxOptions &options)
+{
+    std::vector<QString> files;
+    for (const QString &program : options.runnablePrograms)
+        files.push_back(programFile(program));
+    return files;
+}
+
+// The kernel's rules would pass over a folder that is not there.
+std::vector<QString> writableFolders(const SandboxOptions &options)
+{
+    for (const QString &folder : options.writableFolders)
+        if (!QFileInfo::exists(folder))
+            throw SandboxError(QStringLiteral("%1: no such folder").arg(folder));
+    return options.writableFolders;
+}
+
+FileRules fileRules(const SandboxOptions &options, const QStringList &readable, const QString &temporaryFolder)
 {
     FileRules rules;
     rules.readable.assign(systemFiles.begin(), systemFiles.end());
@@ -38,13 +58,20 @@ FileRules rulesOf(const SandboxOptions &options, const QStringList &readable, co
         rules.readable.push_back(QString::fromStdString(folder));
     rules.readable.insert(rules.readable.end(), readable.begin(), readable.end());
     rules.readable.push_back(programFolder());
-    rules.writable = options.writableFolders;
+    rules.writable = writableFolders(options);
     rules.writable.push_back(temporaryFolder);
     rules.writable.push_back(QStringLiteral("/dev/null"));
-    for (const QString &program : options.runnablePrograms)
-        rules.executable.push_back(programFile(program));
+    rules.executable = programFiles(options);
     if (!rules.executable.empty()) // the loader, without which no program starts
         rules.executable.push_back(QStringLiteral("/lib64/ld-linux-x86-64.so.2"));
+    return rules;
+}
+
+CallRules callRules(const SandboxOptions &options)
+{
+    CallRules rules{{}, libraryFolders};
+    for (const QString &program : programFiles(options))
+        rules.programs.push_back(QFile::encodeName(program).toStdString());
     return rules;
 }
 
@@ -55,7 +82,9 @@ void enterSandbox(const SandboxOptions &options, const QStringList &readable, co
     // Libraries keep their own files there, too, instead of trying where they may not.
     for (const char *variable : {"TMPDIR", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
         qputenv(variable, temporaryFolder.toLocal8Bit());
-    bindToFiles(rulesOf(options, readable, temporaryFolder));
-    filterCalls(options.runnablePrograms.empty() ? ProcessStarts::Refused : ProcessStarts::Allowed, libraryFolders);
+    const CallRules rules = callRules(options); // while programs can be looked for
+    bindToFiles(fileRules(options, readable, temporaryFolder));
+    dropPrivileges();
+    filterCalls(rules);
     limitResources(options.megabytes);
 }

@@ -1,5 +1,6 @@
 // Where the kernel has no means that the sandbox could use.
 
+#include "app/sandbox/InheritedFiles.h"
 #include "app/sandbox/Sandbox.h"
 #include "app/sandbox/Supervisor.h"
 #include "app/sandbox/TimeLimit.h"
@@ -12,6 +13,11 @@ SandboxError noSandbox()
 }
 
 } // namespace
+
+void closeInheritedFiles(const QStringList &)
+{
+    throw noSandbox();
+}
 
 int superviseInOwnFolders(int, const std::function<int(const SandboxFolders &folders)> &)
 {

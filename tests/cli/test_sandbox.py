@@ -78,6 +78,22 @@ class Files(SandboxTest):
         self.assert_refused(self.lisphost("--sandbox", "--drawing", "drawings/d.dxf", "eval",
                                           f'(open "{self.secret}" "r")'), "nil\n", f"opening {self.secret}")
 
+    def test_beside_a_link_and_beside_what_it_leads_to_can_be_read(self):
+        self.write("a/beside-file.lsp", '"file"')
+        self.write("b/beside-link.lsp", '"link"')
+        self.write("a/program.lsp", f'''
+            (princ (list (load "{self.folder}/a/beside-file") (load "{self.folder}/b/beside-link")))''')
+        (self.folder / "b/program.lsp").symlink_to("../a/program.lsp")
+        self.assert_gives(self.lisphost("--sandbox", "run", "b/program.lsp"), "(file link)")
+
+    def test_beside_a_link_to_the_drawing_can_be_read(self):
+        self.write("a/note.txt", "file\n")
+        self.write("b/note.txt", "link\n")
+        self.assert_gives(self.lisphost("--save", "a/d.dxf", "eval", "1"), "1\n")
+        (self.folder / "b/d.dxf").symlink_to("../a/d.dxf")
+        read = [f'(read-line (open "{self.folder}/{name}/note.txt" "r"))' for name in "ab"]
+        self.assert_gives(self.lisphost("--sandbox", "--drawing", "b/d.dxf", "eval", *read), '"file"\n"link"\n')
+
     def test_a_program_can_load_another_one_beside_it(self):
         self.write("inside/library.lsp", '(princ "loaded")')
         self.assert_gives(self.run_sandboxed('(load "library")'), "loaded")
@@ -337,6 +353,58 @@ class Processes(SandboxTest):
         outcome = self.run_sandboxed('(princ (acet-sys-command "cat /dev/null"))', "--allow-run", "sh")
         self.assertNotEqual(outcome.output, "0")
 
+    def test_what_is_not_allowed_beside_another_is_a_line(self):
+        for call, result, program in (('(acet-sys-spawn 1 "cat" "/etc/passwd")', "32", shutil.which("cat")),
+                                      ('(acet-sys-command "true")', "32512", "/bin/sh")):
+            with self.subTest(call):
+                self.assert_refused(self.run_sandboxed(f"(prin1 {call})", "--allow-run", "true"), result,
+                                    f"starting {program}")
+
+    def test_the_loader_is_not_started_which_would_run_any_file(self):
+        loader, made = "/lib64/ld-linux-x86-64.so.2", self.outside / "made"
+        self.write("inside/make", Path(shutil.which("touch")).read_bytes())
+        program = f'(prin1 (acet-sys-spawn 1 "{{}}" "{self.folder}/inside/make,{made}"))'
+        for name, folder in ((loader, ""), ("./" + Path(loader).name, f'(acet-file-chdir "{Path(loader).parent}")')):
+            with self.subTest(name):
+                outcome = self.run_sandboxed(folder + program.format(name), "--allow-run", "true",
+                                             "--allow-write", str(self.outside))
+                self.assert_refused(outcome, "32", f"starting {name}")
+        time.sleep(0.5)  # for a program that nobody waits for
+        self.assertFalse(made.exists())
+
+    def test_no_devices_are_made(self):
+        make = "cd $TMPDIR; mknod device c 0 0 || echo no device; mknod pipe p && echo pipe"
+        plain = subprocess.run(["sh", "-c", make], env={"TMPDIR": str(self.folder), "PATH": os.environ["PATH"]},
+                               capture_output=True, text=True)
+        self.assertEqual(plain.stdout, "pipe\n")  # everybody may make a device of this number
+        outcome = self.run_sandboxed(f'(acet-sys-command "{make}")', "--allow-run", "sh", "--allow-run",
+                                     shutil.which("mknod"))
+        self.assertEqual((outcome.status, outcome.output), (0, "no device\npipe\n"), outcome)
+
+    def test_the_callers_open_files_are_closed(self):
+        with open(self.secret) as secret:
+            for program, options in (('(acet-sys-command "(cat <&{}) 2>&1 | grep -c secret")',
+                                      ["--allow-run", "sh", "--allow-run", "cat", "--allow-run", "grep"]),
+                                     ('(princ (if (open "/dev/fd/{}" "r") 1 0))', [])):
+                with self.subTest(program):
+                    self.write("inside/program.lsp", program.format(secret.fileno()))
+                    output = subprocess.run([LISPHOST, "--sandbox", *options, "run", "inside/program.lsp"],
+                                            cwd=self.folder, env=self.environment, timeout=TIMEOUT,
+                                            pass_fds=[secret.fileno()], stdout=subprocess.PIPE).stdout
+                    self.assertEqual(output.strip(), b"0")
+
+    def test_an_open_pipe_is_closed_unless_it_is_the_program(self):
+        for name, output in (("inside/program.lsp", "nil"), ("/dev/fd/{}", "program")):
+            reading, writing = os.pipe()
+            with self.subTest(name), open(reading, "rb") as pipe, open(writing, "w") as sender:
+                sender.write('(princ "program")')
+                sender.close()
+                self.write("inside/program.lsp", f'(princ (open "/dev/fd/{reading}" "r"))')
+                outcome = subprocess.run([LISPHOST, "--sandbox", "run", name.format(reading)], cwd=self.folder,
+                                         env=self.environment, timeout=TIMEOUT, pass_fds=[reading],
+                                         stdout=subprocess.PIPE, text=True)
+                self.assertEqual((outcome.returncode, outcome.stdout), (0, output))
+
     def test_what_one_is_refused_is_not_reported(self):
         file = self.write("inside/data.txt", "data")
         outcome = self.run_sandboxed(f'(princ (acet-sys-command "touch {file} 2> /dev/null"))', "--allow-run", "sh",
@@ -422,6 +490,31 @@ class SystemCalls(SandboxTest):
         for name, error in results.items():
             with self.subTest(name):
                 self.assertIn(error, (0,) if OF_ITS_OWN in name else (EPERM, ENOSYS))
+
+    def test_root_has_no_privileges_but_to_use_files(self):
+        script = self.write("inside/privileges.py", """if True:
+            import ctypes
+            libc = ctypes.CDLL(None)
+            sets = (ctypes.c_uint32 * 6)()
+            assert libc.syscall(125, (ctypes.c_uint32 * 2)(0x20080522, 0), sets) == 0  # capget
+            bound = sum(libc.prctl(23, number) << number for number in range(40) if libc.prctl(23, number) == 1)
+            print(*(sets[i] | sets[i + 3] << 32 for i in range(3)), bound)""")
+        ignoring_permissions, others_files = 1 << 1, 1 << 3
+        *sets, bound = map(int, self.run_script(script).output.split())
+        for privileges in sets:
+            self.assertEqual(privileges & ~(ignoring_permissions | others_files), 0)
+        if os.geteuid() == 0:
+            self.assertEqual(bound & ~(ignoring_permissions | others_files), 0)
+
+    @unittest.skipUnless(os.geteuid() == 0, "nobody else may pass over permissions")
+    def test_root_reads_programs_of_others(self):
+        self.write("inside/program.lsp", '(princ "here")')
+        for path, mode in ((self.folder / "inside/program.lsp", 0o600), (self.folder / "inside", 0o700)):
+            os.chmod(path, mode)
+            os.chown(path, 65534, 65534)
+        outcome = subprocess.run([LISPHOST, "--sandbox", "run", "inside/program.lsp"], cwd=self.folder,
+                                 env=self.environment, capture_output=True, text=True, timeout=TIMEOUT)
+        self.assertEqual((outcome.returncode, outcome.stdout, outcome.stderr), (0, "here", ""))
 
     def test_without_the_sandbox_they_are_permitted(self):
         results = json.loads(subprocess.check_output([PYTHON, self.script], timeout=TIMEOUT))
@@ -714,6 +807,11 @@ class Usage(SandboxTest):
     def test_a_program_that_is_not_there_cannot_be_allowed(self):
         self.assert_fails(self.lisphost("--sandbox", "--allow-run", "no-such-program", "eval", "1"), 2,
                           "no-such-program: no such program")
+
+    @unittest.skipIf(WINDOWS, NONE)
+    def test_a_folder_that_is_not_there_cannot_be_allowed(self):
+        self.assert_fails(self.lisphost("--sandbox", "--allow-write", "no-such-folder", "eval", "1"), 2,
+                          "^lisphost: no-such-folder: no such folder\n$")
 
     def test_limits_are_whole_numbers_in_a_range_that_can_be_read(self):
         for option, least in (("--limit-time", 0), ("--limit-memory", 0), ("--limit-depth", 1)):
