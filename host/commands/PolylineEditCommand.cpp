@@ -3,7 +3,6 @@
 #include "host/commands/Commands.h"
 #include "host/commands/NewEntity.h"
 #include "host/commands/SelectObjects.h"
-#include "host/drawing/edit/Transform.h"
 
 #include <algorithm>
 
@@ -19,7 +18,7 @@ bool isSamePlace(const Vector &a, const Vector &b)
     return geometry::length(a - b) <= Tolerance * std::max({1.0, geometry::length(a), geometry::length(b)});
 }
 
-// The polyline that is edited; it becomes a light one with the first change.
+// The polyline that is edited.
 class Edited
 {
 public:
@@ -32,15 +31,9 @@ public:
     const PolylineData &polyline() const { return m_polyline; }
     void change(PolylineData changed)
     {
+        if (!drawing::replacePolyline(m_context.drawing(), m_entity, changed))
+            throw CommandError{u"The polyline cannot be changed."};
         m_polyline = std::move(changed);
-        drawing::Database &database = m_context.database();
-        const drawing::GroupList common = drawing::commonGroups(database.groups(m_entity), u"LWPOLYLINE");
-        const RecordId made = drawing::addEntityTo(m_context.drawing(), drawing::lightPolyline(common, m_polyline),
-                                                   drawing::destinationOf(database, m_entity));
-        if (made == drawing::NoRecord)
-            throw CommandError{u"The polyline cannot be made."};
-        database.erase(m_entity);
-        m_entity = made;
     }
 
 private:
@@ -166,10 +159,11 @@ Command editPolyline(Context &context)
 {
     const auto picked = co_await context.ask().entity({u"Select polyline: ", {}, Enter::Refused});
     const std::optional<PolylineData> polyline = drawing::asPolyline(context.database(), picked.value.entity);
-    if (!polyline || polyline->isInSpace || polyline->vertices.empty() || context.database().isBefore2000())
+    const bool isPolyline = drawing::polylineOf(context.database(), picked.value.entity).has_value();
+    const bool canBecomeOne = isPolyline || !context.database().isBefore2000();
+    if (!polyline || polyline->isInSpace || polyline->vertices.empty() || !canBecomeOne)
         throw CommandError{u"Object selected cannot be edited as a polyline."};
     Edited edited(context, picked.value.entity, *polyline);
-    const bool isPolyline = drawing::polylineOf(context.database(), picked.value.entity).has_value();
     if (!isPolyline) {
         if (context.session().integer(u"PEDITACCEPT") == 0) {
             const auto turns = co_await context.ask().keyword(

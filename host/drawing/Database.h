@@ -90,6 +90,8 @@ public:
     // The record's new groups. Its type and handle stay, whatever the groups say of them. False when a value cannot be
     // written; then nothing is changed.
     bool replace(RecordId id, const GroupList &groups);
+    // The same for an entity that becomes one of another type, which the groups say. Neither type may have parts.
+    bool turnInto(RecordId entity, const GroupList &groups);
     // The same in two steps.
     std::optional<std::string> bytesWith(RecordId id, const GroupList &groups) const;
     enum class Fields : std::uint8_t { Changed, Kept }; // what a Record says of its bytes
@@ -116,6 +118,7 @@ private:
         const bool isOutside = record(id).isEnd() || record(id).kind == RecordKind::SectionStart;
         return id != NoRecord && !isOutside ? id : NoRecord;
     }
+    std::optional<std::string> bytesWithHandle(RecordId id, GroupList groups) const;
     void readHeader();
     void giveHandles(const ReadWatch &watch);
     void takeFields(RecordId id);

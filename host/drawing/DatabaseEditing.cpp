@@ -50,15 +50,20 @@ void setFirst(GroupList &groups, int code, GroupValue value)
 
 std::optional<std::string> Database::bytesWith(RecordId id, const GroupList &groups) const
 {
-    const Record &old = record(id);
     GroupList changed = groups;
-    // The text of the handle stays as it is: some programs write leading zeros.
-    const std::optional<Group> type = firstGroup(id, groupcode::Type), handle = firstGroup(id, handleCodeOf(old));
-    if (type)
+    if (const std::optional<Group> type = firstGroup(id, groupcode::Type))
         setFirst(changed, type->code, type->value);
+    return bytesWithHandle(id, std::move(changed));
+}
+
+// The text of the handle stays as it is: some programs write leading zeros.
+std::optional<std::string> Database::bytesWithHandle(RecordId id, GroupList groups) const
+{
+    const Record &old = record(id);
+    const std::optional<Group> handle = firstGroup(id, handleCodeOf(old));
     if (handle && hasHandle(old.kind))
-        setFirst(changed, handle->code, handle->value);
-    return merged(bytes(id), changed, m_format, m_codec);
+        setFirst(groups, handle->code, handle->value);
+    return merged(bytes(id), groups, m_format, m_codec);
 }
 
 bool Database::replace(RecordId id, const GroupList &groups)
@@ -67,6 +72,18 @@ bool Database::replace(RecordId id, const GroupList &groups)
     if (!bytes)
         return false;
     replaceBytes(id, std::move(*bytes));
+    return true;
+}
+
+bool Database::turnInto(RecordId entity, const GroupList &groups)
+{
+    const auto *type = findValue<std::u16string>(groups, groupcode::Type);
+    std::optional<std::string> bytes = type ? bytesWithHandle(entity, groups) : std::nullopt;
+    if (!bytes)
+        return false;
+    m_journal.remember(entity);
+    m_store.records[entity].type = m_names.idOf(m_codec.encode(*type));
+    replaceBytes(entity, std::move(*bytes));
     return true;
 }
 

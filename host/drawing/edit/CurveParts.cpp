@@ -1,8 +1,8 @@
 // What is left of a curve entity: the parts of its way, written as entities again.
 #include "host/drawing/edit/CurveWay.h"
 
-#include "host/drawing/Dictionaries.h"
 #include "host/drawing/edit/GroupEditing.h"
+#include "host/drawing/edit/Rewriting.h"
 #include "host/drawing/edit/Transform.h"
 
 #include <algorithm>
@@ -59,12 +59,18 @@ GroupList arcPart(const GroupList &groups, const CurveWay &way, const WayPart &p
     const Course &course = way.pieces().front();
     GroupList arc = groups;
     if (textOf(groups, groupcode::Type) == u"CIRCLE") {
+        const auto mark = [&](std::u16string_view marker) {
+            if (hasGroup(groups, groupcode::Subclass))
+                arc.push_back(textGroup(groupcode::Subclass, std::u16string(marker)));
+        };
         arc = commonGroups(groups, u"ARC");
+        mark(u"AcDbCircle");
         arc.push_back(pointGroup(groupcode::FirstX, placeOf(groups, groupcode::FirstX)));
         arc.push_back(realGroup(RadiusCode, realOf(groups, RadiusCode)));
         for (const int code : {ThicknessCode, ExtrusionCode})
             if (const Group *group = findGroup(groups, code))
                 arc.push_back(*group);
+        mark(u"AcDbArc");
     }
     setGroup(arc, realGroup(StartAngleCode, degreesOf(parameterAt(course, part.from))));
     setGroup(arc, realGroup(EndAngleCode, degreesOf(parameterAt(course, part.to))));
@@ -117,7 +123,7 @@ PolylineData slice(const PolylineData &polyline, const CurveWay &way, const WayP
     return result;
 }
 
-std::optional<GroupList> partGroups(const Drawing &drawing, RecordId entity, const CurveWay &way, const WayPart &part)
+GroupList partGroups(const Drawing &drawing, RecordId entity, const CurveWay &way, const WayPart &part)
 {
     const GroupList groups = drawing.database().groups(entity);
     const std::u16string type = drawing.database().type(entity);
@@ -127,45 +133,7 @@ std::optional<GroupList> partGroups(const Drawing &drawing, RecordId entity, con
         return arcPart(groups, way, part);
     if (type == u"ELLIPSE")
         return ellipsePart(groups, way, part);
-    if (type == u"SPLINE")
-        return splinePart(groups, way, part);
-    const std::optional<PolylineData> polyline = polylineOf(drawing.database(), entity);
-    if (!polyline || drawing.database().isBefore2000())
-        return std::nullopt;
-    return lightPolyline(commonGroups(groups, u"LWPOLYLINE"), slice(*polyline, way, part));
-}
-
-bool isExtended(const Group &group)
-{
-    return group.code >= groupcode::ExtendedString;
-}
-
-// What a new piece of an entity has of it: its extended data.
-GroupList withExtendedDataOf(const GroupList &old, GroupList groups)
-{
-    if (std::none_of(groups.begin(), groups.end(), isExtended))
-        std::copy_if(old.begin(), old.end(), std::back_inserter(groups), isExtended);
-    return groups;
-}
-
-// An entity that is written anew also keeps its handle and owner, and what stands in braces: the extension dictionary
-// and the reactors.
-GroupList withIdentityOf(const GroupList &old, GroupList groups)
-{
-    GroupList identity;
-    bool isInBraces = false;
-    for (const Group &group : old) {
-        const bool isBrace = group.code == groupcode::Braces;
-        const bool isOpening = isBrace && std::get<std::u16string>(group.value).starts_with(u'{');
-        if (isExtended(group))
-            break;
-        const bool isNamed = group.code == groupcode::Handle || group.code == groupcode::Owner;
-        if (isBrace || isInBraces ? !hasGroup(groups, groupcode::Braces) : isNamed && !hasGroup(groups, group.code))
-            identity.push_back(group);
-        isInBraces = isOpening || (isInBraces && !isBrace);
-    }
-    groups.insert(groups.begin() + 1, identity.begin(), identity.end());
-    return withExtendedDataOf(old, std::move(groups));
+    return splinePart(groups, way, part);
 }
 
 // Another entity beside this one, which keeps its extension dictionary and reactors.
@@ -176,36 +144,16 @@ RecordId addPiece(Drawing &drawing, RecordId entity, GroupList groups)
                        destinationOf(database, entity));
 }
 
-// The extension dictionary of an entity becomes that of another, which has none.
-void handOverDictionary(Database &database, RecordId from, RecordId to)
+// The others of the parts are copies.
+bool keepPolylineParts(Drawing &drawing, RecordId entity, const CurveWay &way, const std::vector<WayPart> &parts)
 {
-    const RecordId dictionary = extensionDictionary(database, from);
-    if (dictionary == NoRecord || database.record(dictionary).isGone())
-        return;
-    GroupList groups = database.groups(to);
-    const auto handle =
-        std::find_if(groups.begin(), groups.end(), [](const Group &group) { return group.code == groupcode::Handle; });
-    groups.insert(handle == groups.end() ? groups.begin() + 1 : handle + 1,
-                  {{groupcode::Braces, u"{ACAD_XDICTIONARY"},
-                   {groupcode::HardEntry, Handle{database.record(dictionary).handle}},
-                   {groupcode::Braces, u"}"}});
-    database.replace(to, groups);
-    GroupList owned = database.groups(dictionary);
-    setGroup(owned, {groupcode::Owner, Handle{database.record(to).handle}});
-    database.replace(dictionary, owned);
-}
-
-// The entity itself where the type stays, else another one.
-bool become(Drawing &drawing, RecordId entity, GroupList groups)
-{
-    Database &database = drawing.database();
-    if (textOf(groups, groupcode::Type) == database.type(entity))
-        return database.replace(entity, withIdentityOf(database.groups(entity), std::move(groups)));
-    const RecordId added = addPiece(drawing, entity, std::move(groups));
-    if (added == NoRecord)
-        return false;
-    handOverDictionary(database, entity, added);
-    database.erase(entity);
+    const std::optional<PolylineData> whole = polylineOf(drawing.database(), entity);
+    std::vector<RecordId> pieces{entity};
+    while (pieces.size() < parts.size())
+        pieces.push_back(copyEntity(drawing, entity));
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        if (pieces[i] == NoRecord || !replacePolyline(drawing, pieces[i], slice(*whole, way, parts[i])))
+            return false;
     return true;
 }
 
@@ -236,29 +184,19 @@ bool keepParts(Drawing &drawing, RecordId entity, const std::vector<WayPart> &pa
     const std::optional<CurveWay> way = CurveWay::of(drawing, entity);
     if (!way)
         return false;
-    std::vector<GroupList> wanted;
-    for (const WayPart &part : parts) {
-        std::optional<GroupList> groups = partGroups(drawing, entity, *way, part);
-        if (!groups)
-            return false;
-        wanted.push_back(std::move(*groups));
-    }
-    if (wanted.empty()) {
+    if (parts.empty()) {
         drawing.database().erase(entity);
         return true;
     }
+    if (polylineOf(drawing.database(), entity))
+        return keepPolylineParts(drawing, entity, *way, parts);
+    std::vector<GroupList> wanted;
+    for (const WayPart &part : parts)
+        wanted.push_back(partGroups(drawing, entity, *way, part));
     for (std::size_t i = 1; i < wanted.size(); ++i)
         if (addPiece(drawing, entity, wanted[i]) == NoRecord)
             return false;
-    return become(drawing, entity, wanted.front());
-}
-
-bool replacePolyline(Drawing &drawing, RecordId entity, const PolylineData &polyline)
-{
-    if (drawing.database().isBefore2000())
-        return false;
-    const GroupList common = commonGroups(drawing.database().groups(entity), u"LWPOLYLINE");
-    return become(drawing, entity, lightPolyline(common, polyline));
+    return rewriteEntity(drawing, entity, wanted.front());
 }
 
 bool moveEnd(Drawing &drawing, RecordId entity, WayEnd end, const Vector &to)

@@ -37,17 +37,14 @@ struct WayPart
     double from, to;
 };
 
-// Leaves only these parts of the entity; none of them: erases it. The first stays the entity itself where its type can
-// say it; a part of a CIRCLE is an ARC. False when a part cannot be written.
+// Leaves only these parts of the entity; none of them: erases it. The first stays the entity itself; a part of a CIRCLE
+// is an ARC. False when a part cannot be written.
 bool keepParts(Drawing &drawing, RecordId entity, const std::vector<WayPart> &parts);
 
 enum class WayEnd { Start, End };
 
 // Moves one end of a LINE, ARC, ELLIPSE or open polyline along its own direction to a place that it goes on to.
 bool moveEnd(Drawing &drawing, RecordId entity, WayEnd end, const geometry::Vector &to);
-
-// Gives a plane polyline other vertices; a POLYLINE becomes an LWPOLYLINE, which is another entity. False before R2000.
-bool replacePolyline(Drawing &drawing, RecordId entity, const PolylineData &polyline);
 
 // The SPLINE of a curve.
 GroupList splineGroups(GroupList common, const geometry::Nurbs &nurbs);

@@ -44,15 +44,27 @@ void readLight(const GroupList &groups, PolylineData &polyline)
     }
 }
 
+template <class Wanted> std::vector<RecordId> vertices(const Database &database, RecordId polyline, Wanted wanted)
+{
+    std::vector<RecordId> found;
+    for (RecordId part = database.record(polyline).next;
+         part != NoRecord && database.record(part).container == polyline; part = database.record(part).next)
+        if (!database.record(part).isGone() && database.record(part).type == known::Vertex && wanted(part))
+            found.push_back(part);
+    return found;
+}
+
+// Such vertices are seen only with SPLFRAME.
+bool isOfFrame(const Database &database, RecordId vertex)
+{
+    const std::optional<Group> flags = database.firstGroup(vertex, FlagsCode);
+    return flags && (std::get<std::int64_t>(flags->value) & SplineFrameFlag) != 0;
+}
+
 void readVertices(const Database &database, RecordId entity, const GroupList &whole, PolylineData &polyline)
 {
-    for (RecordId part = database.record(entity).next; part != NoRecord && database.record(part).container == entity;
-         part = database.record(part).next) {
-        if (database.record(part).isGone() || database.record(part).type != known::Vertex)
-            continue;
+    for (const RecordId part : shownVerticesOf(database, entity)) {
         const GroupList groups = database.groups(part);
-        if ((integerOf(groups, FlagsCode) & SplineFrameFlag) != 0) // seen only with SPLFRAME
-            continue;
         polyline.vertices.push_back(
             {placeOf(groups, groupcode::FirstX), realOf(groups, StartWidthCode, realOf(whole, StartWidthCode)),
              realOf(groups, EndWidthCode, realOf(whole, EndWidthCode)), realOf(groups, BulgeCode)});
@@ -136,6 +148,22 @@ std::optional<PolylineData> asPolyline(const Database &database, RecordId entity
     return polyline;
 }
 
+std::vector<RecordId> shownVerticesOf(const Database &database, RecordId polyline)
+{
+    return vertices(database, polyline, [&](RecordId vertex) { return !isOfFrame(database, vertex); });
+}
+
+std::vector<RecordId> splineFrameOf(const Database &database, RecordId polyline)
+{
+    return vertices(database, polyline, [&](RecordId vertex) { return isOfFrame(database, vertex); });
+}
+
+std::int64_t polylineFlags(const PolylineData &polyline, std::int64_t others)
+{
+    return (others & ~(ClosedFlag | GenerateFlag)) | (polyline.isClosed ? ClosedFlag : 0) |
+           (polyline.generatesLinetype ? GenerateFlag : 0);
+}
+
 void reverse(PolylineData &polyline)
 {
     std::vector<PolylineData::Vertex> &vertices = polyline.vertices;
@@ -153,10 +181,9 @@ void reverse(PolylineData &polyline)
 GroupList lightPolyline(GroupList groups, const PolylineData &polyline)
 {
     constexpr int CountCode = 90;
-    const std::int64_t flags = (polyline.isClosed ? ClosedFlag : 0) | (polyline.generatesLinetype ? GenerateFlag : 0);
     groups.push_back(textGroup(groupcode::Subclass, u"AcDbPolyline"));
     groups.push_back(integerGroup(CountCode, static_cast<std::int64_t>(polyline.vertices.size())));
-    groups.push_back(integerGroup(FlagsCode, flags));
+    groups.push_back(integerGroup(FlagsCode, polylineFlags(polyline)));
     groups.push_back(realGroup(ElevationCode, polyline.vertices.front().place.z));
     if (polyline.thickness != 0)
         groups.push_back(realGroup(ThicknessCode, polyline.thickness));

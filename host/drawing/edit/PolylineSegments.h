@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/drawing/Database.h"
+#include "host/drawing/Drawing.h"
 #include "host/drawing/geometry/Vector.h"
 
 #include <vector>
@@ -29,6 +29,17 @@ std::optional<PolylineData> polylineOf(const Database &database, RecordId entity
 std::optional<PolylineData> asPolyline(const Database &database, RecordId entity);
 
 void reverse(PolylineData &polyline);
+
+// The records of a POLYLINE's vertices: those that are seen, and those that only shape a spline.
+std::vector<RecordId> shownVerticesOf(const Database &database, RecordId polyline);
+std::vector<RecordId> splineFrameOf(const Database &database, RecordId polyline);
+
+// Gives a plane polyline, LINE or ARC these vertices. A POLYLINE stays one; the others are an LWPOLYLINE then, which
+// keeps the handle and all data. False for an LWPOLYLINE before R2000, or when a value cannot be written.
+bool replacePolyline(Drawing &drawing, RecordId entity, const PolylineData &polyline);
+
+// Group 70 of a polyline that had these flags.
+std::int64_t polylineFlags(const PolylineData &polyline, std::int64_t others = 0);
 
 // The LWPOLYLINE, with what `common` says of its type, layer, and so on.
 GroupList lightPolyline(GroupList common, const PolylineData &polyline);

@@ -1,5 +1,7 @@
 #include "tests/host/commands/CommandTest.h"
 
+#include "tests/host/drawing/Audit.h"
+
 namespace {
 
 using drawing::placeOf;
@@ -53,6 +55,18 @@ TEST_F(TrimCommands, TrimMakesAnArcOfACircle)
     EXPECT_THAT(types(), ElementsAre("LINE", "ARC"));
     EXPECT_NEAR(realOf(lastGroups(), 50), 180, 1e-9);
     EXPECT_NEAR(std::fmod(realOf(lastGroups(), 51) + 1e-6, 360), 0, 1e-3);
+    EXPECT_EQ(evaluate("(eq a (entlast))"), "T");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(TrimCommands, TrimLeavesAPolylineOfVerticesOne)
+{
+    draw("e", "\"_.line\" \"5,-5\" \"5,5\" \"\"");
+    evaluate("(setvar \"PLINETYPE\" 0)");
+    draw("b", "\"_.pline\" \"0,2\" \"10,2\" \"10,10\" \"\"");
+    evaluate("(command \"_.trim\" e \"\" (list b '(1 2 0)) \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "POLYLINE"));
+    EXPECT_EQ(evaluate("(cdr (assoc 10 (entget (entnext b))))"), "(5.0 2.0 0.0)");
 }
 
 TEST_F(TrimCommands, TrimOpensAClosedPolyline)
