@@ -24,6 +24,8 @@ CommandLine::~CommandLine()
 CommandLine::Result CommandLine::give(const std::vector<Input> &inputs)
 {
     m_lastName.clear();
+    if (inputs.size() > 1)
+        endBefore(inputs.front(), Standing::FirstOfSeveral);
     for (const Input &input : inputs)
         if (const Result result = give(input); result != Result::Taken)
             return result;
@@ -39,8 +41,26 @@ CommandLine::Result CommandLine::give(const Input &input)
     return result;
 }
 
+// A command that goes on until Enter may give way to another one without that. Where the other's name is an option of
+// it as well, as UNDO, it is the name only when more follows in the same call.
+void CommandLine::endBefore(const Input &input, Standing standing)
+{
+    const auto *text = std::get_if<std::u16string>(&input);
+    if (!isActive() || !text || isTransparent(*text) || !rowOf(*text))
+        return;
+    if (standing == Standing::FirstOfSeveral || !running().context.ask().waiting()->hasKeyword(*text))
+        endRepeated();
+}
+
+void CommandLine::endRepeated()
+{
+    if (isActive() && running().context.ask().waiting()->otherCommand() == OtherCommand::EndsThis)
+        offer(std::u16string());
+}
+
 CommandLine::Result CommandLine::giveOne(const Input &input)
 {
+    endBefore(input, Standing::Else);
     const auto *text = std::get_if<std::u16string>(&input);
     if (isActive() && text && *text == Pause)
         return askPerson();
@@ -128,11 +148,15 @@ bool CommandLine::takeTyped(const std::u16string &typed)
     return true;
 }
 
-CommandLine::Result CommandLine::start(const std::u16string &typed, Source source)
+const CommandRow *CommandLine::rowOf(const std::u16string &typed) const
 {
     const CommandRow *row = findCommand(typed);
-    if (!row && m_session.variable(commandName(typed)))
-        row = &variableCommand();
+    return !row && m_session.variable(commandName(typed)) ? &variableCommand() : row;
+}
+
+CommandLine::Result CommandLine::start(const std::u16string &typed, Source source)
+{
+    const CommandRow *row = rowOf(typed);
     if (!row) {
         m_session.print(u"\nUnknown command \"" + commandName(typed) + u"\".\n");
         return Result::Unknown;
@@ -143,7 +167,7 @@ CommandLine::Result CommandLine::start(const std::u16string &typed, Source sourc
     }
     if (source == Source::Program)
         echo(u'\n' + typed);
-    begin(*row, commandName(typed));
+    begin(*row, row->name.empty() ? commandName(typed) : std::u16string(row->name));
     return Result::Taken;
 }
 

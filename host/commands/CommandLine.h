@@ -29,6 +29,7 @@ public:
     Result askForRest(); // asks the person for all that a command which a program has begun still wants to know
     // Runs a whole command that asks the person, while what runs keeps waiting. Esc there ends this one alone.
     Result askInside(const CommandRow &row);
+    void endRepeated();   // gives Enter to a command that would also end for another one
     void cancel();        // Esc: ends all that runs
     void forgetDrawing(); // another one is open: what commands remember is of the one before
     void showPrompt();    // of the running command, once
@@ -56,10 +57,13 @@ private:
     // A person has seen what was typed or answered; what comes from a program is shown.
     enum class Source { Program, Person };
 
+    const CommandRow *rowOf(const std::u16string &typed) const; // null: no name of a command
     Result start(const std::u16string &typed, Source source);
     void begin(const CommandRow &row, std::u16string name);
     Request::Outcome offer(const Input &input, Source source = Source::Program);
     Result giveOne(const Input &input);
+    enum class Standing { FirstOfSeveral, Else }; // of an answer in what a program gives at once
+    void endBefore(const Input &input, Standing standing);
     Result askPerson(std::size_t kept = 0); // until there is an answer: what is refused, and a snap, is none
     Result askWhileRunning(std::size_t kept);
     void cancelAllBut(std::size_t kept); // the outermost ones go on waiting

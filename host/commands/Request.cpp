@@ -18,7 +18,7 @@ bool isBlank(const std::u16string &text)
 
 Request::Request(InputKind kind, const Question &question, Session &session, Request *&slot)
     : m_session(session), m_base(question.base), m_prompt(question.prompt), m_kind(kind), m_keywords(question.keywords),
-      m_enter(question.enter), m_blanks(question.blanks), m_slot(slot)
+      m_enter(question.enter), m_blanks(question.blanks), m_otherCommand(question.otherCommand), m_slot(slot)
 {
 }
 

@@ -28,6 +28,7 @@ struct CommandError
 };
 
 enum class Enter { Allowed, Refused };
+enum class OtherCommand { Refused, EndsThis };     // whose name stands where an answer is due: that is Enter, too
 enum class Blanks { EndAnswers, BelongToAnswers }; // where answers are typed one after the other, in scripts
 
 // The parts of a request that commands choose. The texts must live until the answer is there.
@@ -38,6 +39,7 @@ struct Question
     Enter enter = Enter::Allowed;
     std::optional<Point> base = {}; // where distances and angles begin
     Blanks blanks = Blanks::EndAnswers;
+    OtherCommand otherCommand = OtherCommand::Refused;
 };
 
 // What a command gets for a question: a value, one of the keywords, or nothing for Enter alone.
@@ -67,6 +69,8 @@ public:
     const std::optional<Point> &base() const { return m_base; }
     const std::u16string &prompt() const { return m_prompt; }
     Blanks blanks() const { return m_blanks; }
+    OtherCommand otherCommand() const { return m_otherCommand; }
+    bool hasKeyword(std::u16string_view typed) const { return m_keywords.match(typed).has_value(); }
     std::optional<snap::Modes> snap() const;                        // that were typed for the next point
     const std::u16string &complaint() const { return m_complaint; } // of the answer that was refused last
     Outcome offer(const Input &input);
@@ -100,6 +104,7 @@ private:
     lisp::Keywords m_keywords;
     Enter m_enter;
     Blanks m_blanks;
+    OtherCommand m_otherCommand;
     Request *&m_slot; // of the command line: the request that waits
     std::u16string m_complaint;
     std::coroutine_handle<> m_waiting;

@@ -19,27 +19,30 @@ namespace {
 
 enum class Originals { Changed, Kept };
 
-bool transform(Context &context, RecordId entity, const Similarity &similarity, Originals originals)
+// What has the new place: the entity or its copy. NoRecord when that cannot be.
+RecordId transform(Context &context, RecordId entity, const Similarity &similarity, Originals originals)
 {
     const bool isCopied = originals == Originals::Kept;
     const RecordId changed = isCopied ? drawing::copyTransformed(context.drawing(), entity, similarity) : entity;
     if (changed == drawing::NoRecord || (!isCopied && !drawing::transformEntity(context.drawing(), entity, similarity)))
-        return false;
+        return drawing::NoRecord;
     showNewMeasurement(context, changed, similarity.scale());
-    return true;
+    return changed;
 }
 
-void transformAll(Context &context, const Selection &entities, const Matrix &matrix,
-                  Originals originals = Originals::Changed)
+Selection transformAll(Context &context, const Selection &entities, const Matrix &matrix,
+                       Originals originals = Originals::Changed)
 {
     const Similarity similarity{matrix, context.session().integer(u"MIRRTEXT") != 0};
-    std::size_t left = 0;
+    Selection changed;
     for (const RecordId entity : entities) {
         context.session().pulse();
-        left += transform(context, entity, similarity, originals) ? 0 : 1;
+        if (const RecordId there = transform(context, entity, similarity, originals); there != drawing::NoRecord)
+            changed.push_back(there);
     }
-    if (left > 0)
+    if (const std::size_t left = entities.size() - changed.size(); left > 0)
         context.session().print(QStringLiteral("\n%1 object(s) could not be changed.\n").arg(left).toStdU16String());
+    return changed;
 }
 
 // What is done about the origin of the user's coordinate system, done about a point of it.
@@ -49,18 +52,24 @@ Matrix about(const WorkPlane &plane, const Point &point, const Matrix &matrix)
     return there * matrix * geometry::inverse(there);
 }
 
-// "Base point, second point": the vector between them, in the world. Enter for the second takes the first for it.
-Task<Vector> askDisplacement(Context &context, const WorkPlane &plane, const Reply<Point> base)
+struct Displacement
+{
+    Vector by; // in the world
+    bool isBetweenPoints = false;
+};
+
+// "Base point, second point": the vector between them. Enter for the second takes the first for it.
+Task<Displacement> askDisplacement(Context &context, const WorkPlane &plane, const Reply<Point> base)
 {
     if (!base.hasValue()) { // Displacement, or Enter
         const auto vector = co_await context.ask().point({u"Specify displacement <0,0,0>: "});
-        co_return plane.toWorld().direction(geometry::vectorOf(vector.value));
+        co_return Displacement{plane.toWorld().direction(geometry::vectorOf(vector.value))};
     }
     const auto second = co_await context.ask().point(
         {u"Specify second point or <use first point as displacement>: ", {}, Enter::Allowed, base.value});
     if (second.isNothing())
-        co_return plane.toWorld().direction(geometry::vectorOf(base.value));
-    co_return plane.world(second.value) - plane.world(base.value);
+        co_return Displacement{plane.toWorld().direction(geometry::vectorOf(base.value))};
+    co_return Displacement{plane.world(second.value) - plane.world(base.value), true};
 }
 
 double angleBetween(const Point &from, const Point &to)
@@ -90,8 +99,10 @@ Task<Turn> askTurn(Context &context, const Point base)
             co_return turn;
         }
         const auto old = co_await context.ask().angle({u"Specify the reference angle <0>: "});
-        const auto now =
-            co_await context.ask().angle({u"Specify the new angle or [Points] <0>: ", {}, Enter::Allowed, base});
+        auto now =
+            co_await context.ask().angle({u"Specify the new angle or [Points] <0>: ", u"Points", Enter::Allowed, base});
+        if (now.is(u"Points"))
+            now = co_await context.ask().angle({u"Specify first point: ", {}, Enter::Refused});
         turn.angle = now.value - old.value;
         co_return turn;
     }
@@ -116,14 +127,60 @@ Task<Scaling> askScaling(Context &context, const Point base)
         scaling.factor = factor.value;
         if (factor.is(u"Reference")) {
             const auto old = co_await context.ask().distance({u"Specify reference length <1>: "}, Positive);
-            const auto now = co_await context.ask().distance(
-                {u"Specify new length or [Points] <1>: ", {}, Enter::Allowed, base}, Positive);
+            auto now = co_await context.ask().distance(
+                {u"Specify new length or [Points] <1>: ", u"Points", Enter::Allowed, base}, Positive);
+            if (now.is(u"Points"))
+                now = co_await context.ask().distance({u"Specify first point: ", {}, Enter::Refused}, Positive);
             scaling.factor = (now.hasValue() ? now.value : 1) / (old.hasValue() ? old.value : 1);
         }
         if (!(scaling.factor > 0) || !std::isfinite(scaling.factor))
             throw CommandError{u"Value must be positive and nonzero."};
         co_return scaling;
     }
+}
+
+enum class CopyMode { Repeated, Single }; // the values of COPYMODE
+
+Command askCopyMode(Context &context)
+{
+    const bool isSingle = context.session().integer(u"COPYMODE") == static_cast<int>(CopyMode::Single);
+    const auto mode =
+        co_await context.ask().keyword({isSingle ? u"Enter a copy mode option [Single/Multiple] <Single>: "
+                                                 : u"Enter a copy mode option [Single/Multiple] <Multiple>: ",
+                                        u"Single Multiple"});
+    if (!mode.isNothing())
+        context.session().assign(u"COPYMODE",
+                                 static_cast<int>(mode.is(u"Single") ? CopyMode::Single : CopyMode::Repeated));
+}
+
+struct CopyStart
+{
+    Reply<Point> base;
+    CopyMode mode = CopyMode::Repeated;
+};
+
+// "Multiple" holds for this command, the mode also for later ones.
+Task<CopyStart> askCopyStart(Context &context)
+{
+    bool isMultiple = false;
+    for (;;) {
+        auto base = co_await context.ask().point(
+            {u"Specify base point or [Displacement/mOde/Multiple] <Displacement>: ", u"Displacement mOde Multiple"});
+        if (base.is(u"Multiple")) {
+            isMultiple = true;
+        } else if (base.is(u"mOde")) {
+            co_await askCopyMode(context);
+        } else {
+            const bool isSingle = context.session().integer(u"COPYMODE") == static_cast<int>(CopyMode::Single);
+            co_return CopyStart{base, isSingle && !isMultiple ? CopyMode::Single : CopyMode::Repeated};
+        }
+    }
+}
+
+void eraseAll(Context &context, const Selection &entities)
+{
+    for (const RecordId entity : entities)
+        context.database().erase(entity);
 }
 
 } // namespace
@@ -134,40 +191,39 @@ Command move(Context &context)
     const WorkPlane plane(context.session());
     const auto base =
         co_await context.ask().point({u"Specify base point or [Displacement] <Displacement>: ", u"Displacement"});
-    const Vector by = co_await askDisplacement(context, plane, base);
-    transformAll(context, entities, Matrix::translation(by));
+    const Displacement displacement = co_await askDisplacement(context, plane, base);
+    transformAll(context, entities, Matrix::translation(displacement.by));
 }
 
-// One copy, as programs expect it; with Multiple one after the other, all from the same base point.
+// All copies go from the same base point. Programs that expect one copy only, and send no Enter behind its place, begin
+// their next command there.
 Command copy(Context &context)
 {
     const Selection entities = co_await selectObjects(context, Purpose::Look);
     const WorkPlane plane(context.session());
-    auto base = co_await context.ask().point(
-        {u"Specify base point or [Displacement/mOde/Multiple] <Displacement>: ", u"Displacement mOde Multiple"});
-    bool isMultiple = false;
-    while (base.is(u"Multiple") || base.is(u"mOde")) {
-        if (base.is(u"mOde")) {
-            const auto mode = co_await context.ask().keyword(
-                {u"Enter a copy mode option [Single/Multiple] <Single>: ", u"Single Multiple"});
-            isMultiple = mode.is(u"Multiple");
-        } else {
-            isMultiple = true;
-        }
-        base = co_await context.ask().point({u"Specify base point: ", u"Displacement"});
-    }
-    if (!isMultiple || !base.hasValue()) {
-        const Vector by = co_await askDisplacement(context, plane, base);
-        transformAll(context, entities, Matrix::translation(by), Originals::Kept);
+    const CopyStart start = co_await askCopyStart(context);
+    const Displacement first = co_await askDisplacement(context, plane, start.base);
+    std::vector<Selection> copies{transformAll(context, entities, Matrix::translation(first.by), Originals::Kept)};
+    if (start.mode == CopyMode::Single || !first.isBetweenPoints)
         co_return;
-    }
     for (;;) {
-        const auto next = co_await context.ask().point(
-            {u"Specify second point or [Exit/Undo] <Exit>: ", u"Exit", Enter::Allowed, base.value});
+        const auto next = co_await context.ask().point({.prompt = u"Specify second point or [Exit/Undo] <Exit>: ",
+                                                        .keywords = u"Exit Undo",
+                                                        .base = start.base.value,
+                                                        .otherCommand = OtherCommand::EndsThis});
+        if (next.is(u"Undo")) {
+            if (copies.empty()) {
+                context.session().print(u"\nEverything has been undone.\n");
+                continue;
+            }
+            eraseAll(context, copies.back());
+            copies.pop_back();
+            continue;
+        }
         if (!next.hasValue())
             co_return;
-        const Vector by = plane.world(next.value) - plane.world(base.value);
-        transformAll(context, entities, Matrix::translation(by), Originals::Kept);
+        const Vector by = plane.world(next.value) - plane.world(start.base.value);
+        copies.push_back(transformAll(context, entities, Matrix::translation(by), Originals::Kept));
     }
 }
 

@@ -56,6 +56,7 @@ Value wholeCommand(Machine &machine, Args arguments)
         if (argument.isString() && argument.asString()->view() == CommandLine::Pause)
             lisp::fail(u"invalid argument for command-s: pause");
     const bool isTaken = run(machine, arguments) == CommandLine::Result::Taken;
+    line.endRepeated();
     if (line.isActive()) {
         line.cancel();
         lisp::fail(u"command-s: the command needs more input");

@@ -79,6 +79,7 @@ constexpr VariableRow table[] = {
     {u"CMDECHO", Integer, u"1", Session, ReadWrite, range(0, 1)},
     {u"CMDNAMES", Text, u"", Session, ReadOnly},
     {u"COORDS", Integer, u"1", Session, ReadWrite, range(0, 3)},
+    {u"COPYMODE", Integer, u"0", Session, ReadWrite, range(0, 1)},
     {u"CPROFILE", Text, u"<<Unnamed_Profile>>", Session, ReadOnly},
     {u"CTAB", Text, u"Model", Drawing},
     {u"CTABLESTYLE", Text, u"Standard", Session, ReadWrite, naming(TableStyle)},

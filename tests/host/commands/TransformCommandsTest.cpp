@@ -36,9 +36,18 @@ TEST_F(TransformCommands, MoveByADisplacement)
     expectLine(m_line, {11, 20, 5}, {13, 20, 5});
 }
 
-TEST_F(TransformCommands, CopyMakesOneCopyAndLeavesTheOriginal)
+TEST_F(TransformCommands, CopyMakesCopiesUntilEnterAndLeavesTheOriginal)
 {
-    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\")");
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,4\" \"0,5\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "LINE"));
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    expectLine(last(), {1, 5, 0}, {3, 5, 0});
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(TransformCommands, CopyMakesOneCopyWhereCopymodeSaysSo)
+{
+    evaluate("(setvar \"COPYMODE\" 1) (command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\")");
     EXPECT_THAT(types(), ElementsAre("LINE", "LINE"));
     expectLine(m_line, {1, 0, 0}, {3, 0, 0});
     expectLine(last(), {1, 5, 0}, {3, 5, 0});
@@ -53,6 +62,55 @@ TEST_F(TransformCommands, CopyMultiple)
     expectLine(last(), {1, 6, 0}, {3, 6, 0});
 }
 
+TEST_F(TransformCommands, CopyAsksForTheModeThatStays)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"_o\" \"_s\" \"_d\" '(0 1))");
+    EXPECT_EQ(evaluate("(list (getvar \"COPYMODE\") (getvar \"CMDACTIVE\"))"), "(1 0)");
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"_o\" \"\" '(0 0) '(0 1))");
+    EXPECT_EQ(evaluate("(list (getvar \"COPYMODE\") (getvar \"CMDACTIVE\"))"), "(1 0)");
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"_o\" \"_m\" '(0 0) '(0 1) '(0 2) \"_e\")");
+    EXPECT_EQ(evaluate("(list (getvar \"COPYMODE\") (getvar \"CMDACTIVE\"))"), "(0 0)");
+    EXPECT_EQ(types().size(), 5u);
+}
+
+TEST_F(TransformCommands, CopyByADisplacementMakesOneCopy)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,5\" \"\")");
+    expectLine(last(), {1, 5, 0}, {3, 5, 0});
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"\" \"0,6\")");
+    expectLine(last(), {1, 11, 0}, {3, 11, 0});
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(types().size(), 3u);
+}
+
+TEST_F(TransformCommands, CopyTakesItsLastCopyBack)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,4\" \"0,5\" \"_u\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE"));
+    evaluate("(command \"_u\") (command \"_u\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+    EXPECT_EQ(takePrinted(), "\nEverything has been undone.\n");
+    evaluate("(command \"0,6\" \"\")");
+    expectLine(last(), {1, 6, 0}, {3, 6, 0});
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+// As programs have it that know of no second copy.
+TEST_F(TransformCommands, CopyEndsWhereAnotherCommandBegins)
+{
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\") (command \"_.point\" '(7 7))");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "POINT"));
+    evaluate("(command \"_undo\" \"_be\" \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\") (command \"undo\" \"_end\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "POINT", "POINT"));
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\" \"_.erase\" \"_l\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "POINT", "POINT"));
+    evaluate("(command \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\") (command \"CLAYER\" \"0\")");
+    evaluate("(command-s \"_.copy\" \"_l\" \"\" \"0,0\" \"0,5\")");
+    EXPECT_EQ(types().size(), 6u);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(takePrinted(), "");
+}
+
 TEST_F(TransformCommands, Rotate)
 {
     evaluate("(command \"_.rotate\" \"_l\" \"\" \"1,0\" 90)");
@@ -61,6 +119,8 @@ TEST_F(TransformCommands, Rotate)
     expectLine(m_line, {1, 0, 0}, {3, 0, 0});
     evaluate("(command \"_.rotate\" \"_l\" \"\" \"1,0\" \"-90\")");
     expectLine(m_line, {1, 0, 0}, {1, -2, 0});
+    evaluate("(command \"_.rotate\" \"_l\" \"\" \"1,0\" \"_r\" -90 \"_p\" \"5,5\" \"5,6\")");
+    expectLine(m_line, {1, 0, 0}, {1, 2, 0});
     evaluate("(command \"_.rotate\" \"_l\" \"\" \"0,0\" \"_c\" 180)");
     EXPECT_THAT(types(), ElementsAre("LINE", "LINE"));
 }
@@ -69,7 +129,9 @@ TEST_F(TransformCommands, Scale)
 {
     evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" 2)");
     expectLine(m_line, {2, 0, 0}, {6, 0, 0});
-    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 4 2)");
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 4 \"_p\" \"5,5\" \"7,5\")");
+    expectLine(m_line, {1, 0, 0}, {3, 0, 0});
+    evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 2 4 \"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 4 2)");
     expectLine(m_line, {1, 0, 0}, {3, 0, 0});
     evaluate("(command \"_.scale\" \"_l\" \"\" \"0,0\" 0 -2)");
     EXPECT_EQ(takePrinted(), "\nValue must be positive and nonzero.\n\nValue must be positive and nonzero.\n");
