@@ -102,6 +102,30 @@ TEST_F(PolylineCommand, RectanglesSharpRoundedAndChamfered)
     EXPECT_THAT(places(), ElementsAre(P{0, 0}, P{-4, 0}, P{-4, -3}, P{0, -3}));
 }
 
+TEST_F(PolylineCommand, ARectangleMayBeTurned)
+{
+    evaluate("(command \"_.rectang\" '(0 0) \"_r\" 45 '(0 10))");
+    EXPECT_THAT(places(), ElementsAre(P{0, 0}, P{5, 5}, P{0, 10}, P{-5, 5}));
+    evaluate("(command \"_.rectang\" '(1 1) \"_r\" \"_p\" '(0 0) '(0 9) \"_d\" 4 3 '(0 9))"); // its length goes up
+    EXPECT_THAT(places(), ElementsAre(P{1, 1}, P{1, 5}, P{-2, 5}, P{-2, 1}));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(PolylineCommand, ARectangleByItsAreaAndASide)
+{
+    evaluate("(command \"_.rectang\" '(1 2) \"_a\" 50 \"_l\" 10)");
+    EXPECT_THAT(places(), ElementsAre(P{1, 2}, P{11, 2}, P{11, 7}, P{1, 7}));
+    evaluate("(command \"_.rectang\" '(1 2) \"_a\" 50 \"_w\" 10)");
+    EXPECT_THAT(places(), ElementsAre(P{1, 2}, P{6, 2}, P{6, 12}, P{1, 12}));
+    for (const std::string corners : {"_f\" 1", "_c\" 1 2"}) { // what they take off is no part of it
+        evaluate("(command \"_.rectang\" \"" + corners + " '(1 2) \"_a\" 50 \"\" 10)");
+        evaluate("(command \"_.area\" \"_o\" (entlast))");
+        EXPECT_EQ(evaluate("(equal (getvar \"AREA\") 50 1e-9)"), "T") << corners;
+    }
+    evaluate("(command \"_.rectang\" \"_f\" 9 '(1 2) \"_a\" 50 \"\" 10)"); // no room for them
+    EXPECT_THAT(places(), ElementsAre(P{1, 2}, P{11, 2}, P{11, 7}, P{1, 7}));
+}
+
 TEST_F(PolylineCommand, ARectangleWithoutAreaIsNotDrawn)
 {
     evaluate("(command \"_.rectang\" \"0,0\" \"10,0\")");
