@@ -99,7 +99,7 @@ Command askPlace(Context &context, Insertion &insertion)
 {
     for (;;) {
         const auto place = co_await context.ask().point(
-            {u"Specify insertion point or [Basepoint/Scale/X/Y/Z/Rotate]: ", u"Scale X Y Z Rotate", Enter::Refused});
+            {u"Specify insertion point or [Scale/X/Y/Z/Rotate]: ", u"Scale X Y Z Rotate", Enter::Refused});
         if (place.hasValue()) {
             insertion.place = place.value;
             co_return;
@@ -130,9 +130,8 @@ Command askScales(Context &context, Insertion &insertion)
         insertion.x = insertion.y = insertion.z = factor.hasValue() ? factor.value : 1;
         co_return;
     }
-    auto x = co_await context.ask().distance({u"Enter X scale factor, specify opposite corner, or [Corner/XYZ] <1>: ",
-                                              u"XYZ", Enter::Allowed, insertion.place},
-                                             Nonzero);
+    auto x = co_await context.ask().distance(
+        {u"Enter X scale factor or [XYZ] <1>: ", u"XYZ", Enter::Allowed, insertion.place}, Nonzero);
     const bool isInSpace = x.is(u"XYZ");
     if (isInSpace)
         x = co_await context.ask().distance({u"Specify X scale factor <1>: ", {}, Enter::Allowed, insertion.place},
@@ -322,13 +321,19 @@ Command block(Context &context)
         context.say(shown(std::int64_t(left)) + u" could not be put into the block.");
 }
 
-// Takes one selection and does not wait for Enter: programs do not send one.
+// Takes one selection and does not wait for Enter: programs do not send one. "Previous" is what it gives.
 Command explode(Context &context)
 {
     const Selection entities = co_await selectOnce(context);
+    Selection parts;
     std::size_t left = 0;
-    for (const RecordId entity : entities)
-        left += exploded(context, entity).empty() ? 1 : 0;
+    for (const RecordId entity : entities) {
+        const std::vector<RecordId> ofThis = exploded(context, entity);
+        parts.insert(parts.end(), ofThis.begin(), ofThis.end());
+        left += ofThis.empty() ? 1 : 0;
+    }
+    if (!parts.empty())
+        context.session().setPreviousSelection(parts);
     if (left > 0)
         context.say(shown(std::int64_t(left)) + u" could not be exploded.");
 }

@@ -132,6 +132,16 @@ TEST_F(BlockCommands, WithAttreqZeroAttributesHaveTheirDefaults)
     EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
 }
 
+TEST_F(BlockCommands, WhatExplodeGivesIsPrevious)
+{
+    evaluate("(command \"_.insert\" \"Door\" '(10 20) 1 1 0 \"_.insert\" \"Door\" '(50 20) 1 1 0)"
+             "(command \"_.explode\" \"_all\") (setq parts (ssget \"_P\"))");
+    EXPECT_EQ(evaluate("(sslength parts)"), "4");
+    EXPECT_EQ(evaluate("(equal (ssname parts 3) (entlast))"), "T");
+    evaluate("(command \"_.erase\" \"_p\" \"\")");
+    EXPECT_THAT(types(), ElementsAre());
+}
+
 TEST_F(BlockCommands, ExplodePutsTheObjectsOfABlockInItsPlace)
 {
     evaluate("(command \"_.insert\" \"Door\" '(10 20) 2 2 90) (command \"_.explode\" (entlast))");
@@ -173,6 +183,7 @@ TEST_F(BlockCommands, WhatCannotBeExplodedStays)
 {
     evaluate("(command \"_.point\" \"0,0\") (setvar \"CMDECHO\" 1) (command \"_.explode\" (entlast))");
     EXPECT_THAT(takePrinted(), testing::HasSubstr("1 could not be exploded."));
+    EXPECT_EQ(evaluate("(eq (ssname (ssget \"_P\") 0) (entlast))"), "T");
     EXPECT_THAT(types(), ElementsAre("POINT"));
 }
 
