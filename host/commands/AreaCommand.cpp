@@ -13,6 +13,8 @@ namespace {
 
 using drawing::Measured;
 
+constexpr std::u16string_view HasNoArea = u"Selected object does not have an area.";
+
 void tell(Context &context, const Measured &measured)
 {
     Session &session = context.session();
@@ -54,8 +56,31 @@ Task<Measured> askObject(Context &context)
     const auto picked = co_await context.ask().entity({u"Select objects: ", {}, Enter::Refused});
     const std::optional<Measured> measured = drawing::measured(context.drawing(), picked.value.entity);
     if (!measured)
-        throw CommandError{u"Selected object does not have an area."};
+        throw CommandError{std::u16string(HasNoArea)};
     co_return *measured;
+}
+
+// The total so far, and how long the last one is around.
+void addOne(Context &context, double sign, const Measured &one, Measured &total)
+{
+    total.area += sign * one.area;
+    total.length = one.length;
+    tell(context, total);
+}
+
+// One object after the other, until Enter.
+Command addObjects(Context &context, double sign, Measured &total)
+{
+    for (;;) {
+        const auto picked = co_await context.ask().entity(
+            {sign > 0 ? u"(ADD mode) Select objects: " : u"(SUBTRACT mode) Select objects: "});
+        if (!picked.hasValue())
+            co_return;
+        if (const std::optional<Measured> one = drawing::measured(context.drawing(), picked.value.entity))
+            addOne(context, sign, *one, total);
+        else
+            context.session().print(u'\n' + std::u16string(HasNoArea) + u'\n');
+    }
 }
 
 // Until Enter: one area after the other, each added to the total or taken from it.
@@ -73,14 +98,12 @@ Command addUp(Context &context, double sign)
             sign = -sign;
             continue;
         }
-        Measured one;
-        if (next.hasValue())
-            one = co_await askPoints(context, next.value);
-        else
-            one = co_await askObject(context);
-        total.area += sign * one.area;
-        total.length = one.length;
-        tell(context, total);
+        if (next.hasValue()) {
+            const Measured one = co_await askPoints(context, next.value);
+            addOne(context, sign, one, total);
+        } else {
+            co_await addObjects(context, sign, total);
+        }
     }
 }
 

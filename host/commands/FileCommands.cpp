@@ -1,7 +1,10 @@
 // Saving and opening. Drawings are DXF files; a name with another ending is saved with ".dxf" in its place.
 
+#include "host/commands/CommandTable.h"
 #include "host/commands/Commands.h"
 #include "host/commands/DrawingFiles.h"
+#include "host/commands/SelectObjects.h"
+#include "host/drawing/edit/Extract.h"
 
 namespace commands {
 
@@ -15,16 +18,55 @@ void writeOwn(Context &context, const QString &path)
     context.drawing().noteSaved();
 }
 
+Task<QString> confirmedPath(Context &context, const std::u16string name)
+{
+    const QString path = dxfName(name);
+    if (path != context.drawing().path())
+        co_await confirmReplacing(context, path);
+    co_return path;
+}
+
 Task<QString> askPath(Context &context)
 {
     const QString now = context.drawing().path();
     const std::u16string prompt =
         u"Save drawing as" + (now.isEmpty() ? std::u16string() : u" <" + now.toStdU16String() + u">") + u": ";
     const auto name = co_await context.ask().string({prompt, {}, now.isEmpty() ? Enter::Refused : Enter::Allowed});
-    const QString path = name.hasValue() ? dxfName(name.value) : now;
-    if (path != now)
-        co_await confirmReplacing(context, path);
+    if (!name.hasValue())
+        co_return now;
+    const QString path = co_await confirmedPath(context, name.value);
     co_return path;
+}
+
+// What is chosen for a DXF file.
+struct DxfChoice
+{
+    Selection objects;                  // alone; none: the whole drawing
+    std::optional<std::u16string> name; // of the file, where it stands in place of the accuracy
+};
+
+// Numbers are written in full and as text, whatever is chosen.
+Task<DxfChoice> askAccuracy(Context &context)
+{
+    constexpr int MostDecimals = 16;
+    DxfChoice choice;
+    for (;;) {
+        const auto accuracy = co_await context.ask().string(
+            {u"Enter decimal places of accuracy (0 to 16) or [Objects/Binary] <16>: ", u"Objects Binary"});
+        if (accuracy.is(u"Objects")) {
+            choice.objects = co_await selectObjects(context, Purpose::Look);
+            continue;
+        }
+        bool isNumber = false;
+        const int decimals = QString::fromStdU16String(accuracy.value).toInt(&isNumber);
+        if (isNumber && (decimals < 0 || decimals > MostDecimals)) {
+            context.session().print(u"\nRequires an integer between 0 and 16.\n");
+            continue;
+        }
+        if (accuracy.hasValue() && !isNumber)
+            choice.name = accuracy.value;
+        co_return choice;
+    }
 }
 
 } // namespace
@@ -40,16 +82,22 @@ Command save(Context &context)
         writeDrawing(context, context.database(), path);
 }
 
-// The version of the file stays as it is, whatever is chosen.
+// The version of the file stays as it is, whatever is chosen. A part of the drawing goes into a file of its own.
 Command saveAs(Context &context)
 {
     const auto format =
         co_await context.ask().string({u"Enter file format [R14/2000/2004/2007/2010/2013/2018/DXF] <2018>: "});
-    if (format.hasValue() && drawing::folded(format.value) == drawing::folded(u"DXF"))
-        co_await context.ask().integer({u"Enter decimal places of accuracy (0 to 16) or [Binary] <16>: ", u"Binary"},
-                                       {0, 16});
-    const QString path = co_await askPath(context);
-    writeOwn(context, path);
+    DxfChoice choice;
+    if (commandName(format.value) == u"DXF")
+        choice = co_await askAccuracy(context);
+    QString path;
+    if (choice.name)
+        path = co_await confirmedPath(context, *choice.name);
+    else
+        path = co_await askPath(context);
+    if (choice.objects.empty())
+        co_return writeOwn(context, path);
+    writeDrawing(context, drawing::extractedEntities(context.drawing(), choice.objects, {})->database(), path);
 }
 
 Command quickSave(Context &context)

@@ -20,7 +20,7 @@ Task<OffsetSettings> askSettings(Context &context)
     for (;;) {
         const double last = context.session().real(u"OFFSETDIST"); // negative: through a point
         const std::u16string standard = last > 0 ? context.session().distanceText(last) : u"Through";
-        const std::u16string prompt = u"Specify offset distance or [Through/Erase/Layer] <" + standard + u">: ";
+        const std::u16string prompt = u"Specify offset distance or [Through/Erase] <" + standard + u">: ";
         const auto answer = co_await context.ask().distance({prompt, u"Through Erase"}, Positive);
         if (answer.is(u"Erase")) {
             const auto erases =
@@ -37,6 +37,33 @@ Task<OffsetSettings> askSettings(Context &context)
     }
 }
 
+// The parallel curve on the side of a place, or through it; NoRecord, which is said, when there is none.
+RecordId addOffset(Context &context, RecordId entity, double distance, const Vector &place)
+{
+    const bool isThrough = distance == 0;
+    const double apart = isThrough ? drawing::offsetThrough(context.drawing(), entity, place).value_or(0) : distance;
+    const RecordId added = drawing::offsetEntity(context.drawing(), entity, apart, place);
+    if (added == drawing::NoRecord)
+        context.session().print(u"\nCannot offset that object.\n");
+    return added;
+}
+
+// Until Enter: each place gives one more curve, beside the one before. Whether there was one.
+Task<bool> addMore(Context &context, const WorkPlane &plane, const RecordId original, const OffsetSettings settings)
+{
+    RecordId newest = original;
+    for (;;) {
+        const auto side = co_await context.ask().point(
+            {settings.distance == 0 ? u"Specify through point or [Exit] <next object>: "
+                                    : u"Specify point on side to offset or [Exit] <next object>: ",
+             u"Exit"});
+        if (!side.hasValue())
+            co_return newest != original;
+        const RecordId added = addOffset(context, newest, settings.distance, plane.world(side.value));
+        newest = added != drawing::NoRecord ? added : newest;
+    }
+}
+
 } // namespace
 
 Command offset(Context &context)
@@ -44,24 +71,22 @@ Command offset(Context &context)
     const OffsetSettings settings = co_await askSettings(context);
     const WorkPlane plane(context.session());
     for (;;) {
-        const auto picked =
-            co_await context.ask().entity({u"Select object to offset or [Exit/Undo] <Exit>: ", u"Exit"});
+        const auto picked = co_await context.ask().entity({u"Select object to offset or [Exit] <Exit>: ", u"Exit"});
         if (!picked.hasValue())
             co_return;
         const RecordId entity = picked.value.entity;
-        const bool isThrough = settings.distance == 0;
         const auto side = co_await context.ask().point(
-            {isThrough ? u"Specify through point or [Exit/Multiple/Undo] <Exit>: "
-                       : u"Specify point on side to offset or [Exit/Multiple/Undo] <Exit>: ",
-             u"Exit"});
-        if (!side.hasValue())
+            {settings.distance == 0 ? u"Specify through point or [Exit/Multiple] <Exit>: "
+                                    : u"Specify point on side to offset or [Exit/Multiple] <Exit>: ",
+             u"Exit Multiple"});
+        bool isOffset = false;
+        if (side.is(u"Multiple"))
+            isOffset = co_await addMore(context, plane, entity, settings);
+        else if (side.hasValue())
+            isOffset = addOffset(context, entity, settings.distance, plane.world(side.value)) != drawing::NoRecord;
+        else
             co_return;
-        const Vector place = plane.world(side.value);
-        const double distance =
-            isThrough ? drawing::offsetThrough(context.drawing(), entity, place).value_or(0) : settings.distance;
-        if (drawing::offsetEntity(context.drawing(), entity, distance, place) == drawing::NoRecord)
-            context.session().print(u"\nCannot offset that object.\n");
-        else if (settings.erases)
+        if (isOffset && settings.erases)
             context.database().erase(entity);
     }
 }

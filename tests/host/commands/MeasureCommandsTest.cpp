@@ -76,8 +76,20 @@ TEST_F(AreaCommand, OfAClosedSpline)
 TEST_F(AreaCommand, AddedAndSubtracted)
 {
     evaluate("(command \"_.circle\" \"5,5\" 1) (command \"_.area\" \"_a\" \"0,0\" \"10,0\" \"10,10\" \"0,10\" \"\" "
-             "\"_s\" \"_o\" (entlast) \"\")");
+             "\"_s\" \"_o\" (entlast) \"\" \"\")");
     EXPECT_NEAR(area(), 100 - M_PI, 1e-10);
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(AreaCommand, ObjectsAreAddedUntilEnter)
+{
+    evaluate("(command \"_.rectang\" \"0,0\" \"10,10\") (setq r1 (entlast))"
+             "(command \"_.rectang\" \"20,0\" \"25,5\") (setq r2 (entlast))"
+             "(command \"_.point\" \"0,0\") (setq none (entlast))");
+    evaluate("(command \"_.area\" \"_a\" \"_o\" r1 none r2 \"\" \"_s\" \"_o\" r2 r2 \"\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nSelected object does not have an area.\n");
+    EXPECT_EQ(area(), 75);
+    EXPECT_EQ(perimeter(), 20);
     EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
 }
 
@@ -146,6 +158,19 @@ TEST_F(OffsetCommand, ThroughAPoint)
     EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 7, 0}));
 }
 
+TEST_F(OffsetCommand, MultipleGoesOnFromTheCurveBefore)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"10,0\" \"\") (setq first (entlast))"
+             "(command \"_.offset\" 2 first \"_m\" \"5,9\" \"5,9\" \"5,-9\" \"\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "LINE", "LINE"));
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 2, 0}));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    evaluate("(command \"_.offset\" \"_e\" \"_y\" \"_t\" first \"_m\" \"5,9\" \"5,11\" \"_e\" \"_e\")");
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{0, 11, 0}));
+    EXPECT_EQ(evaluate("(entget first)"), "nil");
+    EXPECT_THAT(types(), ElementsAre("LINE", "LINE", "LINE", "LINE", "LINE"));
+}
+
 TEST_F(OffsetCommand, ACircleThatWouldVanishIsSaid)
 {
     evaluate("(command \"_.circle\" \"0,0\" 5) (command \"_.offset\" 6 (entlast) \"0,0\" \"\")");
@@ -194,6 +219,34 @@ TEST_F(FileCommands, SaveasNamesTheDrawingAndOpenReadsIt)
     evaluate("(command \"_.erase\" \"_l\" \"\") (command \"_.qsave\") (command \"_.open\" \"" + path("one.dxf") +
              "\")");
     EXPECT_THAT(types(), ElementsAre());
+}
+
+TEST_F(FileCommands, SaveasAsksForTheAccuracyOfADxfFile)
+{
+    evaluate("(command \"_.circle\" \"1,2\" 3 \"_.saveas\" \"_dxf\" \"16\" \"" + path("typed.dxf") + "\")");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("typed.dxf"));
+    evaluate("(command \"_.saveas\" \"DXF\" 4 \"" + path("four.dxf") + "\")");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("four.dxf"));
+    evaluate("(command \"_.saveas\" \"_dxf\" \"_b\" \"" + path("binary.dxf") + "\")");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("binary.dxf"));
+    evaluate("(command \"_.saveas\" \"_dxf\" \"" + path("named.dxf") + "\")");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("named.dxf"));
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(takePrinted(), "");
+    evaluate("(command \"_.saveas\" \"_dxf\" 17 16 \"" + path("again.dxf") + "\")");
+    EXPECT_EQ(takePrinted(), "\nRequires an integer between 0 and 16.\n");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("again.dxf"));
+}
+
+TEST_F(FileCommands, SaveasWritesObjectsIntoAnotherFile)
+{
+    evaluate("(command \"_.circle\" \"1,2\" 3 \"_.saveas\" \"\" \"" + path("whole.dxf") + "\" \"_.point\" \"7,8\")");
+    evaluate("(command \"_.saveas\" \"_dxf\" \"_o\" (entlast) \"\" 16 \"" + path("part.dxf") + "\")");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("whole.dxf"));
+    EXPECT_EQ(evaluate("(getvar \"DBMOD\")"), "1");
+    evaluate("(command \"_.open\" \"_y\" \"" + path("part.dxf") + "\")");
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{7, 8, 0}));
 }
 
 TEST_F(FileCommands, DbmodTellsWhetherTheFileLacksChanges)
