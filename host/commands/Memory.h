@@ -23,6 +23,7 @@ struct Memory
     SelectionWays ways;                    // into the last selection
     Selection erased;                      // for OOPS
     std::optional<DrawnEnd> drawnEnd;      // of the last line, arc or polyline
+    RecordId text = drawing::NoRecord;     // the last one, for TEXT to go on below
     std::optional<std::u16string> script;  // that SCRIPT has read and that is to be run now
 };
 

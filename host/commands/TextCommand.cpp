@@ -4,6 +4,7 @@
 #include "host/commands/NewEntity.h"
 #include "host/drawing/edit/TextPlacing.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -21,6 +22,7 @@ enum Code : int {
     TextCode = 1,
     StyleCode = 7,
     AlignmentPointCode = 11,
+    ThicknessCode = 39,
     HeightCode = 40,
     WidthCode = 41,
     RotationCode = 50,
@@ -28,6 +30,7 @@ enum Code : int {
     GenerationCode = 71,
     HorizontalCode = 72,
     VerticalCode = 73,
+    ExtrusionCode = 210,
 };
 
 struct Justification
@@ -69,6 +72,15 @@ const Justification &justificationOf(std::u16string_view keyword)
     return justifications.front();
 }
 
+// What a line has of the one above it.
+bool isLook(int code)
+{
+    constexpr std::array<int, 12> codes = {StyleCode,      FirstX,         AlignmentPointCode, ThicknessCode,
+                                           HeightCode,     WidthCode,      RotationCode,       ObliqueCode,
+                                           GenerationCode, HorizontalCode, VerticalCode,       ExtrusionCode};
+    return std::ranges::find(codes, code) != codes.end();
+}
+
 // What the current style gives to new texts.
 struct Style
 {
@@ -88,6 +100,7 @@ struct Style
     }
 };
 
+// Where it is to stand, unless it goes on below the last text.
 struct Placing
 {
     Justification justification = justifications.front();
@@ -106,12 +119,24 @@ Command askStyle(Context &context)
     context.session().assign(u"TEXTSTYLE", style.value);
 }
 
-Task<Placing> askPlacing(Context &context)
+bool isThere(Context &context, RecordId text)
+{
+    return text != drawing::NoRecord && !context.database().record(text).isGone();
+}
+
+// None: below the last text.
+Task<std::optional<Placing>> askPlacing(Context &context)
 {
     Placing placing;
     for (;;) {
-        const auto start = co_await context.ask().point(
-            {u"Specify start point of text or [Justify/Style]: ", FirstKeywords, Enter::Refused});
+        const auto start =
+            co_await context.ask().point({u"Specify start point of text or [Justify/Style]: ", FirstKeywords});
+        if (start.isNothing()) {
+            if (isThere(context, context.memory().text))
+                co_return std::nullopt;
+            context.session().print(u"\nNo text to continue.\n");
+            continue;
+        }
         if (start.hasValue()) {
             placing.first = start.value;
             co_return placing;
@@ -165,14 +190,37 @@ void addText(Context &context, const Placing &placing, const Style &style, doubl
     }
     drawing::settleText(context.drawing(), groups);
     extrude(context, plane, groups);
-    addEntity(context, groups);
+    context.memory().text = addEntity(context, groups);
 }
 
-} // namespace
-
-Command text(Context &context)
+// As the last text stands and looks, one line further down.
+void addTextBelow(Context &context, const std::u16string &text)
 {
-    const Placing placing = co_await askPlacing(context);
+    constexpr double LineDistance = 5.0 / 3; // of the height
+    const drawing::GroupList above = context.database().groups(context.memory().text);
+    const double rotation = geometry::radians(drawing::realOf(above, RotationCode));
+    const double distance = drawing::realOf(above, HeightCode) * LineDistance;
+    const Vector down{std::sin(rotation) * distance, -std::cos(rotation) * distance, 0};
+    drawing::GroupList groups = newEntity(context, u"TEXT");
+    for (const drawing::Group &group : above)
+        if (isLook(group.code))
+            groups.push_back(group);
+    for (const int code : {int(FirstX), int(AlignmentPointCode)})
+        if (drawing::hasGroup(groups, code))
+            drawing::setGroup(groups, pointGroup(code, drawing::placeOf(groups, code) + down));
+    groups.push_back(textGroup(TextCode, text));
+    drawing::settleText(context.drawing(), groups);
+    context.memory().text = addEntity(context, groups);
+}
+
+StringRequest askContent(Context &context)
+{
+    return context.ask().string({u"Enter text: ", {}, Enter::Allowed, {}, Blanks::BelongToAnswers});
+}
+
+// The first line, which asks for its height and rotation.
+Command askText(Context &context, const Placing placing)
+{
     const Style style(context, context.session().text(u"TEXTSTYLE"));
     double height = style.height > 0 ? style.height : context.session().real(u"TEXTSIZE");
     if (style.height == 0 && placing.justification.horizontal != Aligned) {
@@ -189,10 +237,21 @@ Command text(Context &context)
             {u"Specify rotation angle of text <0>: ", {}, Enter::Allowed, placing.first});
         rotation = asked.hasValue() ? asked.value : 0;
     }
-    const auto content =
-        co_await context.ask().string({u"Enter text: ", {}, Enter::Allowed, {}, Blanks::BelongToAnswers});
+    const auto content = co_await askContent(context);
     if (content.hasValue())
         addText(context, placing, style, height, rotation, content.value);
+}
+
+} // namespace
+
+Command text(Context &context)
+{
+    const std::optional<Placing> placing = co_await askPlacing(context);
+    if (placing)
+        co_return co_await askText(context, *placing);
+    const auto content = co_await askContent(context);
+    if (content.hasValue())
+        addTextBelow(context, content.value);
 }
 
 } // namespace commands

@@ -103,6 +103,32 @@ TEST_F(TextCommand, AJustifiedTextTellsWhereItsBaseLineBegins)
     EXPECT_LT(right.y, 20 - plain->maximum.y + 1e-9); // the letters end a bit before the text
 }
 
+TEST_F(TextCommand, EnterGoesOnBelowTheLastText)
+{
+    evaluate("(command \"_.text\" \"\" \"1,2\" 3 90 \"one\")");
+    EXPECT_EQ(takePrinted(), "\nNo text to continue.\n");
+    evaluate("(setvar \"TEXTSIZE\" 8.0) (command \"_.line\" \"0,0\" \"1,1\" \"\" \"_.text\" \"\" \"two\")");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(textOf(lastGroups(), 1), u"two");
+    EXPECT_EQ(textOf(lastGroups(), 7), u"Standard");
+    EXPECT_EQ(realOf(lastGroups(), 40), 3);
+    EXPECT_EQ(realOf(lastGroups(), 50), 90);
+    EXPECT_LT(geometry::length(placeOf(lastGroups(), 10) - Vector{6, 2, 0}), 1e-9);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+    evaluate("(command \"_.erase\" \"_l\" \"\" \"_.text\" \"\")");
+    EXPECT_EQ(takePrinted(), "\nNo text to continue.\n");
+}
+
+TEST_F(TextCommand, ALineBelowIsAlignedAsTheOneAbove)
+{
+    evaluate("(command \"_.text\" \"_j\" \"_mc\" \"10,20\" 3 0 \"wide\" \"_.text\" \"\" \"i\")");
+    EXPECT_EQ(integerOf(lastGroups(), 72), 1);
+    EXPECT_EQ(integerOf(lastGroups(), 73), 2);
+    EXPECT_LT(geometry::length(placeOf(lastGroups(), 11) - Vector{10, 15, 0}), 1e-9);
+    EXPECT_GT(placeOf(lastGroups(), 10).x, 9);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
 TEST_F(TextCommand, AStyleThatIsNotThereIsSaid)
 {
     evaluate("(command \"_.text\" \"_s\" \"Fancy\")");
