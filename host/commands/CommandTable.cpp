@@ -132,6 +132,48 @@ constexpr CommandRow table[] = {
 // clang-format on
 static_assert(std::ranges::is_sorted(table, {}, &CommandRow::name));
 
+struct Alias
+{
+    std::u16string_view alias, name;
+};
+
+// What people type for short. Sorted.
+constexpr Alias aliases[] = {
+    {u"-B", u"-BLOCK"},       {u"-BO", u"-BOUNDARY"}, {u"-CH", u"CHANGE"},    {u"-H", u"-HATCH"},
+    {u"-I", u"-INSERT"},      {u"-LA", u"-LAYER"},    {u"-LT", u"-LINETYPE"}, {u"-OS", u"-OSNAP"},
+    {u"-P", u"-PAN"},         {u"-PU", u"-PURGE"},    {u"-REN", u"-RENAME"},  {u"-ST", u"-STYLE"},
+    {u"-T", u"-MTEXT"},       {u"-V", u"-VIEW"},      {u"-W", u"-WBLOCK"},    {u"A", u"ARC"},
+    {u"AA", u"AREA"},         {u"AR", u"ARRAY"},      {u"B", u"BLOCK"},       {u"BH", u"BHATCH"},
+    {u"BO", u"BOUNDARY"},     {u"BR", u"BREAK"},      {u"C", u"CIRCLE"},      {u"CO", u"COPY"},
+    {u"COL", u"COLOR"},       {u"CP", u"COPY"},       {u"D", u"DIMSTYLE"},    {u"DAL", u"DIMALIGNED"},
+    {u"DDI", u"DIMDIAMETER"}, {u"DLI", u"DIMLINEAR"}, {u"DO", u"DONUT"},      {u"DR", u"DRAWORDER"},
+    {u"DRA", u"DIMRADIUS"},   {u"DT", u"TEXT"},       {u"E", u"ERASE"},       {u"EL", u"ELLIPSE"},
+    {u"EX", u"EXTEND"},       {u"F", u"FILLET"},      {u"H", u"HATCH"},       {u"HE", u"HATCHEDIT"},
+    {u"I", u"INSERT"},        {u"L", u"LINE"},        {u"LA", u"LAYER"},      {u"LO", u"-LAYOUT"},
+    {u"LT", u"LINETYPE"},     {u"M", u"MOVE"},        {u"MA", u"MATCHPROP"},  {u"MI", u"MIRROR"},
+    {u"MS", u"MSPACE"},       {u"MT", u"MTEXT"},      {u"MV", u"MVIEW"},      {u"O", u"OFFSET"},
+    {u"OS", u"OSNAP"},        {u"P", u"PAN"},         {u"PE", u"PEDIT"},      {u"PL", u"PLINE"},
+    {u"PO", u"POINT"},        {u"POL", u"POLYGON"},   {u"PS", u"PSPACE"},     {u"PU", u"PURGE"},
+    {u"R", u"REDRAW"},        {u"RA", u"REDRAWALL"},  {u"RE", u"REGEN"},      {u"REA", u"REGENALL"},
+    {u"REC", u"RECTANG"},     {u"REN", u"RENAME"},    {u"RO", u"ROTATE"},     {u"SC", u"SCALE"},
+    {u"SCR", u"SCRIPT"},      {u"SET", u"SETVAR"},    {u"SO", u"SOLID"},      {u"ST", u"STYLE"},
+    {u"T", u"MTEXT"},         {u"TR", u"TRIM"},       {u"V", u"VIEW"},        {u"W", u"WBLOCK"},
+    {u"X", u"EXPLODE"},       {u"XL", u"XLINE"},      {u"Z", u"ZOOM"},
+};
+
+static_assert(std::ranges::is_sorted(aliases, {}, &Alias::alias));
+static_assert(std::ranges::all_of(aliases, [](const Alias &alias) {
+    return std::ranges::binary_search(table, alias.name, {}, &CommandRow::name) &&
+           !std::ranges::binary_search(table, alias.alias, {}, &CommandRow::name);
+}));
+
+template <class Row>
+const Row *rowWith(std::span<const Row> rows, std::u16string_view name, std::u16string_view Row::*member)
+{
+    const auto row = std::ranges::lower_bound(rows, name, {}, member);
+    return row != rows.end() && (*row).*member == name ? &*row : nullptr;
+}
+
 constexpr CommandRow variableRow{u"", changeVariable, OneStep, Kept};
 constexpr CommandRow objectsRow{u"SELECT", select, Own}, objectRow{u"SELECT", selectOneAnswer, Own};
 
@@ -145,8 +187,8 @@ std::span<const CommandRow> commandTable()
 const CommandRow *findCommand(std::u16string_view name)
 {
     const std::u16string plain = commandName(name);
-    const auto row = std::ranges::lower_bound(table, std::u16string_view(plain), {}, &CommandRow::name);
-    return row != std::end(table) && row->name == plain ? row : nullptr;
+    const Alias *alias = rowWith<Alias>(aliases, plain, &Alias::alias);
+    return rowWith<CommandRow>(table, alias ? alias->name : plain, &CommandRow::name);
 }
 
 const CommandRow &variableCommand()

@@ -26,7 +26,8 @@ struct CommandRow
 
 std::span<const CommandRow> commandTable();
 
-// Null when there is no such command. The name may have the prefixes "_" and "." and be in any case.
+// Null when there is no such command. The name may have the prefixes "_" and "." and be in any case, or be short for
+// it.
 const CommandRow *findCommand(std::u16string_view name);
 
 // What the name of a system variable runs: asks for its new value.

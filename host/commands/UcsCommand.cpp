@@ -201,7 +201,7 @@ Command ucs(Context &context)
 {
     const WorkPlane plane(context.session());
     const auto choice = co_await context.ask().point(
-        {u"Specify origin of UCS or [Face/NAmed/OBject/Previous/View/World/X/Y/Z/ZAxis] <World>: ",
+        {u"Specify origin of UCS or [NAmed/OBject/Previous/View/World/X/Y/Z/ZAxis] <World>: ",
          u"Origin 3point OBject Entity Previous Restore Save Delete View World X Y ZAxis Z New Move NAmed"});
     if (choice.hasValue())
         co_await askThreePoints(context, plane, choice.value);

@@ -79,7 +79,7 @@ Command objectSnap(Context &context)
 Command color(Context &context)
 {
     const std::u16string prompt =
-        u"Enter default object color [Truecolor/COlorbook] <" + context.session().text(u"CECOLOR") + u">: ";
+        u"Enter default object color [Truecolor] <" + context.session().text(u"CECOLOR") + u">: ";
     const auto choice = co_await context.ask().string({prompt, u"Truecolor"});
     if (choice.isNothing())
         co_return;

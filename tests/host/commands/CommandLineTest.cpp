@@ -97,6 +97,77 @@ TEST_F(CommandLine, NumbersBeyondTheLimitsOfAQuestionAreComplainedAboutAndAskedA
     }
 }
 
+TEST_F(CommandLine, ShortNamesRunTheCommands)
+{
+    evaluate("(command \"L\" \"0,0\" \"9,9\" \"\" \"_c\" \"5,5\" 2 \"_.pl\" \"0,0\" \"1,1\" \"\" \"_e\" \"_l\" \"\")");
+    EXPECT_EQ(types(), (std::vector<std::string>{"LINE", "CIRCLE"}));
+    EXPECT_EQ(evaluate("(command \"-la\") (getvar \"CMDNAMES\")"), "\"-LAYER\"");
+    EXPECT_EQ(takePrinted(), "");
+    evaluate("(command) (command \"_q\")");
+    EXPECT_EQ(takePrinted(), "\nUnknown command \"Q\".\n");
+}
+
+// The words in the brackets of a prompt, as short as they may be.
+std::vector<std::string> optionsOf(const std::string &prompt)
+{
+    const std::size_t open = prompt.find('['), close = prompt.find(']');
+    std::vector<std::string> options{{}};
+    bool isFirstWord = true;
+    for (const char letter : prompt.substr(open + 1, close - open - 1)) {
+        if (letter == '/')
+            options.emplace_back();
+        else if (isFirstWord && std::isupper(letter) != 0)
+            options.back() += letter;
+        isFirstWord = letter == '/' || (isFirstWord && letter != ' ');
+    }
+    return options;
+}
+
+TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"9,9\" \"\" \"_.-block\" \"one\" \"0,0\" \"_l\" \"\")"
+             "(command \"_.line\" \"0,0\" \"9,9\" \"\")");
+    for (const std::string start : {"\"_.rectang\"",
+                                    "\"_.rectang\" \"0,0\"",
+                                    "\"_.rectang\" \"0,0\" \"_r\"",
+                                    "\"_.rectang\" \"0,0\" \"_a\" 9",
+                                    "\"_.offset\"",
+                                    "\"_.offset\" 2",
+                                    "\"_.offset\" 2 (entlast)",
+                                    "\"_.offset\" 2 (entlast) \"_m\"",
+                                    "\"_.copy\" \"_l\" \"\"",
+                                    "\"_.copy\" \"_l\" \"\" \"0,0\" \"1,1\"",
+                                    "\"_.move\" \"_l\" \"\"",
+                                    "\"_.rotate\" \"_l\" \"\" \"0,0\"",
+                                    "\"_.rotate\" \"_l\" \"\" \"0,0\" \"_r\" 0",
+                                    "\"_.scale\" \"_l\" \"\" \"0,0\"",
+                                    "\"_.scale\" \"_l\" \"\" \"0,0\" \"_r\" 1",
+                                    "\"_.-insert\" \"one\"",
+                                    "\"_.-insert\" \"one\" \"0,0\"",
+                                    "\"_.area\"",
+                                    "\"_.area\" \"_a\"",
+                                    "\"_.area\" \"_s\"",
+                                    "\"_.text\"",
+                                    "\"_.text\" \"_j\"",
+                                    "\"_.ucs\"",
+                                    "\"_.ucs\" \"_na\"",
+                                    "\"_.color\"",
+                                    "\"_.saveas\" \"_dxf\""}) {
+        evaluate("(command " + start + ")");
+        const std::string prompt = evaluate("(getvar \"LASTPROMPT\")");
+        EXPECT_THAT(optionsOf(prompt), testing::Each(testing::Ne(""))) << prompt;
+        for (const std::string &option : optionsOf(prompt)) {
+            evaluate("(command) (command " + start + ")");
+            takePrinted();
+            evaluate("(command \"" + option + "\")");
+            EXPECT_THAT(takePrinted(), testing::Not(testing::AnyOf(HasSubstr("equire"), HasSubstr("option keyword"),
+                                                                   HasSubstr("found"), HasSubstr("named"))))
+                << prompt << option;
+        }
+        evaluate("(command)");
+    }
+}
+
 TEST_F(CommandLine, APersonIsAskedAgainForANumberBeyondTheLimits)
 {
     m_services.answers = AnswersFile::fromText(u"0,0\n-1\n0\n2\n", QStringLiteral("answers"));
