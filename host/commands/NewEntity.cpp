@@ -3,8 +3,8 @@
 #include "host/commands/Colors.h"
 #include "host/drawing/Lineweights.h"
 #include "host/drawing/entities/EntityMaking.h"
+#include "host/drawing/entities/RecordTypes.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace commands {
@@ -25,11 +25,6 @@ enum Code : int {
     LineweightCode = 370,
     ExtrusionCode = 210,
 };
-
-// The others came with R13.
-constexpr std::u16string_view oldTypes[] = {u"3DFACE", u"ARC",  u"ATTDEF", u"CIRCLE",   u"DIMENSION",
-                                            u"INSERT", u"LINE", u"POINT",  u"POLYLINE", u"SHAPE",
-                                            u"SOLID",  u"TEXT", u"TRACE",  u"VIEWPORT"};
 
 bool isByLayer(const std::u16string &linetype)
 {
@@ -87,7 +82,7 @@ void extrude(Context &context, const WorkPlane &plane, GroupList &groups)
 RecordId addEntity(Context &context, const GroupList &groups)
 {
     const std::u16string type = textOf(groups, groupcode::Type);
-    if (context.database().isBefore2000() && std::ranges::find(oldTypes, type) == std::end(oldTypes))
+    if (!drawing::canHoldEntities(context.database(), type))
         throw CommandError{u"A drawing before R13 has no " + type + u" objects."};
     Placement placement;
     placement.isPaperSpace = context.session().isPaperSpaceCurrent();

@@ -8,6 +8,7 @@
 #include "host/drawing/edit/Transform.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntityMaking.h"
+#include "host/drawing/entities/EntityPlace.h"
 #include "host/drawing/entities/RecordTypes.h"
 
 #include <algorithm>
@@ -21,14 +22,6 @@ namespace {
 
 constexpr int FlagsCode = 70, LayoutCode = 410, LeaderAnnotationCode = 340, ExtendedHandleCode = 1005;
 constexpr std::int64_t AnonymousFlag = 1, AttributesFlag = 2; // of blocks; others tell of external references
-
-// Before R13 the spaces' blocks have another first letter, as asterisks stand for blocks without names alone.
-bool isSpace(const Database &database, std::u16string block)
-{
-    if (database.isBefore2000() && block.starts_with(u'$'))
-        block.front() = u'*';
-    return folded(block).starts_with(folded(ModelSpace)) || folded(block).starts_with(folded(PaperSpace));
-}
 
 bool isAnonymous(const std::u16string &block)
 {
@@ -117,7 +110,7 @@ public:
             return m_import;
         m_unfilled.push_back({model, m_import.block});
         for (const RecordId block : m_source.tables().entries(known::Block))
-            if (const std::u16string title = m_from.name(block); !isAnonymous(title) && !isSpace(m_from, title))
+            if (const std::u16string title = m_from.name(block); !isAnonymous(title) && !isSpaceBlock(m_from, title))
                 importBlock(block, title);
         importTable(known::DimensionStyle);
         for (std::size_t next = 0; next < m_unfilled.size(); ++next) // anonymous blocks come along with what shows them
@@ -287,7 +280,7 @@ private:
         if (name.empty())
             return true;
         if (const RecordId block = m_source.tables().find(known::Block, name);
-            block != NoRecord && !isSpace(m_from, name))
+            block != NoRecord && !isSpaceBlock(m_from, name))
             importBlock(block, name);
         const auto there = m_blocks.find(folded(name));
         if (there != m_blocks.end())
