@@ -53,8 +53,8 @@ extern "C" void onTerminalInterrupt(int)
 // programs send each other. Not those that tell of an error in this process itself, after which it cannot go on.
 std::vector<int> endingSignals()
 {
-    std::vector<int> numbers = {SIGQUIT, SIGHUP,    SIGTERM, SIGUSR1, SIGUSR2, SIGPIPE,  SIGXCPU,
-                                SIGXFSZ, SIGVTALRM, SIGPROF, SIGIO,   SIGPWR,  SIGSTKFLT};
+    std::vector<int> numbers = {SIGQUIT, SIGHUP,    SIGTERM, SIGUSR1, SIGUSR2, SIGPIPE,
+                                SIGXCPU, SIGVTALRM, SIGPROF, SIGIO,   SIGPWR,  SIGSTKFLT};
     for (int signal = SIGRTMIN; signal <= SIGRTMAX; ++signal)
         numbers.push_back(signal);
     return numbers;
@@ -110,6 +110,7 @@ int superviseInOwnFolders(int seconds, const std::function<int(const SandboxFold
     for (const int signal : endingSignals())
         handle(signal, passOn);
     std::signal(SIGALRM, endWork);
+    std::signal(SIGXFSZ, SIG_IGN); // as the work does, which could not be ended by it
     const pid_t supervisor = ::getpid();
     worker = ::fork();
     if (worker < 0)
