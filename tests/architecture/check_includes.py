@@ -30,7 +30,7 @@ MAY_USE = {
     "host/drawing/geometry": ["host/drawing", "host/text"],
     "host/text": [],
     "host/render": ["host/drawing", "host/palette", "host/text", "storage"],
-    "host/commands": ["host/interpreter", "host/drawing"],
+    "host/commands": ["host/interpreter", "host/drawing", "host/palette"],
     "host/kernel": ["host/sdk", "host/interpreter", "host/drawing", "host/commands", "lisp", "sdk", "platform",
                     "storage"],
     "host/lisptest": ["host/interpreter", "host/kernel", "storage"],
