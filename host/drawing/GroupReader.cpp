@@ -31,10 +31,8 @@ bool GroupReader::takeRaw(int code, RawGroup &group)
     return false;
 }
 
-bool GroupReader::next(Item &item)
+void GroupReader::readValue(Item &item)
 {
-    if (!nextRaw(item))
-        return false;
     item.kind = valueKind(item.code);
     if (isInteger(item.kind))
         item.integer = integerOf(item, m_format.kind);
@@ -44,17 +42,17 @@ bool GroupReader::next(Item &item)
         readPoint(item);
     else if (item.kind == ValueKind::Real)
         item.real = realOf(item, m_format.kind);
-    return true;
 }
 
 void GroupReader::readPoint(Item &item)
 {
     item.real = realOf(item, m_format.kind);
+    item.point = {item.real, 0, 0, 2};
     RawGroup next;
     if (!takeRaw(item.code + groupcode::YOffset, next))
         return; // a real on its own
     item.kind = ValueKind::Point;
-    item.point = {item.real, realOf(next, m_format.kind), 0, 2};
+    item.point.y = realOf(next, m_format.kind);
     extend(item.bytes, next.bytes);
     if (!takeRaw(item.code + groupcode::ZOffset, next))
         return;

@@ -27,12 +27,21 @@ public:
     {
     }
 
-    bool next(Item &item);
+    bool next(Item &item)
+    {
+        if (!nextRaw(item))
+            return false;
+        readValue(item);
+        return true;
+    }
+    // The two steps of next(), for who passes most groups over. What is not read of a point comes as a group for each
+    // coordinate.
+    bool nextRaw(RawGroup &group);
+    void readValue(Item &item); // of the group that was given last
     std::u16string text(const Item &item) const { return m_codec->decode(item.value); }
     Group group(const Item &item) const; // decoded, with memory of its own
 
 private:
-    bool nextRaw(RawGroup &group);
     bool takeRaw(int code, RawGroup &group); // the next group when it has this code
     void readPoint(Item &item);
 

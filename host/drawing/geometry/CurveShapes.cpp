@@ -13,7 +13,7 @@ void lineShapes(ShapeWalk &walk, RecordId id)
     EntityReader(walk.database(), id)
         .readInto({{10, line.start}, {11, line.end}, {code::Thickness, thickness}, {code::Extrusion, extrusion}});
     const Curve curve = line; // in world coordinates, also with an extrusion direction
-    walk.thickPath({&curve, 1}, false, normalized(extrusion) * thickness);
+    walk.thickPath({&curve, 1}, false, thickness != 0 ? normalized(extrusion) * thickness : Vector());
 }
 
 void rayShapes(ShapeWalk &walk, RecordId id)

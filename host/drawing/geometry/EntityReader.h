@@ -3,6 +3,7 @@
 #include "host/drawing/Database.h"
 #include "host/drawing/geometry/Vector.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace geometry {
@@ -26,23 +27,28 @@ class EntityReader
 public:
     EntityReader(const drawing::Database &database, drawing::RecordId entity) : m_reader(database.reader(entity)) {}
 
-    bool next(drawing::Item &item)
-    {
-        constexpr int FirstExtended = 1000;
-        return m_reader.next(item) && item.code != drawing::groupcode::EmbeddedObject && item.code < FirstExtended;
-    }
+    bool next(drawing::Item &item) { return m_reader.next(item) && describes(item); }
     std::u16string text(const drawing::Item &item) const { return m_reader.text(item); }
 
-    // Everything up to the end; what has no target is passed over.
+    // Everything up to the end; what has no target is passed over. A target may have any code but that of a y or z.
     void readInto(std::initializer_list<GroupTarget> targets)
     {
-        for (drawing::Item item; next(item);)
-            for (const GroupTarget &target : targets)
-                if (target.code == item.code)
-                    put(item, target);
+        for (drawing::Item item; m_reader.nextRaw(item) && describes(item);) {
+            const auto target = std::ranges::find(targets, item.code, &GroupTarget::code);
+            if (target == targets.end())
+                continue;
+            m_reader.readValue(item);
+            put(item, *target);
+        }
     }
 
 private:
+    static bool describes(const drawing::RawGroup &group)
+    {
+        constexpr int FirstExtended = 1000;
+        return group.code != drawing::groupcode::EmbeddedObject && group.code < FirstExtended;
+    }
+
     void put(const drawing::Item &item, const GroupTarget &target) const
     {
         if (auto *const *real = std::get_if<double *>(&target.value))
