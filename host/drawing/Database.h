@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/drawing/DictionaryIndex.h"
 #include "host/drawing/GroupReader.h"
 #include "host/drawing/HandleTable.h"
 #include "host/drawing/Index.h"
@@ -82,6 +83,9 @@ public:
     };
     const std::vector<Naming> &namings() const { return m_namings; }
 
+    // What stands in its dictionaries (see Dictionaries.h).
+    DictionaryIndex &dictionaries() const { return m_dictionaries; }
+
     // --- changing; every change is remembered by the journal ---
 
     Journal &journal() { return m_journal; }
@@ -92,6 +96,9 @@ public:
     bool replace(RecordId id, const GroupList &groups);
     // The same for an entity that becomes one of another type, which the groups say. Neither type may have parts.
     bool turnInto(RecordId entity, const GroupList &groups);
+    // More groups behind everything that an object has, whose last line has its end; takes time for these alone. False
+    // when a value cannot be written.
+    bool append(RecordId object, const GroupList &groups);
     // The same in two steps.
     std::optional<std::string> bytesWith(RecordId id, const GroupList &groups) const;
     enum class Fields : std::uint8_t { Changed, Kept }; // what a Record says of its bytes
@@ -140,6 +147,7 @@ private:
     Oddities m_oddities;
     HandleTable m_handles{m_store.records};
     Journal m_journal{m_store};
+    mutable DictionaryIndex m_dictionaries{*this};
     std::size_t m_fileRecords = 0;
     std::string m_version = "AC1009";
     bool m_writesHandles = false;

@@ -99,6 +99,20 @@ void Database::replaceBytes(RecordId id, std::string bytes, Fields fields)
         takeFields(id);
 }
 
+// Nothing that a Record says of an object's bytes can come behind their end.
+bool Database::append(RecordId object, const GroupList &groups)
+{
+    const std::optional<std::string> more = GroupWriter(m_format, m_codec).bytesOf(groups);
+    if (!more)
+        return false;
+    m_journal.remember(object);
+    Record &record = m_store.records[object];
+    const std::uint32_t old = record.text != 0 ? record.text : m_store.texts.add(std::string(bytes(object)));
+    record.text = m_store.texts.addGrown(old, *more);
+    m_store.texts.release(old);
+    return true;
+}
+
 // What the record says of its bytes, read anew.
 void Database::takeFields(RecordId id)
 {

@@ -1,25 +1,35 @@
 #include "host/drawing/Dictionaries.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace drawing {
 
 namespace {
 
-// The place of an entry's name; the object's group follows it.
-std::size_t placeOf(const GroupList &groups, std::u16string_view name)
-{
-    const std::u16string key = folded(name);
-    const auto found = std::find_if(groups.begin(), groups.end(), [&key](const Group &group) {
-        const auto *text = std::get_if<std::u16string>(&group.value);
-        return group.code == groupcode::EntryName && text && folded(*text) == key;
-    });
-    return static_cast<std::size_t>(found - groups.begin());
-}
-
 bool isEntry(const GroupList &groups, std::size_t place)
 {
-    return place + 1 < groups.size() && std::holds_alternative<Handle>(groups[place + 1].value);
+    return groups[place].code == groupcode::EntryName && std::holds_alternative<std::u16string>(groups[place].value) &&
+           place + 1 < groups.size() && std::holds_alternative<Handle>(groups[place + 1].value);
+}
+
+// Among the groups the name of the entry with this place among the entries; the object's group follows it.
+GroupList::iterator entryAt(GroupList &groups, std::size_t place)
+{
+    std::size_t group = 0;
+    while (!isEntry(groups, group) || place-- > 0)
+        ++group;
+    return groups.begin() + static_cast<std::ptrdiff_t>(group);
+}
+
+// Behind the last of a dictionary's own groups.
+GroupList::iterator endOfEntries(GroupList &groups)
+{
+    const auto marker = std::ranges::find(groups, groupcode::Subclass, &Group::code);
+    const auto begin = marker != groups.end() ? marker + 1 : groups.begin();
+    return std::find_if(begin, groups.end(), [](const Group &group) {
+        return group.code == groupcode::Subclass || group.code == groupcode::Application;
+    });
 }
 
 } // namespace
@@ -46,45 +56,44 @@ RecordId ensureNamedObjects(Database &database)
 
 std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary)
 {
-    std::vector<DictionaryEntry> entries;
-    const GroupList groups = database.groups(dictionary);
-    for (std::size_t i = 0; i < groups.size(); ++i)
-        if (groups[i].code == groupcode::EntryName && isEntry(groups, i))
-            entries.push_back({std::get<std::u16string>(groups[i].value), std::get<Handle>(groups[i + 1].value)});
-    return entries;
+    return database.dictionaries().entries(dictionary);
 }
 
 RecordId findEntry(const Database &database, RecordId dictionary, std::u16string_view name)
 {
-    const GroupList groups = database.groups(dictionary);
-    const std::size_t place = placeOf(groups, name);
-    if (!isEntry(groups, place))
+    const std::optional<std::size_t> place = database.dictionaries().placeOf(dictionary, name);
+    if (!place)
         return NoRecord;
-    const RecordId id = database.find(std::get<Handle>(groups[place + 1].value));
+    const RecordId id = database.find(database.dictionaries().entries(dictionary)[*place].object);
     return id != NoRecord && !database.record(id).isGone() ? id : NoRecord;
 }
 
 bool putEntry(Database &database, RecordId dictionary, std::u16string_view name, Handle object)
 {
-    GroupList groups = database.groups(dictionary);
-    const std::size_t place = placeOf(groups, name);
-    if (isEntry(groups, place)) {
-        groups[place + 1].value = object;
-    } else {
-        const auto extendedData = std::find_if(groups.begin(), groups.end(),
-                                               [](const Group &group) { return group.code == groupcode::Application; });
-        groups.insert(extendedData, {{groupcode::EntryName, std::u16string(name)}, {groupcode::SoftEntry, object}});
+    DictionaryIndex &index = database.dictionaries();
+    const std::optional<std::size_t> place = index.placeOf(dictionary, name);
+    const GroupList entry{{groupcode::EntryName, std::u16string(name)}, {groupcode::SoftEntry, object}};
+    if (!place && index.growsAtEnd(dictionary)) {
+        const bool isWritten = database.append(dictionary, entry);
+        if (isWritten)
+            index.noteGrown(dictionary);
+        return isWritten;
     }
+    GroupList groups = database.groups(dictionary);
+    if (place)
+        std::next(entryAt(groups, *place))->value = object;
+    else
+        groups.insert(endOfEntries(groups), entry.begin(), entry.end());
     return database.replace(dictionary, groups);
 }
 
 bool removeEntry(Database &database, RecordId dictionary, std::u16string_view name)
 {
-    GroupList groups = database.groups(dictionary);
-    const std::size_t place = placeOf(groups, name);
-    if (!isEntry(groups, place))
+    const std::optional<std::size_t> place = database.dictionaries().placeOf(dictionary, name);
+    if (!place)
         return false;
-    const auto entry = groups.begin() + static_cast<std::ptrdiff_t>(place);
+    GroupList groups = database.groups(dictionary);
+    const auto entry = entryAt(groups, *place);
     groups.erase(entry, entry + 2);
     return database.replace(dictionary, groups);
 }

@@ -9,21 +9,15 @@ namespace drawing {
 
 // Dictionaries: objects that give names to other objects, in the OBJECTS section. Names differ in more than case.
 
-struct DictionaryEntry
-{
-    std::u16string name;
-    Handle object;
-    bool operator==(const DictionaryEntry &) const = default;
-};
-
 // The dictionary that everything is reached from, the first object; NoRecord when there is none.
 RecordId namedObjects(const Database &database);
 RecordId ensureNamedObjects(Database &database);
 
-std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary); // in its order
+// In its order; of a drawing that is not changed meanwhile, DictionaryIndex gives them without a copy.
+std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary);
 // The object with the name, NoRecord when there is none or it is erased.
 RecordId findEntry(const Database &database, RecordId dictionary, std::u16string_view name);
-// Another object for a name that is there; a new name stands last.
+// Another object for a name that is there; a new name stands last, which takes time for it alone.
 bool putEntry(Database &database, RecordId dictionary, std::u16string_view name, Handle object);
 bool removeEntry(Database &database, RecordId dictionary, std::u16string_view name); // the object stays
 

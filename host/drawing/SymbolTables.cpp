@@ -57,8 +57,12 @@ RecordId SymbolTables::start(NameId table) const
         const Record &record = m_database.record(id);
         if (record.kind == RecordKind::SectionEnd || record.kind == RecordKind::SectionStart)
             break;
-        if (record.kind == RecordKind::TableStart && record.name == table)
+        if (record.kind != RecordKind::TableStart)
+            continue;
+        if (record.name == table)
             return id;
+        if (const RecordId end = m_database.knownEndOf(id); end != NoRecord) // not past each of its records
+            id = end;
     }
     return NoRecord;
 }
@@ -96,7 +100,7 @@ RecordId SymbolTables::add(NameId table, const GroupList &groups)
 // The table says how many records it has; programs allocate by it, so it must not be too low.
 void SymbolTables::count(RecordId table, NameId type)
 {
-    const auto needed = static_cast<std::int64_t>(entries(type).size());
+    const auto needed = static_cast<std::int64_t>(m_counts.of(m_database, type));
     GroupList groups = m_database.groups(table);
     for (Group &group : groups) {
         auto *number = std::get_if<std::int64_t>(&group.value);

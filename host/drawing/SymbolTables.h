@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/drawing/Database.h"
+#include "host/drawing/TableCounts.h"
 
 #include <map>
 #include <string>
@@ -36,6 +37,7 @@ private:
     void count(RecordId table, NameId type);
 
     Database &m_database;
+    TableCounts m_counts;
     mutable std::map<NameId, Names> m_byName; // also names that a record no longer has
     mutable std::size_t m_namingsRead = 0;
 };

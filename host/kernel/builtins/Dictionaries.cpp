@@ -56,15 +56,8 @@ Value dictsearch(Machine &machine, Args arguments)
         dictionary != NoRecord ? drawing::findEntry(database, dictionary, arguments.text(1)) : NoRecord;
     if (found == NoRecord)
         return Value::nil();
-    if (arguments[2].isTrue()) {
-        std::size_t place = 0;
-        for (const drawing::DictionaryEntry &entry : drawing::dictionaryEntries(database, dictionary)) {
-            ++place;
-            if (database.find(entry.object) == found)
-                break;
-        }
-        placeIn(machine, dictionary) = place;
-    }
+    if (arguments[2].isTrue())
+        placeIn(machine, dictionary) = *database.dictionaries().placeOf(dictionary, arguments.text(1)) + 1;
     return entityList(machine, drawing, found, entityName(machine, drawing, found));
 }
 
@@ -77,7 +70,7 @@ Value dictnext(Machine &machine, Args arguments)
     std::size_t &place = placeIn(machine, dictionary);
     if (arguments[1].isTrue())
         place = 0;
-    const auto entries = drawing::dictionaryEntries(drawing.database(), dictionary);
+    const auto &entries = drawing.database().dictionaries().entries(dictionary);
     while (place < entries.size()) {
         const RecordId object = drawing.database().find(entries[place++].object);
         if (object != NoRecord && !drawing.database().record(object).isGone())

@@ -5,6 +5,8 @@
 #include "tests/host/drawing/Audit.h"
 #include "tests/host/drawing/SampleDrawing.h"
 
+#include <QString>
+
 #include <gmock/gmock.h>
 
 namespace drawing {
@@ -48,6 +50,94 @@ TEST(Dictionaries, EntriesComeChangeAndGo)
     EXPECT_FALSE(removeEntry(database, root, u"OWN_DATA"));
     database.erase(added);
     EXPECT_EQ(writtenDrawing(database), before);
+}
+
+std::u16string numbered(int number)
+{
+    return u"ENTRY" + QString::number(number).toStdU16String();
+}
+
+// The drawing before each step, and behind the last.
+std::vector<std::string> addStepByStep(Database &database, RecordId dictionary, int from, int to)
+{
+    std::vector<std::string> stages{writtenDrawing(database)};
+    for (int number = from; number < to; ++number) {
+        database.journal().startStep();
+        EXPECT_TRUE(putEntry(database, dictionary, numbered(number), {database.record(dictionary).handle}));
+        stages.push_back(writtenDrawing(database));
+    }
+    return stages;
+}
+
+TEST(Dictionaries, EachEntryIsAStepThatIsUndoneAndRedoneByteForByte)
+{
+    constexpr int Count = 40, Undone = 25;
+    Database database(newDrawing());
+    const RecordId root = namedObjects(database);
+    const std::vector<std::string> stages = addStepByStep(database, root, 0, Count);
+    const auto again = databaseOf(stages.back());
+    EXPECT_EQ(dictionaryEntries(*again, namedObjects(*again)), dictionaryEntries(database, root));
+    for (int step = Count - 1; step >= 0; --step) {
+        EXPECT_EQ(database.journal().undo(), 1);
+        EXPECT_EQ(writtenDrawing(database), stages[static_cast<std::size_t>(step)]);
+        EXPECT_EQ(findEntry(database, root, numbered(step)), NoRecord);
+    }
+    for (std::size_t step = 1; step < stages.size(); ++step) {
+        EXPECT_EQ(database.journal().redo(), 1);
+        EXPECT_EQ(writtenDrawing(database), stages[step]);
+    }
+    database.journal().undo(Undone); // other entries follow those that are left
+    const std::vector<std::string> others = addStepByStep(database, root, 1000, 1010);
+    EXPECT_EQ(findEntry(database, root, u"entry1009"), root);
+    EXPECT_EQ(findEntry(database, root, numbered(Count - 1)), NoRecord);
+    database.journal().undo(10);
+    EXPECT_EQ(writtenDrawing(database), stages[Count - Undone]);
+    database.journal().redo(10);
+    EXPECT_EQ(writtenDrawing(database), others.back());
+}
+
+// Only when the memory that it stands in is full is it copied to a larger one, and no step has a copy of its own.
+TEST(Dictionaries, AGrowingOneIsSeldomCopied)
+{
+    constexpr int Count = 3000, MostCopies = 32;
+    Database database(newDrawing());
+    const RecordId root = namedObjects(database);
+    int copies = 0;
+    const char *place = nullptr;
+    for (int number = 0; number < Count; ++number) {
+        database.journal().startStep();
+        putEntry(database, root, numbered(number), {database.record(root).handle});
+        copies += database.bytes(root).data() != place ? 1 : 0;
+        place = database.bytes(root).data();
+    }
+    EXPECT_LT(copies, MostCopies);
+    EXPECT_EQ(dictionaryEntries(database, root).size(), Count + 5);
+}
+
+TEST(Dictionaries, NewEntriesStandBeforeWhatIsNoEntry)
+{
+    const auto database =
+        databaseOf("0\nSECTION\n2\nOBJECTS\n0\nACDBDICTIONARYWDFLT\n5\nA\n100\nAcDbDictionary\n3\nOld\n"
+                   "350\nB\n100\nAcDbDictionaryWithDefault\n340\nB\n1001\nACAD\n1000\nOld\n0\nXRECORD\n5\n"
+                   "B\n0\nENDSEC\n0\nEOF\n");
+    const RecordId dictionary = database->find({0xA}), object = database->find({0xB});
+    EXPECT_TRUE(putEntry(*database, dictionary, u"New", {0xB}));
+    EXPECT_TRUE(putEntry(*database, dictionary, u"Newer", {0xB}));
+    EXPECT_THAT(
+        writtenDrawing(*database),
+        HasSubstr("3\nOld\n350\nB\n3\nNew\n350\nB\n3\nNewer\n350\nB\n100\nAcDbDictionaryWithDefault\n340\nB\n1001\n"));
+    EXPECT_EQ(findEntry(*database, dictionary, u"newer"), object);
+    EXPECT_TRUE(removeEntry(*database, dictionary, u"New"));
+    EXPECT_EQ(findEntry(*database, dictionary, u"New"), NoRecord);
+    EXPECT_EQ(findEntry(*database, dictionary, u"Newer"), object);
+}
+
+TEST(Dictionaries, CommentsAtTheEndStayThere)
+{
+    const auto database = databaseOf(
+        "0\nSECTION\n2\nOBJECTS\n0\nDICTIONARY\n5\nA\n100\nAcDbDictionary\n999\nfor the next\n0\nENDSEC\n0\nEOF\n");
+    EXPECT_TRUE(putEntry(*database, database->find({0xA}), u"New", {0xA}));
+    EXPECT_THAT(writtenDrawing(*database), HasSubstr("AcDbDictionary\n3\nNew\n350\nA\n999\nfor the next\n0\nENDSEC"));
 }
 
 TEST(Dictionaries, ADrawingWithoutObjectsGetsTheFirst)

@@ -53,6 +53,32 @@ TEST_F(Tables, ANewRecordStandsLastAndIsCounted)
         HasSubstr("CONTINUOUS\n  0\nLAYER\n  5\n30\n  2\nT\xFCren\n 70\n0\n 62\n1\n  6\nCONTINUOUS\n  0\nENDTAB"));
 }
 
+TEST_F(Tables, TheCountFollowsWhatWasErasedAndUndone)
+{
+    const auto count = [this] {
+        return *findValue<std::int64_t>(m_database->groups(m_tables.start(known::Layer)), groupcode::Count);
+    };
+    const auto add = [this](std::u16string name) {
+        m_database->journal().startStep();
+        return m_tables.add(known::Layer, layer(std::move(name)));
+    };
+    add(u"A");
+    const RecordId erased = add(u"B");
+    EXPECT_EQ(count(), 3);
+    m_database->erase(erased);
+    add(u"C");
+    EXPECT_EQ(count(), 3);
+    m_database->restore(erased);
+    add(u"D");
+    EXPECT_EQ(count(), 5);
+    m_database->journal().undo(2);
+    EXPECT_EQ(count(), 3);
+    add(u"E");
+    add(u"F");
+    EXPECT_EQ(count(), 4);
+    EXPECT_EQ(m_tables.entries(known::Layer).size(), 4);
+}
+
 TEST_F(Tables, ATakenOrMissingNameIsRefused)
 {
     EXPECT_EQ(m_tables.add(known::Layer, layer(u"WALLS")), NoRecord);
