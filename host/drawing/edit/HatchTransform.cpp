@@ -1,6 +1,7 @@
 #include "host/drawing/edit/HatchTransform.h"
 
 #include "host/drawing/edit/GroupEditing.h"
+#include "host/drawing/edit/RoleTransform.h"
 
 namespace drawing {
 
@@ -13,17 +14,20 @@ class HatchWalk
 {
 public:
     HatchWalk(const GroupList &groups, const Similarity &similarity)
-        : m_map(similarity, extrusionOf(groups)), m_groups(groups), m_elevation(placeOf(groups, groupcode::FirstX).z)
+        : m_roles(similarity, extrusionOf(groups)), m_groups(groups), m_elevation(placeOf(groups, groupcode::FirstX).z)
     {
     }
 
     GroupList result()
     {
-        for (std::size_t at = 0; at < m_groups.size() && m_groups[at].code < groupcode::ExtendedString; ++at)
-            transform(at);
-        setGroup(m_groups, pointGroup(groupcode::FirstX, {0, 0, m_map.place({0, 0, m_elevation}).z}));
-        if (hasGroup(m_groups, ExtrusionCode) || m_map.extrusion() != Vector{0, 0, 1})
-            setGroup(m_groups, pointGroup(ExtrusionCode, m_map.extrusion()));
+        for (std::size_t at = 0; at < m_groups.size(); ++at)
+            if (m_groups[at].code >= groupcode::ExtendedString)
+                m_roles.applyExtended(m_groups[at]);
+            else
+                transform(at);
+        setGroup(m_groups, pointGroup(groupcode::FirstX, {0, 0, map().place({0, 0, m_elevation}).z}));
+        if (hasGroup(m_groups, ExtrusionCode) || map().extrusion() != Vector{0, 0, 1})
+            setGroup(m_groups, pointGroup(ExtrusionCode, map().extrusion()));
         return std::move(m_groups);
     }
 
@@ -95,7 +99,7 @@ private:
         case Edge::Polyline:
             if (group.code == 10)
                 movePlace(group);
-            else if (group.code == 42 && m_map.mirrors())
+            else if (group.code == 42 && map().mirrors())
                 std::get<double>(group.value) *= -1;
             break;
         case Edge::Line:
@@ -125,10 +129,10 @@ private:
             moveOffset(group);
         } else if (group.code == ClockwiseCode) {
             auto &isCounterClockwise = std::get<std::int64_t>(group.value);
-            if (m_map.mirrors())
+            if (map().mirrors())
                 isCounterClockwise = isCounterClockwise == 0 ? 1 : 0;
         } else if (m_edge == Edge::Arc && group.code == 40) {
-            std::get<double>(group.value) *= m_map.scale();
+            std::get<double>(group.value) *= map().scale();
         } else if (m_edge == Edge::Arc && (group.code == 50 || group.code == 51)) {
             turnArcAngle(std::get<double>(group.value));
         }
@@ -136,17 +140,17 @@ private:
 
     void turnArcAngle(double &angle) const
     {
-        const double turn = m_map.angle(0);
-        angle += m_isClockwise != m_map.mirrors() ? -turn : turn;
+        const double turn = map().angle(0);
+        angle += m_isClockwise != map().mirrors() ? -turn : turn;
     }
 
     void transformPattern(Group &group)
     {
         constexpr int AngleCode = 52, ScaleCode = 41, LineAngleCode = 53, DashCode = 49;
         if (group.code == ScaleCode || group.code == DashCode)
-            std::get<double>(group.value) *= m_map.scale();
+            std::get<double>(group.value) *= map().scale();
         else if (group.code == AngleCode || group.code == LineAngleCode)
-            group.value = m_map.angle(std::get<double>(group.value));
+            group.value = map().angle(std::get<double>(group.value));
         else if (group.code == 43 || group.code == 45)
             m_x = &std::get<double>(group.value);
         else if (group.code == 44 || group.code == 46)
@@ -158,7 +162,7 @@ private:
         if (!m_x)
             return;
         const Vector old{*m_x, std::get<double>(y.value), 0};
-        const Vector moved = y.code == 44 ? m_map.place(old) : m_map.direction(old);
+        const Vector moved = y.code == 44 ? map().place(old) : map().direction(old);
         *m_x = moved.x;
         y.value = moved.y;
         m_x = nullptr;
@@ -167,19 +171,21 @@ private:
     void movePlace(Group &group) const
     {
         auto &point = std::get<Point>(group.value);
-        const Vector moved = m_map.place({point.x, point.y, m_elevation});
+        const Vector moved = map().place({point.x, point.y, m_elevation});
         point.x = moved.x;
         point.y = moved.y;
     }
     void moveOffset(Group &group) const
     {
         auto &point = std::get<Point>(group.value);
-        const Vector moved = m_map.direction({point.x, point.y, 0});
+        const Vector moved = map().direction({point.x, point.y, 0});
         point.x = moved.x;
         point.y = moved.y;
     }
 
-    ObjectSimilarity m_map;
+    const ObjectSimilarity &map() const { return m_roles.object(); }
+
+    RoleTransform m_roles;
     GroupList m_groups;
     double m_elevation;
     Part m_part = Part::Head;

@@ -288,6 +288,39 @@ TEST_F(Transform, PlacesInExtendedDataGoAlong)
     EXPECT_EQ(*findValue<Point>(groups, 1010), (Point{1, 2, 3})); // a value, not a place
 }
 
+TEST_F(Transform, PlacesInTheExtendedDataOfAHatchGoAlong)
+{
+    const GroupList groups{{0, u"HATCH"},
+                           {8, u"0"},
+                           {10, Point{0, 0, 0}},
+                           {210, Point{0, 0, 1}},
+                           {2, u"SOLID"},
+                           {70, std::int64_t{1}},
+                           {71, std::int64_t{0}},
+                           {91, std::int64_t{0}},
+                           {75, std::int64_t{0}},
+                           {76, std::int64_t{1}},
+                           {98, std::int64_t{0}},
+                           {1001, u"ACAD"},
+                           {1010, Point{1, 2, 3}},
+                           {1011, Point{1, 2, 3}},
+                           {1012, Point{1, 2, 3}},
+                           {1013, Point{0, 2, 0}},
+                           {1040, 5.0},
+                           {1041, 5.0},
+                           {1042, 6.0}};
+    const std::optional<GroupList> moved =
+        transformed(groups, {Matrix::translation({10, 0, 0}) * Matrix::scale(2, 2, 2), false});
+    ASSERT_TRUE(moved);
+    EXPECT_EQ(*findValue<Point>(*moved, 1010), (Point{1, 2, 3})); // a value, not a place
+    EXPECT_EQ(*findValue<Point>(*moved, 1011), (Point{12, 4, 6}));
+    EXPECT_EQ(*findValue<Point>(*moved, 1012), (Point{2, 4, 6}));
+    EXPECT_EQ(*findValue<Point>(*moved, 1013), (Point{0, 1, 0}));
+    EXPECT_EQ(*findValue<double>(*moved, 1040), 5);
+    EXPECT_EQ(*findValue<double>(*moved, 1041), 10);
+    EXPECT_EQ(*findValue<double>(*moved, 1042), 12);
+}
+
 TEST_F(Transform, AMirroredTextStaysReadable)
 {
     const Matrix mirror = Matrix::mirror({0, 0, 0}, {1, 0, 0}); // left becomes right
