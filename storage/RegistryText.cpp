@@ -122,14 +122,16 @@ private:
 
     void readKey()
     {
-        std::u16string_view line = restOfLine();
-        line = line.substr(0, line.find_last_not_of(u" \t\r") + 1);
+        const std::u16string_view line = restOfLine();
         const bool removes = line.substr(1).starts_with(u'-');
         const std::size_t start = removes ? 2 : 1;
+        const std::size_t end = line.rfind(u']'); // names may hold brackets
         m_key = Key::Unknown;
-        if (!line.ends_with(u']'))
+        if (end == line.npos)
             throw Fault{"the bracket behind the key is missing"};
-        const std::u16string_view path = line.substr(start, line.size() - 1 - start);
+        m_position += end + 1;
+        endStatement("something stands behind the key");
+        const std::u16string_view path = line.substr(start, end - start);
         if (!isRegistryPath(path) || (removes && isRootName(path)))
             throw Fault{"no such key can be"};
         m_key = removes ? Key::Removed : Key::Open;
@@ -158,7 +160,7 @@ private:
     void readData(const std::u16string &name)
     {
         if (take(u'-')) {
-            endStatement();
+            endStatement("something stands behind the value");
             m_receiver.removeValue(name);
             return;
         }
@@ -183,15 +185,15 @@ private:
         } else {
             throw Fault{"no data of a known form"};
         }
-        endStatement();
+        endStatement("something stands behind the value");
         m_receiver.setValue(name, type, data);
     }
 
-    void endStatement()
+    void endStatement(const char *complaint)
     {
         skipBlanks();
         if (current() != u'\n' && current() != u';')
-            throw Fault{"something stands behind the value"};
+            throw Fault{complaint};
     }
 
     bool takeWord(std::u16string_view word)
@@ -247,11 +249,13 @@ private:
         return type;
     }
 
+    // A comma may stand behind the last byte, but not a backslash too: it says that more bytes follow.
     QByteArray readBytes()
     {
         QByteArray bytes;
         bool isAfterComma = false;
-        for (skipContinuations(); current() != u'\n' && current() != u';'; skipContinuations()) {
+        bool goesOn = skipContinuations();
+        while (current() != u'\n' && current() != u';') {
             if (!bytes.isEmpty() && !isAfterComma)
                 throw Fault{"a comma is missing"};
             const std::uint32_t byte = readNumber();
@@ -260,19 +264,33 @@ private:
             bytes.append(static_cast<char>(byte));
             skipContinuations();
             isAfterComma = take(u',');
+            goesOn = skipContinuations();
         }
-        if (isAfterComma)
-            throw Fault{"a byte is missing behind the last comma"};
+        if (isAfterComma && goesOn)
+            throw Fault{"a byte is missing behind the last backslash"};
         return bytes;
     }
 
-    void skipContinuations()
+    // Whether there are any. Comments may stand between the lines.
+    bool skipContinuations()
     {
+        bool goesOn = false;
         for (skipBlanks(); take(u'\\'); skipBlanks()) {
             skipBlanks();
             if (!take(u'\n'))
                 throw Fault{"a backslash ends a line of bytes"};
             ++m_line;
+            skipComments();
+            goesOn = true;
+        }
+        return goesOn;
+    }
+
+    void skipComments()
+    {
+        for (skipBlanks(); take(u';'); skipBlanks()) {
+            m_position += restOfLine().size();
+            m_line += take(u'\n') ? 1 : 0;
         }
     }
 
@@ -285,6 +303,14 @@ private:
     Key m_key = Key::None;
     std::vector<RegistryTextError> m_errors;
 };
+
+// Without the blanks behind it.
+std::u16string_view takeLine(std::u16string_view &text)
+{
+    const std::u16string_view line = text.substr(0, text.find(u'\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line.substr(0, line.find_last_not_of(u" \t\r") + 1);
+}
 
 bool isWellFormed(std::u16string_view name)
 {
@@ -320,13 +346,14 @@ bool isRegistryPath(std::u16string_view path)
 std::vector<RegistryTextError> readRegistryText(std::u16string_view text, RegistryTextReceiver &receiver,
                                                 AnsiDecoder decodeAnsi)
 {
-    const std::size_t end = std::min(text.find(u'\n'), text.size());
-    const std::u16string_view first = text.substr(0, text.substr(0, end).find_last_not_of(u" \t\r") + 1);
+    int line = 1;
+    std::u16string_view first = takeLine(text);
+    for (; first.empty() && !text.empty(); ++line)
+        first = takeLine(text);
     const bool isOlder = decodeAnsi != nullptr && first == OlderHeader;
     if (!isOlder && first != RegistryTextHeader)
-        return {{1, QStringLiteral("the first line does not say that this is a registry text")}};
-    text.remove_prefix(std::min(end + 1, text.size()));
-    return Parser(text, receiver, 2, Parser::Numbers::OfAnyLength, isOlder ? decodeAnsi : nullptr).run();
+        return {{line, QStringLiteral("the first line does not say that this is a registry text")}};
+    return Parser(text, receiver, line + 1, Parser::Numbers::OfAnyLength, isOlder ? decodeAnsi : nullptr).run();
 }
 
 std::vector<RegistryTextError> readRegistryLines(std::u16string_view text, RegistryTextReceiver &receiver,

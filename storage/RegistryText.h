@@ -18,11 +18,13 @@
 //     @="the unnamed value"
 //     "text"="a \"quoted\" C:\\path"
 //     "number"=dword:0000002a
-//     "bytes"=hex:01,02,03       (a backslash behind a comma lets the bytes go on in the next line)
+//     "bytes"=hex:01,02,03       (a backslash behind a comma lets the bytes go on in the next line that is no comment)
 //     "another type"=hex(7):61,00,00,00,00,00
 //     "gone"=-
 //
-//     [-HKEY_CURRENT_USER\Software\Gone]
+//     [-HKEY_CURRENT_USER\Software\Gone]  ; a comment, which may stand in lines of its own, too
+//
+// What the system's own reader takes besides: blank lines before the first, and a comma behind the last byte.
 
 inline constexpr std::u16string_view RegistryTextHeader = u"Windows Registry Editor Version 5.00";
 

@@ -79,6 +79,11 @@ class Import(Registry):
         self.assert_gives(self.import_text((HEADER + f'[{KEY}]\n"t"="図面"\n').encode()), "")
         self.assertEqual(self.read("t"), '"図面"')
 
+    def test_takes_the_freedoms_that_windows_takes(self):
+        self.assert_gives(self.import_text(("\r\n" + HEADER + "\r\n".join([
+            f"[{KEY}] ; a comment", '"a"=hex:01,02,', '"b"=hex:01,\\', "; a comment", "  02", ""])).encode("utf-16")), "")
+        self.assertEqual([self.read("a"), self.read("b")], ["(3 1 2)", "(3 1 2)"])
+
     def test_errors_name_their_lines_and_nothing_is_taken_over(self):
         outcome = self.import_text(registry_text(f"[{KEY}]", '"a"="1"', '"b"=bad', '"c', '"d"="4"'))
         self.assertEqual(outcome, Outcome(1, "", "lisphost: in.reg: line 5: no data of a known form\n"

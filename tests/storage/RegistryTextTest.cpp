@@ -91,6 +91,44 @@ TEST(RegistryText, BytesGoOnBehindABackslash)
     EXPECT_EQ(valuesOf(u"\"n\"=hex:01,\\\r\n  02,\\\n03\n@=-"), " n=3:010203 =-");
 }
 
+TEST(RegistryText, CommentsMayStandBetweenLinesOfBytes)
+{
+    EXPECT_EQ(valuesOf(u"\"n\"=hex:01,\\\r\n; a comment, 02\r\n  ; another\n  02,\\\n03\n@=-"), " n=3:010203 =-");
+    EXPECT_EQ(errorsOf(u"\"n\"=hex:01,\\\n; a comment\n02\n\"m\"=1"), "7: no data of a known form\n");
+}
+
+TEST(RegistryText, ACommaMayStandBehindTheLastByte)
+{
+    EXPECT_EQ(valuesOf(u"\"n\"=hex:01,02,\n\"m\"=hex(7):00,00 , ; a comment\n@=hex:1,\\\n2,"),
+              " n=3:0102 m=7:0000 =3:0102");
+}
+
+TEST(RegistryText, ACommentMayStandBehindAKey)
+{
+    Recorder recorder;
+    EXPECT_EQ(
+        describe(readRegistryText(Start + u"[HKEY_USERS\\a]b] ; a comment\n[-HKEY_USERS\\b];another\n"s, recorder)),
+        "");
+    EXPECT_EQ(recorder.notes, "[HKEY_CURRENT_USER\\A] [HKEY_USERS\\a]b] [-HKEY_USERS\\b]");
+}
+
+TEST(RegistryText, ANameThatLooksLikeAKeyWithACommentStaysOne)
+{
+    Recorder recorder;
+    EXPECT_EQ(describe(readRegistryText(Start + u"[HKEY_USERS\\a] ; b]\n"s, recorder)), "");
+    EXPECT_EQ(recorder.notes, "[HKEY_CURRENT_USER\\A] [HKEY_USERS\\a] ; b]");
+}
+
+TEST(RegistryText, BlankLinesMayStandBeforeTheFirst)
+{
+    Recorder recorder;
+    EXPECT_EQ(describe(readRegistryText(u"\r\n \t\n"s + Start + u"\"n\"=1", recorder)), "6: no data of a known form\n");
+    EXPECT_EQ(describe(readRegistryText(u"\nREGEDIT4\n\n[HKEY_USERS\\a]"s, recorder, decodeLatin1)), "");
+    EXPECT_EQ(recorder.notes, "[HKEY_CURRENT_USER\\A] [HKEY_USERS\\a]");
+    EXPECT_EQ(describe(readRegistryText(u"\n\n; a comment\n"s + Start, recorder)),
+              "3: the first line does not say that this is a registry text\n");
+}
+
 TEST(RegistryText, BlanksAndCommentsArePassedOver)
 {
     EXPECT_EQ(valuesOf(u"; a comment\n\n   \t\n  \"n\" = hex: 01 , 02  ; a comment\n;[x"), " n=3:0102");
@@ -123,6 +161,8 @@ TEST(RegistryText, SaysWhatIsWrong)
     } rows[] = {
         {u"x", "neither a key, a value nor a comment"},
         {u"[HKEY_CURRENT_USER\\x", "the bracket behind the key is missing"},
+        {u"[HKEY_CURRENT_USER\\x ; a comment", "the bracket behind the key is missing"},
+        {u"[HKEY_CURRENT_USER\\x] y ; a comment", "something stands behind the key"},
         {u"[]", "no such key can be"},
         {u"[HKCU\\x]", "no such key can be"},
         {u"[HKEY_CURRENT_USER\\]", "no such key can be"},
@@ -135,8 +175,12 @@ TEST(RegistryText, SaysWhatIsWrong)
         {u"\"n\"=dword:123456789", "a number of one to eight hexadecimal digits is missing"},
         {u"\"n\"=hex:100", "a byte has two hexadecimal digits"},
         {u"\"n\"=hex:1 2", "a comma is missing"},
-        {u"\"n\"=hex:1,", "a byte is missing behind the last comma"},
+        {u"\"n\"=hex:1,,2", "a number of one to eight hexadecimal digits is missing"},
+        {u"\"n\"=hex:,", "a number of one to eight hexadecimal digits is missing"},
         {u"\"n\"=hex:1,\\", "a backslash ends a line of bytes"},
+        {u"\"n\"=hex:1,\\\n", "a byte is missing behind the last backslash"},
+        {u"\"n\"=hex:1,\\\n; a comment", "a byte is missing behind the last backslash"},
+        {u"\"n\"=hex:1,\\\n; a comment\n\"m\"=-", "a number of one to eight hexadecimal digits is missing"},
         {u"\"n\"=hex(2:1", "')' is missing"},
         {u"\"n\"=hex 1", "':' is missing"},
     };
