@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 // Code comes from nowhere else.
@@ -25,6 +27,8 @@ const QStringList systemFiles = {
     QStringLiteral("/etc/localtime"), QStringLiteral("/dev/urandom"),
 };
 
+constexpr qint64 LongestFirstLine = 256; // of a script, as far as the kernel looks
+
 QString programFile(const QString &program)
 {
     const QString found = QStandardPaths::findExecutable(program);
@@ -33,11 +37,30 @@ QString programFile(const QString &program)
     return QFileInfo(found).canonicalFilePath();
 }
 
+// The program that a script's first line names; empty for other files.
+QString interpreterOf(const QString &program)
+{
+    QFile file(program);
+    if (!file.open(QIODevice::ReadOnly) || file.read(2) != "#!")
+        return {};
+    return QFile::decodeName(file.readLine(LongestFirstLine).simplified().split(' ').front());
+}
+
+// A script is started by its interpreter, which the kernel allows as little as any other program that was not named.
+void checkInterpreter(const QString &program, const std::vector<QString> &allowed)
+{
+    const QString interpreter = interpreterOf(program);
+    if (!interpreter.isEmpty() && !std::ranges::count(allowed, QFileInfo(interpreter).canonicalFilePath()))
+        throw SandboxError(QStringLiteral("%1: its interpreter %2 must be allowed, too").arg(program, interpreter));
+}
+
 std::vector<QString> programFiles(const SandboxOptions &options)
 {
     std::vector<QString> files;
     for (const QString &program : options.runnablePrograms)
         files.push_back(programFile(program));
+    for (const QString &file : files)
+        checkInterpreter(file, files);
     return files;
 }
 

@@ -349,6 +349,30 @@ class Processes(SandboxTest):
         self.assertEqual((outcome.status, outcome.output), (0, "256" "512" "0"), outcome)
         self.assertEqual([path.name for path in self.outside.iterdir()], ["secret.txt"])
 
+    def run_script(self, first_line, *allowed):
+        """Of a program that starts a script, which tells by a file that it runs."""
+        script = self.write("inside/script.sh", f"{first_line}\necho $1 > {self.outside}/made\n")
+        script.chmod(0o755)
+        options = [word for program in (script, *allowed) for word in ("--allow-run", str(program))]
+        return self.run_sandboxed(f'(princ (acet-sys-spawn 1 "{script}" "ran"))', *options,
+                                  "--allow-write", str(self.outside))
+
+    def test_a_script_runs_with_its_interpreter(self):
+        made = self.outside / "made"
+        for first_line, allowed in (("#!/bin/sh", ["sh"]), ("#! /bin/sh -e ", ["sh"]), ("#!/usr/bin/env sh", ["env", "sh"])):
+            with self.subTest(first_line):
+                self.assert_gives(self.run_script(first_line, *allowed), "32")
+                self.assertEqual(made.read_text(), "ran\n")
+                made.unlink()
+
+    def test_a_script_without_its_interpreter_is_a_usage_error(self):
+        for interpreter, allowed in (("/bin/sh", []), ("/bin/sh", ["env"]), ("/no/such/program", ["sh"])):
+            with self.subTest(interpreter, allowed=allowed):
+                self.assert_fails(self.run_script(f"#!{interpreter}", *allowed), 2,
+                                  f"script.sh: its interpreter {interpreter} must be allowed, too\n$")
+        self.assert_gives(self.run_script("#!/usr/bin/env sh", "env"), "32")
+        self.assertFalse((self.outside / "made").exists())
+
     def test_what_is_not_allowed_cannot_be_started_all_the_same(self):
         outcome = self.run_sandboxed('(princ (acet-sys-command "cat /dev/null"))', "--allow-run", "sh")
         self.assertNotEqual(outcome.output, "0")
