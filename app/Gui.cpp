@@ -27,7 +27,7 @@ int runGui(const Options &options)
     QApplication::setStyle(new CheckBoxStyle(QApplication::style()->name())); // which the application owns
     const std::unique_ptr<QObject> desktopColors = followDesktopColors(useColorScheme);
     Host host;
-    host.services().plotter = plotToFile;
+    host.services().plotter = plotterWith(host.services());
     WindowInterface interface(host.services());
     Document &document = host.documents().open();
     loadModules(host, options);

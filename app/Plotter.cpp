@@ -20,9 +20,8 @@ render::PageSetup pageSetup(const commands::PlotJob::Page &page)
     return setup;
 }
 
-} // namespace
-
-bool plotToFile(const drawing::Drawing &drawing, const commands::PlotJob &job, std::u16string &failure)
+bool plotToFile(const drawing::Drawing &drawing, const commands::PlotJob &job, const HostServices &services,
+                std::u16string &failure)
 {
     const std::optional<render::Sheet> sheet = job.page ? render::namedSheet(drawing, job.layout, pageSetup(*job.page))
                                                         : render::namedSheet(drawing, job.layout);
@@ -32,9 +31,28 @@ bool plotToFile(const drawing::Drawing &drawing, const commands::PlotJob &job, s
         failure = u"This cannot be plotted.";
         return false;
     }
+    if (const QString note = cutNote(*sheet); !note.isEmpty())
+        services.warn(note);
     QString reason;
     if (render::writePlot(*sheet, *format, path, reason))
         return true;
     failure = reason.toStdU16String();
     return false;
+}
+
+} // namespace
+
+HostServices::Plotter plotterWith(HostServices &services)
+{
+    return [&services](const drawing::Drawing &drawing, const commands::PlotJob &job, std::u16string &failure) {
+        return plotToFile(drawing, job, services, failure);
+    };
+}
+
+QString cutNote(const render::Sheet &sheet)
+{
+    if (sheet.cutEntities == 0)
+        return {};
+    return QStringLiteral("the plot leaves out parts of %1 object(s): blocks in blocks show too many objects")
+        .arg(sheet.cutEntities);
 }

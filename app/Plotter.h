@@ -1,7 +1,11 @@
 #pragma once
 
-#include "host/commands/PlotJob.h"
-#include "host/drawing/Drawing.h"
+#include "host/kernel/HostServices.h"
+#include "host/render/Sheet.h"
 
-// Draws what a command was told into its file. False, with a reason, when it cannot be written.
-bool plotToFile(const drawing::Drawing &drawing, const commands::PlotJob &job, std::u16string &failure);
+// Draws what a command was told into its file, and warns of what is left out. False, with a reason, when it cannot be
+// written. The services must live as long.
+HostServices::Plotter plotterWith(HostServices &services);
+
+// What a user is told of a sheet that does not show everything; empty: it does.
+QString cutNote(const render::Sheet &sheet);

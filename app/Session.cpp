@@ -34,7 +34,7 @@ void Session::connectServices(const Options &options)
 {
     HostServices &services = m_host.services();
     services.print = [this](std::u16string_view text) { m_output->write(text); };
-    services.plotter = plotToFile;
+    services.plotter = plotterWith(services);
     services.warn = [this](const QString &text) {
         m_console.writeError((QStringLiteral("lisphost: ") + text + u'\n').toStdU16String());
     };
@@ -98,7 +98,7 @@ bool Session::save(QString &failure) const
                                 keepsBackup ? drawing::Backup::Keep : drawing::Backup::None, failure);
 }
 
-bool Session::plot(QString &failure) const
+bool Session::plot(QString &failure)
 {
     if (m_plotFile.isEmpty())
         return true;
@@ -106,8 +106,11 @@ bool Session::plot(QString &failure) const
     const std::optional<render::Sheet> sheet = m_plotLayout.isEmpty()
                                                    ? render::currentSheet(drawing)
                                                    : render::namedSheet(drawing, m_plotLayout.toStdU16String());
-    if (sheet)
+    if (sheet) {
+        if (const QString note = cutNote(*sheet); !note.isEmpty())
+            warn(note);
         return render::writePlot(*sheet, *render::plotFormat(m_plotFile), m_plotFile, failure);
+    }
     failure = QStringLiteral("the drawing has no layout %1").arg(m_plotLayout);
     return false;
 }

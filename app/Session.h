@@ -49,7 +49,7 @@ private:
     void openDocument();
     void warnOfOddities();
     bool save(QString &failure) const;
-    bool plot(QString &failure) const;
+    bool plot(QString &failure);
     int runFile(const QString &path);
     int statusOf(const lisp::LispError &error);
     void connectServices(const Options &options);

@@ -45,8 +45,13 @@ QRectF boundsOf(const std::vector<std::vector<QPointF>> &loops)
 DisplayListBuilder::DisplayListBuilder(const drawing::Drawing &drawing, AppearanceResolver &appearances,
                                        const Projection &projection, DisplayList &list)
     : m_drawing(drawing), m_appearances(appearances), m_projection(projection), m_list(list),
-      m_styles(drawing.database()), m_marks(drawing.database())
+      m_budget(drawing.database()), m_styles(drawing.database()), m_marks(drawing.database())
 {
+}
+
+void DisplayListBuilder::add(drawing::RecordId entity)
+{
+    m_cutEntities += geometry::shapesOf(m_drawing, entity, *this, &m_budget) ? 0 : 1;
 }
 
 bool DisplayListBuilder::begin(const Origin &origin)

@@ -26,7 +26,8 @@ public:
     DisplayListBuilder(const drawing::Drawing &drawing, AppearanceResolver &appearances, const Projection &projection,
                        DisplayList &list);
 
-    void add(drawing::RecordId entity) { geometry::shapesOf(m_drawing, entity, *this); }
+    void add(drawing::RecordId entity);
+    std::size_t cutEntities() const { return m_cutEntities; } // not whole, as they show too much of blocks
 
     void path(const geometry::Path &path, const geometry::Origin &origin) override;
     void area(const geometry::Area &area, const geometry::Origin &origin) override;
@@ -66,6 +67,8 @@ private:
     AppearanceResolver &m_appearances;
     Projection m_projection;
     DisplayList &m_list;
+    geometry::BlockBudget m_budget;
+    std::size_t m_cutEntities = 0;
     TextStyles m_styles;
     PointMarks m_marks;
     Appearance m_appearance; // of the shape that is being added

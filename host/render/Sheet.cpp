@@ -70,14 +70,15 @@ QRectF pageOf(const QSizeF &size)
     return {QPointF(0, 0), size};
 }
 
-Sheet::Part part(const drawing::Drawing &drawing, AppearanceResolver &appearances, const Projection &projection,
-                 const std::vector<RecordId> &entities, ShownSpace::Kind kind)
+void addPart(Sheet &sheet, const drawing::Drawing &drawing, AppearanceResolver &appearances,
+             const Projection &projection, const std::vector<RecordId> &entities, ShownSpace::Kind kind)
 {
     Sheet::Part result{DisplayList(), {kind, projection.toPage, projection.scale, projection.window}};
     DisplayListBuilder builder(drawing, appearances, projection, result.list);
     for (const RecordId entity : entities)
         builder.add(entity);
-    return result;
+    sheet.cutEntities += builder.cutEntities();
+    sheet.parts.push_back(std::move(result));
 }
 
 // So that the area is as large as it can be; a line has no height or no width.
@@ -137,7 +138,7 @@ void addViewport(const drawing::Drawing &drawing, const Viewport &viewport, cons
     Projection projection{fit.toPage * viewport.toPaper, viewport.scale * fit.scale, Tolerance, outline.boundingRect()};
     projection.linetypeScale = areLinetypesOfPaper ? 1 / viewport.scale : 1;
     appearances.setFrozen(viewport.frozenLayers);
-    sheet.parts.push_back(part(drawing, appearances, projection, modelEntities(drawing), ShownSpace::Kind::Viewport));
+    addPart(sheet, drawing, appearances, projection, modelEntities(drawing), ShownSpace::Kind::Viewport);
     ShownSpace &space = sheet.parts.back().space;
     space.outline = outline;
     space.viewport = viewport.entity;
@@ -156,7 +157,7 @@ Sheet paperSheet(const drawing::Drawing &drawing, const PageSetup &setup, const 
             addViewport(drawing, *viewport, fit, appearances, sheet);
     const QRectF page = fit.shown.isEmpty() ? pageOf(fit.size) : fit.shown & pageOf(fit.size);
     const Projection projection{fit.toPage, fit.scale, Tolerance, page};
-    sheet.parts.push_back(part(drawing, appearances, projection, entities, ShownSpace::Kind::Paper));
+    addPart(sheet, drawing, appearances, projection, entities, ShownSpace::Kind::Paper);
     return sheet;
 }
 
@@ -170,7 +171,7 @@ Sheet modelSheet(const drawing::Drawing &drawing)
     Sheet sheet;
     sheet.size = fit.size;
     const Projection projection{fit.toPage, fit.scale, Tolerance, pageOf(fit.size)};
-    sheet.parts.push_back(part(drawing, appearances, projection, entities, ShownSpace::Kind::Model));
+    addPart(sheet, drawing, appearances, projection, entities, ShownSpace::Kind::Model);
     return sheet;
 }
 

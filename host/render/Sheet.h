@@ -22,7 +22,8 @@ struct Sheet
     };
 
     QSizeF size;
-    std::vector<Part> parts; // in drawing order
+    std::vector<Part> parts;     // in drawing order
+    std::size_t cutEntities = 0; // of which something is left out, as they show too much of blocks
     std::uint32_t background = 0xffffff;
 };
 

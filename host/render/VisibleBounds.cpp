@@ -27,7 +27,8 @@ double sizeOf(const geometry::Curve &curve)
 
 VisibleBounds::VisibleBounds(const drawing::Drawing &drawing, AppearanceResolver &appearances,
                              const geometry::Matrix &toPage)
-    : m_drawing(drawing), m_appearances(appearances), m_styles(drawing.database()), m_toPage(toPage)
+    : m_drawing(drawing), m_appearances(appearances), m_budget(drawing.database()), m_styles(drawing.database()),
+      m_toPage(toPage)
 {
 }
 

@@ -14,7 +14,7 @@ class VisibleBounds : public geometry::ShapeSink
 public:
     VisibleBounds(const drawing::Drawing &drawing, AppearanceResolver &appearances, const geometry::Matrix &toPage);
 
-    void add(drawing::RecordId entity) { geometry::shapesOf(m_drawing, entity, *this); }
+    void add(drawing::RecordId entity) { geometry::shapesOf(m_drawing, entity, *this, &m_budget); }
     QRectF bounds() const; // null when nothing is seen
 
     void path(const geometry::Path &path, const geometry::Origin &origin) override;
@@ -34,6 +34,7 @@ private:
 
     const drawing::Drawing &m_drawing;
     AppearanceResolver &m_appearances;
+    geometry::BlockBudget m_budget;
     TextStyles m_styles;
     geometry::Matrix m_toPage;
     geometry::Box m_box;

@@ -69,6 +69,23 @@ class Plot(LispHostTest):
         outcome = self.plot_command('"_.-plot" "_n" "" "" "PNG" "missing/plot" "_n" "_y"')
         self.assertIn("missing/plot.png", outcome.output)
 
+    def test_blocks_that_show_too_much_are_cut_with_a_line_about_it(self):
+        def block(number, entities):
+            return "0\nBLOCK\n8\n0\n2\nB%d\n70\n0\n10\n0\n20\n0\n%s0\nENDBLK\n8\n0\n" % (number, entities)
+
+        def insert(number, x):
+            return "0\nINSERT\n8\n0\n2\nB%d\n10\n%d\n20\n0\n" % (number, x)
+
+        blocks = block(0, "0\nLINE\n8\n0\n10\n0\n20\n0\n11\n1\n21\n1\n")
+        for number in range(40):
+            blocks += block(number + 1, "".join(insert(number, x) for x in range(10)))
+        drawing = "0\nSECTION\n2\nBLOCKS\n%s0\nENDSEC\n0\nSECTION\n2\nENTITIES\n%s0\nENDSEC\n0\nEOF\n"
+        bomb = self.write("bomb.dxf", drawing % (blocks, insert(40, 0)))
+        outcome = self.lisphost("--drawing", bomb, "--plot", "bomb.png", "eval", "1")
+        self.assertEqual((outcome.status, outcome.output), (0, "1\n"))
+        self.assertRegex(outcome.errors, r"\Alisphost: [^\n]*1 object[^\n]*\n\Z")
+        self.assertTrue((self.folder / "bomb.png").exists())
+
     def test_nothing_is_drawn_when_the_program_failed(self):
         outcome = self.lisphost("--plot", "plot.png", "eval", "(car 1)")
         self.assertEqual(outcome.status, 1)

@@ -37,13 +37,24 @@ public:
     virtual bool wantsEveryCopy() const { return true; }
 };
 
+// How much of the blocks may still be shown, of everything that is shown together. Each entity of a block counts as
+// often as blocks stand around it: a few lines of a file, blocks in blocks in blocks, can show more than there is time
+// for. What large drawings show of their blocks is far below.
+struct BlockBudget
+{
+    explicit BlockBudget(const drawing::Database &database);
+
+    std::size_t rest;
+};
+
 // Gives the shapes of an entity, which may be erased. Inserts are resolved, with their arrays and attributes; an
 // insert of a block in itself, at whatever depth, is left out. Paper space is not looked at, nor visibility: invisible
 // entities and layers are the caller's; but invisible attributes of an insert are left out, and the attribute
 // definitions in its block.
 //
 // False when shapes were left out because there were too many for one entity, millions, or blocks nested hundreds deep,
-// as in drawings made to hang programs.
-bool shapesOf(const drawing::Drawing &drawing, drawing::RecordId entity, ShapeSink &sink);
+// as in drawings made to hang programs, or where the budget was spent.
+bool shapesOf(const drawing::Drawing &drawing, drawing::RecordId entity, ShapeSink &sink,
+              BlockBudget *budget = nullptr);
 
 } // namespace geometry

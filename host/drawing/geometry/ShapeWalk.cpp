@@ -73,6 +73,24 @@ bool isHiddenDefinition(const drawing::Database &database, RecordId id)
 
 } // namespace
 
+BlockBudget::BlockBudget(const drawing::Database &database)
+{
+    constexpr std::size_t Usual = 8'000'000, ForEachRecord = 50;
+    rest = Usual + ForEachRecord * database.recordCount();
+}
+
+bool ShapeWalk::takeOne()
+{
+    const std::size_t cost = m_blocks.size();
+    if (m_budget && m_budget->rest < cost)
+        m_rest = 0;
+    if (m_rest == 0)
+        return false;
+    if (m_budget)
+        m_budget->rest -= cost;
+    return --m_rest > 0;
+}
+
 void ShapeWalk::entity(RecordId id)
 {
     const Maker maker = makerOf(database().names().text(database().record(id).type));
@@ -211,9 +229,9 @@ void ShapeWalk::window(Window window)
     m_sink.window(window, origin());
 }
 
-bool shapesOf(const drawing::Drawing &drawing, RecordId entity, ShapeSink &sink)
+bool shapesOf(const drawing::Drawing &drawing, RecordId entity, ShapeSink &sink, BlockBudget *budget)
 {
-    ShapeWalk walk(drawing, sink);
+    ShapeWalk walk(drawing, sink, budget);
     walk.entity(entity);
     return walk.isComplete();
 }

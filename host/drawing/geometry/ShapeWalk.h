@@ -10,7 +10,10 @@ namespace geometry {
 class ShapeWalk
 {
 public:
-    ShapeWalk(const drawing::Drawing &drawing, ShapeSink &sink) : m_drawing(drawing), m_sink(sink) {}
+    ShapeWalk(const drawing::Drawing &drawing, ShapeSink &sink, BlockBudget *budget)
+        : m_drawing(drawing), m_sink(sink), m_budget(budget)
+    {
+    }
 
     void entity(drawing::RecordId id);
     void part(drawing::RecordId id); // an attribute, as a part of the insert at hand
@@ -39,13 +42,14 @@ public:
 
 private:
     Origin origin() const { return {m_entity, m_inserts, &m_matrix}; }
-    bool takeOne() { return m_rest > 0 && --m_rest > 0; }
+    bool takeOne();
 
     static constexpr std::size_t DeepestNesting = 200; // of blocks; each costs stack
 
     const drawing::Drawing &m_drawing;
     ShapeSink &m_sink;
-    Matrix m_matrix; // from the coordinates of the block at hand to the world
+    BlockBudget *m_budget; // null: only this entity's own limit holds
+    Matrix m_matrix;       // from the coordinates of the block at hand to the world
     drawing::RecordId m_entity = drawing::NoRecord;
     std::vector<drawing::RecordId> m_inserts, m_blocks;
     std::size_t m_rest = 4'000'000; // entities and blocks that may still come

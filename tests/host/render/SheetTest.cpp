@@ -4,6 +4,7 @@
 #include "host/render/PlotFile.h"
 #include "host/render/SvgFile.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
@@ -34,6 +35,47 @@ TEST(Sheet, ModelFillsThePageUpToItsBorder)
     EXPECT_NEAR(bounds.right(), 420 * 0.98, 1e-3);
     EXPECT_NEAR(bounds.width() / bounds.height(), 2, 1e-5);
     EXPECT_NEAR(bounds.center().y(), sheet.size.height() / 2, 1e-3);
+}
+
+// Forty blocks, each with the one before ten times: more lines than there are atoms.
+TEST(Sheet, BlocksThatShowTooMuchAreCutAndWhatIsBesideThemIsNot)
+{
+    TestDrawing test;
+    const auto block = [&test](int number) {
+        const std::u16string name = u"B" + QString::number(number).toStdU16String();
+        return drawing::addBlock(test.drawing.database(), test.drawing.tables(), {name});
+    };
+    test.addTo(block(0), u"LINE", u"AcDbLine", {{10, Point{0, 0, 0}}, {11, Point{1, 1, 0}}}, {{8, u"0"}});
+    for (int number = 1; number <= 40; ++number) {
+        const RecordId start = block(number);
+        const std::u16string shown = u"B" + QString::number(number - 1).toStdU16String();
+        for (int place = 0; place < 10; ++place)
+            test.addTo(start, u"INSERT", u"AcDbBlockReference", {{2, shown}, {10, Point{1.0 * place, 0, 0}}},
+                       {{8, u"0"}});
+    }
+    test.insert(u"B40", {}, {{8, u"0"}});
+    test.insert(u"B40", {}, {{8, u"0"}});
+    const RecordId beside = test.line({0, 5, 0}, {9, 5, 0}, {{8, u"0"}});
+    QElapsedTimer timer;
+    timer.start();
+    const Sheet sheet = modelSheet(test.drawing);
+    EXPECT_EQ(sheet.cutEntities, 2U);
+    EXPECT_LT(timer.elapsed(), 60000); // without a limit of all together it takes minutes
+    EXPECT_LT(sheet.parts[0].list.items().size(), 1'000'000U);
+    EXPECT_EQ(sheet.parts[0].list.items().back().entity, beside);
+}
+
+TEST(Sheet, WhatLargeDrawingsShowOfBlocksIsWhole)
+{
+    TestDrawing test;
+    const RecordId start = drawing::addBlock(test.drawing.database(), test.drawing.tables(), {u"Row"});
+    for (int place = 0; place < 100; ++place)
+        test.addTo(start, u"LINE", u"AcDbLine", {{10, Point{1.0 * place, 0, 0}}, {11, Point{1.0 * place, 1, 0}}},
+                   {{8, u"0"}});
+    test.insert(u"Row", {{70, std::int64_t{30}}, {71, std::int64_t{100}}, {44, 100.0}, {45, 2.0}}, {{8, u"0"}});
+    const Sheet sheet = modelSheet(test.drawing);
+    EXPECT_EQ(sheet.cutEntities, 0U);
+    EXPECT_EQ(sheet.parts[0].list.items().size(), 300'000U);
 }
 
 TEST(Sheet, EmptyModelOneOfAPointAndATallOneHavePages)
