@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileAttributes.h"
+#include "tests/support/ExtendedAttributes.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,7 +9,6 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 
 // A directory below the current one: the file system of the build keeps extended attributes, that of /tmp may not.
 class AttributeFixture : public testing::Test
@@ -57,4 +57,15 @@ protected:
 
 private:
     QTemporaryDir m_directory{QDir::current().filePath(QStringLiteral("attributes-XXXXXX"))};
+};
+
+// For what needs the extended attribute.
+class StoredAttributeFixture : public AttributeFixture
+{
+protected:
+    void SetUp() override
+    {
+        if (!keepsExtendedAttributes(QFile::encodeName(path(QString())).constData()))
+            GTEST_SKIP() << "the file system of the build keeps no extended attributes";
+    }
 };

@@ -7,6 +7,10 @@ class GetFileAttributes : public AttributeFixture
 {
 };
 
+class GetStoredFileAttributes : public StoredAttributeFixture
+{
+};
+
 } // namespace
 
 TEST_F(GetFileAttributes, OfANewFileIsArchive)
@@ -38,42 +42,42 @@ TEST_F(GetFileAttributes, ReportsAMissingOwnerWritePermissionAsReadOnly)
     EXPECT_EQ(attributes(file), 33u);
 }
 
-TEST_F(GetFileAttributes, ReadsTheStoredText)
+TEST_F(GetStoredFileAttributes, ReadsTheStoredText)
 {
     const QString file = newFile(u"hidden"_qs);
     ASSERT_TRUE(store(file, "0x22"));
     EXPECT_EQ(attributes(file), 0x22u);
 }
 
-TEST_F(GetFileAttributes, ReadsTheBinaryRecord)
+TEST_F(GetStoredFileAttributes, ReadsTheBinaryRecord)
 {
     const QString file = newFile(u"served"_qs);
     ASSERT_TRUE(store(file, {"\0\0\5\0\5\0\0\0\x11\0\0\0\x06\0\0\0\xd8\x6f\xb5\xb7\xf2\x28\xd5\x01", 24}));
     EXPECT_EQ(attributes(file), 6u);
 }
 
-TEST_F(GetFileAttributes, TakesReadOnlyAndDirectoryFromTheFileSystemAlone)
+TEST_F(GetStoredFileAttributes, TakesReadOnlyAndDirectoryFromTheFileSystemAlone)
 {
     const QString file = newFile(u"liar"_qs);
     ASSERT_TRUE(store(file, "0x33"));
     EXPECT_EQ(attributes(file), 0x22u);
 }
 
-TEST_F(GetFileAttributes, FallsBackOnArchiveWhenTheStoredValueMakesNoSense)
+TEST_F(GetStoredFileAttributes, FallsBackOnArchiveWhenTheStoredValueMakesNoSense)
 {
     const QString file = newFile(u"odd"_qs);
     ASSERT_TRUE(store(file, "rubbish"));
     EXPECT_EQ(attributes(file), 32u);
 }
 
-TEST_F(GetFileAttributes, OfAFileWithoutAnyBitIsNormal)
+TEST_F(GetStoredFileAttributes, OfAFileWithoutAnyBitIsNormal)
 {
     const QString file = newFile(u"plain"_qs);
     ASSERT_TRUE(store(file, "0x0"));
     EXPECT_EQ(attributes(file), 128u);
 }
 
-TEST_F(GetFileAttributes, FollowsASymbolicLink)
+TEST_F(GetStoredFileAttributes, FollowsASymbolicLink)
 {
     ASSERT_TRUE(QFile::link(newFile(u"target"_qs), path(u"link"_qs)));
     ASSERT_TRUE(store(path(u"target"_qs), "0x2"));

@@ -8,9 +8,13 @@ class SetFileAttributes : public AttributeFixture
 {
 };
 
+class SetStoredFileAttributes : public StoredAttributeFixture
+{
+};
+
 } // namespace
 
-TEST_F(SetFileAttributes, ReadOnlyAloneClearsArchive)
+TEST_F(SetStoredFileAttributes, ReadOnlyAloneClearsArchive)
 {
     const QString file = newFile(u"file"_qs);
     EXPECT_TRUE(setAttributes(file, 1));
@@ -28,7 +32,7 @@ TEST_F(SetFileAttributes, ChangesTheOwnersWritePermissionAndNoOther)
     EXPECT_EQ(mode(file), 0664u);
 }
 
-TEST_F(SetFileAttributes, StoresTheOtherBitsAsHexadecimalText)
+TEST_F(SetStoredFileAttributes, StoresTheOtherBitsAsHexadecimalText)
 {
     const QString file = newFile(u"file"_qs);
     EXPECT_TRUE(setAttributes(file, 0x22));
@@ -38,7 +42,7 @@ TEST_F(SetFileAttributes, StoresTheOtherBitsAsHexadecimalText)
     EXPECT_EQ(attributes(file), 7u);
 }
 
-TEST_F(SetFileAttributes, NormalOrNothingClearsAllBits)
+TEST_F(SetStoredFileAttributes, NormalOrNothingClearsAllBits)
 {
     const QString file = newFile(u"file"_qs);
     for (const DWORD nothing : {FILE_ATTRIBUTE_NORMAL, DWORD(0)}) {
@@ -48,7 +52,7 @@ TEST_F(SetFileAttributes, NormalOrNothingClearsAllBits)
     }
 }
 
-TEST_F(SetFileAttributes, IgnoresNormalBesideOtherBits)
+TEST_F(SetStoredFileAttributes, IgnoresNormalBesideOtherBits)
 {
     const QString file = newFile(u"file"_qs);
     EXPECT_TRUE(setAttributes(file, FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_HIDDEN));
@@ -62,7 +66,7 @@ TEST_F(SetFileAttributes, IgnoresBitsThatCannotBeSet)
     EXPECT_EQ(attributes(file), 0x20u);
 }
 
-TEST_F(SetFileAttributes, WorksOnADirectory)
+TEST_F(SetStoredFileAttributes, WorksOnADirectory)
 {
     const QString folder = path(u"folder"_qs);
     ASSERT_TRUE(QDir().mkdir(folder));
