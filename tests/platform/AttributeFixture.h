@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 
 // A directory below the current one: the file system of the build keeps extended attributes, that of /tmp may not.
 class AttributeFixture : public testing::Test
