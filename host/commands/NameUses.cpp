@@ -1,5 +1,8 @@
 #include "host/commands/NameUses.h"
 
+#include "host/drawing/Dictionaries.h"
+#include "host/drawing/entities/Braces.h"
+
 #include <algorithm>
 
 namespace commands {
@@ -9,7 +12,8 @@ using namespace drawing;
 namespace {
 
 constexpr int LinetypeCode = 6, StyleCode = 7, DimensionStyleCode = 3, ExtendedLayerCode = 1003;
-constexpr int ArrowCode = 5, LastArrowCode = 7; // of a dimension style before R2000; later ones have handles
+constexpr int ViewCode = 6, StateLayerCode = 302; // of a page setup; the layer that is current in a layer state
+constexpr int ArrowCode = 5, LastArrowCode = 7;   // of a dimension style before R2000; later ones have handles
 
 constexpr std::u16string_view withDimensionStyle[] = {u"ARC_DIMENSION", u"DIMENSION", u"LARGE_RADIAL_DIMENSION",
                                                       u"LEADER", u"TOLERANCE"};
@@ -46,11 +50,45 @@ NameId tableCalledByTableRecord(int code, NameId table)
     return table == known::Layer && code == LinetypeCode ? known::Linetype : known::None;
 }
 
+constexpr std::u16string_view pageSetups[] = {u"LAYOUT", u"PLOTSETTINGS"};
+
 NameId tableCalledByObject(int code, std::u16string_view type)
 {
     if (type == u"MLINESTYLE" && code == LinetypeCode)
         return known::Linetype;
+    if (isOneOf(type, pageSetups) && code == ViewCode)
+        return known::View;
+    if (type == u"LAYER_FILTER" && code == groupcode::Layer)
+        return known::Layer;
     return type == u"TABLESTYLE" && code == StyleCode ? known::Style : known::None;
+}
+
+NameId tableCalledByLayerState(int code)
+{
+    if (code == groupcode::Layer || code == StateLayerCode)
+        return known::Layer;
+    return code == LinetypeCode ? known::Linetype : known::None;
+}
+
+// Of an object; NoRecord when it names none. Does not read what the object holds, which may be much.
+RecordId ownerOfObject(const Database &database, RecordId object)
+{
+    Braces braces;
+    GroupReader reader = database.reader(object);
+    for (Item item; reader.next(item) && item.code != groupcode::Subclass;)
+        if (!braces.enclose(item) && item.code == groupcode::Owner)
+            return database.find({item.handle});
+    return NoRecord;
+}
+
+// Layer states are records of a kind that may hold anything; the dictionary that they stand in tells them.
+bool isLayerState(const Database &database, RecordId record, std::u16string_view type)
+{
+    if (type != u"XRECORD")
+        return false;
+    const RecordId states = ownerOfObject(database, record);
+    const RecordId above = states != NoRecord ? ownerOfObject(database, states) : NoRecord;
+    return above != NoRecord && findEntry(database, above, u"ACAD_LAYERSTATES") == states;
 }
 
 NameId tableCalledBy(const Record &record, std::u16string_view type, int code)
@@ -81,13 +119,18 @@ std::vector<NameUse> nameUses(const Database &database, RecordId record, const G
 {
     std::vector<NameUse> uses;
     const std::u16string type = database.type(record);
+    const bool isState = isLayerState(database, record, type);
+    const bool onlyTells = isState || type == u"LAYER_FILTER";
     bool hasBlock = false;
     for (std::size_t place = 0; place < groups.size(); ++place) {
-        const NameId table = tableCalledBy(database.record(record), type, groups[place].code);
-        const bool isLaterBlock = table == known::Block && groups[place].code == groupcode::Name && hasBlock;
+        const int code = groups[place].code;
+        const bool isExtended = code >= groupcode::ExtendedString;
+        const NameId table =
+            isState && !isExtended ? tableCalledByLayerState(code) : tableCalledBy(database.record(record), type, code);
+        const bool isLaterBlock = table == known::Block && code == groupcode::Name && hasBlock;
         if (table == known::None || isLaterBlock || !std::holds_alternative<std::u16string>(groups[place].value))
             continue;
-        uses.push_back({place, table});
+        uses.push_back({place, table, isExtended || !onlyTells});
         hasBlock = hasBlock || table == known::Block;
     }
     return uses;

@@ -11,6 +11,7 @@ struct NameUse
 {
     std::size_t place; // among the groups of its record
     drawing::NameId table;
+    bool isNeeded = true; // else it only tells of the record, which may go: layer filters and states do
 };
 
 // Those of a record whose groups these are. Other records are called by their handles.

@@ -55,7 +55,8 @@ void Usage::readRecord(RecordId id)
 {
     const GroupList groups = m_database.groups(id);
     for (const NameUse &use : nameUses(m_database, id, groups))
-        addName(use.table, std::get<std::u16string>(groups[use.place].value));
+        if (use.isNeeded)
+            addName(use.table, std::get<std::u16string>(groups[use.place].value));
     for (const Group &group : groups) {
         const bool isPointer = group.code >= FirstPointer && group.code <= LastPointer && !isOwnership(group.code);
         if (const auto *handle = std::get_if<Handle>(&group.value); handle && isPointer)

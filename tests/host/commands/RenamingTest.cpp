@@ -72,6 +72,41 @@ TEST_F(RenamingNames, ADimensionStyleIsCalledByDimensionsAlone)
     EXPECT_EQ(std::get<std::u16string>(drawing::variable(database(), "$DIMSTYLE")->value), u"D2");
 }
 
+TEST_F(RenamingNames, LayerFiltersAndStatesFollowTheirLayers)
+{
+    evaluate("(command \"_.-layer\" \"_n\" \"A,B\" \"\")"
+             "(setq d (entmakex '((0 . \"DICTIONARY\") (100 . \"AcDbDictionary\"))))"
+             "(setq s (entmakex '((0 . \"DICTIONARY\") (100 . \"AcDbDictionary\"))))"
+             "(setq state (entmakex '((0 . \"XRECORD\") (100 . \"AcDbXrecord\") (301 . \"a\") (302 . \"A\") (8 . \"0\")"
+             " (90 . 4) (8 . \"A\") (90 . 4))))"
+             "(setq other (entmakex '((0 . \"XRECORD\") (100 . \"AcDbXrecord\") (302 . \"A\") (8 . \"A\"))))"
+             "(setq filter (entmakex '((0 . \"LAYER_FILTER\") (100 . \"AcDbFilter\") (100 . \"AcDbLayerFilter\")"
+             " (8 . \"B\") (8 . \"A\"))))"
+             "(dictadd (namedobjdict) \"LAYERS\" d) (dictadd d \"ACAD_LAYERSTATES\" s) (dictadd s \"One\" state)"
+             "(dictadd (namedobjdict) \"OTHER\" other) (dictadd (namedobjdict) \"FILTER\" filter)"
+             "(defun texts (name) (vl-remove-if-not '(lambda (p) (member (car p) '(8 301 302))) (entget name)))");
+    evaluate("(command \"_.-rename\" \"_la\" \"A\" \"C\")");
+    EXPECT_EQ(evaluate("(texts state)"), "((301 . \"a\") (302 . \"C\") (8 . \"0\") (8 . \"C\"))");
+    EXPECT_EQ(evaluate("(texts other)"), "((302 . \"A\") (8 . \"A\"))");
+    EXPECT_EQ(evaluate("(texts filter)"), "((8 . \"B\") (8 . \"C\"))");
+    evaluate("(command \"_.-purge\" \"_la\" \"*\" \"_n\")"); // what only tells of a layer does not need it
+    EXPECT_FALSE(has(drawing::known::Layer, u"B"));
+    EXPECT_FALSE(has(drawing::known::Layer, u"C"));
+}
+
+TEST_F(RenamingNames, PageSetupsFollowTheirViews)
+{
+    evaluate("(entmake '((0 . \"VIEW\") (2 . \"Plan\") (70 . 0) (40 . 1.0) (10 0.0 0.0) (41 . 1.0) (11 0.0 0.0 1.0)"
+             " (12 0.0 0.0 0.0) (42 . 50.0) (43 . 0.0) (44 . 0.0) (50 . 0.0) (71 . 0)))"
+             "(setq setup (entmakex '((0 . \"PLOTSETTINGS\") (100 . \"AcDbPlotSettings\") (1 . \"Plan\")"
+             " (2 . \"none\") (4 . \"\") (6 . \"Plan\"))))"
+             "(dictadd (namedobjdict) \"SETUP\" setup)");
+    ASSERT_TRUE(has(drawing::known::View, u"Plan"));
+    evaluate("(setq view (entget (tblobjname \"VIEW\" \"Plan\")))"
+             "(entmod (subst '(2 . \"Roof\") (assoc 2 view) view))");
+    EXPECT_EQ(evaluate("(list (assoc 1 (entget setup)) (assoc 6 (entget setup)))"), "((1 . \"Plan\") (6 . \"Roof\"))");
+}
+
 TEST_F(RenamingNames, EntmodIsFollowedAsRenameIs)
 {
     evaluate("(command \"_.-layer\" \"_m\" \"Old\" \"\" \"_.line\" '(0 0) '(1 1) \"\")"
