@@ -27,9 +27,10 @@ Command line(Context &context);
 Command point(Context &context);
 Command solid(Context &context);
 
-Command polyline(Context &context);  // PolylineCommand.cpp
-Command rectangle(Context &context); // RectangleCommand.cpp
-Command text(Context &context);      // TextCommand.cpp
+Command polyline(Context &context);        // PolylineCommand.cpp
+Command rectangle(Context &context);       // RectangleCommand.cpp
+Command defineAttribute(Context &context); // AttributeCommand.cpp (ATTDEF)
+Command text(Context &context);            // TextCommand.cpp
 
 // CurveCommands.cpp
 Command circle(Context &context);

@@ -40,8 +40,8 @@ enum Code : int {
     FlagsCode = 70,
 };
 
-constexpr std::int64_t ConstantAttribute = 2; // of an attribute's flags
-constexpr std::int64_t HasAttributes = 2;     // of a block's
+enum AttributeFlag : std::int64_t { ConstantAttribute = 2, VerifiedAttribute = 4, PresetAttribute = 8 };
+constexpr std::int64_t HasAttributes = 2; // of a block's flags
 
 // How a block is put into the drawing.
 struct Insertion
@@ -201,23 +201,38 @@ GroupList attribute(Context &context, const GroupList &definition, const GroupLi
     return groups;
 }
 
-// Each value is asked for with the definition's prompt; with ATTREQ 0 the defaults are taken.
+// With the definition's prompt. Enter takes what stands there.
+Task<std::u16string> askValue(Context &context, const RecordId definition, const std::u16string standard)
+{
+    const GroupList groups = context.database().groups(definition);
+    const std::u16string words = textOf(groups, PromptCode), text = words.empty() ? textOf(groups, TagCode) : words;
+    const std::u16string prompt = text + (standard.empty() ? u"" : u" <" + standard + u">") + u": ";
+    const auto value = co_await context.ask().string({prompt});
+    co_return value.hasValue() ? value.value : standard;
+}
+
+// Those that are not preset are asked for, and then those to be verified once more; with ATTREQ 0 the defaults are
+// taken.
 Task<std::vector<std::u16string>> askValues(Context &context, const std::vector<RecordId> &definitions)
 {
     std::vector<std::u16string> values;
-    const bool asks = context.session().integer(u"ATTREQ") != 0;
-    for (const RecordId definition : definitions) {
-        const GroupList groups = context.database().groups(definition);
-        const std::u16string standard = textOf(groups, ValueCode);
-        values.push_back(standard);
-        if (!asks)
+    std::vector<std::size_t> asked, verified;
+    for (std::size_t index = 0; index < definitions.size(); ++index) {
+        const GroupList groups = context.database().groups(definitions[index]);
+        values.push_back(textOf(groups, ValueCode));
+        const std::int64_t flags = integerOf(groups, FlagsCode);
+        if (context.session().integer(u"ATTREQ") == 0 || (flags & PresetAttribute) != 0)
             continue;
-        const std::u16string text = textOf(groups, PromptCode, textOf(groups, TagCode));
-        const std::u16string prompt = text + (standard.empty() ? u"" : u" <" + standard + u">") + u": ";
-        const auto value = co_await context.ask().string({prompt});
-        if (value.hasValue())
-            values.back() = value.value;
+        asked.push_back(index);
+        if ((flags & VerifiedAttribute) != 0)
+            verified.push_back(index);
     }
+    for (const std::size_t index : asked)
+        values[index] = co_await askValue(context, definitions[index], values[index]);
+    if (!verified.empty())
+        context.say(u"Verify attribute values");
+    for (const std::size_t index : verified)
+        values[index] = co_await askValue(context, definitions[index], values[index]);
     co_return values;
 }
 

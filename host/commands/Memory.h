@@ -18,13 +18,15 @@ struct Memory
         std::u16string name;
     };
 
-    std::vector<ViewState> views;          // for ZOOM Previous
-    std::vector<CoordinateSystem> systems; // for UCS Previous
-    SelectionWays ways;                    // into the last selection
-    Selection erased;                      // for OOPS
-    std::optional<DrawnEnd> drawnEnd;      // of the last line, arc or polyline
-    RecordId text = drawing::NoRecord;     // the last one, for TEXT to go on below
-    std::optional<std::u16string> script;  // that SCRIPT has read and that is to be run now
+    std::vector<ViewState> views;           // for ZOOM Previous
+    std::vector<CoordinateSystem> systems;  // for UCS Previous
+    SelectionWays ways;                     // into the last selection
+    Selection erased;                       // for OOPS
+    std::optional<DrawnEnd> drawnEnd;       // of the last line, arc or polyline
+    RecordId text = drawing::NoRecord;      // the last one, for TEXT to go on below
+    RecordId attribute = drawing::NoRecord; // the same of ATTDEF
+    std::int64_t attributeModes = 0;        // flags of an ATTDEF that the next one gets, too
+    std::optional<std::u16string> script;   // that SCRIPT has read and that is to be run now
 };
 
 } // namespace commands

@@ -149,6 +149,8 @@ TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
                                     "\"_.area\" \"_s\"",
                                     "\"_.text\"",
                                     "\"_.text\" \"_j\"",
+                                    "\"_.-attdef\"",
+                                    "\"_.-attdef\" \"\" \"tag\" \"\" \"\"",
                                     "\"_.ucs\"",
                                     "\"_.ucs\" \"_na\"",
                                     "\"_.color\"",
