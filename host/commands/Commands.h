@@ -81,7 +81,12 @@ Command explode(Context &context);
 
 Command area(Context &context);   // AreaCommand.cpp
 Command offset(Context &context); // OffsetCommand.cpp
-Command style(Context &context);  // StyleCommand.cpp
+
+// MeasureCommands.cpp
+Command identify(Context &context); // ID
+Command distance(Context &context); // DIST
+
+Command style(Context &context); // StyleCommand.cpp
 
 Command purge(Context &context);       // PurgeCommand.cpp
 Command breakObject(Context &context); // BreakCommand.cpp

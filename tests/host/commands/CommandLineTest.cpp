@@ -147,6 +147,8 @@ TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
                                     "\"_.area\"",
                                     "\"_.area\" \"_a\"",
                                     "\"_.area\" \"_s\"",
+                                    "\"_.dist\" \"0,0\"",
+                                    "\"_.dist\" \"0,0\" \"_m\"",
                                     "\"_.text\"",
                                     "\"_.text\" \"_j\"",
                                     "\"_.-attdef\"",

@@ -99,6 +99,53 @@ TEST_F(AreaCommand, WhatHasNoAreaIsSaid)
     EXPECT_EQ(takePrinted(), "\nSelected object does not have an area.\n");
 }
 
+class DistanceCommands : public CommandTest
+{
+};
+
+TEST_F(DistanceCommands, IdTellsAPlaceWhichIsTheLastPointThen)
+{
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.id\" \"1,2.5,3\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("X = 1.0000     Y = 2.5000     Z = 3.0000"));
+    EXPECT_EQ(evaluate("(getvar \"LASTPOINT\")"), "(1.0 2.5 3.0)");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(DistanceCommands, IdWithinAnotherCommandSaysWhereToGoOn)
+{
+    evaluate("(command \"_.line\" \"0,0\" \"'_id\" \"10,0\" \"@0,5\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("LINE"));
+    EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{10, 5, 0}));
+}
+
+TEST_F(DistanceCommands, DistTellsTheWayBetweenTwoPlaces)
+{
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.dist\" \"1,1,0\" \"4,5,-5\")");
+    const std::string printed = takePrinted();
+    EXPECT_THAT(printed, HasSubstr("\nDistance = 7.0711,  Angle in XY Plane = 53,  Angle from XY Plane = 315"));
+    EXPECT_THAT(printed, HasSubstr("\nDelta X = 3.0000,  Delta Y = 4.0000,   Delta Z = -5.0000"));
+    EXPECT_EQ(evaluate("(rtos (getvar \"DISTANCE\") 2 8)"), "\"7.07106781\"");
+    EXPECT_EQ(evaluate("(getvar \"PERIMETER\")"), "0.0");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
+TEST_F(DistanceCommands, DistCountsAnglesFromAngbase)
+{
+    evaluate("(setvar \"ANGBASE\" (/ pi 2)) (setvar \"CMDECHO\" 1) (command \"_.di\" \"0,0\" \"-5,0\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Angle in XY Plane = 90,"));
+}
+
+TEST_F(DistanceCommands, DistAddsUpMultiplePoints)
+{
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.dist\" \"0,0\" \"_m\" \"3,0\" \"50,50\" \"_u\" \"3,4\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Distance = 7.0000"));
+    evaluate("(command \"\")");
+    EXPECT_EQ(evaluate("(getvar \"DISTANCE\")"), "7.0");
+    evaluate("(command \"_.dist\" \"0,0\" \"_m\" \"3,0\" \"3,4\" \"_c\")");
+    EXPECT_EQ(evaluate("(getvar \"DISTANCE\")"), "12.0");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
 class OffsetCommand : public CommandTest
 {
 };
