@@ -80,6 +80,7 @@ constexpr CommandRow table[] = {
     {u"INSERT", insert},
     {u"LAYER", layer},
     {u"LAYOUT", layout},
+    {u"LIMITS", limits},
     {u"LINE", line},
     {u"LINETYPE", linetype},
     {u"MATCHPROP", matchProperties},

@@ -86,7 +86,8 @@ Command offset(Context &context); // OffsetCommand.cpp
 Command identify(Context &context); // ID
 Command distance(Context &context); // DIST
 
-Command style(Context &context); // StyleCommand.cpp
+Command style(Context &context);  // StyleCommand.cpp
+Command limits(Context &context); // LimitsCommand.cpp
 
 Command purge(Context &context);       // PurgeCommand.cpp
 Command breakObject(Context &context); // BreakCommand.cpp

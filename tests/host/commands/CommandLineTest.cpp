@@ -147,6 +147,7 @@ TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
                                     "\"_.area\"",
                                     "\"_.area\" \"_a\"",
                                     "\"_.area\" \"_s\"",
+                                    "\"_.limits\"",
                                     "\"_.dist\" \"0,0\"",
                                     "\"_.dist\" \"0,0\" \"_m\"",
                                     "\"_.text\"",

@@ -50,4 +50,34 @@ TEST_F(VariableCommands, OsnapSetsTheSnapsThatHold)
     EXPECT_EQ(evaluate("(getvar \"OSMODE\")"), "2");
 }
 
+class LimitsCommand : public CommandTest
+{
+protected:
+    std::string corners() { return evaluate("(list (getvar \"LIMMIN\") (getvar \"LIMMAX\"))"); }
+};
+
+TEST_F(LimitsCommand, SetsBothCorners)
+{
+    evaluate("(command \"_.limits\" \"-5,-6\" '(100 200.5))");
+    EXPECT_EQ(corners(), "((-5.0 -6.0) (100.0 200.5))");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    evaluate("(command \"_.u\")");
+    EXPECT_EQ(corners(), "((0.0 0.0) (420.0 297.0))");
+}
+
+TEST_F(LimitsCommand, EnterKeepsACorner)
+{
+    evaluate("(command \"_.limits\" \"\")");
+    EXPECT_EQ(evaluate("(getvar \"LASTPROMPT\")"), "\"Specify upper right corner <420.0000,297.0000>: \"");
+    evaluate("(command \"10,20\" \"_.limits\" \"1,1\" \"\")");
+    EXPECT_EQ(corners(), "((1.0 1.0) (10.0 20.0))");
+}
+
+TEST_F(LimitsCommand, SwitchesTheCheck)
+{
+    EXPECT_EQ(evaluate("(command \"_.limits\" \"_on\") (getvar \"LIMCHECK\")"), "1");
+    EXPECT_EQ(evaluate("(command \"_.limits\" \"_off\") (getvar \"LIMCHECK\")"), "0");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+}
+
 } // namespace
