@@ -27,6 +27,11 @@ Command line(Context &context);
 Command point(Context &context);
 Command solid(Context &context);
 
+// SpatialCommands.cpp
+Command spatialPolyline(Context &context); // 3DPOLY
+Command face(Context &context);            // 3DFACE
+Command spline(Context &context);
+
 Command polyline(Context &context);        // PolylineCommand.cpp
 Command rectangle(Context &context);       // RectangleCommand.cpp
 Command defineAttribute(Context &context); // AttributeCommand.cpp (ATTDEF)
@@ -119,6 +124,7 @@ Command ellipse(Context &context);
 Command polygon(Context &context);
 Command donut(Context &context);
 Command xline(Context &context);
+Command ray(Context &context);
 
 // MatchCommands.cpp
 Command matchProperties(Context &context);

@@ -51,6 +51,18 @@ void addEllipse(Context &context, const Point &centre, double half, double angle
     addEntity(context, groups);
 }
 
+// An XLINE or a RAY.
+void addEndless(Context &context, const std::u16string &type, const std::u16string &marker, const Point &base,
+                double angle)
+{
+    const WorkPlane plane(context.session());
+    drawing::GroupList groups = newEntity(context, type);
+    groups.push_back(textGroup(drawing::groupcode::Subclass, marker));
+    groups.push_back(pointGroup(FirstX, plane.world(base)));
+    groups.push_back(pointGroup(FirstX + 1, plane.toWorld().direction({std::cos(angle), std::sin(angle), 0})));
+    addEntity(context, groups);
+}
+
 } // namespace
 
 Command ellipse(Context &context)
@@ -152,15 +164,20 @@ Command xline(Context &context)
         const auto through = co_await context.ask().point({u"Specify through point: "});
         if (through.isNothing())
             co_return;
-        const WorkPlane plane(context.session());
         const Point base = first.hasValue() ? first.value : through.value;
-        const double direction = first.hasValue() ? angleOf(base, through.value) : angle;
-        drawing::GroupList groups = newEntity(context, u"XLINE");
-        groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbXline"));
-        groups.push_back(pointGroup(FirstX, plane.world(base)));
-        groups.push_back(
-            pointGroup(FirstX + 1, plane.toWorld().direction({std::cos(direction), std::sin(direction), 0})));
-        addEntity(context, groups);
+        addEndless(context, u"XLINE", u"AcDbXline", base, first.hasValue() ? angleOf(base, through.value) : angle);
+    }
+}
+
+Command ray(Context &context)
+{
+    const auto start = co_await context.ask().point({u"Specify start point: ", {}, Enter::Refused});
+    for (;;) {
+        const auto through =
+            co_await context.ask().point({u"Specify through point: ", {}, Enter::Allowed, start.value});
+        if (through.isNothing())
+            co_return;
+        addEndless(context, u"RAY", u"AcDbRay", start.value, angleOf(start.value, through.value));
     }
 }
 

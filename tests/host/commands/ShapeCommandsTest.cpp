@@ -72,4 +72,13 @@ TEST_F(ShapeCommands, EndlessLines)
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
+TEST_F(ShapeCommands, RaysFromOnePoint)
+{
+    evaluate("(command \"_.ray\" \"1,2\" \"4,2\" \"1,7\" \"\")");
+    EXPECT_THAT(types(), ElementsAre("RAY", "RAY"));
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{1, 2, 0}));
+    EXPECT_NEAR(placeOf(lastGroups(), 11).y, 1, 1e-12);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
 } // namespace
