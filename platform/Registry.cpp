@@ -84,10 +84,14 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD, REGSAM access, HKEY *result
         return ERROR_BAD_PATHNAME;
     RegistryStore &store = RegistryStore::instance();
     const std::lock_guard guard(store.mutex());
+    const REGSAM rights = rightsOf(access);
+    *result = store.openAgain(key, below, rights);
+    if (*result != nullptr)
+        return ERROR_SUCCESS;
     RegistryStore::Place place;
     const LSTATUS status = store.locateBelow(key, below, place);
     if (status == ERROR_SUCCESS)
-        *result = store.open(place, below, *place.key, rightsOf(access));
+        *result = store.open(place, below, *place.key, rights);
     return status;
 }
 

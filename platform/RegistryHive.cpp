@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <optional>
 #include <utility>
 
 using std::chrono::milliseconds;
@@ -80,19 +81,6 @@ RegistryHive::RegistryHive(const std::u16string &rootName, const QString &folder
     : m_rootName(rootName), m_notice(notice), m_complete(std::move(complete)),
       m_file(folder + u'/' + QString::fromStdU16String(rootName) + QStringLiteral(".reg"))
 {
-}
-
-RegistryKey &RegistryHive::root()
-{
-    // While this process changes the hive, nobody else does.
-    if (m_depth > 0)
-        return *m_root;
-    const std::optional<RegistryNotice::Moment> now = m_notice.now();
-    if (m_root == nullptr || !now || now != m_seen) {
-        lookAtFile();
-        m_seen = now;
-    }
-    return *m_root;
 }
 
 void RegistryHive::startAnew()

@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 // One root of the registry with all below: a tree in memory that follows its file.
 //
@@ -23,7 +22,13 @@ public:
 
     // The root, up to date with what other processes have changed. Keys found before are gone when the revision is
     // another.
-    RegistryKey &root();
+    RegistryKey &root()
+    {
+        // While this process changes the hive, nobody else does.
+        if (m_depth == 0 && (m_notice.hasNews(m_seen) || m_root == nullptr))
+            lookAtFile();
+        return *m_root;
+    }
     std::uint64_t revision() const { return m_revision; }
 
     // A change: begin, any of the four, end. It gives null, or the reason why nothing was changed, then the hive is
@@ -61,7 +66,7 @@ private:
     std::unique_ptr<RegistryKey> m_root; // null: nothing has been read
     bool m_isComplete = false;
     std::uint64_t m_revision = 0;
-    std::optional<RegistryNotice::Moment> m_seen;
+    RegistryNotice::Moment m_seen;
     std::vector<RegistryTextError> m_errors;
     QString m_failure; // the file's, as long as it cannot be used
     QString m_warned;

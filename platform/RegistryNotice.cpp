@@ -1,6 +1,7 @@
 #include "platform/RegistryNotice.h"
 
 #include <ctime>
+#include <utility>
 
 namespace {
 
@@ -13,13 +14,10 @@ std::int64_t currentSecond()
 
 } // namespace
 
-std::optional<RegistryNotice::Moment> RegistryNotice::now()
+bool RegistryNotice::hasNews(Moment &seen)
 {
-    const std::int64_t current = currentSecond();
-    Moment moment{0, current};
-    if (!isOpen(current) || !m_changes.read(moment.changes))
-        return std::nullopt;
-    return moment;
+    Moment now{0, currentSecond()};
+    return !isOpen(now.second) || !m_changes.read(now.changes) || std::exchange(seen, now) != now;
 }
 
 // Once more in a new file when the number was lost meanwhile.

@@ -2,27 +2,25 @@
 
 #include "platform/SharedNumber.h"
 
-#include <optional>
-
 // A number that all processes which use a registry folder share and change after each change of a hive. Looking at it
 // costs no system call, unlike looking at a file: it stands in a small file of the folder that is mapped into memory,
 // and says nothing that outlives the processes.
 class RegistryNotice
 {
 public:
-    // What was noticed. When a later one differs there may be something new. The time makes it differ once a second,
-    // for files that people change with an editor.
+    // What was noticed. The time makes it differ once a second, for files that people change with an editor.
     struct Moment
     {
-        std::uint64_t changes;
-        std::int64_t second;
+        std::uint64_t changes = 0;
+        std::int64_t second = -1;
 
         bool operator==(const Moment &) const = default;
     };
 
     explicit RegistryNotice(const QString &folder) : m_path(folder + QStringLiteral("/.changes")) {}
 
-    std::optional<Moment> now(); // nothing: it cannot be told, look at the files
+    // Whether there may be something new since that moment, which becomes now. Always when it cannot be told.
+    bool hasNews(Moment &seen);
     void announce();
 
 private:

@@ -4,7 +4,6 @@
 #include "storage/ProfileFolder.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -18,6 +17,11 @@ std::size_t placeOf(HKEY handle)
     return reinterpret_cast<std::uintptr_t>(handle) / HandleStep - 1;
 }
 
+HKEY handleOf(std::size_t place)
+{
+    return reinterpret_cast<HKEY>((place + 1) * HandleStep);
+}
+
 void join(std::u16string &path, std::u16string_view base, std::u16string_view below)
 {
     path.assign(base);
@@ -27,12 +31,6 @@ void join(std::u16string &path, std::u16string_view base, std::u16string_view be
 }
 
 } // namespace
-
-RegistryStore &RegistryStore::instance()
-{
-    static RegistryStore store;
-    return store;
-}
 
 RegistryStore::RegistryStore()
 {
@@ -44,7 +42,6 @@ void RegistryStore::setUp(const QString &folder, const QStringList &keys)
     const QString registryFolder = folder + QStringLiteral("/registry");
     m_openKeys.clear();
     m_closed.clear();
-    m_found = {};
     m_keys = keys;
     m_notice = std::make_unique<RegistryNotice>(registryFolder);
     for (std::size_t root = 0; root < m_hives.size(); ++root)
@@ -71,34 +68,40 @@ RegistryStore::OpenKey *RegistryStore::find(HKEY handle)
     const auto number = reinterpret_cast<std::uintptr_t>(handle);
     if (number == 0 || number % HandleStep != 0 || placeOf(handle) >= m_openKeys.size())
         return nullptr;
-    OpenKey &key = m_openKeys[placeOf(handle)];
-    return key.hive != nullptr ? &key : nullptr;
+    OpenKey *key = m_openKeys[placeOf(handle)].get();
+    return key->isOpen ? key : nullptr;
+}
+
+// Null for handles that are no roots, and for HKEY_CLASSES_ROOT, which is a part of two hives.
+RegistryHive *RegistryStore::hiveOf(HKEY root)
+{
+    if (root == HKEY_CURRENT_USER)
+        return m_hives[CurrentUser].get();
+    if (root == HKEY_LOCAL_MACHINE)
+        return m_hives[LocalMachine].get();
+    if (root == HKEY_USERS)
+        return m_hives[Users].get();
+    return root == HKEY_CURRENT_CONFIG ? m_hives[CurrentConfiguration].get() : nullptr;
 }
 
 bool RegistryStore::locateRoot(HKEY handle, Place &place)
 {
-    if (handle == HKEY_CURRENT_USER)
-        place.hive = m_hives[CurrentUser].get();
-    else if (handle == HKEY_LOCAL_MACHINE || handle == HKEY_CLASSES_ROOT)
-        place.hive = m_hives[LocalMachine].get();
-    else if (handle == HKEY_USERS)
-        place.hive = m_hives[Users].get();
-    else if (handle == HKEY_CURRENT_CONFIG)
-        place.hive = m_hives[CurrentConfiguration].get();
-    else
+    const bool isClasses = handle == HKEY_CLASSES_ROOT;
+    place.hive = isClasses ? m_hives[LocalMachine].get() : hiveOf(handle);
+    if (place.hive == nullptr)
         return false;
-    place.path = handle == HKEY_CLASSES_ROOT ? ClassesPath : std::u16string_view();
+    place.path = isClasses ? ClassesPath : std::u16string_view();
     place.key = findKey(place.hive->root(), place.path);
     return true;
 }
 
 LSTATUS RegistryStore::locate(HKEY handle, REGSAM rights, Place &place)
 {
-    if (locateRoot(handle, place))
-        return place.key != nullptr ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
     OpenKey *open = find(handle);
-    if (open == nullptr)
+    if (open == nullptr && !locateRoot(handle, place))
         return ERROR_INVALID_HANDLE;
+    if (open == nullptr)
+        return place.key != nullptr ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
     if ((open->access & rights) != rights)
         return ERROR_ACCESS_DENIED;
     RegistryKey &root = open->hive->root();
@@ -110,21 +113,8 @@ LSTATUS RegistryStore::locate(HKEY handle, REGSAM rights, Place &place)
     return open->key != nullptr ? ERROR_SUCCESS : ERROR_KEY_DELETED;
 }
 
-bool RegistryStore::isFoundAgain(HKEY handle, std::u16string_view path)
-{
-    if (m_found.key == nullptr || handle != m_found.handle || path.size() != m_found.path.size() ||
-        std::memcmp(path.data(), m_found.path.data(), path.size() * sizeof(char16_t)) != 0)
-        return false;
-    m_found.hive->root(); // which may bring another revision
-    return m_found.revision == m_found.hive->revision();
-}
-
 LSTATUS RegistryStore::locateBelow(HKEY handle, std::u16string_view path, Place &place)
 {
-    if (isFoundAgain(handle, path)) {
-        place = {m_found.hive, m_found.key, {}};
-        return ERROR_SUCCESS;
-    }
     if (handle == HKEY_CLASSES_ROOT && !path.empty()) {
         place.hive = m_hives[CurrentUser].get();
         place.path = ClassesPath;
@@ -140,8 +130,6 @@ LSTATUS RegistryStore::locateBelow(HKEY handle, std::u16string_view path, Place 
     if (below == nullptr)
         return ERROR_FILE_NOT_FOUND;
     place.key = below;
-    if (place.path.empty() && find(handle) == nullptr)
-        m_found = {handle, std::u16string(path), place.hive, place.hive->revision(), below};
     return ERROR_SUCCESS;
 }
 
@@ -149,28 +137,44 @@ HKEY RegistryStore::open(const Place &place, std::u16string_view path, RegistryK
 {
     std::size_t index = m_openKeys.size();
     if (m_closed.empty()) {
-        m_openKeys.emplace_back();
+        m_openKeys.push_back(std::make_unique<OpenKey>());
     } else {
         index = m_closed.back();
         m_closed.pop_back();
     }
-    OpenKey &open = m_openKeys[index];
+    OpenKey &open = *m_openKeys[index];
     open.hive = place.hive;
     open.key = &key;
     open.revision = place.hive->revision();
     open.access = access;
+    open.isOpen = true;
     join(open.path, place.path, path);
-    return reinterpret_cast<HKEY>((index + 1) * HandleStep);
+    return handleOf(index);
+}
+
+HKEY RegistryStore::openAgain(HKEY root, std::u16string_view path, REGSAM access)
+{
+    if (m_closed.empty())
+        return nullptr;
+    const std::size_t index = m_closed.back();
+    OpenKey &last = *m_openKeys[index];
+    if (last.key == nullptr || last.hive != hiveOf(root) || !isSameText(last.path, path))
+        return nullptr;
+    last.hive->root(); // which may bring another revision
+    if (last.revision != last.hive->revision())
+        return nullptr;
+    m_closed.pop_back();
+    last.access = access;
+    last.isOpen = true;
+    return handleOf(index);
 }
 
 LSTATUS RegistryStore::close(HKEY handle)
 {
     OpenKey *open = find(handle);
-    if (open == nullptr) {
-        Place root;
-        return locateRoot(handle, root) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE;
-    }
-    open->hive = nullptr;
+    if (open == nullptr)
+        return handle == HKEY_CLASSES_ROOT || hiveOf(handle) != nullptr ? ERROR_SUCCESS : ERROR_INVALID_HANDLE;
+    open->isOpen = false;
     m_closed.push_back(placeOf(handle));
     return ERROR_SUCCESS;
 }

@@ -6,7 +6,6 @@
 #include <QStringList>
 
 #include <array>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -23,7 +22,11 @@ public:
         std::u16string_view path;   // of the key, below the root of its hive
     };
 
-    static RegistryStore &instance();
+    static RegistryStore &instance()
+    {
+        static RegistryStore store;
+        return store;
+    }
 
     std::mutex &mutex() { return m_mutex; }
     void setUp(const QString &folder, const QStringList &keys);
@@ -34,6 +37,9 @@ public:
     LSTATUS locateBelow(HKEY handle, std::u16string_view path, Place &place);
     // A handle to the key at a path below a place. The key is there.
     HKEY open(const Place &place, std::u16string_view path, RegistryKey &key, REGSAM access);
+    // The same for the key that was closed last, when it is at this path below a root, and still there; else null.
+    // Programs read one value of a key after the other.
+    HKEY openAgain(HKEY root, std::u16string_view path, REGSAM access);
     LSTATUS close(HKEY handle);
 
     // A change of the key that `locate` finds for a place: finds it, begins, finds it again, because others may have
@@ -62,20 +68,12 @@ public:
 private:
     struct OpenKey
     {
-        RegistryHive *hive; // null: closed
-        RegistryKey *key;
+        RegistryHive *hive;
+        RegistryKey *key;       // null: gone
         std::uint64_t revision; // of the hive, when the key was found
         std::u16string path;
         REGSAM access;
-    };
-    // The key that was found last: programs read one value of it after the other.
-    struct FoundKey
-    {
-        HKEY handle = nullptr;
-        std::u16string path;
-        RegistryHive *hive = nullptr;
-        std::uint64_t revision = 0;
-        RegistryKey *key = nullptr;
+        bool isOpen;
     };
     enum Root { CurrentUser, LocalMachine, Users, CurrentConfiguration };
 
@@ -85,16 +83,15 @@ private:
     LSTATUS end(RegistryHive &hive);
     void complete(RegistryKey &root) const;
     OpenKey *find(HKEY handle);
-    bool isFoundAgain(HKEY handle, std::u16string_view path);
+    RegistryHive *hiveOf(HKEY root);
     bool locateRoot(HKEY handle, Place &place);
 
     std::mutex m_mutex;
     QStringList m_keys; // that exist, whatever the files say
     std::unique_ptr<RegistryNotice> m_notice;
     std::array<std::unique_ptr<RegistryHive>, 4> m_hives;
-    std::deque<OpenKey> m_openKeys;    // which stay where they are: a place names the path of one
-    std::vector<std::size_t> m_closed; // places of m_openKeys
-    FoundKey m_found;
+    std::vector<std::unique_ptr<OpenKey>> m_openKeys; // which stay where they are: a place names the path of one
+    std::vector<std::size_t> m_closed;                // places of m_openKeys
     bool m_isBatch = false;
     std::vector<RegistryHive *> m_batch; // hives that it has changed
 };

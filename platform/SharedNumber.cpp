@@ -5,7 +5,6 @@
 #include <QFile>
 
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <mutex>
 #include <sys/mman.h>
@@ -19,37 +18,7 @@ static_assert(SharedNumber::Number::is_always_lock_free, "processes share it, an
 
 const auto pageSize = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
 std::atomic<std::uintptr_t> guardedPage = 0;
-std::atomic<bool> isPageReplaced = false;
 struct sigaction formerAction;
-
-// Gives the access that failed a page of this process's own, and leaves every other error to who was there before.
-void replacePage(int signal, siginfo_t *information, void *)
-{
-    const std::uintptr_t page = guardedPage;
-    const auto address = reinterpret_cast<std::uintptr_t>(information->si_addr);
-    if (information->si_code > 0 && page != 0 && address - page < pageSize &&
-        mmap(reinterpret_cast<void *>(page), pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED,
-             -1, 0) != MAP_FAILED) {
-        isPageReplaced = true;
-        return;
-    }
-    sigaction(signal, &formerAction, nullptr); // the access is made again
-    if (information->si_code <= 0)
-        raise(signal); // it was sent
-}
-
-void guard(void *page)
-{
-    static std::once_flag isInstalled;
-    std::call_once(isInstalled, [] {
-        struct sigaction action = {};
-        action.sa_sigaction = replacePage;
-        action.sa_flags = SA_SIGINFO;
-        sigaction(SIGBUS, &action, &formerAction);
-    });
-    isPageReplaced = false;
-    guardedPage = reinterpret_cast<std::uintptr_t>(page);
-}
 
 // Where others begin to count from is theirs to know: a new file never goes on with the numbers of the one before it.
 std::uint64_t firstNumber()
@@ -58,6 +27,35 @@ std::uint64_t firstNumber()
 }
 
 } // namespace
+
+// Gives the access that failed a page of this process's own, and leaves every other error to who was there before.
+void SharedNumber::replacePage(int signal, siginfo_t *information, void *)
+{
+    const std::uintptr_t page = guardedPage;
+    const auto address = reinterpret_cast<std::uintptr_t>(information->si_addr);
+    if (information->si_code > 0 && page != 0 && address - page < pageSize &&
+        mmap(reinterpret_cast<void *>(page), pageSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED,
+             -1, 0) != MAP_FAILED) {
+        s_isPageReplaced = true;
+        return;
+    }
+    sigaction(signal, &formerAction, nullptr); // the access is made again
+    if (information->si_code <= 0)
+        raise(signal); // it was sent
+}
+
+void SharedNumber::guard(void *page)
+{
+    static std::once_flag isInstalled;
+    std::call_once(isInstalled, [] {
+        struct sigaction action = {};
+        action.sa_sigaction = replacePage;
+        action.sa_flags = SA_SIGINFO;
+        sigaction(SIGBUS, &action, &formerAction);
+    });
+    s_isPageReplaced = false;
+    guardedPage = reinterpret_cast<std::uintptr_t>(page);
+}
 
 bool SharedNumber::open(const QString &path)
 {
@@ -94,20 +92,6 @@ bool SharedNumber::isStill(const QString &path) const
 {
     const FileStamp stamp = FileStamp::of(path);
     return isOpen() && stamp.number == m_fileNumber && stamp.size >= static_cast<std::int64_t>(Size);
-}
-
-bool SharedNumber::isLost()
-{
-    if (!isPageReplaced)
-        return false;
-    close();
-    return true;
-}
-
-bool SharedNumber::read(std::uint64_t &number)
-{
-    number = m_number->load(std::memory_order_acquire);
-    return !isLost();
 }
 
 bool SharedNumber::increase()

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <atomic>
+#include <csignal>
 #include <cstdint>
 
 // A number in a small file that processes share: the file is mapped into memory, so that looking at the number costs no
@@ -26,11 +27,25 @@ public:
     bool isStill(const QString &path) const; // the number of the file that has this name now
 
     // False when the number is lost: it is closed then.
-    bool read(std::uint64_t &number);
+    bool read(std::uint64_t &number)
+    {
+        number = m_number->load(std::memory_order_acquire);
+        return !isLost();
+    }
     bool increase();
 
 private:
-    bool isLost();
+    bool isLost()
+    {
+        if (!s_isPageReplaced)
+            return false;
+        close();
+        return true;
+    }
+    static void guard(void *page);
+    static void replacePage(int signal, siginfo_t *information, void *context);
+
+    static inline std::atomic<bool> s_isPageReplaced = false; // the number's, by one of this process's own
 
     Number *m_number = nullptr;
     std::uint64_t m_fileNumber = 0;

@@ -145,6 +145,25 @@ void openWithoutPath(Case &test)
     }
 }
 
+void openedAgain(Case &test)
+{
+    const NewKey key;
+    const std::u16string path = conformanceKey + std::u16string(u"\\below");
+    const auto open = [&path](HKEY root, REGSAM access, HKEY *result) {
+        return RegOpenKeyExW(root, windowsText(path.c_str()), 0, access, result);
+    };
+    key.add(u"below");
+    HKEY below = nullptr;
+    for (const REGSAM access : {KEY_READ, KEY_ALL_ACCESS, KEY_READ}) {
+        test.expect("opened", 0, open(HKEY_CURRENT_USER, access, &below));
+        test.expect("RegDeleteValueW", access == KEY_READ ? 5 : 2, RegDeleteValueW(below, windowsText(u"x")));
+        RegCloseKey(below);
+    }
+    test.expect("opened below another root", 2, open(HKEY_LOCAL_MACHINE, KEY_READ, &below));
+    test.expect("RegDeleteKeyW", 0, RegDeleteKeyW(key, windowsText(u"below")));
+    test.expect("opened after its removal", 2, open(HKEY_CURRENT_USER, KEY_READ, &below));
+}
+
 void openWithoutResult(Case &test)
 {
     const NewKey key;
@@ -302,6 +321,7 @@ Cases registryKeyCases()
     cases.emplace_back("a closed handle", closedHandle);
     cases.emplace_back("closing a root does nothing", closedRoot);
     cases.emplace_back("opening without a path", openWithoutPath);
+    cases.emplace_back("opening a key again that was closed", openedAgain);
     cases.emplace_back("opening without a place for the handle", openWithoutResult);
     cases.emplace_back("what became of a key to be added", dispositions);
     cases.emplace_back("adding a key with a reserved argument", createWithReserved);

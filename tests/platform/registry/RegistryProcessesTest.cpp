@@ -87,6 +87,23 @@ TEST_F(RegistryProcesses, AKeyThatAnotherProcessRemovesIsGoneFromAnOpenHandle)
     RegCloseKey(key);
 }
 
+TEST_F(RegistryProcesses, AKeyThatAnotherProcessRemovesCannotBeOpenedAgain)
+{
+    constexpr const char16_t *below = u"Software\\Test\\below";
+    const auto open = [] {
+        HKEY key = nullptr;
+        const LSTATUS status = RegOpenKeyExW(HKEY_CURRENT_USER, below, 0, KEY_READ, &key);
+        RegCloseKey(key);
+        return status;
+    };
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, below, 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr);
+    RegCloseKey(key);
+    EXPECT_EQ(open(), 0);
+    ASSERT_TRUE(run([] { return RegDeleteKeyW(HKEY_CURRENT_USER, below) == 0; }));
+    EXPECT_EQ(open(), ERROR_FILE_NOT_FOUND);
+}
+
 TEST_F(RegistryProcesses, TwoProcessesThatWriteAtOnceLoseNothing)
 {
     constexpr int Writers = 4, Values = 60;
