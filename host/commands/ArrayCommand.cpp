@@ -3,6 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/WorkPlane.h"
+#include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/Transform.h"
 #include "host/drawing/geometry/Extents.h"
 
@@ -19,9 +20,14 @@ constexpr int MostCopies = 100000; // what somebody may mean
 
 void addCopies(Context &context, const Selection &originals, const Matrix &matrix)
 {
-    for (const RecordId original : originals)
-        if (drawing::copyTransformed(context.drawing(), original, Similarity{matrix, false}) == drawing::NoRecord)
+    std::vector<drawing::EntityCopy> copies;
+    for (const RecordId original : originals) {
+        const RecordId copy = drawing::copyTransformed(context.drawing(), original, Similarity{matrix, false});
+        if (copy == drawing::NoRecord)
             throw CommandError{u"The object cannot be copied."};
+        copies.push_back({original, copy});
+    }
+    linkCopies(context.drawing(), copies);
 }
 
 Task<int> askCount(Context &context, std::u16string_view prompt)

@@ -8,6 +8,7 @@
 #include "host/commands/SelectObjects.h"
 #include "host/commands/TableRecords.h"
 #include "host/drawing/Blocks.h"
+#include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/Explode.h"
 #include "host/drawing/edit/Transform.h"
 
@@ -325,14 +326,15 @@ Command block(Context &context)
     if (there == drawing::NoRecord)
         throw CommandError{u"The block cannot be made."};
     const drawing::Similarity toBlock{geometry::inverse(geometry::Matrix::translation(plane.world(base.value))), false};
-    std::size_t left = 0;
-    for (const RecordId entity : entities) {
-        if (drawing::copyTransformed(context.drawing(), entity, {there, false}, toBlock) != drawing::NoRecord)
-            database.erase(entity);
-        else
-            ++left;
-    }
-    if (left > 0)
+    std::vector<drawing::EntityCopy> copies;
+    for (const RecordId entity : entities)
+        if (const RecordId copy = drawing::copyTransformed(context.drawing(), entity, {there, false}, toBlock);
+            copy != drawing::NoRecord)
+            copies.push_back({entity, copy});
+    linkCopies(context.drawing(), copies);
+    for (const drawing::EntityCopy &one : copies)
+        database.erase(one.original);
+    if (const std::size_t left = entities.size() - copies.size(); left > 0)
         context.say(shown(std::int64_t(left)) + u" could not be put into the block.");
 }
 

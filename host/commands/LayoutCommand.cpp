@@ -3,6 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/TableRecords.h"
 #include "host/drawing/LayoutEditing.h"
+#include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/Transform.h"
 #include "host/drawing/selection/Candidates.h"
 
@@ -67,8 +68,12 @@ Command copyOption(Context &context)
     if (!copy)
         throw CommandError{u"The layout cannot be made."};
     const RecordId block = findRecord(context, drawing::known::Block, context.database().name(copy->blockRecord));
+    std::vector<drawing::EntityCopy> copies;
     for (const RecordId entity : selection::entitiesOn(context.drawing(), original))
-        drawing::copyEntity(context.drawing(), entity, {block, true});
+        if (const RecordId there = drawing::copyEntity(context.drawing(), entity, {block, true});
+            there != drawing::NoRecord)
+            copies.push_back({entity, there});
+    linkCopies(context.drawing(), copies);
 }
 
 Command newOption(Context &context)

@@ -4,6 +4,7 @@
 #include "host/commands/DimensionText.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/WorkPlane.h"
+#include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/Transform.h"
 
 #include <QString>
@@ -35,11 +36,17 @@ Selection transformAll(Context &context, const Selection &entities, const Matrix
 {
     const Similarity similarity{matrix, context.session().integer(u"MIRRTEXT") != 0};
     Selection changed;
+    std::vector<drawing::EntityCopy> copies;
     for (const RecordId entity : entities) {
         context.session().pulse();
-        if (const RecordId there = transform(context, entity, similarity, originals); there != drawing::NoRecord)
-            changed.push_back(there);
+        const RecordId there = transform(context, entity, similarity, originals);
+        if (there == drawing::NoRecord)
+            continue;
+        changed.push_back(there);
+        if (originals == Originals::Kept)
+            copies.push_back({entity, there});
     }
+    linkCopies(context.drawing(), copies);
     if (const std::size_t left = entities.size() - changed.size(); left > 0)
         context.session().print(QStringLiteral("\n%1 object(s) could not be changed.\n").arg(left).toStdU16String());
     return changed;

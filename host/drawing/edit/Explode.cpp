@@ -1,6 +1,7 @@
 #include "host/drawing/edit/Explode.h"
 
 #include "host/drawing/Blocks.h"
+#include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/PolylineSegments.h"
 #include "host/drawing/edit/Stretch.h"
@@ -47,13 +48,18 @@ std::vector<RecordId> copiesOfBlock(Drawing &drawing, RecordId block, const Matr
 {
     Database &database = drawing.database();
     std::vector<RecordId> copies;
+    std::vector<EntityCopy> links;
     for (const RecordId original : entitiesIn(database, block)) {
-        if (addFromBlock(drawing, original, matrix, where, copies))
-            continue;
-        for (const RecordId copy : copies)
-            database.erase(copy);
-        return {};
+        const std::size_t first = copies.size();
+        if (!addFromBlock(drawing, original, matrix, where, copies)) {
+            for (const RecordId copy : copies)
+                database.erase(copy);
+            return {};
+        }
+        if (copies.size() == first + 1) // else no single one stands for the original
+            links.push_back({original, copies.back()});
     }
+    linkCopies(drawing, links);
     return copies;
 }
 

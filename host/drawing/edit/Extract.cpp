@@ -3,6 +3,7 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
 #include "host/drawing/DrawingWriter.h"
+#include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/Transform.h"
 
@@ -89,6 +90,7 @@ std::unique_ptr<Drawing> extractedEntities(const Drawing &drawing, const std::ve
     // Both have the same entities in the same order.
     const std::vector<RecordId> originals = entitiesIn(drawing.database(), drawing.database().section(known::Entities));
     const std::vector<RecordId> copies = entitiesIn(database, database.section(known::Entities));
+    std::vector<EntityCopy> links;
     for (std::size_t place = 0; place < std::min(originals.size(), copies.size()); ++place) {
         if (wanted.count(originals[place]) == 0) {
             eraseAll(database, {copies[place]});
@@ -99,9 +101,12 @@ std::unique_ptr<Drawing> extractedEntities(const Drawing &drawing, const std::ve
             kept = copyEntity(*part, kept, {database.section(known::Entities), false});
             database.erase(copies[place]);
         }
-        if (kept != NoRecord)
-            moveTo(*part, kept, base);
+        if (kept == NoRecord)
+            continue;
+        moveTo(*part, kept, base);
+        links.push_back({copies[place], kept});
     }
+    linkCopies(*part, links);
     eraseOtherSpaces(*part);
     return part;
 }
@@ -115,11 +120,15 @@ std::unique_ptr<Drawing> extractedBlock(const Drawing &drawing, RecordId block)
     eraseOtherSpaces(*part);
     const RecordId copy = part->tables().find(known::Block, name);
     const geometry::Vector base = placeOf(database.groups(copy), groupcode::FirstX);
+    std::vector<EntityCopy> links;
     for (const RecordId entity : entitiesIn(database, copy)) {
         const RecordId moved = copyEntity(*part, entity, {ensureEntities(database), false});
-        if (moved != NoRecord)
-            moveTo(*part, moved, base);
+        if (moved == NoRecord)
+            continue;
+        moveTo(*part, moved, base);
+        links.push_back({entity, moved});
     }
+    linkCopies(*part, links);
     if (!isInserted(*part, name))
         eraseBlock(database, part->tables(), copy);
     return part;
