@@ -10,6 +10,7 @@
 #include "host/drawing/Blocks.h"
 #include "host/drawing/edit/CopyLinks.h"
 #include "host/drawing/edit/Explode.h"
+#include "host/drawing/edit/Stretch.h"
 #include "host/drawing/edit/Transform.h"
 
 #include <algorithm>
@@ -237,12 +238,14 @@ Task<std::vector<std::u16string>> askValues(Context &context, const std::vector<
     co_return values;
 }
 
-// The parts of an object; those of an insert may have another size, which their dimensions show.
+// The parts of an object; those of an insert may have another size, which their dimensions show when it is the same in
+// all directions.
 std::vector<RecordId> exploded(Context &context, RecordId entity)
 {
     const GroupList groups = context.database().groups(entity);
     const bool isInsert = context.database().record(entity).type == drawing::known::Insert;
-    const double scale = isInsert ? drawing::Similarity{drawing::insertMatrix(context.drawing(), groups)}.scale() : 1;
+    const geometry::Matrix matrix = isInsert ? drawing::insertMatrix(context.drawing(), groups) : geometry::Matrix();
+    const double scale = drawing::isSimilarity(matrix) ? drawing::Similarity{matrix}.scale() : 1;
     const std::vector<RecordId> parts = drawing::explodeEntity(context.drawing(), entity);
     for (const RecordId part : parts)
         showNewMeasurement(context, part, scale);

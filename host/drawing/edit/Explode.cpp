@@ -6,6 +6,7 @@
 #include "host/drawing/edit/PolylineSegments.h"
 #include "host/drawing/edit/Stretch.h"
 #include "host/drawing/edit/Transform.h"
+#include "host/drawing/entities/EntityMaking.h"
 
 #include <algorithm>
 
@@ -25,22 +26,84 @@ enum Code : int {
     RowsCode = 71
 };
 
-// Adds what the original is at its place outside of the block; false when it cannot be there.
-bool addFromBlock(Drawing &drawing, RecordId original, const Matrix &matrix, const Destination &where,
-                  std::vector<RecordId> &copies)
+void eraseAll(Database &database, const std::vector<RecordId> &entities)
 {
-    const auto add = [&copies](RecordId copy) {
-        if (copy != NoRecord)
-            copies.push_back(copy);
-        return copy != NoRecord;
+    for (const RecordId entity : entities)
+        database.erase(entity);
+}
+
+void addStretchedAttributes(Drawing &drawing, RecordId original, const Matrix &matrix, RecordId insert)
+{
+    for (const RecordId part : partsOf(drawing.database(), original)) {
+        const std::vector<GroupList> groups =
+            isShapedAnew(drawing.database(), part)
+                ? stretched(drawing, part, matrix)
+                : std::vector<GroupList>{groupsForCopy(drawing.database().groups(part))};
+        for (const GroupList &one : groups)
+            addPart(drawing, insert, one);
+    }
+}
+
+// What becomes of an entity that is stretched: as many entities as it takes; none when it cannot be.
+std::vector<RecordId> addStretched(Drawing &drawing, RecordId original, const Matrix &matrix, const Destination &where)
+{
+    std::vector<RecordId> added;
+    for (const GroupList &one : stretched(drawing, original, matrix)) {
+        const RecordId record = addEntityTo(drawing, one, where);
+        if (record == NoRecord) {
+            eraseAll(drawing.database(), added);
+            return {};
+        }
+        added.push_back(record);
+    }
+    if (!added.empty() && drawing.database().record(original).type == known::Insert)
+        addStretchedAttributes(drawing, original, matrix, added.front());
+    return added;
+}
+
+// Of a dimension its picture is stretched entity by entity; it shows the length that it has shown, as it may measure
+// another way now.
+RecordId addStretchedDimension(Drawing &drawing, RecordId original, const Matrix &matrix, const Destination &where)
+{
+    constexpr int MeasurementCode = 42;
+    Database &database = drawing.database();
+    const RecordId copy = copyEntity(drawing, original, where);
+    if (copy == NoRecord)
+        return NoRecord;
+    const GroupList groups = database.groups(copy);
+    if (std::optional<GroupList> moved = transformed(groups, {matrix, false})) {
+        if (const Group *measurement = findGroup(groups, MeasurementCode))
+            setGroup(*moved, *measurement);
+        database.replace(copy, *moved);
+    }
+    const RecordId picture = pictureOf(drawing, groups);
+    for (const RecordId shown : picture != NoRecord ? entitiesIn(database, picture) : std::vector<RecordId>()) {
+        const std::vector<RecordId> added = isShapedAnew(database, shown)
+                                                ? addStretched(drawing, shown, matrix, {picture, false})
+                                                : std::vector<RecordId>();
+        if (!added.empty())
+            database.erase(shown);
+        else
+            transformEntity(drawing, shown, {matrix, false});
+    }
+    return copy;
+}
+
+// Adds what the original is at its place outside of the block; none when it cannot be there.
+std::vector<RecordId> addFromBlock(Drawing &drawing, RecordId original, const Matrix &matrix, const Destination &where)
+{
+    const auto only = [](RecordId copy) {
+        return copy != NoRecord ? std::vector<RecordId>{copy} : std::vector<RecordId>();
     };
     if (matrix == Matrix())
-        return add(copyEntity(drawing, original, where));
-    if (isSimilarity(matrix) || !isShapedAnew(drawing.database(), original))
-        return add(copyTransformed(drawing, original, where, {matrix, false}));
-    const std::vector<GroupList> parts = stretched(drawing.database(), original, matrix);
-    return !parts.empty() &&
-           std::ranges::all_of(parts, [&](const GroupList &part) { return add(addEntityTo(drawing, part, where)); });
+        return only(copyEntity(drawing, original, where));
+    if (isSimilarity(matrix))
+        return only(copyTransformed(drawing, original, where, {matrix, false}));
+    if (isShapedAnew(drawing.database(), original))
+        return addStretched(drawing, original, matrix, where);
+    if (drawing.database().type(original) == u"DIMENSION")
+        return only(addStretchedDimension(drawing, original, matrix, where));
+    return only(copyTransformed(drawing, original, where, {matrix, false}));
 }
 
 // The entities of a block, copied out of it and put to their places; none when one of them cannot be.
@@ -50,14 +113,14 @@ std::vector<RecordId> copiesOfBlock(Drawing &drawing, RecordId block, const Matr
     std::vector<RecordId> copies;
     std::vector<EntityCopy> links;
     for (const RecordId original : entitiesIn(database, block)) {
-        const std::size_t first = copies.size();
-        if (!addFromBlock(drawing, original, matrix, where, copies)) {
-            for (const RecordId copy : copies)
-                database.erase(copy);
+        const std::vector<RecordId> added = addFromBlock(drawing, original, matrix, where);
+        if (added.empty()) {
+            eraseAll(database, copies);
             return {};
         }
-        if (copies.size() == first + 1) // else no single one stands for the original
-            links.push_back({original, copies.back()});
+        copies.insert(copies.end(), added.begin(), added.end());
+        if (added.size() == 1) // else no single one stands for the original
+            links.push_back({original, added.front()});
     }
     linkCopies(drawing, links);
     return copies;

@@ -1,7 +1,12 @@
 #include "host/drawing/edit/Stretch.h"
 
 #include "host/drawing/edit/GroupEditing.h"
+#include "host/drawing/edit/PlaneMap.h"
 #include "host/drawing/edit/PolylineSegments.h"
+#include "host/drawing/edit/Rewriting.h"
+#include "host/drawing/edit/RoleTransform.h"
+#include "host/drawing/edit/StretchedHatch.h"
+#include "host/drawing/edit/StretchedText.h"
 #include "host/drawing/edit/Transform.h"
 
 #include <algorithm>
@@ -42,16 +47,8 @@ GroupList stretchedEllipse(GroupList groups, const Matrix &matrix)
     const Vector major = placeOf(groups, 11);
     const Vector normal = extrusionOf(groups);
     const Vector minor = geometry::cross(normal, major) * realOf(groups, 40, 1);
-    const Vector u = matrix.direction(major), v = matrix.direction(minor);
-    const double turn = 0.5 * std::atan2(2 * dot(u, v), dot(u, u) - dot(v, v));
-    Vector a = u * std::cos(turn) + v * std::sin(turn), b = v * std::cos(turn) - u * std::sin(turn);
-    double start = realOf(groups, 41) - turn, end = realOf(groups, 42, geometry::FullTurn) - turn;
-    if (length(b) > length(a)) {
-        std::swap(a, b);
-        b = -b;
-        start -= geometry::FullTurn / 4;
-        end -= geometry::FullTurn / 4;
-    }
+    const auto [a, b, turn] = principalAxes(matrix.direction(major), matrix.direction(minor));
+    const double start = realOf(groups, 41) - turn, end = realOf(groups, 42, geometry::FullTurn) - turn;
     const double shift = std::floor(start / geometry::FullTurn) * geometry::FullTurn;
     setGroup(groups, pointGroup(groupcode::FirstX, matrix.place(placeOf(groups, groupcode::FirstX))));
     setGroup(groups, pointGroup(11, a));
@@ -110,6 +107,17 @@ std::vector<GroupList> stretchedSegments(const Database &database, RecordId poly
     return parts;
 }
 
+// With places and lengths in extended data where they go.
+GroupList groupsForStretching(const Database &database, RecordId entity, const Matrix &matrix)
+{
+    const RoleTransform roles({matrix, false}, {0, 0, 1});
+    GroupList groups = groupsForCopy(database.groups(entity));
+    for (Group &group : groups)
+        if (group.code >= groupcode::ExtendedString)
+            roles.applyExtended(group);
+    return groups;
+}
+
 bool isRound(std::u16string_view type)
 {
     return type == u"CIRCLE" || type == u"ARC" || type == u"ELLIPSE";
@@ -133,25 +141,28 @@ bool isSimilarity(const Matrix &matrix)
 bool isShapedAnew(const Database &database, RecordId entity)
 {
     const std::u16string type = database.type(entity);
-    return isRound(type) || type == u"INSERT" || hasArcs(database, entity);
+    return isRound(type) || isTextType(type) || type == u"HATCH" || type == u"INSERT" || hasArcs(database, entity);
 }
 
-std::vector<GroupList> stretched(const Database &database, RecordId entity, const Matrix &matrix)
+std::vector<GroupList> stretched(const Drawing &drawing, RecordId entity, const Matrix &matrix)
 {
+    const Database &database = drawing.database();
     const std::u16string type = database.type(entity);
-    if (type == u"INSERT") {
-        const RecordId next = database.record(entity).next;
-        const bool hasAttributes = next != NoRecord && database.record(next).container == entity;
-        const std::optional<GroupList> insert =
-            hasAttributes ? std::nullopt : stretchedInsert(groupsForCopy(database.groups(entity)), matrix);
-        return insert ? std::vector<GroupList>{*insert} : std::vector<GroupList>();
-    }
+    const auto only = [](std::optional<GroupList> one) {
+        return one ? std::vector<GroupList>{std::move(*one)} : std::vector<GroupList>();
+    };
+    if (type == u"INSERT")
+        return only(stretchedInsert(groupsForStretching(database, entity, matrix), matrix));
+    if (isTextType(type))
+        return only(stretchedText(drawing, groupsForCopy(database.groups(entity)), matrix));
+    if (type == u"HATCH")
+        return only(stretchedHatch(groupsForCopy(database.groups(entity)), matrix));
     if (database.isBefore2000())
         return {};
     if (!isRound(type))
         return stretchedSegments(database, entity, matrix);
-    const GroupList groups = database.groups(entity);
-    return {stretchedEllipse(type == u"ELLIPSE" ? groupsForCopy(groups) : asEllipse(groups), matrix)};
+    const GroupList groups = groupsForStretching(database, entity, matrix);
+    return {withExtendedDataOf(groups, stretchedEllipse(type == u"ELLIPSE" ? groups : asEllipse(groups), matrix))};
 }
 
 } // namespace drawing

@@ -15,9 +15,9 @@ bool isSimilarity(const geometry::Matrix &matrix);
 // Whether an entity becomes another one by stretching. All others are what they are, with their points elsewhere.
 bool isShapedAnew(const Database &database, RecordId entity);
 
-// What such an entity becomes: circles and arcs become ellipses, polylines with arcs their segments, and inserts get
-// other scales. None when that cannot be: before R2000, which knows no ellipses; inserts that would be sheared or have
-// attributes.
-std::vector<GroupList> stretched(const Database &database, RecordId entity, const geometry::Matrix &matrix);
+// What such an entity becomes: circles and arcs become ellipses, polylines with arcs their segments, inserts get other
+// scales, and letters and hatches are stretched. Of an insert with attributes it gives the insert alone. None when that
+// cannot be: before R13, which knows no ellipses; inserts that would be sheared.
+std::vector<GroupList> stretched(const Drawing &drawing, RecordId entity, const geometry::Matrix &matrix);
 
 } // namespace drawing

@@ -168,6 +168,48 @@ TEST_F(BlockCommands, AnAsteriskInsertsTheObjectsThemselves)
     EXPECT_THAT(types(), ElementsAre("LINE", "CIRCLE"));
 }
 
+TEST_F(BlockCommands, ExplodeStretchesLettersAndAttributesOfInsertsInTheBlock)
+{
+    addAttribute();
+    evaluate("(setvar \"ATTREQ\" 1) (command \"_.-insert\" \"Door\" '(4 0) 1 1 0 \"12\" \"_.text\" '(0 0) 2 0 \"words\""
+             " \"_.-block\" \"Wall\" '(0 0) \"_all\" \"\" \"_.-insert\" \"Wall\" '(10 0) 3 2 0"
+             " \"_.explode\" \"_l\")");
+    EXPECT_THAT(types(), ElementsAre("INSERT", "TEXT"));
+    EXPECT_DOUBLE_EQ(realOf(lastGroups(), 40), 4);
+    EXPECT_DOUBLE_EQ(realOf(lastGroups(), 41), 1.5);
+    EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{10, 0, 0}));
+    evaluate("(setq insert (entget (ssname (ssget \"_X\" '((0 . \"INSERT\"))) 0)) attribute (entget (entnext (cdr (car "
+             "insert)))))");
+    EXPECT_EQ(evaluate("(list (cdr (assoc 41 insert)) (cdr (assoc 42 insert)) (cdr (assoc 10 insert)))"),
+              "(3.0 2.0 (22.0 0.0 0.0))");
+    EXPECT_EQ(evaluate("(list (cdr (assoc 1 attribute)) (cdr (assoc 40 attribute)) (cdr (assoc 41 attribute))"
+                       " (cdr (assoc 10 attribute)))"),
+              "(\"12\" 1.0 1.5 (22.0 2.0 0.0))");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(BlockCommands, ExplodeStretchesThePictureOfADimensionWhichShowsWhatItMeasured)
+{
+    evaluate("(command \"_.dimlinear\" '(0 0) '(4 0) '(0 3) \"_.-block\" \"Dim\" '(0 0) \"_l\" \"\""
+             " \"_.-insert\" \"Dim\" '(10 0) 3 2 0 \"_.explode\" \"_l\")");
+    EXPECT_THAT(types(), ElementsAre("DIMENSION"));
+    const drawing::GroupList dimension = lastGroups();
+    EXPECT_EQ(placeOf(dimension, 14), (Vector{22, 0, 0}));
+    EXPECT_DOUBLE_EQ(realOf(dimension, 42), 4);
+    const auto picture = m_document.drawing().tables().find(drawing::known::Block, textOf(dimension, 2));
+    ASSERT_NE(picture, drawing::NoRecord);
+    bool hasText = false;
+    for (const drawing::RecordId id : drawing::entitiesIn(database(), picture)) {
+        const drawing::GroupList groups = database().groups(id);
+        if (const std::u16string type = textOf(groups, 0); type != u"MTEXT" && type != u"TEXT")
+            continue;
+        hasText = true;
+        EXPECT_THAT(QString::fromStdU16String(textOf(groups, 1)).toStdString(), testing::EndsWith("4.00"));
+    }
+    EXPECT_TRUE(hasText);
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
 TEST_F(BlockCommands, ExplodeMakesLinesAndArcsOfAPolyline)
 {
     evaluate("(command \"_.pline\" \"0,0\" \"10,0\" \"_a\" \"10,10\" \"_l\" \"_c\") (command \"_.explode\" (entlast))");

@@ -58,11 +58,11 @@ TEST_F(CopyLinks, EachItemOfAnArrayLeadsToItself)
 
 TEST_F(CopyLinks, WhatGoesIntoABlockAndComesOutOfItLeadsToItself)
 {
-    evaluate("(command \"_.-block\" \"Both\" '(0 0) a b \"\" \"_.-insert\" \"Both\" '(5 5) 2 2 30)");
+    evaluate("(command \"_.-block\" \"Both\" '(0 0) a b \"\" \"_.-insert\" \"Both\" '(5 5) 2 1 30)");
     EXPECT_EQ(evaluate("(setq a1 (tblobjname \"BLOCK\" \"Both\") a1 (entnext a1) b1 (entnext a1))"
                        "(list (leads a1 b1 hb) (leads b1 a1 ha))"),
               "(T T)");
-    evaluate("(command \"_.explode\" (entlast))");
+    evaluate("(command \"_.explode\" (entlast))"); // the circle becomes an ellipse
     EXPECT_EQ(newestLeadToEachOther(), "(T T)");
     evaluate("(command \"_.-insert\" \"*Both\" '(5 5) 1 0)");
     EXPECT_EQ(newestLeadToEachOther(), "(T T)");

@@ -5,6 +5,7 @@
 #include "host/drawing/edit/Stretch.h"
 #include "host/drawing/entities/EntityMaking.h"
 #include "host/drawing/geometry/EntityShapes.h"
+#include "host/drawing/geometry/TextLayouts.h"
 
 #include <gtest/gtest.h>
 
@@ -494,7 +495,7 @@ TEST_F(Transform, TheColumnsAndRowsOfAnInsertKeepTheirWayWhenItsScalesAreNegativ
     std::vector<Vector> expected = placesOf(m_drawing, insert);
     for (Vector &place : expected)
         place = matrix.place(place);
-    const std::vector<GroupList> made = stretched(m_drawing.database(), insert, matrix);
+    const std::vector<GroupList> made = stretched(m_drawing, insert, matrix);
     ASSERT_EQ(made.size(), 1U);
     const std::vector<Vector> found = placesOf(m_drawing, addEntity(m_drawing, made.front()));
     EXPECT_EQ(found.size(), expected.size());
@@ -504,6 +505,198 @@ TEST_F(Transform, TheColumnsAndRowsOfAnInsertKeepTheirWayWhenItsScalesAreNegativ
     const std::size_t perInsert = expected.size() / 4;
     for (std::size_t place = 0; place < expected.size(); place += perInsert)
         EXPECT_LT(farthest({expected[place]}, found), 1e-9);
+}
+
+TEST_F(Transform, StretchedLettersStandWhereTheMatrixTakesThem)
+{
+    const GroupList start{{0, u"TEXT"}, {8, u"0"}, {10, Point{3, 1, 2}}, {40, 2.0}, {1, u"text"}};
+    const GroupList variants[] = {
+        {},
+        {{50, 30.0}, {41, 0.7}, {51, 15.0}},
+        {{50, 200.0}, {51, 340.0}, {71, std::int64_t{2}}, {210, Point{0, 0.6, 0.8}}},
+        {{72, std::int64_t{1}}, {11, Point{7, 3, 2}}, {73, std::int64_t{2}}, {210, Point{0, 0, -1}}},
+        {{72, std::int64_t{5}}, {11, Point{7, 3, 2}}, {50, 26.0}},
+    };
+    std::uniform_real_distribution<double> number(-3, 3);
+    for (int round = 0; round < 50; ++round)
+        for (const GroupList &variant : variants) {
+            const Matrix matrix{{number(m_random), number(m_random), number(m_random)},
+                                {number(m_random), number(m_random), number(m_random)},
+                                {number(m_random), number(m_random), number(m_random)},
+                                {number(m_random), number(m_random), number(m_random)}};
+            GroupList groups = start;
+            groups.insert(groups.end(), variant.begin(), variant.end());
+            const RecordId text = addEntity(m_drawing, groups);
+            const std::vector<GroupList> made = stretched(m_drawing, text, matrix);
+            ASSERT_EQ(made.size(), 1U);
+            const std::vector<Vector> old = placesOf(m_drawing, text);
+            const std::vector<Vector> found = placesOf(m_drawing, addEntity(m_drawing, made.front()));
+            ASSERT_EQ(found.size(), old.size());
+            for (std::size_t place = 0; place < old.size(); ++place)
+                EXPECT_LT(length(found[place] - matrix.place(old[place])), 1e-6) << &variant - variants;
+        }
+}
+
+// The corners of a paragraph's letters.
+class Ink final : public geometry::ShapeSink
+{
+public:
+    explicit Ink(const Drawing &drawing) : m_drawing(drawing) {}
+    std::vector<Vector> corners;
+
+    void paragraphs(const geometry::Paragraphs &paragraphs, const geometry::Origin &) override
+    {
+        if (const auto ink =
+                geometry::inkCorners(paragraphs, geometry::textStyleOf(m_drawing.database(), paragraphs.style)))
+            corners.assign(ink->begin(), ink->end());
+    }
+
+private:
+    const Drawing &m_drawing;
+};
+
+std::vector<Vector> inkOf(const Drawing &drawing, RecordId paragraphs)
+{
+    Ink ink(drawing);
+    geometry::shapesOf(drawing, paragraphs, ink);
+    return ink.corners;
+}
+
+TEST_F(Transform, AStretchedParagraphHasItsWidthFromCodes)
+{
+    const Matrix matrix = Matrix::translation({1, 2, 3}) * Matrix::scale(3, 2, 1);
+    for (const char16_t *string : {u"plain", u"\\W0.5;half", u"one \\\\W2; two", u"{\\W2;wide} thin"}) {
+        const RecordId text = addEntity(m_drawing, {{0, u"MTEXT"},
+                                                    {100, u"AcDbEntity"},
+                                                    {8, u"0"},
+                                                    {100, u"AcDbMText"},
+                                                    {10, Point{4, 5, 0}},
+                                                    {40, 2.0},
+                                                    {41, 100.0},
+                                                    {71, std::int64_t{5}},
+                                                    {1, string}});
+        const std::vector<GroupList> made = stretched(m_drawing, text, matrix);
+        ASSERT_EQ(made.size(), 1U);
+        EXPECT_DOUBLE_EQ(*findValue<double>(made.front(), 40), 4);
+        EXPECT_DOUBLE_EQ(*findValue<double>(made.front(), 41), 300);
+        const std::vector<Vector> old = inkOf(m_drawing, text),
+                                  found = inkOf(m_drawing, addEntity(m_drawing, made.front()));
+        ASSERT_EQ(old.size(), 4U);
+        ASSERT_EQ(found.size(), 4U);
+        for (std::size_t corner = 0; corner < old.size(); ++corner)
+            EXPECT_LT(length(found[corner] - matrix.place(old[corner])), 1e-9);
+    }
+}
+
+// Boundaries of all kinds of edges, an arc that runs clockwise among them, and a pattern of dashes.
+const GroupList hatch{{0, u"HATCH"},
+                      {100, u"AcDbEntity"},
+                      {8, u"0"},
+                      {100, u"AcDbHatch"},
+                      {10, Point{0, 0, 2}},
+                      {210, Point{0, 0, 1}},
+                      {2, u"OWN"},
+                      {70, std::int64_t{0}},
+                      {71, std::int64_t{0}},
+                      {91, std::int64_t{3}},
+                      {92, std::int64_t{3}}, // a polyline with an arc
+                      {72, std::int64_t{1}},
+                      {73, std::int64_t{1}},
+                      {93, std::int64_t{3}},
+                      {10, Point{0, 0, 0, 2}},
+                      {42, 0.5},
+                      {10, Point{20, 0, 0, 2}},
+                      {42, 0.0},
+                      {10, Point{20, 20, 0, 2}},
+                      {42, -0.25},
+                      {97, std::int64_t{0}},
+                      {92, std::int64_t{2}}, // one without
+                      {72, std::int64_t{0}},
+                      {73, std::int64_t{1}},
+                      {93, std::int64_t{3}},
+                      {10, Point{6, 4, 0, 2}},
+                      {10, Point{9, 4, 0, 2}},
+                      {10, Point{9, 7, 0, 2}},
+                      {97, std::int64_t{0}},
+                      {92, std::int64_t{0}}, // a line and arcs of both kinds
+                      {93, std::int64_t{3}},
+                      {72, std::int64_t{1}},
+                      {10, Point{12, 5, 0, 2}},
+                      {11, Point{16, 5, 0, 2}},
+                      {72, std::int64_t{2}},
+                      {10, Point{15, 5, 0, 2}},
+                      {40, 1.0},
+                      {50, 0.0},
+                      {51, 90.0},
+                      {73, std::int64_t{1}},
+                      {72, std::int64_t{3}},
+                      {10, Point{15, 5, 0, 2}},
+                      {11, Point{-3, 0, 0, 2}},
+                      {40, 1.0 / 3},
+                      {50, 0.0},
+                      {51, 90.0},
+                      {73, std::int64_t{0}},
+                      {97, std::int64_t{0}},
+                      {75, std::int64_t{0}},
+                      {76, std::int64_t{0}},
+                      {52, 45.0},
+                      {41, 1.0},
+                      {77, std::int64_t{0}},
+                      {78, std::int64_t{1}},
+                      {53, 45.0},
+                      {43, 1.0},
+                      {44, 2.0},
+                      {45, -0.5},
+                      {46, 0.5},
+                      {79, std::int64_t{2}},
+                      {49, 0.5},
+                      {49, -0.25},
+                      {98, std::int64_t{1}},
+                      {10, Point{1, 1, 0, 2}}};
+
+class Areas final : public geometry::ShapeSink
+{
+public:
+    std::vector<geometry::Area> areas;
+    void area(const geometry::Area &area, const geometry::Origin &) override { areas.push_back(area); }
+};
+
+geometry::Area areaOf(const Drawing &drawing, RecordId hatched)
+{
+    Areas found;
+    geometry::shapesOf(drawing, hatched, found);
+    return found.areas.at(0);
+}
+
+TEST_F(Transform, AStretchedHatchHasItsBoundariesAndPatternStretched)
+{
+    std::uniform_real_distribution<double> number(0.5, 3);
+    for (int round = 0; round < 50; ++round) {
+        SCOPED_TRACE(round);
+        const double side = round % 2 == 0 ? 1 : -1; // a mirror or not
+        const Matrix matrix = Matrix::rotation(number(m_random)) *
+                              Matrix::scale(side * number(m_random), number(m_random), number(m_random)) *
+                              Matrix::rotation(number(m_random)) * Matrix::translation({number(m_random), 2, 3});
+        const RecordId original = addEntity(m_drawing, hatch);
+        const std::vector<GroupList> made = stretched(m_drawing, original, matrix);
+        ASSERT_EQ(made.size(), 1U);
+        const RecordId copy = addEntity(m_drawing, made.front());
+        std::vector<Vector> expected = placesOf(m_drawing, original);
+        for (Vector &place : expected)
+            place = matrix.place(place);
+        const std::vector<Vector> found = placesOf(m_drawing, copy);
+        EXPECT_EQ(found.size(), expected.size());
+        EXPECT_LT(farthest(found, expected), 1e-7);
+        EXPECT_LT(farthest(expected, found), 1e-7);
+        const geometry::PatternLine line = areaOf(m_drawing, original).pattern.at(0),
+                                    there = areaOf(m_drawing, copy).pattern.at(0);
+        EXPECT_LT(length(there.base - matrix.place(line.base)), 1e-9);
+        EXPECT_LT(length(there.offset - matrix.direction(line.offset)), 1e-9);
+        for (std::size_t dash = 0; dash < line.dashes.size(); ++dash)
+            EXPECT_LT(
+                length(there.direction * there.dashes.at(dash) - matrix.direction(line.direction * line.dashes[dash])),
+                1e-9);
+    }
 }
 
 TEST_F(Transform, TheMeasurementOfADimensionGrowsWithIt)
