@@ -54,6 +54,12 @@ RecordId ensureNamedObjects(Database &database)
         {{groupcode::Type, u"DICTIONARY"}, {groupcode::Owner, Handle{0}}, {groupcode::Subclass, u"AcDbDictionary"}});
 }
 
+Handle ownerOfUnnamed(const Database &database)
+{
+    const RecordId root = namedObjects(database);
+    return {root != NoRecord ? database.record(root).handle : 0};
+}
+
 std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary)
 {
     return database.dictionaries().entries(dictionary);

@@ -12,6 +12,9 @@ namespace drawing {
 // The dictionary that everything is reached from, the first object; NoRecord when there is none.
 RecordId namedObjects(const Database &database);
 RecordId ensureNamedObjects(Database &database);
+// The owner of an object that no dictionary has a name for: the first one. Without an owner it would be a fault. A null
+// handle when there is none.
+Handle ownerOfUnnamed(const Database &database);
 
 // In its order; of a drawing that is not changed meanwhile, DictionaryIndex gives them without a copy.
 std::vector<DictionaryEntry> dictionaryEntries(const Database &database, RecordId dictionary);

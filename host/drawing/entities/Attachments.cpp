@@ -72,6 +72,16 @@ RecordId dictionaryOf(const Database &database, Handle handle)
     return isThere ? dictionary : NoRecord;
 }
 
+// The first dictionary has also what it has no name for.
+bool isOwned(const Database &database, RecordId object, Handle owner)
+{
+    if (owner.value == 0 || owner != ownerOfUnnamed(database))
+        return owner.value != 0;
+    const auto &entries = database.dictionaries().entries(namedObjects(database));
+    const Handle handle{database.record(object).handle};
+    return std::ranges::find(entries, handle, &DictionaryEntry::object) != entries.end();
+}
+
 // `record` is NoRecord for one that is yet to be made.
 bool canOwn(const Database &database, RecordId record, Handle handle)
 {
@@ -81,7 +91,8 @@ bool canOwn(const Database &database, RecordId record, Handle handle)
     GroupList groups = database.groups(dictionary);
     const auto group = ownerIn(groups);
     const Handle nobody, *owner = group != groups.end() ? std::get_if<Handle>(&group->value) : &nobody;
-    return owner && (owner->value == 0 || (record != NoRecord && owner->value == database.record(record).handle));
+    return owner && (!isOwned(database, dictionary, *owner) ||
+                     (record != NoRecord && owner->value == database.record(record).handle));
 }
 
 bool isThere(const Database &database, Handle handle)
@@ -168,7 +179,7 @@ void ownExtensionDictionary(Database &database, RecordId record, RecordId before
     if (dictionary == before)
         return;
     if (before != NoRecord && !database.record(before).isGone())
-        setOwner(database, before, {});
+        setOwner(database, before, ownerOfUnnamed(database));
     if (dictionary != NoRecord)
         setOwner(database, dictionary, {database.record(record).handle});
 }

@@ -103,6 +103,11 @@ bool canHoldEntities(const Database &database, std::u16string_view type)
     return !database.isBefore2000() || std::ranges::binary_search(oldEntityTypes, type);
 }
 
+bool canHoldObjects(const Database &database)
+{
+    return !database.isBefore2000();
+}
+
 bool isObjectType(const Database &database, std::u16string_view type)
 {
     return std::ranges::binary_search(objectTypes, type) ||

@@ -11,6 +11,7 @@ namespace drawing {
 bool isEntityType(const Database &database, std::u16string_view type);
 // Whether drawings of this version have entities of the type; one that it declares is of R13 or later.
 bool canHoldEntities(const Database &database, std::u16string_view type);
+bool canHoldObjects(const Database &database); // from R13 on
 bool isObjectType(const Database &database, std::u16string_view type);
 bool isTableRecordType(std::u16string_view type); // without those of blocks, which come with their blocks
 

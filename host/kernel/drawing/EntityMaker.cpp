@@ -58,7 +58,8 @@ RecordId addNewObject(drawing::Drawing &drawing, const GroupList &list)
     GroupList groups{{groupcode::Type, typeOf(list)}};
     const GroupList attachments = drawing::attachmentsForNew(drawing, list), own = drawing::withoutAttachments(list);
     groups.insert(groups.end(), attachments.begin(), attachments.end());
-    groups.push_back({groupcode::Owner, drawing::Handle{0}});
+    drawing::ensureNamedObjects(drawing.database());
+    groups.push_back({groupcode::Owner, drawing::ownerOfUnnamed(drawing.database())});
     std::copy_if(own.begin(), own.end(), std::back_inserter(groups), [](const Group &group) {
         return group.code != groupcode::Type && group.code != groupcode::Handle && group.code != groupcode::Owner;
     });
@@ -96,7 +97,7 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
     if (isPart(type))
         return fail();
     if (drawing::isObjectType(m_drawing.database(), type))
-        return added(addNewObject(m_drawing, list));
+        return drawing::canHoldObjects(m_drawing.database()) ? added(addNewObject(m_drawing, list)) : fail();
     const bool isTableRecord = drawing::isTableRecordType(type);
     const bool isFine = drawing::hasValidValues(m_drawing, type, list) && usesKnownApplications(list);
     const bool isKeptForLater = m_isInBlock || hasParts(list);

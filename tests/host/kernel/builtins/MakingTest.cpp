@@ -52,6 +52,30 @@ TEST_F(Making, ofAnObjectAddsItToTheObjects)
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
+TEST_F(Making, ofAnObjectThatNothingTakesLeavesADrawingWithoutFaults)
+{
+    evaluate("(setq lone (entmakex '((0 . \"XRECORD\") (100 . \"AcDbXrecord\") (1 . \"x\"))))"
+             "(setq d (entmakex '((0 . \"DICTIONARY\") (100 . \"AcDbDictionary\"))))"
+             "(dictadd d \"IN\" (entmakex '((0 . \"XRECORD\") (100 . \"AcDbXrecord\") (1 . \"y\"))))");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+    EXPECT_EQ(evaluate("(eq (cdr (assoc 330 (entget lone))) (namedobjdict))"), "T");
+    EXPECT_EQ(evaluate("(dictsearch (namedobjdict) \"IN\")"), "nil");
+    EXPECT_NE(evaluate("(dictadd d \"LATER\" lone)"), "nil");
+    EXPECT_EQ(evaluate("(eq (cdr (assoc 330 (entget lone))) d)"), "T");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(Making, ofAnObjectIsRefusedWhereDrawingsHaveNone)
+{
+    openEmptyDrawing("AC1009");
+    const std::size_t count = database().recordCount();
+    EXPECT_EQ(evaluate("(entmakex '((0 . \"DICTIONARY\") (100 . \"AcDbDictionary\")))"), "nil");
+    EXPECT_EQ(evaluate("(entmake '((0 . \"XRECORD\") (100 . \"AcDbXrecord\") (1 . \"x\")))"), "nil");
+    EXPECT_EQ(database().recordCount(), count);
+    openEmptyDrawing("AC1012");
+    EXPECT_NE(evaluate("(entmakex '((0 . \"DICTIONARY\") (100 . \"AcDbDictionary\")))"), "nil");
+}
+
 // Whether entmake of a line with this group, or these, makes one.
 class ValuesOfALine : public CommandTest, public testing::WithParamInterface<const char *>
 {
