@@ -1,9 +1,10 @@
 // Dimensions: DIMLINEAR, DIMALIGNED, DIMRADIUS, DIMDIAMETER, and the same within DIM and DIM1.
 
 #include "host/commands/Commands.h"
-#include "host/commands/DimensionPicture.h"
-#include "host/commands/DimensionText.h"
+#include "host/commands/DimensionVariables.h"
 #include "host/commands/NewEntity.h"
+#include "host/drawing/dimensions/DimensionDrawing.h"
+#include "host/drawing/dimensions/DimensionText.h"
 #include "host/drawing/edit/CurveWay.h"
 
 #include <algorithm>
@@ -88,27 +89,36 @@ std::u16string shownLength(Context &context, const LinearDimension &dimension)
 {
     const double angle = dimension.lineAngle();
     const Vector along{std::cos(angle), std::sin(angle), 0};
-    return dimensionText(context, std::abs(dot(dimension.second - dimension.first, along)), {});
+    return drawing::dimensionText(currentStyle(context), std::abs(dot(dimension.second - dimension.first, along)), {});
 }
 
-GroupList commonDimension(Context &context, const DimensionPicture &picture, std::int64_t type, const Vector &line,
-                          const Vector &text, const DimensionLabel &label, double measurement)
+// `line` and `text` are in the user's coordinates.
+GroupList commonDimension(Context &context, std::int64_t type, const Vector &line, const Vector &text,
+                          const DimensionLabel &label)
 {
-    constexpr std::int64_t OwnBlock = 32, MiddleCentre = 5;
+    constexpr std::int64_t MiddleCentre = 5;
     const WorkPlane plane(context.session());
     GroupList groups = newEntity(context, u"DIMENSION");
     groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbDimension"));
-    groups.push_back(textGroup(2, picture.blockName()));
     groups.push_back(pointGroup(10, plane.world({line.x, line.y, line.z})));
     groups.push_back(pointGroup(11, plane.object({text.x, text.y, text.z})));
-    groups.push_back(integerGroup(70, type | OwnBlock));
+    groups.push_back(integerGroup(70, type));
     groups.push_back(textGroup(1, label.text));
     groups.push_back(integerGroup(71, MiddleCentre));
-    groups.push_back(realGroup(42, measurement));
     groups.push_back(textGroup(3, context.session().text(u"DIMSTYLE")));
+    if (const double turn = degrees(-plane.objectAngle(0)); turn != 0)
+        groups.push_back(realGroup(51, turn));
     if (plane.normal() != Vector{0, 0, 1})
         groups.push_back(pointGroup(210, plane.normal()));
     return groups;
+}
+
+void addDimension(Context &context, GroupList groups)
+{
+    giveCurrentStyle(context, groups);
+    const RecordId dimension = addEntity(context, groups);
+    if (!drawing::drawDimension(context.drawing(), dimension, currentStyle(context)))
+        throw CommandError{u"The picture of the dimension cannot be made."};
 }
 
 // The file has the angle from how the text would stand otherwise.
@@ -122,23 +132,11 @@ void addLinear(Context &context, const LinearDimension &dimension)
 {
     constexpr std::int64_t Rotated = 0, Aligned = 1;
     const double angle = dimension.lineAngle();
-    const Vector along{std::cos(angle), std::sin(angle), 0}, across{-along.y, along.x, 0};
-    const Vector firstFoot = dimension.first + across * dot(dimension.at - dimension.first, across);
-    const Vector secondFoot = dimension.second + across * dot(dimension.at - dimension.second, across);
-    const double measurement = length(secondFoot - firstFoot);
-
-    DimensionPicture picture(context);
-    picture.extensionLine(dimension.first, firstFoot, u"DIMSE1");
-    picture.extensionLine(dimension.second, secondFoot, u"DIMSE2");
-    const Vector text = picture.dimensionLine(
-        firstFoot, secondFoot, dimensionText(context, measurement, dimension.label.text), dimension.label.angle);
-    for (const Vector &place : {dimension.first, dimension.second, secondFoot})
-        picture.definitionPoint(place);
-
+    const Vector across{-std::sin(angle), std::cos(angle), 0};
+    const Vector foot = dimension.second + across * dot(dimension.at - dimension.second, across);
     const bool isAligned = dimension.direction == Direction::Aligned;
     const WorkPlane plane(context.session());
-    GroupList groups = commonDimension(context, picture, isAligned ? Aligned : Rotated, secondFoot, text,
-                                       dimension.label, measurement);
+    GroupList groups = commonDimension(context, isAligned ? Aligned : Rotated, foot, foot, dimension.label);
     addTextAngle(groups, dimension.label, angle);
     groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbAlignedDimension"));
     groups.push_back(pointGroup(13, plane.world({dimension.first.x, dimension.first.y, dimension.first.z})));
@@ -147,7 +145,7 @@ void addLinear(Context &context, const LinearDimension &dimension)
         groups.push_back(realGroup(50, degrees(plane.objectAngle(angle))));
         groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbRotatedDimension"));
     }
-    addEntity(context, groups);
+    addDimension(context, groups);
 }
 
 Task<std::u16string> askText(Context &context, const std::u16string length)
@@ -220,8 +218,8 @@ struct RadialDimension
     double measurement() const { return across == Across::Radius ? radius : 2 * radius; }
     std::u16string shown(Context &context) const
     {
-        return dimensionText(context, measurement(), label.text,
-                             across == Across::Radius ? RadiusPrefix : DiameterPrefix);
+        return drawing::dimensionText(currentStyle(context), measurement(), label.text,
+                                      across == Across::Radius ? drawing::RadiusPrefix : drawing::DiameterPrefix);
     }
 };
 
@@ -231,20 +229,14 @@ void addRadial(Context &context, const RadialDimension &dimension)
     const bool isRadius = dimension.across == Across::Radius;
     const Vector out = normalized(dimension.at - dimension.centre, {1, 0, 0}) * dimension.radius;
     const Vector tip = dimension.centre + out, start = isRadius ? dimension.centre : dimension.centre - out;
-    DimensionPicture picture(context);
-    const Vector text = picture.leaderLine(tip, dimension.at, dimension.shown(context), dimension.label.angle);
-    picture.centreMark(dimension.centre);
-    picture.definitionPoint(start);
-    picture.definitionPoint(tip);
-
-    GroupList groups = commonDimension(context, picture, isRadius ? RadiusType : DiameterType, start, text,
-                                       dimension.label, dimension.measurement());
+    GroupList groups =
+        commonDimension(context, isRadius ? RadiusType : DiameterType, start, dimension.at, dimension.label);
     addTextAngle(groups, dimension.label, 0);
     groups.push_back(
         textGroup(drawing::groupcode::Subclass, isRadius ? u"AcDbRadialDimension" : u"AcDbDiametricDimension"));
     groups.push_back(pointGroup(15, WorkPlane(context.session()).world({tip.x, tip.y, tip.z})));
     groups.push_back(realGroup(40, length(dimension.at - tip)));
-    addEntity(context, groups);
+    addDimension(context, groups);
 }
 
 // Where the text hangs, before which its wording and its angle can be given.

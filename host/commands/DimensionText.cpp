@@ -1,77 +1,22 @@
 #include "host/commands/DimensionText.h"
 
+#include "host/commands/DimensionVariables.h"
 #include "host/commands/TableRecords.h"
 #include "host/drawing/Blocks.h"
+#include "host/drawing/dimensions/DimensionText.h"
 #include "host/drawing/edit/Transform.h"
 
-#include <QString>
-
 #include <algorithm>
-#include <cmath>
 
 namespace commands {
 
+using drawing::DimensionStyle;
 using drawing::GroupList;
 using drawing::integerOf;
 using drawing::realOf;
 using drawing::textOf;
 
 namespace {
-
-struct Format
-{
-    double factor = 1, rounding = 0;
-    int decimals = 0, zeros = 0;
-    std::u16string post;
-
-    QString number(double length) const;
-    std::u16string shown(double length, const std::u16string &typed, std::u16string_view prefix) const;
-};
-
-Format formatOf(const Session &session)
-{
-    return {session.real(u"DIMLFAC"), session.real(u"DIMRND"), session.integer(u"DIMDEC"), session.integer(u"DIMZIN"),
-            session.text(u"DIMPOST")};
-}
-
-// Of a dimension style.
-Format formatOf(const GroupList &style)
-{
-    enum Code : int { Post = 3, Rounding = 45, Zeros = 78, Factor = 144, Decimals = 271 };
-    constexpr std::int64_t UsualDecimals = 4;
-    return {realOf(style, Factor, 1), realOf(style, Rounding),
-            static_cast<int>(integerOf(style, Decimals, UsualDecimals)), static_cast<int>(integerOf(style, Zeros)),
-            textOf(style, Post)};
-}
-
-QString Format::number(double length) const
-{
-    constexpr int NoTrailingZeros = 8, NoLeadingZero = 4;
-    double value = length * std::abs(factor);
-    if (rounding > 0)
-        value = std::round(value / rounding) * rounding;
-    QString number = QString::number(value, 'f', decimals);
-    if ((zeros & NoTrailingZeros) != 0 && number.contains(u'.')) {
-        while (number.endsWith(u'0'))
-            number.chop(1);
-        if (number.endsWith(u'.'))
-            number.chop(1);
-    }
-    if ((zeros & NoLeadingZero) != 0 && number.startsWith(QStringLiteral("0.")))
-        number.remove(0, 1);
-    return number;
-}
-
-std::u16string Format::shown(double length, const std::u16string &typed, std::u16string_view prefix) const
-{
-    const QString measured = QStringView(prefix).toString() + number(length);
-    const QString whole = QString::fromStdU16String(post);
-    const QString standard = whole.contains(QStringLiteral("<>"))
-                                 ? QString(whole).replace(QStringLiteral("<>"), measured)
-                                 : measured + whole;
-    const QString text = QString::fromStdU16String(typed);
-    return (text.isEmpty() ? standard : QString(text).replace(QStringLiteral("<>"), standard)).toStdU16String();
-}
 
 // What a picture may show of the old measurement, and what it shows of the new one then.
 struct Replacement
@@ -81,18 +26,14 @@ struct Replacement
 
 std::vector<Replacement> replacements(Context &context, const GroupList &dimension, double scale)
 {
-    enum Code : int { TypedCode = 1, StyleCode = 3, MeasurementCode = 42 };
+    enum Code : int { TypedCode = 1, MeasurementCode = 42 };
     const double measurement = realOf(dimension, MeasurementCode);
     const std::u16string typed = textOf(dimension, TypedCode);
-    std::vector<Format> formats{formatOf(context.session())};
-    const RecordId style = findRecord(context, drawing::known::DimensionStyle, textOf(dimension, StyleCode));
-    if (style != drawing::NoRecord)
-        formats.push_back(formatOf(context.database().groups(style)));
     std::vector<Replacement> result;
-    for (const Format &format : formats)
-        for (const std::u16string_view prefix : {std::u16string_view(), RadiusPrefix, DiameterPrefix})
-            result.push_back(
-                {format.shown(measurement / scale, typed, prefix), format.shown(measurement, typed, prefix)});
+    for (const DimensionStyle &style : {currentStyle(context), drawing::styleOfDimension(context.drawing(), dimension)})
+        for (const std::u16string_view prefix : {std::u16string_view(), drawing::RadiusPrefix, drawing::DiameterPrefix})
+            result.push_back({drawing::dimensionText(style, measurement / scale, typed, prefix),
+                              drawing::dimensionText(style, measurement, typed, prefix)});
     return result;
 }
 
@@ -114,11 +55,6 @@ bool isLength(const GroupList &dimension)
 }
 
 } // namespace
-
-std::u16string dimensionText(Context &context, double length, const std::u16string &typed, std::u16string_view prefix)
-{
-    return formatOf(context.session()).shown(length, typed, prefix);
-}
 
 void showNewMeasurement(Context &context, RecordId dimension, double scale)
 {

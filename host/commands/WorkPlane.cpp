@@ -1,5 +1,7 @@
 #include "host/commands/WorkPlane.h"
 
+#include "host/drawing/edit/GroupEditing.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -39,11 +41,7 @@ double WorkPlane::objectAngle(double angle) const
 
 double degrees(double radians)
 {
-    constexpr double Full = 360, Tiny = 1e-12;
-    double angle = std::fmod(radians * (Full / geometry::FullTurn), Full);
-    if (angle < 0)
-        angle += Full;
-    return Full - angle < Tiny ? 0 : angle;
+    return drawing::turnInDegrees(radians);
 }
 
 } // namespace commands

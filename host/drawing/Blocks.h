@@ -16,6 +16,8 @@ inline constexpr std::u16string_view ModelSpace = u"*Model_Space", PaperSpace = 
 // when there is none, as in drawings before R2000.
 Handle ownerOf(const Database &database, const SymbolTables &tables, RecordId container, bool isPaperSpace);
 
+inline constexpr std::int64_t AnonymousBlock = 1; // among the flags of one that was made without a name
+
 // Adds a block definition without entities, with its table record from R2000 on. Entities are then added before
 // endOf() of what this gives. NoRecord when the name is taken or a value cannot be written.
 struct BlockDefinition

@@ -10,6 +10,7 @@ namespace drawing {
 namespace {
 
 constexpr int KindCode = 70;
+constexpr const char16_t *DimensionMarker = u"AcDbDimension";
 
 // The markers of each kind, by the last bits of its flags; the measured places stand behind the first.
 std::vector<std::u16string> markersOf(std::int64_t kind)
@@ -38,7 +39,7 @@ Part partOf(int code)
 {
     if (code >= groupcode::ExtendedString)
         return Part::Extended;
-    for (const int own : {1, 2, 3, 10, 11, 12, 51, 53, 70, 210})
+    for (const int own : {1, 2, 3, 10, 11, 12, 41, 42, 51, 53, 70, 71, 72, 210})
         if (code == own)
             return Part::Dimension;
     for (const int own : {13, 14, 15, 16, 40, 50, 52})
@@ -60,7 +61,7 @@ GroupList withDimensionParts(const GroupList &dimension)
     const std::vector<std::u16string> markers = markersOf(integerOf(dimension, KindCode));
     GroupList groups;
     append(groups, dimension, Part::Common);
-    groups.push_back(textGroup(groupcode::Subclass, u"AcDbDimension"));
+    groups.push_back(textGroup(groupcode::Subclass, DimensionMarker));
     append(groups, dimension, Part::Dimension);
     groups.push_back(textGroup(groupcode::Subclass, markers.front()));
     append(groups, dimension, Part::Kind);
@@ -68,6 +69,20 @@ GroupList withDimensionParts(const GroupList &dimension)
         groups.push_back(textGroup(groupcode::Subclass, markers[next]));
     append(groups, dimension, Part::Extended);
     return groups;
+}
+
+bool hasDimensionParts(const GroupList &dimension)
+{
+    return std::ranges::find(dimension, textGroup(groupcode::Subclass, DimensionMarker)) != dimension.end();
+}
+
+void setInDimensionPart(GroupList &dimension, const Group &group)
+{
+    const auto marker = std::ranges::find(dimension, textGroup(groupcode::Subclass, DimensionMarker));
+    if (hasGroup(dimension, group.code) || marker == dimension.end())
+        setGroup(dimension, group);
+    else
+        dimension.insert(marker + 1, group);
 }
 
 } // namespace drawing

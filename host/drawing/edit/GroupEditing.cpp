@@ -1,6 +1,7 @@
 #include "host/drawing/edit/GroupEditing.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace drawing {
 
@@ -43,6 +44,15 @@ Group pointGroup(int code, const geometry::Vector &place)
 Group flatPointGroup(int code, const geometry::Vector &place)
 {
     return {code, Point{place.x, place.y, 0, FlatDimensions}};
+}
+
+double turnInDegrees(double radians)
+{
+    constexpr double Full = 360, Tiny = 1e-12;
+    double angle = std::fmod(radians * (Full / geometry::FullTurn), Full);
+    if (angle < 0)
+        angle += Full;
+    return Full - angle < Tiny ? 0 : angle;
 }
 
 std::int64_t integerOf(const GroupList &groups, int code, std::int64_t fallback)

@@ -14,6 +14,8 @@ Group textGroup(int code, std::u16string value);
 Group pointGroup(int code, const geometry::Vector &place);
 Group flatPointGroup(int code, const geometry::Vector &place); // of two coordinates
 
+double turnInDegrees(double radians); // 0 to 360, as angles of groups are
+
 // The value of the first group with the code; else the fallback.
 std::int64_t integerOf(const GroupList &groups, int code, std::int64_t fallback = 0);
 double realOf(const GroupList &groups, int code, double fallback = 0);

@@ -19,9 +19,6 @@ using geometry::Vector;
 
 namespace {
 
-constexpr std::u16string_view DimensionPrefix = u"*D";
-constexpr std::int64_t AnonymousFlag = 1; // of a block
-
 constexpr int ElevationCode = 38, ExtrusionCode = 210, FlagsCode = 70;
 
 class Transformer
@@ -221,9 +218,9 @@ private:
         if (const auto copied = m_pictures.find(picture); copied != m_pictures.end())
             return copied->second;
         const std::vector<RecordId> entities = entitiesIn(m_database, picture);
-        const std::u16string name = freeBlockName(m_drawing.tables(), DimensionPrefix);
+        const std::u16string name = freeBlockName(m_drawing.tables(), PicturePrefix);
         const RecordId block =
-            entities.empty() ? NoRecord : addBlock(m_database, m_drawing.tables(), {name, {}, AnonymousFlag, u"0"});
+            entities.empty() ? NoRecord : addBlock(m_database, m_drawing.tables(), {name, {}, AnonymousBlock, u"0"});
         if (block == NoRecord)
             return std::nullopt;
         m_pictures[picture] = name;
@@ -260,7 +257,7 @@ GroupList groupsForCopy(GroupList groups)
 RecordId pictureOf(const Drawing &drawing, const GroupList &dimension)
 {
     const std::u16string name = textOf(dimension, groupcode::Name);
-    if (textOf(dimension, groupcode::Type) != u"DIMENSION" || !name.starts_with(DimensionPrefix))
+    if (textOf(dimension, groupcode::Type) != u"DIMENSION" || !name.starts_with(PicturePrefix))
         return NoRecord;
     return drawing.tables().find(known::Block, name);
 }

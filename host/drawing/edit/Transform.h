@@ -17,6 +17,7 @@ bool transformEntity(Drawing &drawing, RecordId entity, const Similarity &simila
 // The block that shows a dimension; NoRecord when there is none. It is its own when the name says that it was made for
 // it.
 RecordId pictureOf(const Drawing &drawing, const GroupList &dimension);
+inline constexpr std::u16string_view PicturePrefix = u"*D";
 
 // Where a copy goes: to the end of a block, or of the ENTITIES section with its two spaces.
 struct Destination

@@ -93,7 +93,7 @@ bool changeFewValues(Drawing &drawing, Value list)
     drawing::GroupList groups;
     for (const drawing::ChangedItem &change : *changes)
         groups.push_back(change.group);
-    return !placesText(drawing, record, groups) && canTake(drawing, record, groups) &&
+    return !hasConsequences(drawing, record, groups) && canTake(drawing, record, groups) &&
            drawing::changeRecord(drawing, record, *changes);
 }
 

@@ -2,6 +2,9 @@
 
 #include "host/drawing/Blocks.h"
 #include "host/drawing/Dictionaries.h"
+#include "host/drawing/HeaderVariables.h"
+#include "host/drawing/dimensions/DimensionDrawing.h"
+#include "host/drawing/edit/DimensionParts.h"
 #include "host/drawing/edit/TextPlacing.h"
 #include "host/drawing/entities/Attachments.h"
 #include "host/drawing/entities/EntityChange.h"
@@ -23,7 +26,7 @@ namespace known = drawing::known;
 
 namespace {
 
-constexpr int PartsFollowCode = 66;
+constexpr int PartsFollowCode = 66, TextPlaceCode = 11;
 
 std::u16string typeOf(const GroupList &list)
 {
@@ -41,6 +44,31 @@ bool hasParts(const GroupList &list)
 bool isText(std::u16string_view type)
 {
     return type == u"TEXT" || type == u"ATTRIB" || type == u"ATTDEF";
+}
+
+// Dimensions are older than subclass markers. One without a style has the current one.
+void settleDimension(const drawing::Drawing &drawing, GroupList &list)
+{
+    constexpr int StyleCode = 3;
+    if (!drawing::hasDimensionParts(list))
+        list = drawing::withDimensionParts(list);
+    if (drawing::findGroup(list, StyleCode))
+        return;
+    const std::optional<Group> current = drawing::variable(drawing.database(), "$DIMSTYLE");
+    const auto *name = current ? std::get_if<std::u16string>(&current->value) : nullptr;
+    drawing::setInDimensionPart(list, {StyleCode, name ? *name : u"Standard"});
+}
+
+bool hasPicture(const drawing::Drawing &drawing, const GroupList &dimension)
+{
+    const auto *block = drawing::findValue<std::u16string>(dimension, groupcode::Name);
+    return block && drawing.tables().find(known::Block, *block) != NoRecord;
+}
+
+// A dimension that no block shows yet. Of kinds that are not drawn the program gives the block.
+bool needsPicture(const drawing::Drawing &drawing, const GroupList &list)
+{
+    return drawing::isDrawable(list) && !hasPicture(drawing, list);
 }
 
 bool isPart(std::u16string_view type)
@@ -88,6 +116,8 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
     const std::u16string type = typeOf(list);
     if (isText(type) && drawing::findGroup(list, groupcode::FirstX))
         drawing::settleText(m_drawing, list);
+    if (type == u"DIMENSION")
+        settleDimension(m_drawing, list);
     if (type == u"BLOCK")
         return beginBlock(list);
     if (type == u"ENDBLK")
@@ -214,10 +244,19 @@ EntityMaker::Outcome EntityMaker::finish(Parts &&entity, const Placement &placem
 RecordId EntityMaker::add(const Parts &entity, const Placement &placement)
 {
     const RecordId whole = drawing::addEntity(m_drawing, entity.front(), placement);
+    if (whole != NoRecord && needsPicture(m_drawing, entity.front()))
+        drawDimension(whole);
     RecordId last = whole;
     for (auto part = entity.begin() + 1; last != NoRecord && part != entity.end(); ++part)
         last = drawing::addPartBehind(m_drawing, last, whole, *part);
     return whole;
+}
+
+// The text stands where the program says so.
+void EntityMaker::drawDimension(RecordId dimension)
+{
+    const bool hasPlace = m_drawing.database().firstGroup(dimension, TextPlaceCode).has_value();
+    drawing::drawDimension(m_drawing, dimension, hasPlace ? drawing::TextPlace::AsGiven : drawing::TextPlace::Usual);
 }
 
 bool EntityMaker::usesKnownApplications(const GroupList &list) const

@@ -39,6 +39,7 @@ private:
     Outcome takePart(const drawing::GroupList &list, const drawing::Placement &placement);
     Outcome finish(Parts &&entity, const drawing::Placement &placement);
     drawing::RecordId add(const Parts &entity, const drawing::Placement &placement);
+    void drawDimension(drawing::RecordId dimension);
     bool usesKnownApplications(const drawing::GroupList &list) const;
 
     drawing::Drawing &m_drawing;

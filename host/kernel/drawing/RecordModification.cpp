@@ -1,6 +1,7 @@
 #include "host/kernel/drawing/RecordModification.h"
 
 #include "host/commands/Renaming.h"
+#include "host/drawing/dimensions/DimensionDrawing.h"
 #include "host/drawing/edit/TextPlacing.h"
 #include "host/drawing/entities/EntityChange.h"
 #include "host/drawing/entities/EntityMaking.h"
@@ -72,14 +73,41 @@ bool changeText(Drawing &drawing, RecordId text, const drawing::GroupList &wante
     return database.replace(text, groups);
 }
 
+bool isDimension(const Drawing &drawing, RecordId record)
+{
+    return drawing.database().names().text(drawing.database().record(record).type) == "DIMENSION";
+}
+
+// A dimension shows what it measures and says from then on. A block that the list names stays what it is; so does the
+// picture of a kind that is not drawn.
+bool changeDimension(Drawing &drawing, RecordId dimension, const drawing::GroupList &wanted)
+{
+    constexpr int TextPlaceCode = 11;
+    const drawing::Database &database = drawing.database();
+    const drawing::GroupList before = database.groups(dimension);
+    if (!drawing::changeRecord(drawing, dimension, wanted))
+        return false;
+    const drawing::GroupList after = database.groups(dimension);
+    const auto hasOther = [&](int code) {
+        const drawing::Group *group = drawing::findGroup(after, code), *old = drawing::findGroup(before, code);
+        return group && (!old || group->value != old->value);
+    };
+    if (hasOther(drawing::groupcode::Name) || !drawing::isDrawable(after) || !drawing::showsOther(before, after))
+        return true;
+    return drawing::drawDimension(drawing, dimension,
+                                  hasOther(TextPlaceCode) ? drawing::TextPlace::AsGiven : drawing::TextPlace::Usual);
+}
+
 bool change(Document &document, RecordId record, const drawing::GroupList &wanted)
 {
     const drawing::RecordKind kind = document.drawing().database().record(record).kind;
     const bool isNamed = kind == drawing::RecordKind::TableRecord || kind == drawing::RecordKind::BlockStart;
     if (isNamed)
         return changeNamedRecord(document, record, wanted);
-    return isText(document.drawing(), record) ? changeText(document.drawing(), record, wanted)
-                                              : drawing::changeRecord(document.drawing(), record, wanted);
+    if (isText(document.drawing(), record))
+        return changeText(document.drawing(), record, wanted);
+    return isDimension(document.drawing(), record) ? changeDimension(document.drawing(), record, wanted)
+                                                   : drawing::changeRecord(document.drawing(), record, wanted);
 }
 
 bool hasType(const Drawing &drawing, RecordId record, const drawing::GroupList &wanted)
@@ -97,9 +125,10 @@ bool modifyRecord(Document &document, RecordId record, const drawing::GroupList 
     return hasType(drawing, record, wanted) && canTake(drawing, record, wanted) && change(document, record, wanted);
 }
 
-bool placesText(const Drawing &drawing, RecordId record, const drawing::GroupList &groups)
+bool hasConsequences(const Drawing &drawing, RecordId record, const drawing::GroupList &groups)
 {
-    return isText(drawing, record) && std::ranges::any_of(groups, isOfPlacing);
+    return (isText(drawing, record) && std::ranges::any_of(groups, isOfPlacing)) ||
+           (isDimension(drawing, record) && drawing::showsOther({}, groups));
 }
 
 // Objects hold what they like; an entity or table record keeps what it has, though it could not be made so.

@@ -13,5 +13,6 @@ bool modifyRecord(Document &document, drawing::RecordId record, const drawing::G
 // there.
 bool canTake(const drawing::Drawing &drawing, drawing::RecordId record, const drawing::GroupList &wanted);
 
-// Whether the groups are of a text and say where its letters stand: what follows from them is modifyRecord's to find.
-bool placesText(const drawing::Drawing &drawing, drawing::RecordId record, const drawing::GroupList &groups);
+// Whether the groups say where the letters of a text stand, or what a dimension shows: what follows from them is
+// modifyRecord's to find.
+bool hasConsequences(const drawing::Drawing &drawing, drawing::RecordId record, const drawing::GroupList &groups);
