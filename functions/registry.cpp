@@ -5,6 +5,7 @@
 #include "lisp/LispStatus.h"
 #include "lisp/Values.h"
 #include "platform/Registry.h"
+#include "platform/RegistryNames.h"
 #include "sdk/fx/CFxString.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ constexpr DWORD BufferBytes = 4096; // longer data cannot be read
 
 struct RootPrefix
 {
-    QStringView text;
+    std::u16string_view text;
     HKEY root;
     std::size_t cutFrom;
 };
@@ -52,9 +53,9 @@ ValuePlace::ValuePlace(const resbuf *pathNode) : m_path(pathNode->resval.string)
                                                         {u"HKEY_CLASSES_ROOT\\", HKEY_CLASSES_ROOT, 1},
                                                         {u"HKEY_USERS\\", HKEY_USERS, 1},
                                                         {u"HKEY_CURRENT_CONFIG\\", HKEY_CURRENT_CONFIG, 1}}};
-    const QStringView path(m_path);
-    const auto found = std::ranges::find_if(prefixes, [path](const RootPrefix &prefix) {
-        return path.startsWith(prefix.text) || path.contains(prefix.text); // nearly always the first
+    const std::u16string_view path = textArgument(m_path);
+    const auto found = std::ranges::find_if(prefixes, [path](const RootPrefix &prefix) { // nearly always at the start
+        return isSameText(path.substr(0, prefix.text.size()), prefix.text) || path.find(prefix.text) != path.npos;
     });
     if (found == prefixes.end())
         return;
@@ -74,7 +75,7 @@ void ValuePlace::cut(const RootPrefix &prefix)
         return;
     }
     m_changedPath = m_path;
-    m_changedPath.erase(prefix.cutFrom, static_cast<std::size_t>(prefix.text.size()));
+    m_changedPath.erase(prefix.cutFrom, prefix.text.size());
     m_path = m_changedPath.c_str();
 }
 
