@@ -117,6 +117,10 @@ Command dimensions(Context &context);    // DIM
 
 Command array(Context &context); // ArrayCommand.cpp
 
+// DivideCommands.cpp
+Command divide(Context &context);
+Command measure(Context &context);
+
 Command editPolyline(Context &context); // PolylineEditCommand.cpp
 
 // ShapeCommands.cpp

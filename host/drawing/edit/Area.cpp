@@ -1,7 +1,7 @@
 #include "host/drawing/edit/Area.h"
 
-#include "host/drawing/edit/CurveWay.h"
-#include "host/drawing/geometry/EntityShapes.h"
+#include "host/drawing/edit/CentreLine.h"
+#include "host/drawing/geometry/Course.h"
 
 #include <array>
 #include <cmath>
@@ -72,28 +72,6 @@ struct Sum
             area += cross(endOf(curves.back()), startOf(curves.front())) * 0.5;
     }
 };
-
-class Paths final : public geometry::ShapeSink
-{
-public:
-    void path(const geometry::Path &path, const geometry::Origin &) override
-    {
-        curves.insert(curves.end(), path.curves.begin(), path.curves.end());
-    }
-    std::vector<geometry::Curve> curves;
-};
-
-// The line in the middle of a wide polyline, at the foot of a thick curve.
-std::vector<geometry::Curve> centreLine(const Drawing &drawing, RecordId entity)
-{
-    Paths paths;
-    if (const std::optional<CurveWay> way = CurveWay::of(drawing, entity))
-        for (const geometry::Course &piece : way->pieces())
-            paths.curves.push_back(piece.curve());
-    else if (drawing.database().record(entity).type == known::Polyline) // in space, which is never wide nor thick
-        geometry::shapesOf(drawing, entity, paths);
-    return std::move(paths.curves);
-}
 
 } // namespace
 

@@ -79,6 +79,8 @@ TEST_F(CommandLine, NumbersBeyondTheLimitsOfAQuestionAreComplainedAboutAndAskedA
          "50 \"\" \"_.point\" \"5,5\""},
         {"\"_.-block\" \"one\" \"0,0\" (entlast) \"\" \"_.point\" \"5,5\" \"_.-insert\" \"one\" \"0,0\"", "0", nonzero,
          "1 1 0"},
+        {"\"_.measure\" (entlast)", "0", positive, "2"},
+        {"\"_.divide\" (entlast)", "1", "\nRequires an integer between 2 and 32767.\n", "3"},
         {"\"_.offset\"", "0", positive, "2 (list (entlast) '(0 0)) '(200 200) \"\""},
     };
     for (const auto &[command, number, complaint, rest] : cases) {
@@ -147,6 +149,9 @@ TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
                                     "\"_.area\"",
                                     "\"_.area\" \"_a\"",
                                     "\"_.area\" \"_s\"",
+                                    "\"_.divide\" (entlast)",
+                                    "\"_.divide\" (entlast) \"_b\" \"one\"",
+                                    "\"_.measure\" (entlast)",
                                     "\"_.limits\"",
                                     "\"_.dist\" \"0,0\"",
                                     "\"_.dist\" \"0,0\" \"_m\"",
