@@ -126,6 +126,7 @@ constexpr CommandRow table[] = {
     {u"SETVAR", setVariable, OneStep, Kept},
     {u"SOLID", solid},
     {u"SPLINE", spline},
+    {u"STRETCH", stretch},
     {u"STYLE", style},
     {u"TEXT", text},
     {u"TEXTSCR", changeNothing, Own, Kept},
@@ -168,10 +169,10 @@ constexpr Alias aliases[] = {
     {u"P", u"PAN"},           {u"PE", u"PEDIT"},     {u"PL", u"PLINE"},      {u"PO", u"POINT"},
     {u"POL", u"POLYGON"},     {u"PS", u"PSPACE"},    {u"PU", u"PURGE"},      {u"R", u"REDRAW"},
     {u"RA", u"REDRAWALL"},    {u"RE", u"REGEN"},     {u"REA", u"REGENALL"},  {u"REC", u"RECTANG"},
-    {u"REN", u"RENAME"},      {u"RO", u"ROTATE"},    {u"SC", u"SCALE"},      {u"SCR", u"SCRIPT"},
-    {u"SET", u"SETVAR"},      {u"SO", u"SOLID"},     {u"SPL", u"SPLINE"},    {u"ST", u"STYLE"},
-    {u"T", u"MTEXT"},         {u"TR", u"TRIM"},      {u"V", u"VIEW"},        {u"W", u"WBLOCK"},
-    {u"X", u"EXPLODE"},       {u"XL", u"XLINE"},     {u"Z", u"ZOOM"},
+    {u"REN", u"RENAME"},      {u"RO", u"ROTATE"},    {u"S", u"STRETCH"},     {u"SC", u"SCALE"},
+    {u"SCR", u"SCRIPT"},      {u"SET", u"SETVAR"},   {u"SO", u"SOLID"},      {u"SPL", u"SPLINE"},
+    {u"ST", u"STYLE"},        {u"T", u"MTEXT"},      {u"TR", u"TRIM"},       {u"V", u"VIEW"},
+    {u"W", u"WBLOCK"},        {u"X", u"EXPLODE"},    {u"XL", u"XLINE"},      {u"Z", u"ZOOM"},
 };
 
 static_assert(std::ranges::is_sorted(aliases, {}, &Alias::alias));

@@ -96,6 +96,7 @@ Command limits(Context &context); // LimitsCommand.cpp
 
 Command purge(Context &context);       // PurgeCommand.cpp
 Command breakObject(Context &context); // BreakCommand.cpp
+Command stretch(Context &context);     // StretchCommand.cpp
 
 // TrimCommands.cpp
 Command trim(Context &context);

@@ -2,6 +2,7 @@
 
 #include "host/commands/Commands.h"
 #include "host/commands/DimensionText.h"
+#include "host/commands/Displacement.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/WorkPlane.h"
 #include "host/drawing/edit/CopyLinks.h"
@@ -57,26 +58,6 @@ Matrix about(const WorkPlane &plane, const Point &point, const Matrix &matrix)
 {
     const Matrix there = plane.toWorld() * Matrix::translation(geometry::vectorOf(point));
     return there * matrix * geometry::inverse(there);
-}
-
-struct Displacement
-{
-    Vector by; // in the world
-    bool isBetweenPoints = false;
-};
-
-// "Base point, second point": the vector between them. Enter for the second takes the first for it.
-Task<Displacement> askDisplacement(Context &context, const WorkPlane &plane, const Reply<Point> base)
-{
-    if (!base.hasValue()) { // Displacement, or Enter
-        const auto vector = co_await context.ask().point({u"Specify displacement <0,0,0>: "});
-        co_return Displacement{plane.toWorld().direction(geometry::vectorOf(vector.value))};
-    }
-    const auto second = co_await context.ask().point(
-        {u"Specify second point or <use first point as displacement>: ", {}, Enter::Allowed, base.value});
-    if (second.isNothing())
-        co_return Displacement{plane.toWorld().direction(geometry::vectorOf(base.value))};
-    co_return Displacement{plane.world(second.value) - plane.world(base.value), true};
 }
 
 double angleBetween(const Point &from, const Point &to)

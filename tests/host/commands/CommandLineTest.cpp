@@ -140,6 +140,7 @@ TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
                                     "\"_.copy\" \"_l\" \"\"",
                                     "\"_.copy\" \"_l\" \"\" \"0,0\" \"1,1\"",
                                     "\"_.move\" \"_l\" \"\"",
+                                    "\"_.stretch\" \"_l\" \"\"",
                                     "\"_.rotate\" \"_l\" \"\" \"0,0\"",
                                     "\"_.rotate\" \"_l\" \"\" \"0,0\" \"_r\" 0",
                                     "\"_.scale\" \"_l\" \"\" \"0,0\"",
