@@ -91,8 +91,9 @@ Command offset(Context &context); // OffsetCommand.cpp
 Command identify(Context &context); // ID
 Command distance(Context &context); // DIST
 
-Command style(Context &context);  // StyleCommand.cpp
-Command limits(Context &context); // LimitsCommand.cpp
+Command style(Context &context);       // StyleCommand.cpp
+Command limits(Context &context);      // LimitsCommand.cpp
+Command listObjects(Context &context); // ListCommand.cpp
 
 Command purge(Context &context);       // PurgeCommand.cpp
 Command breakObject(Context &context); // BreakCommand.cpp
