@@ -70,7 +70,7 @@ constexpr CommandRow table[] = {
     {u"DONUT", donut},
     {u"DRAWORDER", drawOrder},
     {u"DTEXT", text},
-    {u"DXFOUT", save, Own},
+    {u"DXFOUT", exportDrawing, Own},
     {u"ELLIPSE", ellipse},
     {u"ERASE", erase},
     {u"EXPLODE", explode},

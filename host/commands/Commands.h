@@ -141,6 +141,7 @@ Command delay(Context &context);
 Command save(Context &context);
 Command saveAs(Context &context);
 Command quickSave(Context &context);
+Command exportDrawing(Context &context); // DXFOUT
 Command open(Context &context);
 
 // LayerCommand.cpp

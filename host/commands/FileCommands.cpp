@@ -45,8 +45,10 @@ struct DxfChoice
     std::optional<std::u16string> name; // of the file, where it stands in place of the accuracy
 };
 
+enum class FileName { TakenInstead, KnownAlready };
+
 // Numbers are written in full and as text, whatever is chosen.
-Task<DxfChoice> askAccuracy(Context &context)
+Task<DxfChoice> askAccuracy(Context &context, FileName name)
 {
     constexpr int MostDecimals = 16;
     DxfChoice choice;
@@ -59,27 +61,49 @@ Task<DxfChoice> askAccuracy(Context &context)
         }
         bool isNumber = false;
         const int decimals = QString::fromStdU16String(accuracy.value).toInt(&isNumber);
-        if (isNumber && (decimals < 0 || decimals > MostDecimals)) {
+        const bool isOther = accuracy.hasValue() && !isNumber;
+        if (isNumber ? decimals < 0 || decimals > MostDecimals : isOther && name == FileName::KnownAlready) {
             context.session().print(u"\nRequires an integer between 0 and 16.\n");
             continue;
         }
-        if (accuracy.hasValue() && !isNumber)
+        if (isOther)
             choice.name = accuracy.value;
         co_return choice;
     }
 }
 
-} // namespace
-
 // Under another name, and the drawing keeps its own.
-Command save(Context &context)
+void writeBeside(Context &context, const QString &path)
 {
-    const QString path = co_await askPath(context);
     const QString own = context.drawing().path();
     if (own.isEmpty() || path == own)
         writeOwn(context, path);
     else
         writeDrawing(context, context.database(), path);
+}
+
+void writePart(Context &context, const Selection &objects, const QString &path)
+{
+    writeDrawing(context, drawing::extractedEntities(context.drawing(), objects, {})->database(), path);
+}
+
+} // namespace
+
+Command save(Context &context)
+{
+    const QString path = co_await askPath(context);
+    writeBeside(context, path);
+}
+
+// As SAVE, but asks what goes into the file as well.
+Command exportDrawing(Context &context)
+{
+    const QString path = co_await askPath(context);
+    const DxfChoice choice = co_await askAccuracy(context, FileName::KnownAlready);
+    if (choice.objects.empty())
+        writeBeside(context, path);
+    else
+        writePart(context, choice.objects, path);
 }
 
 // The version of the file stays as it is, whatever is chosen. A part of the drawing goes into a file of its own.
@@ -89,7 +113,7 @@ Command saveAs(Context &context)
         co_await context.ask().string({u"Enter file format [R14/2000/2004/2007/2010/2013/2018/DXF] <2018>: "});
     DxfChoice choice;
     if (commandName(format.value) == u"DXF")
-        choice = co_await askAccuracy(context);
+        choice = co_await askAccuracy(context, FileName::TakenInstead);
     QString path;
     if (choice.name)
         path = co_await confirmedPath(context, *choice.name);
@@ -97,7 +121,7 @@ Command saveAs(Context &context)
         path = co_await askPath(context);
     if (choice.objects.empty())
         co_return writeOwn(context, path);
-    writeDrawing(context, drawing::extractedEntities(context.drawing(), choice.objects, {})->database(), path);
+    writePart(context, choice.objects, path);
 }
 
 Command quickSave(Context &context)

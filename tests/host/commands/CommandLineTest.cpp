@@ -163,7 +163,8 @@ TEST_F(CommandLine, EveryOptionThatAPromptOffersIsTaken)
                                     "\"_.ucs\"",
                                     "\"_.ucs\" \"_na\"",
                                     "\"_.color\"",
-                                    "\"_.saveas\" \"_dxf\""}) {
+                                    "\"_.saveas\" \"_dxf\"",
+                                    "\"_.dxfout\" \"never written\""}) {
         evaluate("(command " + start + ")");
         const std::string prompt = evaluate("(getvar \"LASTPROMPT\")");
         EXPECT_THAT(optionsOf(prompt), testing::Each(testing::Ne(""))) << prompt;

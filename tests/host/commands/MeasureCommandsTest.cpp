@@ -296,6 +296,22 @@ TEST_F(FileCommands, SaveasWritesObjectsIntoAnotherFile)
     EXPECT_EQ(placeOf(lastGroups(), 10), (Vector{7, 8, 0}));
 }
 
+TEST_F(FileCommands, DxfoutAsksForTheAccuracyBehindTheName)
+{
+    evaluate("(command \"_.circle\" \"1,2\" 3 \"_.saveas\" \"\" \"" + path("own.dxf") + "\" \"_.point\" \"7,8\")");
+    evaluate("(command \"_.dxfout\" \"" + path("all.dxf") + "\" 17 \"many\" 6)");
+    EXPECT_EQ(takePrinted(), "\nRequires an integer between 0 and 16.\n\nRequires an integer between 0 and 16.\n");
+    EXPECT_EQ(evaluate("(getvar \"CMDACTIVE\")"), "0");
+    EXPECT_EQ(m_document.drawing().path().toStdString(), path("own.dxf"));
+    EXPECT_EQ(evaluate("(getvar \"DBMOD\")"), "1");
+    evaluate("(command \"_.dxfout\" \"" + path("part.dxf") + "\" \"_o\" (entlast) \"\" \"\")");
+    evaluate("(command \"_.open\" \"_y\" \"" + path("all.dxf") + "\")");
+    EXPECT_THAT(types(), ElementsAre("CIRCLE", "POINT"));
+    evaluate("(command \"_.open\" \"" + path("part.dxf") + "\")");
+    EXPECT_THAT(types(), ElementsAre("POINT"));
+    EXPECT_EQ(takePrinted(), "");
+}
+
 TEST_F(FileCommands, DbmodTellsWhetherTheFileLacksChanges)
 {
     EXPECT_EQ(evaluate("(getvar \"DBMOD\")"), "0");
