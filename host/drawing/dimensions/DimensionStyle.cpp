@@ -25,11 +25,13 @@ enum ExtendedCode : int {
     IntegerCode = 1070
 };
 
-// Files and programs write whole numbers as reals now and then, and the other way round.
+// Files and programs write whole numbers as reals now and then, and the other way round. None for one that nothing can
+// be drawn by.
 std::optional<double> numberOf(const GroupValue &value)
 {
+    constexpr double Largest = 1e9;
     if (const auto *real = std::get_if<double>(&value))
-        return *real;
+        return std::abs(*real) <= Largest ? std::optional(*real) : std::nullopt;
     if (const auto *integer = std::get_if<std::int64_t>(&value))
         return static_cast<double>(*integer);
     return std::nullopt;
@@ -111,7 +113,7 @@ void applyOverrides(GroupList &variables, GroupList dimension)
     const Extent overrides = overridesOf(dimension);
     for (auto code = overrides.begin; code != overrides.end && code + 1 != overrides.end; ++code) {
         const auto *number = std::get_if<std::int64_t>(&code->value);
-        if (code->code != IntegerCode || !number)
+        if (code->code != IntegerCode || !number || (code + 1)->code == BraceCode)
             continue;
         const Group value = inRecord(static_cast<int>(*number), *++code);
         removeGroups(variables, value.code);
@@ -157,7 +159,10 @@ DimensionStyle dimensionStyle(const GroupList &variables, std::u16string textSty
     const auto number = [&variables](std::u16string_view name) {
         return numberOf(variables, *std::ranges::find(dimensionVariables, name, &DimensionVariable::name));
     };
-    const auto integer = [&number](std::u16string_view name) { return static_cast<int>(number(name)); };
+    const auto integer = [&number](std::u16string_view name) {
+        constexpr double Largest = 1 << 15; // of a group of 16 bits
+        return static_cast<int>(std::clamp(number(name), -Largest, Largest));
+    };
     const double scale = number(u"DIMSCALE") > 0 ? number(u"DIMSCALE") : 1;
     const auto size = [&](std::u16string_view name) { return number(name) * scale; };
     return {.arrowSize = size(u"DIMASZ"),

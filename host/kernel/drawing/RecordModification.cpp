@@ -94,8 +94,9 @@ bool changeDimension(Drawing &drawing, RecordId dimension, const drawing::GroupL
     };
     if (hasOther(drawing::groupcode::Name) || !drawing::isDrawable(after) || !drawing::showsOther(before, after))
         return true;
-    return drawing::drawDimension(drawing, dimension,
-                                  hasOther(TextPlaceCode) ? drawing::TextPlace::AsGiven : drawing::TextPlace::Usual);
+    drawing::drawDimension(drawing, dimension,
+                           hasOther(TextPlaceCode) ? drawing::TextPlace::AsGiven : drawing::TextPlace::Usual);
+    return true;
 }
 
 bool change(Document &document, RecordId record, const drawing::GroupList &wanted)

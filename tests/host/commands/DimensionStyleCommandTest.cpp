@@ -49,6 +49,17 @@ TEST_F(DimensionStyleCommand, ADimensionNamesItsStyle)
     EXPECT_EQ(evaluate("(cdr (assoc 3 (entget d)))"), "\"B\"");
 }
 
+TEST_F(DimensionStyleCommand, AppliedVariablesChangeThePicture)
+{
+    evaluate("(defun height (/ e) (setq e (tblobjname \"BLOCK\" (cdr (assoc 2 (entget d)))))"
+             " (while (/= \"TEXT\" (cdr (assoc 0 (entget (setq e (entnext e)))))))  (cdr (assoc 40 (entget e))))"
+             "(setvar \"DIMTXT\" 3.0) (command \"_.dimlinear\" '(0 0) '(10 0) '(5 5)) (setq d (entlast))");
+    EXPECT_EQ(evaluate("(height)"), "3.0");
+    evaluate("(setvar \"DIMTXT\" 7.0) (command \"_.-dimstyle\" \"_s\" \"B\" \"_.-dimstyle\" \"_a\" d \"\")");
+    EXPECT_EQ(evaluate("(height)"), "7.0");
+    EXPECT_EQ(evaluate("(assoc -3 (entget d '(\"ACAD\")))"), "nil");
+}
+
 TEST_F(DimensionStyleCommand, ANameInUseIsAskedFor)
 {
     evaluate("(command \"_.-dimstyle\" \"_s\" \"A\") (setvar \"DIMASZ\" 9.0)");

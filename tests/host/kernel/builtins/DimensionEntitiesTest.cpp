@@ -190,6 +190,13 @@ TEST_F(DimensionEntities, ItsOwnValuesGoBeforeThoseOfTheStyle)
     EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40\" 2.5)");
 }
 
+TEST_F(DimensionEntities, ValuesThatNothingCanBeDrawnByAreTakenAsTheStandardOnes)
+{
+    evaluate("(setq d (entmakex (append (linear nil) (list '(-3 (\"ACAD\" (1000 . \"DSTYLE\") (1002 . \"{\")"
+             " (1070 . 40) (1040 . 1e300) (1070 . 271) (1040 . -1e300) (1070 . 140) (1002 . \"}\")))))))");
+    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40\" 2.5)");
+}
+
 TEST_F(DimensionEntities, WhatTheVariablesHadOtherwiseGoesOnInTheDimension)
 {
     evaluate("(setvar \"DIMTXT\" 6.0) (setvar \"DIMDEC\" 3) (setvar \"DIMSCALE\" 2.0)"
