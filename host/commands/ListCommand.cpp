@@ -3,6 +3,7 @@
 #include "host/commands/Commands.h"
 #include "host/commands/SelectObjects.h"
 #include "host/commands/WorkPlane.h"
+#include "host/drawing/Blocks.h"
 #include "host/drawing/edit/Area.h"
 #include "host/drawing/edit/GroupEditing.h"
 #include "host/drawing/edit/PolylineSegments.h"
@@ -142,6 +143,16 @@ private:
         printNumber(u"Y scale factor:", real(WidthCode + 1, 1));
         printAngle(u"rotation angle:", geometry::radians(real(RotationCode)));
         printNumber(u"Z scale factor:", real(DepthCode, 1));
+        for (const RecordId part : drawing::partsOf(m_drawing.database(), m_entity))
+            printAttribute(m_drawing.database().groups(part));
+    }
+
+    void printAttribute(const drawing::GroupList &attribute)
+    {
+        if (drawing::textOf(attribute, drawing::groupcode::Type) != u"ATTRIB")
+            return;
+        const std::u16string value = drawing::textOf(attribute, TextCode);
+        printLabelled(u"attribute", u' ' + drawing::textOf(attribute, TagCode) + u" = \"" + value + u'"');
     }
 
     void printText()

@@ -74,6 +74,14 @@ TEST_F(ListCommand, AnInsertHasItsBlockAndScales)
     EXPECT_THAT(text, HasSubstr("rotation angle:    90"));
 }
 
+TEST_F(ListCommand, AnInsertHasItsAttributes)
+{
+    const std::string text = listed("\"_.attdef\" \"\" \"number\" \"\" \"\" \"0,0\" 1 0 \"_.-block\" \"Door\" \"0,0\""
+                                    " \"_l\" \"\" \"_.-insert\" \"door\" \"7,8\" 1 1 0 \"A 17\"");
+    EXPECT_THAT(text, HasSubstr("attribute NUMBER = \"A 17\"\n"));
+    EXPECT_THAT(text, testing::Not(HasSubstr("attribute  =")));
+}
+
 TEST_F(ListCommand, ATextHasItsStyleAndWhatItSays)
 {
     const std::string text = listed("\"_.color\" \"red\" \"_.text\" \"1,2\" 3.5 0 \"Some text\"");
