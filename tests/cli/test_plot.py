@@ -32,6 +32,13 @@ class Plot(LispHostTest):
         self.assertEqual((outcome.status, outcome.errors), (0, ""))
         self.assertIn('stroke="#00ff00"', (self.folder / "made.svg").read_text())
 
+    def test_the_picture_of_a_dimension_that_the_program_makes_is_on_the_plot(self):
+        make = ('(entmake (quote ((0 . "DIMENSION") (8 . "0") (62 . 3) (10 0.0 20.0 0.0) (13 0.0 0.0 0.0)'
+                ' (14 60.0 0.0 0.0) (70 . 0))))')
+        outcome = self.lisphost("--plot", "dimension.svg", "eval", make)
+        self.assertEqual((outcome.status, outcome.errors), (0, ""))
+        self.assertIn('stroke="#00ff00"', (self.folder / "dimension.svg").read_text())
+
     def test_layout_goes_by_its_name(self):
         outcome = self.lisphost("--plot", "layout.svg", "--layout", "LAYOUT1", "eval", "1")
         self.assertEqual((outcome.status, outcome.errors), (0, ""))

@@ -171,14 +171,17 @@ private:
     Vector m_text;
 };
 
-// Whether anything but the dimension may show the block. A longer name that begins so counts, too.
+// Whether an insert, or another dimension of any type, may show the block. A longer name that begins so counts, too.
 bool isNamedElsewhere(const Database &database, const std::u16string &block, RecordId dimension)
 {
     const std::string name = database.codec().encode(block);
     for (RecordId id = 0; id < database.recordCount(); ++id) {
         const Record &record = database.record(id);
-        if (record.kind == RecordKind::Entity && id != dimension && !record.isGone() &&
-            database.bytes(id).find(name) != std::string_view::npos)
+        if (record.kind != RecordKind::Entity || id == dimension || record.isGone())
+            continue;
+        const bool namesBlock =
+            record.type == known::Insert || database.names().text(record.type).ends_with("DIMENSION");
+        if (namesBlock && database.bytes(id).find(name) != std::string_view::npos)
             return true;
     }
     return false;

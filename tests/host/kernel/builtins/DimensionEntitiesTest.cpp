@@ -142,6 +142,13 @@ TEST_F(DimensionEntities, ABlockThatAnotherShowsStaysWhatItIs)
     EXPECT_EQ(evaluate("(list (shown d) (shown e))"), "(\"40\" \"75\")");
 }
 
+TEST_F(DimensionEntities, ABlockThatAnInsertShowsStaysWhatItIs)
+{
+    evaluate("(setq d (entmakex (linear nil)) e (entmakex '((0 . \"INSERT\") (2 . \"*D1\") (10 0.0 0.0 0.0))))"
+             "(change d '(14 75.0 30.0 0.0))");
+    EXPECT_EQ(evaluate("(list (shown d) (shown e))"), "(\"75\" \"40\")");
+}
+
 TEST_F(DimensionEntities, AColourOrALayerLeavesThePicture)
 {
     evaluate("(setq d (entmakex (linear nil)) p (parts d \"TEXT\"))");
