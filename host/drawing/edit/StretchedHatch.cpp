@@ -58,6 +58,12 @@ double turnFrom(double start, double end)
     return turn > 0 ? turn : turn + geometry::FullTurn;
 }
 
+bool isWholeTurn(double degrees)
+{
+    constexpr double Rounding = 1e-9;
+    return std::abs(std::remainder(degrees, 360)) < Rounding;
+}
+
 // Edges of ellipses have the angles of their places as seen from the centre.
 double seenFromCentre(double parameter, double ratio)
 {
@@ -272,7 +278,7 @@ private:
         arc.v = Vector{-arc.u.y, arc.u.x, 0} * (arc.isCounterclockwise ? ratio : -ratio);
         arc.start = parameterSeen(start * Degree, ratio);
         arc.sweep =
-            std::abs(end - start) >= 360 ? geometry::FullTurn : turnFrom(arc.start, parameterSeen(end * Degree, ratio));
+            isWholeTurn(end - start) ? geometry::FullTurn : turnFrom(arc.start, parameterSeen(end * Degree, ratio));
         putArc(arc);
     }
 

@@ -699,6 +699,66 @@ TEST_F(Transform, AStretchedHatchHasItsBoundariesAndPatternStretched)
     }
 }
 
+TEST_F(Transform, AWholeCircleAroundAHatchBecomesAWholeEllipse)
+{
+    for (const double start : {0.0, 30.0}) {
+        const GroupList circle{{0, u"HATCH"},         {100, u"AcDbEntity"},    {8, u"0"},
+                               {100, u"AcDbHatch"},   {10, Point{0, 0, 0}},    {210, Point{0, 0, 1}},
+                               {2, u"SOLID"},         {70, std::int64_t{1}},   {71, std::int64_t{0}},
+                               {91, std::int64_t{1}}, {92, std::int64_t{1}},   {93, std::int64_t{1}},
+                               {72, std::int64_t{2}}, {10, Point{2, 3, 0, 2}}, {40, 3.0},
+                               {50, start},           {51, start + 360},       {73, std::int64_t{1}},
+                               {97, std::int64_t{0}}, {75, std::int64_t{0}},   {76, std::int64_t{1}},
+                               {98, std::int64_t{0}}};
+        const std::vector<GroupList> made = stretched(m_drawing, addEntity(m_drawing, circle), Matrix::scale(2, 1, 1));
+        ASSERT_EQ(made.size(), 1U);
+        EXPECT_EQ(*findValue<std::int64_t>(made.front(), 72), 3);
+        EXPECT_DOUBLE_EQ(std::abs(findValue<Point>(made.front(), 11)->x), 6);
+        EXPECT_DOUBLE_EQ(*findValue<double>(made.front(), 40), 0.5);
+        EXPECT_EQ(*findValue<double>(made.front(), 50), 0);
+        EXPECT_EQ(*findValue<double>(made.front(), 51), 360);
+    }
+}
+
+// Of more than a turn the rest counts.
+TEST_F(Transform, AnArcBeyondATurnStaysAnArc)
+{
+    const GroupList sector{{0, u"HATCH"},
+                           {100, u"AcDbEntity"},
+                           {8, u"0"},
+                           {100, u"AcDbHatch"},
+                           {10, Point{0, 0, 0}},
+                           {210, Point{0, 0, 1}},
+                           {2, u"SOLID"},
+                           {70, std::int64_t{1}},
+                           {71, std::int64_t{0}},
+                           {91, std::int64_t{1}},
+                           {92, std::int64_t{1}},
+                           {93, std::int64_t{2}},
+                           {72, std::int64_t{2}},
+                           {10, Point{2, 3, 0, 2}},
+                           {40, 3.0},
+                           {50, 0.0},
+                           {51, 450.0},
+                           {73, std::int64_t{1}},
+                           {72, std::int64_t{1}},
+                           {10, Point{2, 6, 0, 2}},
+                           {11, Point{5, 3, 0, 2}},
+                           {97, std::int64_t{0}},
+                           {75, std::int64_t{0}},
+                           {76, std::int64_t{1}},
+                           {98, std::int64_t{0}}};
+    const Matrix matrix = Matrix::scale(2, 1, 1);
+    const RecordId original = addEntity(m_drawing, sector);
+    std::vector<Vector> expected = placesOf(m_drawing, original);
+    for (Vector &place : expected)
+        place = matrix.place(place);
+    const std::vector<Vector> found =
+        placesOf(m_drawing, addEntity(m_drawing, stretched(m_drawing, original, matrix).at(0)));
+    EXPECT_LT(farthest(found, expected), 1e-9);
+    EXPECT_LT(farthest(expected, found), 1e-9);
+}
+
 TEST_F(Transform, TheMeasurementOfADimensionGrowsWithIt)
 {
     Database &database = m_drawing.database();
