@@ -18,13 +18,13 @@ constexpr int PromptCode = 3, FlagsCode = 70;
 struct Mode
 {
     std::u16string_view name;
-    std::int64_t flag;
+    int flag;
 };
 
-constexpr std::int64_t Constant = 2;
+constexpr int Constant = 2, AllModes = 15; // AFLAGS has more
 constexpr std::array<Mode, 4> modes = {{{u"Invisible", 1}, {u"Constant", Constant}, {u"Verify", 4}, {u"Preset", 8}}};
 
-std::u16string shownModes(std::int64_t flags)
+std::u16string shownModes(int flags)
 {
     std::u16string text = u"Current attribute modes:";
     for (const Mode &mode : modes)
@@ -35,8 +35,8 @@ std::u16string shownModes(std::int64_t flags)
 // Each answer changes one of them, until Enter. They are those of the next definition as well.
 Command askModes(Context &context)
 {
-    std::int64_t &flags = context.memory().attributeModes;
     for (;;) {
+        int flags = context.session().integer(u"AFLAGS");
         context.say(shownModes(flags));
         const auto choice =
             co_await context.ask().keyword({u"Enter an option to change [Invisible/Constant/Verify/Preset] <done>: ",
@@ -45,6 +45,7 @@ Command askModes(Context &context)
             co_return;
         for (const Mode &mode : modes)
             flags ^= choice.is(mode.name) ? mode.flag : 0;
+        context.session().assign(u"AFLAGS", flags);
     }
 }
 
@@ -69,8 +70,7 @@ StringRequest askWords(Context &context, std::u16string_view prompt)
     return context.ask().string({prompt, {}, Enter::Allowed, {}, Blanks::BelongToAnswers});
 }
 
-TextLine definition(const std::u16string &tag, const std::u16string &prompt, const std::u16string &value,
-                    std::int64_t flags)
+TextLine definition(const std::u16string &tag, const std::u16string &prompt, const std::u16string &value, int flags)
 {
     return {u"ATTDEF",
             value,
@@ -81,7 +81,7 @@ TextLine definition(const std::u16string &tag, const std::u16string &prompt, con
 // Nobody is asked for a constant one.
 Task<TextLine> askDefinition(Context &context)
 {
-    const std::int64_t flags = context.memory().attributeModes;
+    const int flags = context.session().integer(u"AFLAGS") & AllModes;
     const bool isConstant = (flags & Constant) != 0;
     const std::u16string tag = co_await askTag(context);
     std::u16string prompt;

@@ -25,7 +25,6 @@ struct Memory
     std::optional<DrawnEnd> drawnEnd;       // of the last line, arc or polyline
     RecordId text = drawing::NoRecord;      // the last one, for TEXT to go on below
     RecordId attribute = drawing::NoRecord; // the same of ATTDEF
-    std::int64_t attributeModes = 0;        // flags of an ATTDEF that the next one gets, too
     std::optional<std::u16string> script;   // that SCRIPT has read and that is to be run now
 };
 

@@ -44,6 +44,7 @@ constexpr int pointModes[] = {0, 1, 2, 3, 4, 32, 33, 34, 35, 36, 64, 65, 66, 67,
 constexpr VariableRow table[] = {
     {u"ACADVER", Text, u"24.0", Session, ReadOnly},
     {u"ADCSTATE", Integer, u"0", Session, ReadOnly},
+    {u"AFLAGS", Integer, u"0", Session, ReadWrite, range(0, 63)},
     {u"ANGBASE", Real, u"0", Drawing},
     {u"ANGDIR", Integer, u"0", Drawing, ReadWrite, range(0, 1)},
     {u"ANNOALLVISIBLE", Integer, u"1", Drawing, ReadWrite, range(0, 1)},

@@ -71,6 +71,13 @@ TEST_F(AttributeCommand, ModesAreChangedUntilEnterAndStay)
     EXPECT_EQ(integerOf(lastGroups(), 70), 1 | 8);
     evaluate("(command \"_.attdef\" \"_i\" \"\" \"b\" \"\" \"\" '(0 0) 1 0)");
     EXPECT_EQ(integerOf(lastGroups(), 70), 8);
+    EXPECT_EQ(evaluate("(getvar \"AFLAGS\")"), "8");
+}
+
+TEST_F(AttributeCommand, ModesAreThoseOfTheVariable)
+{
+    evaluate("(setvar \"AFLAGS\" 5) (command \"_.attdef\" \"\" \"a\" \"\" \"\" '(0 0) 1 0)");
+    EXPECT_EQ(integerOf(lastGroups(), 70), 5);
 }
 
 TEST_F(AttributeCommand, AConstantOneHasNoPrompt)
