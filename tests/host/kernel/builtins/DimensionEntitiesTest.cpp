@@ -230,6 +230,15 @@ TEST_F(DimensionEntities, InAPlaneOfItsOwn)
     EXPECT_EQ(places("(value 11 (last (parts d \"LINE\")))"), "(\"0.00\" \"37.50\" \"10.00\")");
 }
 
+TEST_F(DimensionEntities, TheTextIsReadFromTheSideThatItWasDrawnFor)
+{
+    evaluate("(command \"_.ucs\" \"_z\" 30 \"_.dimlinear\" '(0 0) '(0 40) '(-10 20) \"_.ucs\" \"_w\")"
+             "(setq d (entlast)) (defun turn () (rtos (/ (value 50 (car (parts d \"TEXT\"))) pi) 2 3))");
+    EXPECT_EQ(evaluate("(turn)"), "\"0.667\"");
+    evaluate("(change d '(1 . \"<> mm\"))");
+    EXPECT_EQ(evaluate("(list (shown d) (turn))"), "(\"40.00 mm\" \"0.667\")");
+}
+
 TEST_F(DimensionEntities, ObliqueExtensionLinesMeetTheLineElsewhere)
 {
     evaluate("(setq d (entmakex (linear (list (cons 52 (/ pi 4))))))");
