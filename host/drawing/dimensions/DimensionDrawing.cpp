@@ -1,6 +1,7 @@
 #include "host/drawing/dimensions/DimensionDrawing.h"
 
 #include "host/drawing/Blocks.h"
+#include "host/drawing/dimensions/BlockUsers.h"
 #include "host/drawing/dimensions/DimensionPicture.h"
 #include "host/drawing/dimensions/DimensionText.h"
 #include "host/drawing/edit/DimensionParts.h"
@@ -171,28 +172,13 @@ private:
     Vector m_text;
 };
 
-// Whether an insert, or another dimension of any type, may show the block. A longer name that begins so counts, too.
-bool isNamedElsewhere(const Database &database, const std::u16string &block, RecordId dimension)
-{
-    const std::string name = database.codec().encode(block);
-    for (RecordId id = 0; id < database.recordCount(); ++id) {
-        const Record &record = database.record(id);
-        if (record.kind != RecordKind::Entity || id == dimension || record.isGone())
-            continue;
-        const bool namesBlock =
-            record.type == known::Insert || database.names().text(record.type).ends_with("DIMENSION");
-        if (namesBlock && database.bytes(id).find(name) != std::string_view::npos)
-            return true;
-    }
-    return false;
-}
-
 std::u16string nameForPicture(const Drawing &drawing, RecordId dimension, const GroupList &groups)
 {
+    thread_local BlockUsers users; // of the drawing that was worked on last
     const std::u16string old = textOf(groups, groupcode::Name);
     const RecordId picture = pictureOf(drawing, groups);
     const bool isItsOwn = picture != NoRecord && drawing.database().record(dimension).container != picture &&
-                          !isNamedElsewhere(drawing.database(), old, dimension);
+                          !users.isShownByOther(drawing, old, dimension);
     return isItsOwn ? old : freeBlockName(drawing.tables(), PicturePrefix);
 }
 
