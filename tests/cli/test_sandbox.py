@@ -483,7 +483,8 @@ calls = {
     "semctl": (66, -1, 0, 0), "msgget": (68, 4711, 0), "msgctl": (71, -1, 0, 0), "mq_open": (240, b"none", 0, 0, 0),
     "process_vm_readv": (310, parent, 0, 0, 0, 0, 0), "io_uring_setup": (425, 1, 0),
     "unshare": (272, 0x10000000),
-    "setrlimit of its own": (302, 0, 7, limit, 0), "setpriority of its own": (141, 0, 0, 0),
+    "setrlimit of its own": (302, 0, 7, limit, 0),
+    "setpriority of its own": (141, 0, 0, os.getpriority(os.PRIO_PROCESS, 0)),  # a lower one may be forbidden outside, too
     "sched_setaffinity of its own": (203, 0, 8, ctypes.byref(mask)), "ioprio_set of its own": (251, 1, 0, 0),
 }
 results = {}
