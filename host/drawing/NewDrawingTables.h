@@ -196,7 +196,7 @@ inline constexpr std::string_view Tables = R"(0 TABLE
 73 0
 74 0
 77 1
-78 8
+78 0
 140 2.5
 141 2.5
 143 0.03937007874

@@ -47,7 +47,7 @@ TEST_F(DimensionEntities, AMadeOneHasItsPicture)
     EXPECT_EQ(evaluate("(setq d (entlast)) (mapcar '(lambda (type) (length (parts d type)))"
                        " '(\"LINE\" \"SOLID\" \"TEXT\" \"POINT\"))"),
               "(3 2 1 3)");
-    EXPECT_EQ(evaluate("(shown d)"), "\"40\"");
+    EXPECT_EQ(evaluate("(shown d)"), "\"40.00\"");
     EXPECT_EQ(placeOf(lastGroups(), 11), (Vector{20, 50 + 0.625 + 1.25, 0}));
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
@@ -79,7 +79,7 @@ TEST_F(DimensionEntities, ABlockThatIsThereIsKept)
     EXPECT_EQ(textOf(lastGroups(), 2), u"mine");
     EXPECT_EQ(evaluate("(= n (blocks))"), "T");
     evaluate("(entmake (linear '((2 . \"*D7\"))))");
-    EXPECT_EQ(evaluate("(shown (entlast))"), "\"40\"");
+    EXPECT_EQ(evaluate("(shown (entlast))"), "\"40.00\"");
 }
 
 TEST_F(DimensionEntities, SubclassMarkersMayBeMissing)
@@ -95,12 +95,12 @@ TEST_F(DimensionEntities, RadiiAndDiametersHaveTheirSigns)
 {
     const std::string radial = "(entmake '((0 . \"DIMENSION\") (10 0.0 0.0 0.0) (15 10.0 0.0 0.0) (40 . 5.0) (70 . ";
     evaluate(radial + "4)))");
-    EXPECT_EQ(evaluate("(shown (entlast))"), "\"R10\"");
+    EXPECT_EQ(evaluate("(shown (entlast))"), "\"R10.00\"");
     EXPECT_DOUBLE_EQ(realOf(lastGroups(), 42), 10);
     evaluate(radial + "3)))");
-    EXPECT_EQ(evaluate("(shown (entlast))"), "\"%%c10\"");
+    EXPECT_EQ(evaluate("(shown (entlast))"), "\"%%c10.00\"");
     evaluate("(change (entlast) '(15 0.0 24.0 0.0))");
-    EXPECT_EQ(evaluate("(shown (entlast))"), "\"%%c24\"");
+    EXPECT_EQ(evaluate("(shown (entlast))"), "\"%%c24.00\"");
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
@@ -118,13 +118,13 @@ TEST_F(DimensionEntities, AChangedOneShowsWhatItMeasuresAndSays)
 {
     evaluate("(setq d (entmakex (linear nil)))");
     evaluate("(change d '(14 75.0 30.0 0.0))");
-    EXPECT_EQ(evaluate("(list (shown d) (value 42 d))"), "(\"75\" 75.0)");
+    EXPECT_EQ(evaluate("(list (shown d) (value 42 d))"), "(\"75.00\" 75.0)");
     evaluate("(change d '(1 . \"<> mm\"))");
-    EXPECT_EQ(evaluate("(shown d)"), "\"75 mm\"");
+    EXPECT_EQ(evaluate("(shown d)"), "\"75.00 mm\"");
     evaluate("(change d (cons 50 (/ pi 2)))");
-    EXPECT_EQ(evaluate("(shown d)"), "\"30 mm\"");
+    EXPECT_EQ(evaluate("(shown d)"), "\"30.00 mm\"");
     evaluate("(entmod (list (cons -1 d) '(1 . \"\")))");
-    EXPECT_EQ(evaluate("(shown d)"), "\"30\"");
+    EXPECT_EQ(evaluate("(shown d)"), "\"30.00\"");
 }
 
 TEST_F(DimensionEntities, ItsBlockIsFilledAnewAndNoOtherIsMade)
@@ -139,14 +139,14 @@ TEST_F(DimensionEntities, ABlockThatAnotherShowsStaysWhatItIs)
     evaluate("(setq d (entmakex (linear nil)) e (entmakex (entget d)))");
     EXPECT_EQ(evaluate("(= (value 2 d) (value 2 e))"), "T");
     evaluate("(change e '(14 75.0 30.0 0.0))");
-    EXPECT_EQ(evaluate("(list (shown d) (shown e))"), "(\"40\" \"75\")");
+    EXPECT_EQ(evaluate("(list (shown d) (shown e))"), "(\"40.00\" \"75.00\")");
 }
 
 TEST_F(DimensionEntities, ABlockThatAnInsertShowsStaysWhatItIs)
 {
     evaluate("(setq d (entmakex (linear nil)) e (entmakex '((0 . \"INSERT\") (2 . \"*D1\") (10 0.0 0.0 0.0))))"
              "(change d '(14 75.0 30.0 0.0))");
-    EXPECT_EQ(evaluate("(list (shown d) (shown e))"), "(\"75\" \"40\")");
+    EXPECT_EQ(evaluate("(list (shown d) (shown e))"), "(\"75.00\" \"40.00\")");
 }
 
 TEST_F(DimensionEntities, AColourOrALayerLeavesThePicture)
@@ -173,7 +173,7 @@ TEST_F(DimensionEntities, UndoGivesBackEveryByte)
     EXPECT_NE(bytes(), before);
     evaluate("(command \"_.undo\" \"_back\")");
     EXPECT_EQ(bytes(), before);
-    EXPECT_EQ(evaluate("(shown d)"), "\"40\"");
+    EXPECT_EQ(evaluate("(shown d)"), "\"40.00\"");
 }
 
 TEST_F(DimensionEntities, TheStyleSaysHowItIsDrawn)
@@ -183,7 +183,7 @@ TEST_F(DimensionEntities, TheStyleSaysHowItIsDrawn)
     evaluate("(setq d (entmakex (linear '((3 . \"Big\")))) text (car (parts d \"TEXT\")))");
     EXPECT_EQ(evaluate("(list (shown d) (value 40 text) (length (parts d \"LINE\")))"), "(\"20.000m\" 10.0 4)");
     evaluate("(change d '(3 . \"Standard\"))");
-    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40\" 2.5)");
+    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40.00\" 2.5)");
 }
 
 TEST_F(DimensionEntities, ItsOwnValuesGoBeforeThoseOfTheStyle)
@@ -194,14 +194,14 @@ TEST_F(DimensionEntities, ItsOwnValuesGoBeforeThoseOfTheStyle)
     evaluate("(setq d (entmakex (append (linear nil) (list " + own + "))))");
     EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"about 40.0\" 7.0)");
     evaluate("(entmod (list (cons -1 d) '(-3 (\"ACAD\"))))");
-    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40\" 2.5)");
+    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40.00\" 2.5)");
 }
 
 TEST_F(DimensionEntities, ValuesThatNothingCanBeDrawnByAreTakenAsTheStandardOnes)
 {
     evaluate("(setq d (entmakex (append (linear nil) (list '(-3 (\"ACAD\" (1000 . \"DSTYLE\") (1002 . \"{\")"
              " (1070 . 40) (1040 . 1e300) (1070 . 271) (1040 . -1e300) (1070 . 140) (1002 . \"}\")))))))");
-    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40\" 2.5)");
+    EXPECT_EQ(evaluate("(list (shown d) (value 40 (car (parts d \"TEXT\"))))"), "(\"40.0000\" 2.5)");
 }
 
 TEST_F(DimensionEntities, WhatTheVariablesHadOtherwiseGoesOnInTheDimension)
@@ -218,7 +218,7 @@ TEST_F(DimensionEntities, OneOfABlockHasItsPicture)
     evaluate("(entmake '((0 . \"BLOCK\") (2 . \"part\") (70 . 0) (10 0.0 0.0 0.0))) (entmake (linear nil))"
              "(entmake '((0 . \"ENDBLK\")))");
     EXPECT_EQ(evaluate("(setq d (entnext (tblobjname \"BLOCK\" \"part\"))) (list (value 0 d) (shown d))"),
-              "(\"DIMENSION\" \"40\")");
+              "(\"DIMENSION\" \"40.00\")");
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
