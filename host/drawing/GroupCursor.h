@@ -2,9 +2,10 @@
 
 #include "host/drawing/FileFormat.h"
 #include "host/drawing/GroupCodes.h"
+#include "host/drawing/LineEnds.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 namespace drawing {
@@ -23,7 +24,7 @@ class TextGroups
 {
 public:
     TextGroups(std::string_view bytes, const FileFormat &format)
-        : m_position(bytes.data()), m_end(bytes.data() + bytes.size()), m_mark(format.lineEndMark())
+        : m_lineEnds(bytes, format.lineEndMark()), m_position(bytes.data()), m_end(bytes.data() + bytes.size())
     {
     }
 
@@ -31,36 +32,36 @@ public:
     {
         while (m_position != m_end) {
             const char *begin = m_position;
-            if (!readCode(group.code)) {
+            if (!readCode(takeLine(), group.code)) {
                 m_badPlace = m_badLines++ == 0 ? begin : m_badPlace;
-                passLine();
                 continue;
             }
-            const char *value = m_position;
-            const char *end = passLine();
-            if (end != value && end[-1] == '\r')
-                --end;
-            group.value = {value, static_cast<std::size_t>(end - value)};
+            group.value = takeLine();
             group.bytes = {begin, static_cast<std::size_t>(m_position - begin)};
             return true;
         }
         return false;
     }
     const char *position() const { return m_position; } // where the next group begins
-    void returnTo(const char *position) { m_position = position; }
+    void returnTo(const char *position)
+    {
+        m_position = position;
+        m_lineEnds.goTo(position);
+    }
     std::size_t badLines() const { return m_badLines; }
     const char *firstBadPlace() const { return m_badPlace; } // null: there was none
 
 private:
-    // Both leave the position behind the line when they have read an integer, else where it was.
-    bool readCode(int &code) { return readUsualCode(code) || readAnyCode(code); }
-
-    // As nearly every program writes it: right-aligned in three columns, and with two more bytes in memory.
-    bool readUsualCode(int &code)
+    static bool readCode(std::string_view line, int &code)
     {
-        constexpr std::ptrdiff_t Columns = 3, Longest = Columns + 2;
-        const char *line = m_position;
-        if (m_end - line < Longest || line[2] == ' ' || (line[1] == ' ' && line[0] != ' '))
+        return readUsualCode(line, code) || readAnyCode(line, code);
+    }
+
+    // As nearly every program writes it: right-aligned in three columns.
+    static bool readUsualCode(std::string_view line, int &code)
+    {
+        constexpr std::size_t Columns = 3;
+        if (line.size() != Columns || line[2] == ' ' || (line[1] == ' ' && line[0] != ' '))
             return false;
         const auto digit = [](char column) {
             return column == ' ' ? 0U : static_cast<unsigned char>(column) - unsigned{'0'};
@@ -68,26 +69,21 @@ private:
         const unsigned hundreds = digit(line[0]), tens = digit(line[1]), ones = digit(line[2]);
         if (hundreds > 9 || tens > 9 || ones > 9)
             return false;
-        const char *end = line + Columns;
-        end += *end == '\r' && m_mark == '\n' ? 1 : 0;
-        if (*end != m_mark)
-            return false;
-        m_position = end + 1;
         code = static_cast<int>(hundreds * 100 + tens * 10 + ones);
         return true;
     }
 
-    bool readAnyCode(int &code)
+    static bool readAnyCode(std::string_view line, int &code)
     {
         constexpr unsigned TooLarge = 100000; // no code; more digits would overflow
-        const char *at = m_position;
-        while (at != m_end && (*at == ' ' || *at == '\t'))
+        const char *at = line.data(), *const end = at + line.size();
+        while (at != end && (*at == ' ' || *at == '\t'))
             ++at;
-        const bool negative = at != m_end && *at == '-';
+        const bool negative = at != end && *at == '-';
         at += negative;
         const char *digits = at;
         unsigned number = 0;
-        for (; at != m_end && number < TooLarge; ++at) {
+        for (; at != end && number < TooLarge; ++at) {
             const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
             if (digit > 9)
                 break;
@@ -95,31 +91,26 @@ private:
         }
         if (at == digits)
             return false;
-        while (at != m_end && *at != m_mark) {
-            if (*at != ' ' && *at != '\t' && *at != '\r')
-                return false;
-            ++at;
-        }
-        m_position = at == m_end ? at : at + 1;
+        if (!std::all_of(at, end, [](char each) { return each == ' ' || each == '\t' || each == '\r'; }))
+            return false;
         code = negative ? -static_cast<int>(number) : static_cast<int>(number);
         return true;
     }
-    // Gives the place of the line's end mark.
-    const char *passLine()
+
+    // The line at the position, without its end, which is passed over.
+    std::string_view takeLine()
     {
-        const void *mark = std::memchr(m_position, m_mark, static_cast<std::size_t>(m_end - m_position));
-        if (!mark) {
-            m_position = m_end;
-            return m_end;
-        }
-        const char *end = static_cast<const char *>(mark);
-        m_position = end + 1;
-        return end;
+        const char *begin = m_position;
+        const char *end = m_lineEnds.next();
+        m_position = end == m_end ? end : end + 1;
+        if (end != begin && end[-1] == '\r')
+            --end;
+        return {begin, static_cast<std::size_t>(end - begin)};
     }
 
+    LineEnds m_lineEnds;
     const char *m_position;
     const char *m_end;
-    char m_mark;
     std::size_t m_badLines = 0;
     const char *m_badPlace = nullptr;
 };

@@ -13,15 +13,6 @@ void extend(std::string_view &bytes, std::string_view later)
 
 } // namespace
 
-bool GroupReader::nextRaw(RawGroup &group)
-{
-    do {
-        if (!m_cursor.next(group))
-            return false;
-    } while (group.code == groupcode::Comment);
-    return true;
-}
-
 bool GroupReader::takeRaw(int code, RawGroup &group)
 {
     const char *before = m_cursor.position();
@@ -52,12 +43,13 @@ void GroupReader::readPoint(Item &item)
     if (!takeRaw(item.code + groupcode::YOffset, next))
         return; // a real on its own
     item.kind = ValueKind::Point;
+    item.coordinates = 2;
     item.point.y = realOf(next, m_format.kind);
     extend(item.bytes, next.bytes);
     if (!takeRaw(item.code + groupcode::ZOffset, next))
         return;
     item.point.z = realOf(next, m_format.kind);
-    item.point.dimensions = 3;
+    item.point.dimensions = item.coordinates = 3;
     extend(item.bytes, next.bytes);
 }
 

@@ -11,6 +11,7 @@ namespace drawing {
 struct Item : RawGroup
 {
     ValueKind kind = ValueKind::Text;
+    int coordinates = 0;      // of ValueKind::Point: how many groups it has, whatever the point is taken for later
     std::int64_t integer = 0; // of an integer kind
     double real = 0;          // of ValueKind::Real
     Point point;              // of ValueKind::Point
@@ -36,7 +37,13 @@ public:
     }
     // The two steps of next(), for who passes most groups over. What is not read of a point comes as a group for each
     // coordinate.
-    bool nextRaw(RawGroup &group);
+    bool nextRaw(RawGroup &group)
+    {
+        while (m_cursor.next(group))
+            if (group.code != groupcode::Comment)
+                return true;
+        return false;
+    }
     void readValue(Item &item); // of the group that was given last
     std::u16string text(const Item &item) const { return m_codec->decode(item.value); }
     Group group(const Item &item) const; // decoded, with memory of its own

@@ -305,7 +305,7 @@ bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted)
     });
 }
 
-bool changeRecord(Drawing &drawing, RecordId record, std::span<const ChangedItem> changes)
+bool changeRecord(Drawing &drawing, RecordId record, const ValueChanges &changes)
 {
     return changeWithLayer(drawing, record, [&] { return changeValues(drawing, record, changes); });
 }

@@ -14,7 +14,7 @@ namespace drawing {
 bool changeRecord(Drawing &drawing, RecordId record, const GroupList &wanted);
 
 // The same for some values of the listing; see changeValues(). False, too, for what only a whole list can do.
-bool changeRecord(Drawing &drawing, RecordId record, std::span<const ChangedItem> changes);
+bool changeRecord(Drawing &drawing, RecordId record, const ValueChanges &changes);
 
 // Makes a layer as programs expect it, when it is not there.
 void ensureLayer(Drawing &drawing, const std::u16string &name);

@@ -36,25 +36,15 @@ private:
     std::string m_bytes;
 };
 
-// How many coordinates of a point the record has.
-int recordedDimensions(const Item &item, const FileFormat &format)
-{
-    GroupCursor cursor(item.bytes, format);
-    int count = 0;
-    for (RawGroup raw; cursor.next(raw);)
-        count += raw.code != groupcode::Comment ? 1 : 0;
-    return count;
-}
-
 // Whether the group can be written where the item is without a look at the groups around it.
-bool canReplace(const ListedItem &listed, const Group &group, const FileFormat &format)
+bool canReplace(const ListedItem &listed, const Group &group)
 {
     if (listed.origin == ListedItem::Derived || group.code == groupcode::Subclass ||
         group.code == groupcode::VertexCount)
         return false;
     const auto *point = std::get_if<Point>(&group.value);
     return !point || (listed.item.kind == ValueKind::Point && point->dimensions == listed.item.point.dimensions &&
-                      point->dimensions == recordedDimensions(listed.item, format));
+                      point->dimensions == listed.item.coordinates);
 }
 
 // What a Record says of its bytes is no real and no point.
@@ -65,19 +55,25 @@ bool isField(const Item &item)
 
 } // namespace
 
-bool changeValues(Drawing &drawing, RecordId record, std::span<const ChangedItem> changes)
+bool changeValues(Drawing &drawing, RecordId record, const ValueChanges &changes)
 {
-    if (changes.empty())
+    if (changes.items.empty())
         return true;
     Database &database = drawing.database();
     const ItemValues values(database.format(), database.codec());
     Replacement replacement(database.bytes(record));
     auto fields = Database::Fields::Kept;
-    for (const auto &[listed, group] : changes) {
-        if (!canReplace(listed, group, database.format()) || replacement.isBehind(listed.item) ||
-            !values.appendChanged(replacement.insteadOf(listed.item), listed.item, inDegrees(group)))
+    for (std::size_t i = 0; i < changes.items.size(); ++i) {
+        const Item &item = changes.items[i].item;
+        const Group &group = changes.groups[i];
+        if (!canReplace(changes.items[i], group) || replacement.isBehind(item))
             return false;
-        if (isField(listed.item))
+        std::string &bytes = replacement.insteadOf(item);
+        const bool isWritten = isAngle(group.code) ? values.appendChanged(bytes, item, inDegrees(group))
+                                                   : values.appendChanged(bytes, item, group);
+        if (!isWritten)
+            return false;
+        if (isField(item))
             fields = Database::Fields::Changed;
     }
     database.replaceBytes(record, replacement.bytes(), fields);
@@ -91,15 +87,17 @@ bool changeValues(Drawing &drawing, RecordId record, const GroupList &wanted)
     if (wanted.size() != listing.size())
         return false;
     const ItemValues values(database.format(), database.codec());
-    std::vector<ChangedItem> changes;
+    ValueChanges changes;
     std::size_t place = 0;
     for (const ListedItem listed : listing) {
         const bool isInHead = place < listing.headSize();
         const Group &next = wanted[place++];
         if (next.code != listed.item.code || next.code == groupcode::Braces)
             return false;
-        if (!isInHead && !isFixed(next.code) && !values.isSame(listed.item, next))
-            changes.push_back({listed, next});
+        if (isInHead || isFixed(next.code) || values.isSame(listed.item, next))
+            continue;
+        changes.items.push_back(listed);
+        changes.groups.push_back(next);
     }
     return changeValues(drawing, record, changes);
 }

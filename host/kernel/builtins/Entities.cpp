@@ -87,13 +87,8 @@ bool changeFewValues(Drawing &drawing, Value list)
     if (record == NoRecord)
         return false;
     const drawing::EntityListing listing(drawing, record);
-    const auto changes = changedItems(drawing, listing, list.asCons()->cdr);
-    if (!changes)
-        return false;
-    drawing::GroupList groups;
-    for (const drawing::ChangedItem &change : *changes)
-        groups.push_back(change.group);
-    return !hasConsequences(drawing, record, groups) && canTake(drawing, record, groups) &&
+    const auto changes = changedValues(drawing, listing, list.asCons()->cdr);
+    return changes && !hasConsequences(drawing, record, changes->groups) && canTake(drawing, record, changes->groups) &&
            drawing::changeRecord(drawing, record, *changes);
 }
 

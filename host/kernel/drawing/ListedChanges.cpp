@@ -7,7 +7,6 @@
 #include "host/kernel/drawing/EntityData.h"
 #include "host/kernel/drawing/EntityName.h"
 
-using drawing::ChangedItem;
 using drawing::EntityListing;
 using drawing::Item;
 using drawing::ListedItem;
@@ -51,12 +50,12 @@ bool isSurelySame(const drawing::TextCodec &codec, const Item &item, Value value
 
 } // namespace
 
-std::optional<std::vector<ChangedItem>> changedItems(const drawing::Drawing &drawing, const EntityListing &listing,
-                                                     Value list)
+std::optional<drawing::ValueChanges> changedValues(const drawing::Drawing &drawing, const EntityListing &listing,
+                                                   Value list)
 {
     const drawing::TextCodec &codec = drawing.database().codec();
     const drawing::ItemValues values(drawing.database().format(), codec);
-    std::vector<ChangedItem> changes;
+    drawing::ValueChanges changes;
     std::size_t place = 0;
     for (const ListedItem listed : listing) {
         const bool isInHead = place++ < listing.headSize();
@@ -76,7 +75,8 @@ std::optional<std::vector<ChangedItem>> changedItems(const drawing::Drawing &dra
             continue;
         if (!group || isInHead || drawing::isFixed(group->code))
             return std::nullopt;
-        changes.push_back({listed, std::move(*group)});
+        changes.items.push_back(listed);
+        changes.groups.push_back(std::move(*group));
     }
     return list.isNil() ? std::optional(std::move(changes)) : std::nullopt;
 }
