@@ -34,7 +34,7 @@ bool isViewport(const Drawing &drawing, RecordId id)
         return false;
     const Record &record = database.record(id);
     return record.kind == RecordKind::Entity && record.has(Record::PaperSpace) && !record.isGone() &&
-           record.container == database.section(known::Entities) && database.names().text(record.type) == "VIEWPORT" &&
+           record.container == database.section(known::Entities) && record.type == known::ViewportEntity &&
            viewportNumber(database, id) > SheetNumber && (integer(database, id, FlagsCode) & IsOff) == 0;
 }
 

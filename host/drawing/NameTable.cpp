@@ -9,9 +9,16 @@ namespace drawing {
 namespace {
 
 constexpr std::string_view knownNames[] = {
-    "",      "SECTION", "ENDSEC", "EOF",    "HEADER",   "CLASSES", "TABLES", "BLOCKS",       "ENTITIES",   "OBJECTS",
-    "TABLE", "ENDTAB",  "BLOCK",  "ENDBLK", "POLYLINE", "INSERT",  "VERTEX", "ATTRIB",       "SEQEND",     "DIMSTYLE",
-    "LAYER", "LTYPE",   "STYLE",  "VIEW",   "UCS",      "VPORT",   "APPID",  "BLOCK_RECORD", "DICTIONARY",
+    "",           "SECTION",  "ENDSEC",   "EOF",          "HEADER",        "CLASSES",
+    "TABLES",     "BLOCKS",   "ENTITIES", "OBJECTS",      "TABLE",         "ENDTAB",
+    "BLOCK",      "ENDBLK",   "POLYLINE", "INSERT",       "VERTEX",        "ATTRIB",
+    "SEQEND",     "DIMSTYLE", "LAYER",    "LTYPE",        "STYLE",         "VIEW",
+    "UCS",        "VPORT",    "APPID",    "BLOCK_RECORD", "DICTIONARY",    "LINE",
+    "3DLINE",     "RAY",      "XLINE",    "POINT",        "CIRCLE",        "ARC",
+    "ELLIPSE",    "SPLINE",   "HELIX",    "LWPOLYLINE",   "SOLID",         "TRACE",
+    "3DFACE",     "HATCH",    "MPOLYGON", "DIMENSION",    "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION",
+    "ACAD_TABLE", "LEADER",   "MLINE",    "TEXT",         "ATTDEF",        "MTEXT",
+    "IMAGE",      "WIPEOUT",  "VIEWPORT",
 };
 static_assert(std::size(knownNames) == known::Count);
 

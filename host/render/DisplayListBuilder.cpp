@@ -29,7 +29,7 @@ bool runsThrough(const drawing::Database &database, drawing::RecordId entity)
 bool isPolyline(const drawing::Database &database, drawing::RecordId entity)
 {
     const drawing::NameId type = database.record(entity).type;
-    return type == drawing::known::Polyline || database.names().text(type) == "LWPOLYLINE";
+    return type == drawing::known::Polyline || type == drawing::known::LightPolyline;
 }
 
 QRectF boundsOf(const std::vector<std::vector<QPointF>> &loops)
@@ -215,7 +215,7 @@ void DisplayListBuilder::area(const geometry::Area &area, const Origin &origin)
 void DisplayListBuilder::addArea(const Loops &loops, const Origin &origin)
 {
     m_item.kind = DisplayItem::Kind::Area;
-    const bool isHatch = m_drawing.database().names().text(m_drawing.database().record(origin.entity).type) == "HATCH";
+    const bool isHatch = m_drawing.database().record(origin.entity).type == drawing::known::Hatch;
     const auto gradient = isHatch ? gradientOf(m_drawing.database(), origin.entity, boundsOf(loops)) : std::nullopt;
     if (gradient)
         m_list.add(m_item, loops, *gradient);

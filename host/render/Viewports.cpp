@@ -160,7 +160,7 @@ Matrix toDisplay(const Groups &groups)
 std::optional<Viewport> viewportOf(const drawing::Drawing &drawing, RecordId entity)
 {
     const drawing::Database &database = drawing.database();
-    if (database.names().text(database.record(entity).type) != "VIEWPORT")
+    if (database.record(entity).type != drawing::known::ViewportEntity)
         return std::nullopt;
     const Groups groups = read(drawing, entity);
     const bool isShown = groups.status > 0 && groups.number != SheetNumber && (groups.flags & IsOff) == 0;

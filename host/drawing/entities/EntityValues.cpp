@@ -17,7 +17,7 @@ constexpr std::int64_t ByLayer = 256;
 class Check
 {
 public:
-    Check(const Drawing &drawing, std::u16string_view type) : m_drawing(drawing), m_type(type) {}
+    Check(const Drawing &drawing, NameId type) : m_drawing(drawing), m_type(type) {}
 
     bool accepts(const Group &group) const
     {
@@ -26,7 +26,7 @@ public:
         case groupcode::Name:
             return !text || !isTableRecordType(m_type) || isValidName(*text);
         case LinetypeCode:
-            return !text || m_type == u"DIMSTYLE" || isLinetype(*text);
+            return !text || m_type == known::DimensionStyle || isLinetype(*text);
         case StyleCode:
             return !text || !isText() || isThere(known::Style, *text);
         case groupcode::Layer:
@@ -54,13 +54,14 @@ private:
     }
     bool isText() const
     {
-        return m_type == u"TEXT" || m_type == u"MTEXT" || m_type == u"ATTRIB" || m_type == u"ATTDEF";
+        return m_type == known::Text || m_type == known::Paragraphs || m_type == known::Attribute ||
+               m_type == known::AttributeDefinition;
     }
-    bool isRound() const { return m_type == u"CIRCLE" || m_type == u"ARC"; }
+    bool isRound() const { return m_type == known::Circle || m_type == known::Arc; }
     // A layer that is off has a negative one.
     bool acceptsColor(const std::int64_t *color) const
     {
-        return !color || (*color <= ByLayer && *color >= (m_type == u"LAYER" ? -ByLayer : 0));
+        return !color || (*color <= ByLayer && *color >= (m_type == known::Layer ? -ByLayer : 0));
     }
     static bool acceptsLineweight(const std::int64_t *weight)
     {
@@ -69,7 +70,7 @@ private:
     static bool isPositive(const double *value) { return value && *value > 0; }
 
     const Drawing &m_drawing;
-    std::u16string_view m_type;
+    NameId m_type;
 };
 
 // Braces open and close lists within the data of one application.
@@ -93,7 +94,7 @@ bool isExtendedDataWhole(const GroupList &list)
 
 } // namespace
 
-bool hasValidValues(const Drawing &drawing, std::u16string_view type, const GroupList &list, const GroupList &present)
+bool hasValidValues(const Drawing &drawing, NameId type, const GroupList &list, const GroupList &present)
 {
     const Check check(drawing, type);
     const auto isFine = [&](const Group &group) {

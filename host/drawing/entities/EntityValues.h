@@ -8,8 +8,7 @@ namespace drawing {
 // from 0 to 256, lineweights that there are (see Lineweights.h), layers and table records with valid names, circles and
 // arcs that are larger than nothing, extended data with balanced braces, not longer than ExtendedSizeLimit. `present`
 // are groups that a record has already: those are taken as they are.
-bool hasValidValues(const Drawing &drawing, std::u16string_view type, const GroupList &list,
-                    const GroupList &present = {});
+bool hasValidValues(const Drawing &drawing, NameId type, const GroupList &list, const GroupList &present = {});
 
 // Whether a record can hold the list's extended data beside that of the applications that the list does not name.
 bool holdsExtendedData(const Drawing &drawing, RecordId record, const GroupList &list);

@@ -71,9 +71,9 @@ constexpr std::u16string_view objectTypes[] = {
 };
 static_assert(std::ranges::is_sorted(objectTypes));
 
-constexpr std::u16string_view tableRecordTypes[] = {u"APPID", u"DIMSTYLE", u"LAYER", u"LTYPE",
-                                                    u"STYLE", u"UCS",      u"VIEW",  u"VPORT"};
-static_assert(std::ranges::is_sorted(tableRecordTypes));
+constexpr NameId tableRecordTypes[] = {known::Application,     known::DimensionStyle, known::Layer,
+                                       known::Linetype,        known::Style,          known::View,
+                                       known::UserCoordinates, known::Viewport};
 
 bool isDeclared(const Database &database, std::u16string_view type, bool asEntity)
 {
@@ -114,9 +114,9 @@ bool isObjectType(const Database &database, std::u16string_view type)
            (!std::ranges::binary_search(entityTypes, type) && isDeclared(database, type, false));
 }
 
-bool isTableRecordType(std::u16string_view type)
+bool isTableRecordType(NameId type)
 {
-    return std::ranges::binary_search(tableRecordTypes, type);
+    return std::ranges::find(tableRecordTypes, type) != std::end(tableRecordTypes);
 }
 
 } // namespace drawing

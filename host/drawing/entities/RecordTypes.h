@@ -13,6 +13,6 @@ bool isEntityType(const Database &database, std::u16string_view type);
 bool canHoldEntities(const Database &database, std::u16string_view type);
 bool canHoldObjects(const Database &database); // from R13 on
 bool isObjectType(const Database &database, std::u16string_view type);
-bool isTableRecordType(std::u16string_view type); // without those of blocks, which come with their blocks
+bool isTableRecordType(NameId type); // without those of blocks, which come with their blocks
 
 } // namespace drawing

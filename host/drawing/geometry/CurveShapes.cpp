@@ -11,7 +11,8 @@ void lineShapes(ShapeWalk &walk, RecordId id)
     double thickness = 0;
     Vector extrusion{0, 0, 1};
     EntityReader(walk.database(), id)
-        .readInto({{10, line.start}, {11, line.end}, {code::Thickness, thickness}, {code::Extrusion, extrusion}});
+        .readInto(Into{10, line.start}, Into{11, line.end}, Into{code::Thickness, thickness},
+                  Into{code::Extrusion, extrusion});
     const Curve curve = line; // in world coordinates, also with an extrusion direction
     walk.thickPath({&curve, 1}, false, thickness != 0 ? normalized(extrusion) * thickness : Vector());
 }
@@ -19,8 +20,8 @@ void lineShapes(ShapeWalk &walk, RecordId id)
 void rayShapes(ShapeWalk &walk, RecordId id)
 {
     Ray ray;
-    ray.isEndless = walk.database().names().text(walk.database().record(id).type) == "XLINE";
-    EntityReader(walk.database(), id).readInto({{10, ray.origin}, {11, ray.direction}});
+    ray.isEndless = walk.database().record(id).type == drawing::known::EndlessLine;
+    EntityReader(walk.database(), id).readInto(Into{10, ray.origin}, Into{11, ray.direction});
     ray.direction = normalized(ray.direction, {1, 0, 0});
     walk.ray(ray);
 }
@@ -30,7 +31,7 @@ void pointShapes(ShapeWalk &walk, RecordId id)
     Vector place, extrusion{0, 0, 1};
     double thickness = 0;
     EntityReader(walk.database(), id)
-        .readInto({{10, place}, {code::Thickness, thickness}, {code::Extrusion, extrusion}});
+        .readInto(Into{10, place}, Into{code::Thickness, thickness}, Into{code::Extrusion, extrusion});
     walk.point(place);
     if (thickness != 0)
         walk.line(place, place + normalized(extrusion) * thickness);
@@ -41,13 +42,9 @@ void circleShapes(ShapeWalk &walk, RecordId id)
     Vector centre, extrusion{0, 0, 1};
     double radius = 0, start = 0, end = 360, thickness = 0;
     EntityReader(walk.database(), id)
-        .readInto({{10, centre},
-                   {40, radius},
-                   {50, start},
-                   {51, end},
-                   {code::Thickness, thickness},
-                   {code::Extrusion, extrusion}});
-    const bool isArc = walk.database().names().text(walk.database().record(id).type) == "ARC";
+        .readInto(Into{10, centre}, Into{40, radius}, Into{50, start}, Into{51, end}, Into{code::Thickness, thickness},
+                  Into{code::Extrusion, extrusion});
+    const bool isArc = walk.database().record(id).type == drawing::known::Arc;
     const double from = isArc ? reducedAngle(radians(start)) : 0;
     const double sweep = isArc ? counterclockwise(from, radians(end)) : FullTurn;
     const Matrix plane = Matrix::ofExtrusion(extrusion);
@@ -60,7 +57,8 @@ void ellipseShapes(ShapeWalk &walk, RecordId id)
     Vector centre, major{1, 0, 0}, extrusion{0, 0, 1};
     double ratio = 1, start = 0, end = FullTurn;
     EntityReader(walk.database(), id)
-        .readInto({{10, centre}, {11, major}, {40, ratio}, {41, start}, {42, end}, {code::Extrusion, extrusion}});
+        .readInto(Into{10, centre}, Into{11, major}, Into{40, ratio}, Into{41, start}, Into{42, end},
+                  Into{code::Extrusion, extrusion});
     // All in world coordinates. The minor axis has its length also where the axes are not quite upright.
     const Vector minor = normalized(cross(extrusion, major), {}) * (length(major) * ratio);
     const double from = reducedAngle(start), sweep = counterclockwise(from, end);

@@ -12,7 +12,8 @@ namespace {
 class BoxSink final : public ShapeSink
 {
 public:
-    BoxSink(const drawing::Database &database, const Matrix &fromWorld) : m_database(database), m_fromWorld(fromWorld)
+    // `fromWorld` is null where the box is one in world coordinates.
+    BoxSink(const drawing::Database &database, const Matrix *fromWorld) : m_database(database), m_fromWorld(fromWorld)
     {
     }
 
@@ -36,17 +37,17 @@ private:
     void add(std::span<const Curve> curves)
     {
         for (const Curve &curve : curves)
-            if (m_isInWorld)
-                addBox(curve, m_box);
+            if (m_fromWorld)
+                addBox(transformed(curve, *m_fromWorld), m_box);
             else
-                addBox(transformed(curve, m_fromWorld), m_box);
+                addBox(curve, m_box);
     }
     void add(std::span<const Vector> places)
     {
         for (const Vector &place : places)
             add(place);
     }
-    void add(const Vector &place) { m_box.add(m_isInWorld ? place : m_fromWorld.place(place)); }
+    void add(const Vector &place) { m_box.add(m_fromWorld ? m_fromWorld->place(place) : place); }
 
     template <class AnyText> void addInk(const AnyText &text)
     {
@@ -55,12 +56,11 @@ private:
     }
 
     const drawing::Database &m_database;
-    const Matrix &m_fromWorld;
-    const bool m_isInWorld = m_fromWorld == Matrix();
+    const Matrix *m_fromWorld;
     Box m_box;
 };
 
-std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix &fromWorld)
+std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix *fromWorld)
 {
     BoxSink sink(drawing.database(), fromWorld);
     if (!shapesOf(drawing, entity, sink) || sink.box().isEmpty())
@@ -89,13 +89,13 @@ std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId 
     const std::uint64_t changeCount = drawing.database().journal().changeCount();
     Remembered &place = places[entity % Places];
     if (place.drawing != drawing.number() || place.entity != entity || place.changeCount != changeCount)
-        place = {drawing.number(), entity, changeCount, computedExtents(drawing, entity, {})};
+        place = {drawing.number(), entity, changeCount, computedExtents(drawing, entity, nullptr)};
     return place.box;
 }
 
 std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix &fromWorld)
 {
-    return computedExtents(drawing, entity, fromWorld);
+    return computedExtents(drawing, entity, &fromWorld);
 }
 
 } // namespace geometry

@@ -23,7 +23,7 @@ std::vector<Vector> outlineOf(const Image &image, std::vector<Vector> boundary)
 void imageShapes(ShapeWalk &walk, RecordId id)
 {
     Image image;
-    image.isWipeout = walk.database().names().text(walk.database().record(id).type) == "WIPEOUT";
+    image.isWipeout = walk.database().record(id).type == drawing::known::Wipeout;
     std::vector<Vector> boundary;
     bool isClipped = image.isWipeout;
     EntityReader reader(walk.database(), id);

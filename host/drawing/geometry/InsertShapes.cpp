@@ -22,17 +22,10 @@ InsertGroups readInsert(const drawing::Database &database, RecordId id)
 {
     InsertGroups groups;
     EntityReader(database, id)
-        .readInto({{drawing::groupcode::Name, groups.block},
-                   {10, groups.insertion},
-                   {41, groups.scale.x},
-                   {42, groups.scale.y},
-                   {43, groups.scale.z},
-                   {44, groups.columnSpacing},
-                   {45, groups.rowSpacing},
-                   {50, groups.rotation},
-                   {70, groups.columns},
-                   {71, groups.rows},
-                   {code::Extrusion, groups.extrusion}});
+        .readInto(Into{drawing::groupcode::Name, groups.block}, Into{10, groups.insertion}, Into{41, groups.scale.x},
+                  Into{42, groups.scale.y}, Into{43, groups.scale.z}, Into{44, groups.columnSpacing},
+                  Into{45, groups.rowSpacing}, Into{50, groups.rotation}, Into{70, groups.columns},
+                  Into{71, groups.rows}, Into{code::Extrusion, groups.extrusion});
     groups.columns = std::max<std::int64_t>(1, groups.columns);
     groups.rows = std::max<std::int64_t>(1, groups.rows);
     return groups;
@@ -98,7 +91,7 @@ void dimensionShapes(ShapeWalk &walk, RecordId id)
     Vector offset, extrusion{0, 0, 1};
     constexpr int OffsetCode = 12; // of a copy that shares its block
     EntityReader(walk.database(), id)
-        .readInto({{drawing::groupcode::Name, block}, {OffsetCode, offset}, {code::Extrusion, extrusion}});
+        .readInto(Into{drawing::groupcode::Name, block}, Into{OffsetCode, offset}, Into{code::Extrusion, extrusion});
     // The block is in the coordinates of the dimension's space.
     walk.block(walk.drawing().tables().find(drawing::known::Block, block),
                Matrix::translation(Matrix::ofExtrusion(extrusion).direction(offset)));

@@ -63,16 +63,9 @@ PolylineGroups readPolyline(const drawing::Database &database, RecordId id)
     groups.id = id;
     Vector place;
     EntityReader(database, id)
-        .readInto({{10, place},
-                   {code::Thickness, groups.thickness},
-                   {40, groups.startWidth},
-                   {41, groups.endWidth},
-                   {70, groups.flags},
-                   {71, groups.countM},
-                   {72, groups.countN},
-                   {73, groups.densityM},
-                   {74, groups.densityN},
-                   {code::Extrusion, groups.extrusion}});
+        .readInto(Into{10, place}, Into{code::Thickness, groups.thickness}, Into{40, groups.startWidth},
+                  Into{41, groups.endWidth}, Into{70, groups.flags}, Into{71, groups.countM}, Into{72, groups.countN},
+                  Into{73, groups.densityM}, Into{74, groups.densityN}, Into{code::Extrusion, groups.extrusion});
     groups.elevation = place.z;
     return groups;
 }

@@ -1,7 +1,6 @@
 #include "host/drawing/geometry/ShapeWalk.h"
 
-#include <string_view>
-#include <unordered_map>
+#include <array>
 
 namespace geometry {
 
@@ -12,43 +11,46 @@ namespace {
 
 using Maker = void (*)(ShapeWalk &, RecordId);
 
-Maker makerOf(std::string_view type)
+constexpr std::array<Maker, drawing::known::Count> makers = [] {
+    using namespace drawing;
+    std::array<Maker, known::Count> table{};
+    table[known::Line] = lineShapes;
+    table[known::SpatialLine] = lineShapes;
+    table[known::Ray] = rayShapes;
+    table[known::EndlessLine] = rayShapes;
+    table[known::Point] = pointShapes;
+    table[known::Circle] = circleShapes;
+    table[known::Arc] = circleShapes;
+    table[known::Ellipse] = ellipseShapes;
+    table[known::Spline] = splineShapes;
+    table[known::Helix] = splineShapes;
+    table[known::LightPolyline] = lightPolylineShapes;
+    table[known::Polyline] = polylineShapes;
+    table[known::Solid] = solidShapes;
+    table[known::Trace] = solidShapes;
+    table[known::Face] = faceShapes;
+    table[known::Hatch] = hatchShapes;
+    table[known::HatchPolygon] = hatchShapes;
+    table[known::Insert] = insertShapes;
+    table[known::Dimension] = dimensionShapes;
+    table[known::ArcDimension] = dimensionShapes;
+    table[known::JoggedDimension] = dimensionShapes;
+    table[known::TableGrid] = tableShapes;
+    table[known::Leader] = leaderShapes;
+    table[known::Multiline] = multilineShapes;
+    table[known::Text] = textShapes;
+    table[known::Attribute] = textShapes;
+    table[known::AttributeDefinition] = textShapes;
+    table[known::Paragraphs] = paragraphShapes;
+    table[known::Image] = imageShapes;
+    table[known::Wipeout] = imageShapes;
+    table[known::ViewportEntity] = viewportShapes;
+    return table;
+}();
+
+Maker makerOf(drawing::NameId type)
 {
-    static const std::unordered_map<std::string_view, Maker> makers = {
-        {"LINE", lineShapes},
-        {"3DLINE", lineShapes},
-        {"RAY", rayShapes},
-        {"XLINE", rayShapes},
-        {"POINT", pointShapes},
-        {"CIRCLE", circleShapes},
-        {"ARC", circleShapes},
-        {"ELLIPSE", ellipseShapes},
-        {"SPLINE", splineShapes},
-        {"HELIX", splineShapes},
-        {"LWPOLYLINE", lightPolylineShapes},
-        {"POLYLINE", polylineShapes},
-        {"SOLID", solidShapes},
-        {"TRACE", solidShapes},
-        {"3DFACE", faceShapes},
-        {"HATCH", hatchShapes},
-        {"MPOLYGON", hatchShapes},
-        {"INSERT", insertShapes},
-        {"DIMENSION", dimensionShapes},
-        {"ARC_DIMENSION", dimensionShapes},
-        {"LARGE_RADIAL_DIMENSION", dimensionShapes},
-        {"ACAD_TABLE", tableShapes},
-        {"LEADER", leaderShapes},
-        {"MLINE", multilineShapes},
-        {"TEXT", textShapes},
-        {"ATTRIB", textShapes},
-        {"ATTDEF", textShapes},
-        {"MTEXT", paragraphShapes},
-        {"IMAGE", imageShapes},
-        {"WIPEOUT", imageShapes},
-        {"VIEWPORT", viewportShapes},
-    };
-    const auto found = makers.find(type);
-    return found == makers.end() ? nullptr : found->second;
+    return type < makers.size() ? makers[type] : nullptr;
 }
 
 std::vector<Curve> moved(std::span<const Curve> curves, const Matrix &matrix)
@@ -64,7 +66,7 @@ std::vector<Curve> moved(std::span<const Curve> curves, const Matrix &matrix)
 bool isHiddenDefinition(const drawing::Database &database, RecordId id)
 {
     constexpr int Constant = 2;
-    if (database.names().text(database.record(id).type) != "ATTDEF")
+    if (database.record(id).type != drawing::known::AttributeDefinition)
         return false;
     const auto flags = database.firstGroup(id, drawing::groupcode::Count);
     const std::int64_t *value = flags ? std::get_if<std::int64_t>(&flags->value) : nullptr;
@@ -93,7 +95,7 @@ bool ShapeWalk::takeOne()
 
 void ShapeWalk::entity(RecordId id)
 {
-    const Maker maker = makerOf(database().names().text(database().record(id).type));
+    const Maker maker = makerOf(database().record(id).type);
     if (!maker || !takeOne())
         return;
     const RecordId outer = std::exchange(m_entity, id);

@@ -128,8 +128,8 @@ EntityMaker::Outcome EntityMaker::make(const GroupList &given, const Placement &
         return fail();
     if (drawing::isObjectType(m_drawing.database(), type))
         return drawing::canHoldObjects(m_drawing.database()) ? added(addNewObject(m_drawing, list)) : fail();
-    const bool isTableRecord = drawing::isTableRecordType(type);
-    const bool isFine = drawing::hasValidValues(m_drawing, type, list) && usesKnownApplications(list);
+    const bool isTableRecord = drawing::isTableRecordType(typeNumber(list));
+    const bool isFine = hasUsableValues(list);
     const bool isKeptForLater = m_isInBlock || hasParts(list);
     const RecordId record = isTableRecord && isFine ? drawing::addTableRecord(m_drawing, list) : NoRecord;
     if (record != NoRecord)
@@ -168,7 +168,7 @@ EntityMaker::Outcome EntityMaker::beginBlock(const GroupList &list)
 {
     cancel();
     const auto *name = drawing::findValue<std::u16string>(list, groupcode::Name);
-    if (!name || !isBlockName(*name) || !drawing::hasValidValues(m_drawing, u"BLOCK", list))
+    if (!name || !isBlockName(*name) || !drawing::hasValidValues(m_drawing, drawing::known::Block, list))
         return Failed();
     m_block = list;
     m_isInBlock = true;
@@ -219,8 +219,7 @@ bool EntityMaker::wouldShowItself(const std::u16string &block) const
 EntityMaker::Outcome EntityMaker::takePart(const GroupList &list, const Placement &placement)
 {
     const std::u16string type = typeOf(list);
-    if (!isPartOf(type, typeOf(m_entity.front())) || !drawing::isComplete(m_drawing, list) ||
-        !drawing::hasValidValues(m_drawing, type, list) || !usesKnownApplications(list) ||
+    if (!isPartOf(type, typeOf(m_entity.front())) || !drawing::isComplete(m_drawing, list) || !hasUsableValues(list) ||
         !drawing::isWritable(m_drawing, list))
         return fail();
     m_entity.push_back(list);
@@ -259,7 +258,14 @@ void EntityMaker::drawDimension(RecordId dimension)
     drawing::drawDimension(m_drawing, dimension, hasPlace ? drawing::TextPlace::AsGiven : drawing::TextPlace::Usual);
 }
 
-bool EntityMaker::usesKnownApplications(const GroupList &list) const
+drawing::NameId EntityMaker::typeNumber(const GroupList &list) const
 {
-    return drawing::usesKnownApplications(m_drawing, list);
+    const drawing::Database &database = m_drawing.database();
+    return database.names().find(database.codec().encode(typeOf(list)));
+}
+
+bool EntityMaker::hasUsableValues(const GroupList &list) const
+{
+    return drawing::hasValidValues(m_drawing, typeNumber(list), list) &&
+           drawing::usesKnownApplications(m_drawing, list);
 }

@@ -40,7 +40,8 @@ private:
     Outcome finish(Parts &&entity, const drawing::Placement &placement);
     drawing::RecordId add(const Parts &entity, const drawing::Placement &placement);
     void drawDimension(drawing::RecordId dimension);
-    bool usesKnownApplications(const drawing::GroupList &list) const;
+    drawing::NameId typeNumber(const drawing::GroupList &list) const; // none where the drawing has no such record
+    bool hasUsableValues(const drawing::GroupList &list) const;
 
     drawing::Drawing &m_drawing;
     Parts m_entity; // that a SEQEND ends; empty: none

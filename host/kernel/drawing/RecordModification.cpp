@@ -41,8 +41,9 @@ bool changeNamedRecord(Document &document, RecordId record, drawing::GroupList w
 
 bool isText(const Drawing &drawing, RecordId record)
 {
-    const std::string_view type = drawing.database().names().text(drawing.database().record(record).type);
-    return type == "TEXT" || type == "ATTRIB" || type == "ATTDEF";
+    const drawing::NameId type = drawing.database().record(record).type;
+    return type == drawing::known::Text || type == drawing::known::Attribute ||
+           type == drawing::known::AttributeDefinition;
 }
 
 // What settleText() goes by, and what it gives.
@@ -75,7 +76,7 @@ bool changeText(Drawing &drawing, RecordId text, const drawing::GroupList &wante
 
 bool isDimension(const Drawing &drawing, RecordId record)
 {
-    return drawing.database().names().text(drawing.database().record(record).type) == "DIMENSION";
+    return drawing.database().record(record).type == drawing::known::Dimension;
 }
 
 // A dimension shows what it measures and says from then on. A block that the list names stays what it is; so does the
@@ -144,7 +145,7 @@ bool canTake(const Drawing &drawing, RecordId record, const drawing::GroupList &
         return false;
     if (database.record(record).kind == drawing::RecordKind::Entity && !drawing::leavesInPlace(drawing, record, wanted))
         return false;
-    const std::u16string type = database.type(record);
+    const drawing::NameId type = database.record(record).type;
     return drawing::hasValidValues(drawing, type, wanted) ||
            drawing::hasValidValues(drawing, type, wanted, database.groups(record));
 }
