@@ -29,11 +29,11 @@ std::string hexDigits(std::uint64_t value)
     return text;
 }
 
-// Most numbers of drawings are whole thousandths, whose digits are had much faster than those of any number. So few
-// digits are always the shortest that read back as the same number. Empty for other numbers.
+// Most numbers of drawings are whole thousandths, whose digits are had much faster than those of any number. Up to
+// fifteen digits are always the shortest that read back as the same number. Empty for other numbers.
 std::string thousandthsText(double value)
 {
-    constexpr double Limit = 100'000; // from there on an exponent may be shorter
+    constexpr double Limit = 1e12; // from there on there may be more digits
     constexpr std::int64_t Whole = 1000;
     if (!(std::abs(value) < Limit) || (value == 0 && std::signbit(value)))
         return {};
@@ -42,7 +42,7 @@ std::string thousandthsText(double value)
     if (static_cast<double>(thousandths) / Whole != value)
         return {};
     const std::int64_t magnitude = std::abs(thousandths);
-    char digits[16] = "-";
+    char digits[24] = "-";
     char *end = std::to_chars(digits + 1, std::end(digits), magnitude / Whole).ptr;
     *end++ = '.';
     auto rest = static_cast<int>(magnitude % Whole);

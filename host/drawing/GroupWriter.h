@@ -22,11 +22,11 @@ public:
 
     // Adds one group; false, and nothing of use added, when it cannot be written.
     bool append(std::string &bytes, int code, const GroupValue &value) const;
+    bool appendReal(std::string &bytes, int code, double value) const;
 
 private:
     void appendCode(std::string &bytes, int code) const;
     void appendText(std::string &bytes, int code, std::string_view value) const;
-    bool appendReal(std::string &bytes, int code, double value) const;
     bool appendInteger(std::string &bytes, int code, ValueKind kind, std::int64_t value) const;
     void appendBinary(std::string &bytes, int code, std::string_view value) const;
     bool isText() const { return m_format.kind == FileFormat::Kind::Text; }

@@ -67,7 +67,7 @@ bool ItemValues::appendChanged(std::string &bytes, const Item &item, const Group
         const bool isComment = raw.code == groupcode::Comment;
         if (isComment || before[i] == after[i])
             bytes.append(raw.bytes);
-        else if (!m_writer.append(bytes, raw.code, after[i]))
+        else if (!m_writer.appendReal(bytes, raw.code, after[i]))
             return false;
         i += isComment ? 0 : 1;
     }

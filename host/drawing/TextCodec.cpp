@@ -105,14 +105,21 @@ std::uint64_t specialBytes(std::uint64_t eight)
 
 } // namespace
 
-// Names are short: eight bytes are looked at at once, the last ones a second time.
+// Names are short: eight or four bytes are looked at at once, the last ones a second time.
 bool TextCodec::isPlain(std::string_view bytes)
 {
     std::uint64_t special = 0, eight = 0;
     if (bytes.size() < sizeof eight) {
-        for (const char byte : bytes)
-            eight = eight << 8 | static_cast<unsigned char>(byte);
-        return !specialBytes(eight);
+        std::uint32_t four = 0;
+        if (bytes.size() < sizeof four) {
+            for (const char byte : bytes)
+                eight = eight << 8 | static_cast<unsigned char>(byte);
+            return !specialBytes(eight);
+        }
+        std::memcpy(&four, bytes.data(), sizeof four);
+        eight = four;
+        std::memcpy(&four, bytes.data() + bytes.size() - sizeof four, sizeof four);
+        return !specialBytes(eight << 32 | four);
     }
     const char *const last = bytes.data() + bytes.size() - sizeof eight;
     for (const char *at = bytes.data(); at < last; at += sizeof eight) {
@@ -129,8 +136,10 @@ bool TextCodec::decodesTo(std::string_view bytes, std::u16string_view text) cons
         return decode(bytes) == text;
     if (bytes.size() != text.size())
         return false;
-    return std::equal(text.begin(), text.end(), bytes.begin(),
-                      [](char16_t unit, char letter) { return unit == static_cast<unsigned char>(letter); });
+    unsigned differences = 0; // most texts are the same: to look for the first difference takes longer
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        differences |= static_cast<unsigned>(text[i]) ^ static_cast<unsigned char>(bytes[i]);
+    return differences == 0;
 }
 
 std::u16string TextCodec::decode(std::string_view bytes) const

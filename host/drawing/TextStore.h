@@ -25,7 +25,8 @@ public:
         }
         const std::uint32_t number = m_free.back();
         m_free.pop_back();
-        m_texts[number] = {std::move(bytes), 1};
+        m_texts[number].bytes.emplace<std::string>(std::move(bytes));
+        m_texts[number].holders = 1;
         return number;
     }
     // The text with more behind it, held once. The two share their memory: a text that grows step by step takes time
@@ -50,7 +51,7 @@ public:
     {
         if (number == 0 || --m_texts[number].holders != 0)
             return;
-        m_texts[number].bytes = std::string();
+        m_texts[number].bytes.emplace<std::string>();
         m_free.push_back(number);
     }
     std::string_view bytes(std::uint32_t number) const
