@@ -21,8 +21,10 @@ Command control(Context &context)
         journal.setRecording(Recording::One);
     else if (choice.isNothing() || choice.is(u"All"))
         journal.setRecording(Recording::On);
+    else if (choice.is(u"Layer"))
+        co_await context.ask().keyword({u"Combine layer property changes? [Yes/No] <Yes>: ", u"Yes No"});
     else
-        co_await context.ask().keyword({u"Combine operations? [Yes/No] <Yes>: ", u"Yes No"});
+        co_await context.ask().keyword({u"Combine zoom and pan operations? [Yes/No] <Yes>: ", u"Yes No"});
 }
 
 Command back(Context &context)

@@ -62,15 +62,33 @@ void Journal::startStep()
 
 void Journal::beginGroup()
 {
-    endGroup();
-    startStep();
+    if (!m_blockIsOpen)
+        startStep();
     m_groupIsOpen = true;
 }
 
 void Journal::endGroup()
 {
-    if (std::exchange(m_groupIsOpen, false))
+    if (std::exchange(m_groupIsOpen, false) && !m_blockIsOpen)
         startStep();
+}
+
+void Journal::startRecord()
+{
+    if (!m_groupIsOpen)
+        startStep();
+}
+
+void Journal::endBlock()
+{
+    if (std::exchange(m_blockIsOpen, false) && !m_groupIsOpen)
+        startStep();
+}
+
+void Journal::endAll()
+{
+    endGroup();
+    endBlock();
 }
 
 void Journal::setMark()
@@ -114,7 +132,7 @@ bool Journal::undoStep()
 
 std::size_t Journal::undo(std::size_t steps)
 {
-    endGroup();
+    endAll();
     std::size_t count = 0;
     while (count < steps && undoStep())
         ++count;
@@ -123,7 +141,7 @@ std::size_t Journal::undo(std::size_t steps)
 
 Journal::UndoEnd Journal::undoToMark()
 {
-    endGroup();
+    endAll();
     do {
         Step &step = m_steps[m_step];
         if (step.begin == m_done && std::exchange(step.marked, false))
@@ -134,7 +152,7 @@ Journal::UndoEnd Journal::undoToMark()
 
 std::size_t Journal::redo(std::size_t steps)
 {
-    endGroup();
+    endAll();
     std::size_t count = 0;
     for (; count < steps && m_done < m_images.size(); ++count) {
         for (const std::size_t end = stepEnd(m_step); m_done < end; ++m_done)
@@ -188,7 +206,7 @@ void Journal::clear()
     m_done = 0;
     m_steps.assign(1, {0, false});
     m_step = 0;
-    m_groupIsOpen = false;
+    m_groupIsOpen = m_blockIsOpen = false;
     std::fill(m_transactions.begin(), m_transactions.end(), 0);
 }
 

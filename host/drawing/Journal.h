@@ -21,9 +21,10 @@ struct RecordStore
 // Undo, redo and transactions by before-images: who changes a record calls remember() first. Everything undone, the
 // records are what they were.
 //
-// Steps: undo(1) takes one step back. Commands begin one each with nextStep(), which does nothing while a group is
-// open, so that a group is one step. Steps in which nothing changed do not count. Transactions nest and keep their
-// changes; an undo never reaches behind the start of one that is open.
+// Steps: undo(1) takes one step back. Commands begin one each with nextStep(), which does nothing while a group or a
+// block is open, so that each of them is one step; of those that overlap the whole is one. Groups are the UNDO
+// command's, blocks are those of modules, and neither ends the other. Steps in which nothing changed do not count.
+// Transactions nest and keep their changes; an undo never reaches behind the start of one that is open.
 class Journal
 {
 public:
@@ -34,19 +35,23 @@ public:
 
     void remember(RecordId id);
 
-    void startStep(); // begins a step also inside a group
     void nextStep()
     {
-        if (!m_groupIsOpen)
+        if (!m_groupIsOpen && !m_blockIsOpen)
             startStep();
     }
     void beginGroup(); // a group that is open ends before it
     void endGroup();   // nothing without a group
     bool isGroupOpen() const { return m_groupIsOpen; }
 
-    void setMark(); // here: before the next step
+    void startRecord(); // of a module: begins a step also inside a block, not inside a group
+    void beginBlock() { m_blockIsOpen = true; }
+    void endBlock(); // nothing without a block
+    bool isBlockOpen() const { return m_blockIsOpen; }
+
+    void setMark(); // here: before the next step, which it begins also inside a group or block
     bool hasMark() const;
-    std::size_t undo(std::size_t steps = 1); // gives how many were undone; ends an open group
+    std::size_t undo(std::size_t steps = 1); // gives how many were undone; ends an open group or block
     UndoEnd undoToMark();                    // also removes the mark; without a mark everything
     std::size_t redo(std::size_t steps = 1); // possible until the next change
 
@@ -80,6 +85,8 @@ private:
         bool marked;
     };
 
+    void startStep();
+    void endAll(); // groups and blocks
     void noteChange(RecordId id);
     // Whether what is undone together has an image of it already: the first one is all that is needed.
     bool isRemembered(RecordId id) const;
@@ -99,7 +106,7 @@ private:
     std::vector<Step> m_steps{{0, false}};
     std::size_t m_step = 0; // the one that changes go to
     std::vector<std::size_t> m_transactions;
-    bool m_groupIsOpen = false;
+    bool m_groupIsOpen = false, m_blockIsOpen = false;
     Recording m_recording = Recording::On;
     std::uint64_t m_changeCount = 0;
     std::vector<RecordId> m_changed; // by the latest changes

@@ -79,21 +79,21 @@ DrawingDatabase::~DrawingDatabase() = default;
 
 void DrawingDatabase::startUndoRecord()
 {
-    m_drawing.database().journal().startStep();
+    m_drawing.database().journal().startRecord();
 }
 
 void DrawingDatabase::blockUndoRecording(bool block)
 {
     drawing::Journal &journal = m_drawing.database().journal();
     if (block)
-        journal.beginGroup();
+        journal.beginBlock();
     else
-        journal.endGroup();
+        journal.endBlock();
 }
 
 bool DrawingDatabase::isUndoBlockStarted() const
 {
-    return m_drawing.database().journal().isGroupOpen();
+    return m_drawing.database().journal().isBlockOpen();
 }
 
 void DrawingDatabase::startTransaction()

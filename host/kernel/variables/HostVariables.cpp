@@ -150,7 +150,7 @@ void computeCommandLine(SystemVariables &variables, Document &document)
         using enum drawing::Journal::Recording;
         constexpr int IsOn = 1, IsOfOne = 2, IsAutomatic = 4, HasGroup = 8;
         const drawing::Journal &journal = document.drawing().database().journal();
-        const int group = journal.isGroupOpen() ? HasGroup : 0;
+        const int group = journal.isGroupOpen() || journal.isBlockOpen() ? HasGroup : 0;
         return journal.recording() == Off ? 0 : IsOn | group | (journal.recording() == One ? IsOfOne : IsAutomatic);
     };
     variables.compute(u"CMDACTIVE", [&document] { return document.commandLine().isActive() ? 1 : 0; });

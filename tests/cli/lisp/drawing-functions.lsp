@@ -55,6 +55,15 @@
 (command "_.u")
 (show-all '((equal (entget line) before) (eq (entlast) last-one) (tblsearch "LAYER" "moved")))
 
+(title "a group of the UNDO command between them is a part of that step")
+(acet-begin-undogroup)
+(entmod (list (cons -1 line) '(62 . 3)))
+(command "_.undo" "_begin" "_.circle" "0,0" "1" "_.undo" "_end")
+(entmod (list (cons -1 line) '(62 . 4)))
+(acet-end-undogroup)
+(command "_.u")
+(show-all '((equal (entget line) before) (eq (entlast) last-one)))
+
 (title "an error inside leaves what one step takes back")
 (defun change-and-fail ()
   (acet-begin-undogroup)

@@ -124,6 +124,14 @@ TEST_F(UndoCommands, ControlSwitchesUndoOffAndOn)
     EXPECT_THAT(types(), ElementsAre("POINT", "CIRCLE"));
 }
 
+TEST_F(UndoCommands, ControlAsksWhatTheOptionIsAbout)
+{
+    evaluate("(setvar \"CMDECHO\" 1) (command \"_.undo\" \"_control\" \"_layer\" \"_yes\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Combine layer property changes?"));
+    evaluate("(command \"_.undo\" \"_control\" \"_combine\" \"_yes\")");
+    EXPECT_THAT(takePrinted(), HasSubstr("Combine zoom and pan operations?"));
+}
+
 TEST_F(UndoCommands, ControlOneLeavesTheLastStepToUndo)
 {
     eraseLast();

@@ -62,7 +62,7 @@ std::vector<std::string> addStepByStep(Database &database, RecordId dictionary, 
 {
     std::vector<std::string> stages{writtenDrawing(database)};
     for (int number = from; number < to; ++number) {
-        database.journal().startStep();
+        database.journal().nextStep();
         EXPECT_TRUE(putEntry(database, dictionary, numbered(number), {database.record(dictionary).handle}));
         stages.push_back(writtenDrawing(database));
     }
@@ -105,7 +105,7 @@ TEST(Dictionaries, AGrowingOneIsSeldomCopied)
     int copies = 0;
     const char *place = nullptr;
     for (int number = 0; number < Count; ++number) {
-        database.journal().startStep();
+        database.journal().nextStep();
         putEntry(database, root, numbered(number), {database.record(root).handle});
         copies += database.bytes(root).data() != place ? 1 : 0;
         place = database.bytes(root).data();

@@ -80,16 +80,83 @@ TEST_F(JournalTest, AGroupIsOneStep)
     EXPECT_EQ(colour(), 1);
 }
 
-TEST_F(JournalTest, AStepCanBeginInsideAGroup)
+TEST_F(JournalTest, ARecordBeginsAStepInsideABlock)
 {
-    m_journal.beginGroup();
+    m_journal.startRecord();
+    m_journal.beginBlock();
     change(1);
-    m_journal.startStep();
+    m_journal.nextStep();
     change(2);
+    m_journal.startRecord();
+    change(3);
+    EXPECT_TRUE(m_journal.isBlockOpen());
+    m_journal.endBlock();
+    m_journal.undo();
+    EXPECT_EQ(colour(), 2);
+    m_journal.undo();
+    EXPECT_EQ(colour(), 7);
+}
+
+TEST_F(JournalTest, AGroupInsideABlockIsAPartOfItsStep)
+{
+    change(1);
+    m_journal.startRecord();
+    m_journal.beginBlock();
+    change(2);
+    m_journal.beginGroup();
+    change(3);
+    m_journal.endGroup();
+    m_journal.nextStep();
+    change(4);
+    EXPECT_TRUE(m_journal.isBlockOpen());
+    m_journal.endBlock();
+    m_journal.undo();
+    EXPECT_EQ(colour(), 1);
+}
+
+TEST_F(JournalTest, ABlockInsideAGroupIsAPartOfItsStep)
+{
+    change(1);
+    m_journal.beginGroup();
+    change(2);
+    m_journal.startRecord();
+    m_journal.beginBlock();
+    change(3);
+    m_journal.endBlock();
+    m_journal.nextStep();
+    change(4);
     EXPECT_TRUE(m_journal.isGroupOpen());
     m_journal.endGroup();
     m_journal.undo();
     EXPECT_EQ(colour(), 1);
+}
+
+TEST_F(JournalTest, AGroupAndABlockThatOverlapAreOneStep)
+{
+    change(1);
+    m_journal.beginGroup();
+    change(2);
+    m_journal.startRecord();
+    m_journal.beginBlock();
+    change(3);
+    m_journal.endGroup();
+    m_journal.nextStep();
+    change(4);
+    m_journal.endBlock();
+    change(5);
+    m_journal.undo();
+    EXPECT_EQ(colour(), 4);
+    m_journal.undo();
+    EXPECT_EQ(colour(), 1);
+}
+
+TEST_F(JournalTest, UndoEndsABlock)
+{
+    m_journal.beginBlock();
+    change(1);
+    m_journal.undo();
+    EXPECT_FALSE(m_journal.isBlockOpen());
+    EXPECT_EQ(colour(), 7);
 }
 
 TEST_F(JournalTest, UndoesBackToTheLatestMark)

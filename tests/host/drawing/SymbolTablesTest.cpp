@@ -59,7 +59,7 @@ TEST_F(Tables, TheCountFollowsWhatWasErasedAndUndone)
         return *findValue<std::int64_t>(m_database->groups(m_tables.start(known::Layer)), groupcode::Count);
     };
     const auto add = [this](std::u16string name) {
-        m_database->journal().startStep();
+        m_database->journal().nextStep();
         return m_tables.add(known::Layer, layer(std::move(name)));
     };
     add(u"A");

@@ -127,6 +127,19 @@ TEST(TransformedGroups, WhatHasNoRotationIsTurnedNevertheless)
     EXPECT_FALSE(hasGroup(*transformed(radius, {quarter, false}), 50));
 }
 
+// The text's angle is one from the dimension line, and the horizontal is that of who made the dimension.
+TEST(TransformedGroups, TheTextOfADimensionTurnsWithItsLine)
+{
+    const GroupList dimension = {
+        {0, u"DIMENSION"}, {70, std::int64_t{32}}, {14, Point{1, 0, 0}}, {50, 10.0}, {51, 20.0}, {53, 30.0}};
+    const GroupList turned = *transformed(dimension, {Matrix::rotation(geometry::radians(90)), false});
+    EXPECT_DOUBLE_EQ(realOf(turned, 50), 100);
+    EXPECT_DOUBLE_EQ(realOf(turned, 51), 20);
+    EXPECT_DOUBLE_EQ(realOf(turned, 53), 30);
+    const GroupList mirrored = *transformed(dimension, {Matrix::mirror({0, 0, 0}, {1, 0, 0}), false});
+    EXPECT_DOUBLE_EQ(realOf(mirrored, 53), -30);
+}
+
 TEST(TransformedGroups, TheLinesOfAnAttributeGoAlong)
 {
     for (const char16_t *type : {u"ATTRIB", u"ATTDEF"}) {

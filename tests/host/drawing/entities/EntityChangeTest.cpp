@@ -225,7 +225,7 @@ TEST_F(Change, isUndoneToTheLastByte)
 {
     const RecordId line = openLine();
     const std::string before = writtenDrawing(database());
-    database().journal().startStep();
+    database().journal().nextStep();
     changeRecord(drawing(), line, {{8, u"walls"}, {11, Point{9, 9, 9}}});
     EXPECT_NE(writtenDrawing(database()), before);
     EXPECT_EQ(database().journal().undo(), 1U);
