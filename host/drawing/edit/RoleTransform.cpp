@@ -39,6 +39,7 @@ double RoleTransform::number(double old, GroupRole role) const
     case GroupRole::Rotation:
         return m_object.angle(old);
     case GroupRole::Bulge:
+    case GroupRole::Deviation:
         return m_object.mirrors() ? -old : old;
     default:
         return old;

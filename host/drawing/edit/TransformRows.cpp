@@ -36,7 +36,7 @@ constexpr RoleRow insertRows[] = {{10, ObjectPlace}, {41, Length}, {42, Length},
                                   {44, Length},      {45, Length}, {50, Rotation}, extrusion};
 constexpr RoleRow dimensionRows[] = {{10, Place},       {11, ObjectPlace}, {12, ObjectPlace}, {13, Place},
                                      {14, Place},       {15, Place},       {16, ObjectPlace}, {40, Length},
-                                     {50, ObjectAngle}, {51, ObjectAngle}, {53, ObjectAngle}, extrusion};
+                                     {50, ObjectAngle}, {53, Deviation},   extrusion};
 constexpr RoleRow leaderRows[] = {{10, Place}, {211, Direction}, {212, Offset}, {213, Offset}, extrusion};
 constexpr RoleRow imageRows[] = {{10, Place}, {11, Offset}, {12, Offset}};
 constexpr RoleRow viewportRows[] = {{10, Place}, {40, Length}, {41, Length}};

@@ -21,6 +21,7 @@ enum class GroupRole {
     Length,      // or those along three axes
     Elevation,   // of all places in the object's own coordinates; 0 where it is missing
     Bulge,       // changes its sign in a mirror
+    Deviation,   // degrees from another direction of the entity: likewise
 };
 
 struct RoleRow
