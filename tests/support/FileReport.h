@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -13,7 +14,15 @@ class FileReport
 public:
     FileReport() : m_path(m_folder.filePath(QStringLiteral("report"))) {}
     // A file that is there already, and will be replaced by an empty report.
-    explicit FileReport(const QString &path) : m_path(path), m_first(QFileInfo(path).lastModified()) {}
+    // It is made an old one, as the child may follow within the same tick of the clock that files have their times by.
+    explicit FileReport(const QString &path) : m_path(path)
+    {
+        QFile file(path);
+        if (file.open(QIODevice::ReadWrite))
+            file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime);
+        file.close();
+        m_first = QFileInfo(path).lastModified();
+    }
 
     QString path() const { return m_path; }
 
