@@ -20,7 +20,7 @@ constexpr const char16_t *Preparation = uR"(
         (cons 11 (list 1234.567891 98.765432 0.0)) (cons 210 (list 0.0 0.0 1.0))))
 )";
 
-// More than the host keeps the boxes of.
+// More than caches have room for at once.
 constexpr const char16_t *ManyLines = uR"(
 (repeat 9000 (setq lines (cons (entmakex new-line) lines)))
 (setq rest lines)
@@ -67,4 +67,14 @@ BENCHMARK_CAPTURE(work, extentsOfAnotherLine, u"(acet-ent-geomextents (next-line
 BENCHMARK_CAPTURE(work, anotherLine, u"(next-line)");
 BENCHMARK_CAPTURE(workOnMany, extents, u"(acet-ent-geomextents (next-line))");
 BENCHMARK_CAPTURE(workOnMany, anotherLine, u"(next-line)");
+// Each change lets the host forget all boxes.
+BENCHMARK_CAPTURE(workOnMany, entmodAndExtents,
+                  u"(entmod (setq data (subst (cons 10 (list (1+ (cadr (assoc 10 data))) 0.0 0.0))"
+                  u" (assoc 10 data) data))) (acet-ent-geomextents (next-line))");
+BENCHMARK_CAPTURE(workOnMany, entmodAndEntget,
+                  u"(entmod (setq data (subst (cons 10 (list (1+ (cadr (assoc 10 data))) 0.0 0.0))"
+                  u" (assoc 10 data) data))) (entget (next-line))");
+BENCHMARK_CAPTURE(workOnMany, entmod,
+                  u"(entmod (setq data (subst (cons 10 (list (1+ (cadr (assoc 10 data))) 0.0 0.0))"
+                  u" (assoc 10 data) data))) (next-line)");
 BENCHMARK_CAPTURE(work, version, u"(acet-util-ver)");

@@ -113,7 +113,9 @@ int SubstituteLispHost::getEntityExtents(const LispName *entity, LispPoint *mini
 {
     const Drawing *drawing = drawingOf(m_machine);
     const RecordId record = presentRecord(drawing, *entity);
-    const std::optional<geometry::Box> box = record != NoRecord ? geometry::extentsOf(*drawing, record) : std::nullopt;
+    if (record == NoRecord)
+        return StatusError;
+    const auto box = Document::of(m_machine).openDrawing().measuredEntities.extentsOf(record);
     if (!box)
         return StatusError;
     *minimum = {box->minimum.x, box->minimum.y, box->minimum.z};

@@ -57,20 +57,21 @@ bool isField(const Item &item)
 
 bool changeValues(Drawing &drawing, RecordId record, const ValueChanges &changes)
 {
-    if (changes.items.empty())
+    if (changes.items.isEmpty())
         return true;
     Database &database = drawing.database();
     const ItemValues values(database.format(), database.codec());
     Replacement replacement(database.bytes(record));
     auto fields = Database::Fields::Kept;
-    for (std::size_t i = 0; i < changes.items.size(); ++i) {
-        const Item &item = changes.items[i].item;
-        const Group &group = changes.groups[i];
-        if (!canReplace(changes.items[i], group) || replacement.isBehind(item))
+    auto group = changes.groups.begin();
+    for (const ListedItem &listed : changes.items) {
+        const Item &item = listed.item;
+        const Group &next = *group++;
+        if (!canReplace(listed, next) || replacement.isBehind(item))
             return false;
         std::string &bytes = replacement.insteadOf(item);
-        const bool isWritten = isAngle(group.code) ? values.appendChanged(bytes, item, inDegrees(group))
-                                                   : values.appendChanged(bytes, item, group);
+        const bool isWritten = isAngle(next.code) ? values.appendChanged(bytes, item, inDegrees(next))
+                                                  : values.appendChanged(bytes, item, next);
         if (!isWritten)
             return false;
         if (isField(item))

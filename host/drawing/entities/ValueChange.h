@@ -2,7 +2,7 @@
 
 #include "host/drawing/entities/EntityListing.h"
 
-#include <vector>
+#include <QVarLengthArray>
 
 namespace drawing {
 
@@ -10,7 +10,7 @@ namespace drawing {
 // radians. The items are in the order of the listing, and none of them is fixed or stands in its head.
 struct ValueChanges
 {
-    std::vector<ListedItem> items;
+    QVarLengthArray<ListedItem, 4> items;
     GroupList groups;
 };
 

@@ -3,8 +3,6 @@
 #include "host/drawing/geometry/CurveBox.h"
 #include "host/drawing/geometry/TextLayouts.h"
 
-#include <vector>
-
 namespace geometry {
 
 namespace {
@@ -68,29 +66,11 @@ std::optional<Box> computedExtents(const drawing::Drawing &drawing, drawing::Rec
     return sink.box();
 }
 
-// The box that was asked for last in each of some places, which entities that follow each other share with none of
-// them. It holds until anything changes in the drawing: a block, a style or a vertex may be a part of it.
-struct Remembered
-{
-    std::uint32_t drawing = 0; // its number; 0: nothing yet
-    drawing::RecordId entity = drawing::NoRecord;
-    std::uint64_t changeCount = 0;
-    std::optional<Box> box;
-};
-constexpr std::size_t Places = 4096;
-
 } // namespace
 
-// Programs ask for one entity's box several times, for each corner or side once, and go over the entities that they
-// have chosen more than once.
 std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity)
 {
-    thread_local std::vector<Remembered> places(Places);
-    const std::uint64_t changeCount = drawing.database().journal().changeCount();
-    Remembered &place = places[entity % Places];
-    if (place.drawing != drawing.number() || place.entity != entity || place.changeCount != changeCount)
-        place = {drawing.number(), entity, changeCount, computedExtents(drawing, entity, nullptr)};
-    return place.box;
+    return computedExtents(drawing, entity, nullptr);
 }
 
 std::optional<Box> extentsOf(const drawing::Drawing &drawing, drawing::RecordId entity, const Matrix &fromWorld)
