@@ -79,7 +79,7 @@ void Writer::makeSeed(RecordId variable, std::uint64_t lastHandle)
         groups.push_back(isSeed ? Group{item.code, Handle{lastHandle + 1}} : reader.group(item));
     }
     if (isTooLow)
-        m_seed = *merged(m_database.bytes(variable), groups, m_database.format(), m_database.codec());
+        m_seed = merged(m_database.bytes(variable), groups, m_database.format(), m_database.codec()).value_or("");
 }
 
 // The comments of a record that is gone stay: most tell of what follows it.

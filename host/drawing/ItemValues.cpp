@@ -1,14 +1,29 @@
 #include "host/drawing/ItemValues.h"
 
+#include <cmath>
+
 namespace drawing {
 
 namespace {
+
+// Damaged binary files have reals that are no numbers, which equal nothing, and cannot be written but kept.
+bool isSameReal(double old, double real)
+{
+    return real == old || (std::isnan(real) && std::isnan(old));
+}
 
 bool isSameNumber(double old, const GroupValue &value)
 {
     const double *real = std::get_if<double>(&value);
     const auto *integer = std::get_if<std::int64_t>(&value);
-    return (real && *real == old) || (integer && static_cast<double>(*integer) == old);
+    return (real && isSameReal(old, *real)) || (integer && static_cast<double>(*integer) == old);
+}
+
+bool isSamePoint(const Point &old, const GroupValue &value)
+{
+    const Point *point = std::get_if<Point>(&value);
+    return point && point->dimensions == old.dimensions && isSameReal(old.x, point->x) && isSameReal(old.y, point->y) &&
+           isSameReal(old.z, point->z);
 }
 
 bool isSameHandle(const Item &item, const GroupValue &value)
@@ -32,10 +47,8 @@ bool ItemValues::isSame(const Item &item, const Group &group) const
         return isSameHandle(item, group.value);
     case ValueKind::Real:
         return isSameNumber(item.real, group.value);
-    case ValueKind::Point: {
-        const Point *point = std::get_if<Point>(&group.value);
-        return point && *point == item.point;
-    }
+    case ValueKind::Point:
+        return isSamePoint(item.point, group.value);
     case ValueKind::Binary: {
         // Only whole groups are compared: a value that is spread over several is written anew.
         const Bytes *bytes = std::get_if<Bytes>(&group.value);
@@ -65,7 +78,7 @@ bool ItemValues::appendChanged(std::string &bytes, const Item &item, const Group
     RawGroup raw;
     for (std::size_t i = 0; cursor.next(raw);) {
         const bool isComment = raw.code == groupcode::Comment;
-        if (isComment || before[i] == after[i])
+        if (isComment || isSameReal(before[i], after[i]))
             bytes.append(raw.bytes);
         else if (!m_writer.appendReal(bytes, raw.code, after[i]))
             return false;

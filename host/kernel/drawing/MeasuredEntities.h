@@ -5,9 +5,9 @@
 #include <optional>
 #include <vector>
 
-// The boxes of the entities that programs have measured. They ask for one entity's box several times, for each corner or
-// side once, and go over the entities that they have chosen more than once. A box holds until anything changes in the
-// drawing: a block, a style or a vertex may be a part of it.
+// The boxes of the entities that programs have measured. They ask for one entity's box several times, for each corner
+// or side once, and go over the entities that they have chosen more than once. A box holds until anything changes in
+// the drawing: a block, a style or a vertex may be a part of it.
 class MeasuredEntities
 {
 public:

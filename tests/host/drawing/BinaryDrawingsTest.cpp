@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace drawing {
 namespace {
 
@@ -27,6 +29,15 @@ protected:
             }
         }
         return bytes;
+    }
+
+    // A group with a real, whose bytes are those of any value: writers refuse some.
+    static std::string realGroup(int code, double value)
+    {
+        std::string bytes;
+        EXPECT_TRUE(GroupWriter({GetParam()}, TextCodec()).append(bytes, code, 0.0));
+        return bytes.replace(bytes.size() - sizeof value, sizeof value, reinterpret_cast<const char *>(&value),
+                             sizeof value);
     }
 };
 
@@ -76,6 +87,31 @@ TEST_P(BinaryDrawings, WhatIsAddedIsReadAgain)
     const RecordId found = again->find(Handle{database->record(added).handle});
     ASSERT_NE(found, NoRecord);
     EXPECT_EQ(again->groups(found), database->groups(added));
+}
+
+TEST_P(BinaryDrawings, ANumberThatIsNoneStaysWhenOthersAreChanged)
+{
+    std::string bytes = sample();
+    const std::string before = realGroup(11, 10), after = realGroup(11, std::nan(""));
+    bytes.replace(bytes.find(before), before.size(), after);
+    const auto database = databaseOf(bytes);
+    const RecordId line = database->find({0x23});
+    ASSERT_TRUE(database->replace(line, withValue(database->groups(line), 1000, u"other")));
+    std::string expected = bytes;
+    expected.replace(expected.find(std::string("text") + '\0', expected.find(after)), 4, "other");
+    EXPECT_EQ(writtenDrawing(*database), expected);
+}
+
+TEST_P(BinaryDrawings, TheNextHandleIsSetBesideANumberThatIsNone)
+{
+    std::string bytes = sample();
+    const std::size_t seed = bytes.find(std::string("30") + '\0', bytes.find("$HANDSEED"));
+    bytes.insert(seed + 3, realGroup(40, std::nan("")));
+    const auto database = databaseOf(bytes);
+    database->add(RecordKind::Entity, {{0, u"POINT"}, {8, u"0"}, {10, Point{1, 2, 3}}},
+                  database->endOf(database->section(known::Entities)));
+    const std::string written = writtenDrawing(*database);
+    EXPECT_EQ(written.substr(0, seed + 16), bytes.replace(seed, 2, "31").substr(0, seed + 16));
 }
 
 TEST_P(BinaryDrawings, EveryTruncationIsReadAndWritten)
