@@ -42,6 +42,7 @@ endif()
 if(LISPEXTENSION_SANITIZE)
   add_compile_options(-fsanitize=${LISPEXTENSION_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${LISPEXTENSION_SANITIZE})
+  add_compile_definitions(_GLIBCXX_ASSERTIONS) # an empty optional that is read, an index beyond a vector's end
 endif()
 
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
