@@ -114,6 +114,12 @@ Command dimensionLinear(Context &context);
 Command dimensionAligned(Context &context);
 Command dimensionRadius(Context &context);
 Command dimensionDiameter(Context &context);
+Command dimensionAngular(Context &context);  // AngleDimensionCommand.cpp
+Command dimensionOrdinate(Context &context); // OrdinateDimensionCommand.cpp
+// ChainDimensionCommands.cpp
+Command dimensionContinue(Context &context);
+Command dimensionBaseline(Context &context);
+Command leader(Context &context);        // LeaderCommand.cpp
 Command dimensionOnce(Context &context); // DIM1
 Command dimensions(Context &context);    // DIM
 

@@ -1,9 +1,10 @@
-// Dimensions: DIMLINEAR, DIMALIGNED, DIMRADIUS, DIMDIAMETER, and the same within DIM and DIM1.
+// DIMLINEAR, DIMALIGNED, DIMRADIUS and DIMDIAMETER; DIM and DIM1, within which these and others have names of their
+// own.
 
 #include "host/commands/Commands.h"
+#include "host/commands/DimensionKinds.h"
 #include "host/commands/DimensionVariables.h"
-#include "host/commands/NewEntity.h"
-#include "host/drawing/dimensions/DimensionDrawing.h"
+#include "host/commands/LinearDimension.h"
 #include "host/drawing/dimensions/DimensionText.h"
 #include "host/drawing/edit/CurveWay.h"
 
@@ -12,17 +13,11 @@
 
 namespace commands {
 
-using drawing::integerGroup;
-using drawing::pointGroup;
+using namespace drawing::dimension;
 using drawing::realGroup;
 using drawing::textGroup;
 
 namespace {
-
-enum class Direction { Free, Horizontal, Vertical, Rotated, Aligned };
-
-// What DIM and DIM1 ask in a way of their own: the text at the end.
-enum class TextQuestion { AsOption, AtEnd };
 
 struct Measured
 {
@@ -39,126 +34,13 @@ Task<Measured> askOrigins(Context &context)
         co_return Measured{first.value, second.value};
     }
     const auto picked = co_await context.ask().entity({u"Select object to dimension: ", {}, Enter::Refused});
-    const std::optional<drawing::CurveWay> way = drawing::CurveWay::of(context.drawing(), picked.value.entity);
-    if (!way)
-        throw CommandError{u"Object selected is not a line, arc, or circle."};
+    const geometry::Course course = pickedSegment(context, picked.value);
     const WorkPlane plane(context.session());
-    double piece = 0;
-    if (picked.value.at)
-        piece = std::min(std::floor(way->nearest(plane.world(*picked.value.at))), way->count() - 1);
-    const geometry::Course &course = way->pieces()[static_cast<std::size_t>(piece)];
     if (course.isClosed()) {
         const double half = course.first() + geometry::FullTurn / 2;
         co_return Measured{plane.user(course.at(half)), plane.user(course.at(course.first()))};
     }
     co_return Measured{plane.user(course.at(course.first())), plane.user(course.at(course.last()))};
-}
-
-// What is typed for the text instead of the measurement, and how it is turned.
-struct DimensionLabel
-{
-    std::u16string text;         // empty: the measurement
-    std::optional<double> angle; // radians; none: along the line
-};
-
-struct LinearDimension
-{
-    Vector first, second, at; // `at` lies on the dimension line
-    Direction direction = Direction::Free;
-    double angle = 0; // radians
-    DimensionLabel label;
-
-    // A place beside the two is meant for a vertical dimension, above or below for a horizontal one.
-    double lineAngle() const
-    {
-        const Vector across = second - first;
-        if (direction == Direction::Rotated)
-            return angle;
-        if (direction == Direction::Aligned)
-            return std::atan2(across.y, across.x);
-        const double left = std::min(first.x, second.x), right = std::max(first.x, second.x);
-        const double low = std::min(first.y, second.y), high = std::max(first.y, second.y);
-        const double beside = std::max({left - at.x, at.x - right, 0.0}),
-                     above = std::max({low - at.y, at.y - high, 0.0});
-        const bool isVertical = direction == Direction::Vertical || (direction == Direction::Free && beside > above);
-        return isVertical ? geometry::FullTurn / 4 : 0;
-    }
-};
-
-std::u16string shownLength(Context &context, const LinearDimension &dimension)
-{
-    const double angle = dimension.lineAngle();
-    const Vector along{std::cos(angle), std::sin(angle), 0};
-    return drawing::dimensionText(currentStyle(context), std::abs(dot(dimension.second - dimension.first, along)), {});
-}
-
-// `line` and `text` are in the user's coordinates.
-GroupList commonDimension(Context &context, std::int64_t type, const Vector &line, const Vector &text,
-                          const DimensionLabel &label)
-{
-    constexpr std::int64_t MiddleCentre = 5;
-    const WorkPlane plane(context.session());
-    GroupList groups = newEntity(context, u"DIMENSION");
-    groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbDimension"));
-    groups.push_back(pointGroup(10, plane.world({line.x, line.y, line.z})));
-    groups.push_back(pointGroup(11, plane.object({text.x, text.y, text.z})));
-    groups.push_back(integerGroup(70, type));
-    groups.push_back(textGroup(1, label.text));
-    groups.push_back(integerGroup(71, MiddleCentre));
-    groups.push_back(textGroup(3, context.session().text(u"DIMSTYLE")));
-    if (const double turn = degrees(-plane.objectAngle(0)); turn != 0)
-        groups.push_back(realGroup(51, turn));
-    if (plane.normal() != Vector{0, 0, 1})
-        groups.push_back(pointGroup(210, plane.normal()));
-    return groups;
-}
-
-void addDimension(Context &context, GroupList groups)
-{
-    giveCurrentStyle(context, groups);
-    const RecordId dimension = addEntity(context, groups);
-    if (!drawing::drawDimension(context.drawing(), dimension, currentStyle(context)))
-        throw CommandError{u"The picture of the dimension cannot be made."};
-}
-
-// The file has the angle from how the text would stand otherwise.
-void addTextAngle(GroupList &groups, const DimensionLabel &label, double usual)
-{
-    if (label.angle)
-        groups.push_back(realGroup(53, degrees(*label.angle - usual)));
-}
-
-void addLinear(Context &context, const LinearDimension &dimension)
-{
-    constexpr std::int64_t Rotated = 0, Aligned = 1;
-    const double angle = dimension.lineAngle();
-    const Vector across{-std::sin(angle), std::cos(angle), 0};
-    const Vector foot = dimension.second + across * dot(dimension.at - dimension.second, across);
-    const bool isAligned = dimension.direction == Direction::Aligned;
-    const WorkPlane plane(context.session());
-    GroupList groups = commonDimension(context, isAligned ? Aligned : Rotated, foot, foot, dimension.label);
-    addTextAngle(groups, dimension.label, angle);
-    groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbAlignedDimension"));
-    groups.push_back(pointGroup(13, plane.world({dimension.first.x, dimension.first.y, dimension.first.z})));
-    groups.push_back(pointGroup(14, plane.world({dimension.second.x, dimension.second.y, dimension.second.z})));
-    if (!isAligned) {
-        groups.push_back(realGroup(50, degrees(plane.objectAngle(angle))));
-        groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbRotatedDimension"));
-    }
-    addDimension(context, groups);
-}
-
-Task<std::u16string> askText(Context &context, const std::u16string length)
-{
-    const std::u16string prompt = u"Enter dimension text <" + length + u">: ";
-    const auto text = co_await context.ask().string({prompt});
-    co_return text.value;
-}
-
-Task<std::optional<double>> askTextAngle(Context &context)
-{
-    const auto angle = co_await context.ask().angle({u"Specify angle of dimension text: "});
-    co_return angle.hasValue() ? std::optional(angle.value) : std::nullopt;
 }
 
 std::u16string_view linearKeywords(Direction direction)
@@ -170,7 +52,7 @@ Command linear(Context &context, Direction direction, TextQuestion question)
 {
     LinearDimension dimension;
     dimension.direction = direction;
-    if (direction == Direction::Rotated) {
+    if (direction == Direction::Turned) {
         const auto angle = co_await context.ask().angle({u"Specify angle of dimension line <0>: "});
         dimension.angle = angle.value;
     }
@@ -193,16 +75,16 @@ Command linear(Context &context, Direction direction, TextQuestion question)
             dimension.direction = Direction::Vertical;
         } else if (place.is(u"Rotated")) {
             const auto angle = co_await context.ask().angle({u"Specify angle of dimension line <0>: "});
-            dimension.direction = Direction::Rotated;
+            dimension.direction = Direction::Turned;
             dimension.angle = angle.value;
         } else if (place.is(u"Angle")) {
             dimension.label.angle = co_await askTextAngle(context);
         } else {
-            dimension.label.text = co_await askText(context, shownLength(context, dimension));
+            dimension.label.text = co_await askDimensionText(context, shownLength(context, dimension));
         }
     }
     if (question == TextQuestion::AtEnd)
-        dimension.label.text = co_await askText(context, shownLength(context, dimension));
+        dimension.label.text = co_await askDimensionText(context, shownLength(context, dimension));
     addLinear(context, dimension);
 }
 
@@ -225,17 +107,15 @@ struct RadialDimension
 
 void addRadial(Context &context, const RadialDimension &dimension)
 {
-    constexpr std::int64_t DiameterType = 3, RadiusType = 4;
     const bool isRadius = dimension.across == Across::Radius;
     const Vector out = normalized(dimension.at - dimension.centre, {1, 0, 0}) * dimension.radius;
     const Vector tip = dimension.centre + out, start = isRadius ? dimension.centre : dimension.centre - out;
-    GroupList groups =
-        commonDimension(context, isRadius ? RadiusType : DiameterType, start, dimension.at, dimension.label);
+    GroupList groups = newDimension(context, isRadius ? Radius : Diameter, start, dimension.at, dimension.label);
     addTextAngle(groups, dimension.label, 0);
     groups.push_back(
         textGroup(drawing::groupcode::Subclass, isRadius ? u"AcDbRadialDimension" : u"AcDbDiametricDimension"));
-    groups.push_back(pointGroup(15, WorkPlane(context.session()).world({tip.x, tip.y, tip.z})));
-    groups.push_back(realGroup(40, length(dimension.at - tip)));
+    addMeasured(context, groups, TipCode, tip);
+    groups.push_back(realGroup(LeaderCode, length(dimension.at - tip)));
     addDimension(context, groups);
 }
 
@@ -250,7 +130,7 @@ Task<Point> askRadialPlace(Context &context, RadialDimension &dimension)
         if (place.is(u"Angle"))
             dimension.label.angle = co_await askTextAngle(context);
         else
-            dimension.label.text = co_await askText(context, dimension.shown(context));
+            dimension.label.text = co_await askDimensionText(context, dimension.shown(context));
     }
 }
 
@@ -266,11 +146,12 @@ Command radial(Context &context, Across across, TextQuestion question)
         across, geometry::vectorOf(WorkPlane(context.session()).user(arc->centre)), {}, length(arc->cosineAxis), {}};
     dimension.at = geometry::vectorOf(co_await askRadialPlace(context, dimension));
     if (question == TextQuestion::AtEnd)
-        dimension.label.text = co_await askText(context, dimension.shown(context));
+        dimension.label.text = co_await askDimensionText(context, dimension.shown(context));
     addRadial(context, dimension);
 }
 
-constexpr std::u16string_view subcommands = u"HORizontal VERtical ALigned ROtated RAdius Diameter Exit";
+constexpr std::u16string_view subcommands =
+    u"HORizontal VERtical ALigned ROtated RAdius Diameter ANgular ORdinate Leader COntinue Baseline Exit";
 
 // One of DIM's own commands; false for Exit and Enter.
 Task<bool> runSubcommand(Context &context)
@@ -286,11 +167,21 @@ Task<bool> runSubcommand(Context &context)
     else if (choice.is(u"ALigned"))
         co_await linear(context, Direction::Aligned, Question);
     else if (choice.is(u"ROtated"))
-        co_await linear(context, Direction::Rotated, Question);
+        co_await linear(context, Direction::Turned, Question);
     else if (choice.is(u"RAdius"))
         co_await radial(context, Across::Radius, Question);
     else if (choice.is(u"Diameter"))
         co_await radial(context, Across::Diameter, Question);
+    else if (choice.is(u"ANgular"))
+        co_await measureAngle(context, Question);
+    else if (choice.is(u"ORdinate"))
+        co_await measureOrdinate(context, Question);
+    else if (choice.is(u"Leader"))
+        co_await drawLeader(context, Question);
+    else if (choice.is(u"COntinue"))
+        co_await chainDimensions(context, Chain::Continued, Question);
+    else if (choice.is(u"Baseline"))
+        co_await chainDimensions(context, Chain::FromBase, Question);
     co_return true;
 }
 

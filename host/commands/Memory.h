@@ -25,6 +25,7 @@ struct Memory
     std::optional<DrawnEnd> drawnEnd;       // of the last line, arc or polyline
     RecordId text = drawing::NoRecord;      // the last one, for TEXT to go on below
     RecordId attribute = drawing::NoRecord; // the same of ATTDEF
+    RecordId dimension = drawing::NoRecord; // the last linear one, for others to go on from
     std::optional<std::u16string> script;   // that SCRIPT has read and that is to be run now
 };
 

@@ -1,32 +1,23 @@
 // -MTEXT: paragraphs of text in a box.
 
 #include "host/commands/Commands.h"
-#include "host/commands/NewEntity.h"
+#include "host/commands/NewParagraphs.h"
 #include "host/commands/TableRecords.h"
-#include "host/commands/WorkPlane.h"
 
 #include <cmath>
 
 namespace commands {
 
-using drawing::integerGroup;
-using drawing::pointGroup;
-using drawing::realGroup;
-using drawing::textGroup;
-
 namespace {
 
 constexpr std::u16string_view Justifications = u"TL TC TR ML MC MR BL BC BR"; // numbered from 1
 
-struct Paragraphs
+struct NewParagraphs : Paragraphs
 {
-    Point first, place;
-    double width = 0, height = 0, rotation = 0, spacing = 1;
-    std::int64_t attachment = 1, spacingStyle = 1;
-    std::u16string style;
+    Point first; // corner of the box
 };
 
-Command askJustification(Context &context, Paragraphs &paragraphs)
+Command askJustification(Context &context, NewParagraphs &paragraphs)
 {
     const auto choice =
         co_await context.ask().keyword({u"Enter justification [TL/TC/TR/ML/MC/MR/BL/BC/BR] <TL>: ", Justifications});
@@ -36,7 +27,7 @@ Command askJustification(Context &context, Paragraphs &paragraphs)
 }
 
 // As a factor of a line's height: "1.5x", or the distance of two lines.
-Command askSpacing(Context &context, Paragraphs &paragraphs)
+Command askSpacing(Context &context, NewParagraphs &paragraphs)
 {
     constexpr double UsualLine = 5.0 / 3; // of the height of the letters
     const auto type = co_await context.ask().keyword(
@@ -54,7 +45,7 @@ Command askSpacing(Context &context, Paragraphs &paragraphs)
     paragraphs.spacing = factor;
 }
 
-Command askStyle(Context &context, Paragraphs &paragraphs)
+Command askStyle(Context &context, NewParagraphs &paragraphs)
 {
     const std::u16string prompt = u"Enter style name <" + paragraphs.style + u">: ";
     const auto name = co_await context.ask().string({prompt});
@@ -66,7 +57,7 @@ Command askStyle(Context &context, Paragraphs &paragraphs)
     paragraphs.style = context.database().name(style);
 }
 
-Command askHeight(Context &context, Paragraphs &paragraphs)
+Command askHeight(Context &context, NewParagraphs &paragraphs)
 {
     const std::u16string prompt = u"Specify height <" + context.session().distanceText(paragraphs.height) + u">: ";
     const auto height = co_await context.ask().distance({prompt, {}, Enter::Allowed, paragraphs.first}, Positive);
@@ -84,7 +75,7 @@ Point heldPlace(const Point &corner, const Point &opposite, std::int64_t attachm
 }
 
 // One option after the other, until the opposite corner or the width says how wide the text is.
-Command askBox(Context &context, Paragraphs &paragraphs)
+Command askBox(Context &context, NewParagraphs &paragraphs)
 {
     for (;;) {
         const auto corner = co_await context.ask().corner(
@@ -118,65 +109,20 @@ Command askBox(Context &context, Paragraphs &paragraphs)
     }
 }
 
-// Lines until an empty one.
-Task<std::u16string> askLines(Context &context)
-{
-    std::u16string text;
-    for (;;) {
-        const auto line = co_await context.ask().string({u"MText: ", {}, Enter::Allowed, {}, Blanks::BelongToAnswers});
-        if (line.isNothing())
-            co_return text;
-        text += (text.empty() ? u"" : u"\\P") + line.value;
-    }
-}
-
-// A file has long texts in pieces.
-void addContent(drawing::GroupList &groups, const std::u16string &text)
-{
-    constexpr std::size_t Longest = 250;
-    constexpr int PieceCode = 3, LastCode = 1;
-    std::size_t place = 0;
-    for (; text.size() - place > Longest; place += Longest)
-        groups.push_back(textGroup(PieceCode, text.substr(place, Longest)));
-    groups.push_back(textGroup(LastCode, text.substr(place)));
-}
-
-void addParagraphs(Context &context, const Paragraphs &paragraphs, const std::u16string &text)
-{
-    const WorkPlane plane(context.session());
-    const Vector along =
-        plane.world({std::cos(paragraphs.rotation), std::sin(paragraphs.rotation), 0}) - plane.world({});
-    drawing::GroupList groups = newEntity(context, u"MTEXT");
-    groups.push_back(textGroup(drawing::groupcode::Subclass, u"AcDbMText"));
-    groups.push_back(pointGroup(10, plane.world(paragraphs.place)));
-    groups.push_back(realGroup(40, paragraphs.height));
-    groups.push_back(realGroup(41, paragraphs.width));
-    groups.push_back(integerGroup(71, paragraphs.attachment));
-    groups.push_back(integerGroup(72, 5)); // the flow of the text as the style has it
-    addContent(groups, text);
-    groups.push_back(textGroup(7, paragraphs.style));
-    if (plane.normal() != Vector{0, 0, 1})
-        groups.push_back(pointGroup(210, plane.normal()));
-    groups.push_back(pointGroup(11, along));
-    groups.push_back(integerGroup(73, paragraphs.spacingStyle));
-    groups.push_back(realGroup(44, paragraphs.spacing));
-    addEntity(context, groups);
-}
-
 } // namespace
 
 Command paragraphText(Context &context)
 {
-    Paragraphs paragraphs;
+    NewParagraphs paragraphs;
     paragraphs.style = context.session().text(u"TEXTSTYLE");
     paragraphs.height = context.session().real(u"TEXTSIZE");
     const auto first = co_await context.ask().point({u"Specify first corner: ", {}, Enter::Refused});
     paragraphs.first = first.value;
     co_await askBox(context, paragraphs);
-    const std::u16string text = co_await askLines(context);
-    if (text.empty())
+    paragraphs.text = co_await askParagraphs(context, u"MText: ");
+    if (paragraphs.text.empty())
         co_return;
-    addParagraphs(context, paragraphs, text);
+    addParagraphs(context, paragraphs);
     context.session().assign(u"TEXTSIZE", paragraphs.height);
 }
 

@@ -11,8 +11,7 @@ enum class TextPlace : std::uint8_t {
     AsGiven // where the dimension says that it stands
 };
 
-// Whether it is a dimension that has a picture made for it, and all that it measures: a linear or aligned one, or that
-// of a radius or a diameter.
+// Whether it is a dimension of a kind that has a picture made for it, and all that it measures.
 bool isDrawable(const GroupList &dimension);
 
 // Whether what the dimension shows may differ: it measures or says something else, or is drawn in another way.

@@ -42,9 +42,28 @@ void DimensionPicture::add(const GroupList &groups)
 
 void DimensionPicture::line(const Vector &start, const Vector &end, int color)
 {
+    if (start == end)
+        return;
     GroupList groups = part(u"LINE", color);
     groups.push_back(pointGroup(10, m_plane.toWorld.place(start)));
     groups.push_back(pointGroup(11, m_plane.toWorld.place(end)));
+    add(groups);
+}
+
+// One of no length would be a whole circle.
+void DimensionPicture::arc(const MeasuredAngle &angle, double start, double end)
+{
+    if (end <= start)
+        return;
+    const auto inDegrees = [this](double turn) {
+        const Vector right = m_plane.toObject.direction({std::cos(turn), std::sin(turn), 0});
+        return turnInDegrees(std::atan2(right.y, right.x));
+    };
+    GroupList groups = part(u"ARC", m_style.lineColor);
+    groups.push_back(pointGroup(10, m_plane.toObject.place(angle.vertex)));
+    groups.push_back(realGroup(40, angle.radius));
+    groups.push_back(realGroup(50, inDegrees(start)));
+    groups.push_back(realGroup(51, inDegrees(end)));
     add(groups);
 }
 
@@ -54,6 +73,15 @@ void DimensionPicture::extensionLine(const Vector &measured, const Vector &foot)
         return;
     const Vector along = normalized(foot - measured);
     line(measured + along * m_style.extensionOffset, foot + along * m_style.overhang, m_style.extensionColor);
+}
+
+void DimensionPicture::extensionLine(const MeasuredAngle &angle, const AngleSide &side)
+{
+    if (side.begin < angle.radius && angle.radius < side.end)
+        return;
+    const Vector along{std::cos(side.direction), std::sin(side.direction), 0};
+    const double nearest = angle.radius >= side.end ? side.end : side.begin;
+    extensionLine(angle.vertex + along * nearest, angle.vertex + along * angle.radius);
 }
 
 // A filled triangle three times as long as wide, or a stroke where the style wants one.
@@ -83,6 +111,14 @@ double DimensionPicture::widthOf(const std::u16string &string) const
     return layOut(measured, geometry::textStyleOf(m_drawing.database(), measured.style)).width * m_style.textHeight;
 }
 
+// How far the line is left open on each side of a text's middle when the text is turned by so much against the line.
+double DimensionPicture::halfGap(const std::u16string &string, double turn) const
+{
+    const double along = std::abs(std::cos(turn)), across = std::abs(std::sin(turn));
+    const double halfWidth = widthOf(string) / 2 + m_style.gap, halfHeight = m_style.textHeight / 2 + m_style.gap;
+    return along * halfHeight >= across * halfWidth ? halfWidth / along : halfHeight / across;
+}
+
 void DimensionPicture::text(const Vector &place, double angle, const std::u16string &string)
 {
     constexpr std::int64_t Centre = 1, Middle = 2;
@@ -103,11 +139,12 @@ void DimensionPicture::text(const Vector &place, double angle, const std::u16str
 Vector DimensionPicture::dimensionLine(const Vector &first, const Vector &second, const DimensionLabel &label)
 {
     const double whole = length(second - first), arrowLength = m_style.tickSize > 0 ? 0 : m_style.arrowSize;
-    const double width = widthOf(label.text), gap = m_style.gap;
     const Vector along = normalized(second - first, {1, 0, 0});
+    const double direction = std::atan2(along.y, along.x);
+    const double turn = m_style.isTextLevel ? 0 : readable(direction);
+    const double half = halfGap(label.text, turn - direction);
     const bool leavesLine = m_style.isTextAbove || label.place.has_value();
-    const bool arrowsFit = whole >= 2 * arrowLength + (leavesLine ? 2 * gap : width + 2 * gap);
-    const double turn = m_style.isTextLevel ? 0 : readable(std::atan2(along.y, along.x));
+    const bool arrowsFit = whole >= 2 * (arrowLength + (leavesLine ? m_style.gap : half));
     const Vector middle = (first + second) * 0.5;
     const Vector up{-std::sin(turn), std::cos(turn), 0};
     arrow(first, arrowsFit ? -along : along);
@@ -118,16 +155,80 @@ Vector DimensionPicture::dimensionLine(const Vector &first, const Vector &second
     }
     const Vector start = arrowsFit ? first + along * arrowLength : first;
     const Vector end = arrowsFit ? second - along * arrowLength : second;
-    const double half = width / 2 + gap;
     if (leavesLine || 2 * half >= length(end - start)) {
         line(start, end, m_style.lineColor);
     } else {
         line(start, middle - along * half, m_style.lineColor);
         line(middle + along * half, end, m_style.lineColor);
     }
-    const Vector usual = m_style.isTextAbove ? middle + up * (gap + m_style.textHeight / 2) : middle;
+    const Vector usual = m_style.isTextAbove ? middle + up * (m_style.gap + m_style.textHeight / 2) : middle;
     const Vector place = label.place.value_or(usual);
     text(place, label.angle.value_or(turn), label.text);
+    return place;
+}
+
+// Where the middle of a text stands above an arc. Within the arc its ends, which the arc bends towards, keep off it
+// too.
+Vector DimensionPicture::aboveArc(const MeasuredAngle &angle, double place, double turn,
+                                  const std::u16string &string) const
+{
+    const Vector outwards{std::cos(place), std::sin(place), 0}, up{-std::sin(turn), std::cos(turn), 0};
+    const double halfWidth = widthOf(string) / 2, halfHeight = m_style.textHeight / 2;
+    const double inner = angle.radius - m_style.gap;
+    if (dot(up, outwards) < 0 && halfWidth < inner)
+        return angle.vertex + outwards * (std::sqrt(inner * inner - halfWidth * halfWidth) - halfHeight);
+    return angle.at(place) + up * (m_style.gap + halfHeight);
+}
+
+Vector DimensionPicture::dimensionArc(const MeasuredAngle &angle, const DimensionLabel &label)
+{
+    const double start = angle.start, end = angle.start + angle.sweep, middle = (start + end) / 2;
+    const double step = m_style.tickSize > 0 ? 0 : m_style.arrowSize / angle.radius; // of an arrow, in radians
+    const auto along = [](double place) { return Vector{-std::sin(place), std::cos(place), 0}; };
+    const double direction = middle + geometry::FullTurn / 4;
+    const double turn = m_style.isTextLevel ? 0 : readable(direction);
+    const double half = halfGap(label.text, turn - direction) / angle.radius;
+    const bool leavesLine = m_style.isTextAbove || label.place.has_value();
+    const bool arrowsFit = angle.sweep >= 2 * (step + (leavesLine ? m_style.gap / angle.radius : half));
+    const double inwards = arrowsFit ? step : 0;
+    if (arrowsFit) {
+        arrow(angle.at(start), -along(start + step / 2));
+        arrow(angle.at(end), along(end - step / 2));
+    } else {
+        arrow(angle.at(start), along(start - step / 2));
+        arrow(angle.at(end), -along(end + step / 2));
+        arc(angle, start - 2 * step, start - step);
+        arc(angle, end + step, end + 2 * step);
+    }
+    if (leavesLine || 2 * half >= angle.sweep - 2 * inwards) {
+        arc(angle, start + inwards, end - inwards);
+    } else {
+        arc(angle, start + inwards, middle - half);
+        arc(angle, middle + half, end - inwards);
+    }
+    const Vector usual = m_style.isTextAbove ? aboveArc(angle, middle, turn, label.text) : angle.at(middle);
+    const Vector place = label.place.value_or(usual);
+    text(place, label.angle.value_or(turn), label.text);
+    return place;
+}
+
+Vector DimensionPicture::ordinateLine(const Vector &measured, const Vector &end, const Vector &direction,
+                                      const DimensionLabel &label)
+{
+    const double ahead = dot(end - measured, direction), side = ahead < 0 ? -1 : 1;
+    const Vector along = direction * side;
+    const Vector start = measured + along * std::min(m_style.extensionOffset, std::abs(ahead));
+    const Vector straight = measured + direction * ahead;
+    if (length(end - straight) == 0) {
+        line(start, end, m_style.lineColor);
+    } else {
+        const double step = std::min(2 * m_style.arrowSize, length(straight - start) / 3);
+        line(start, straight - along * (2 * step), m_style.lineColor);
+        line(straight - along * (2 * step), end - along * step, m_style.lineColor);
+        line(end - along * step, end, m_style.lineColor);
+    }
+    const Vector place = label.place.value_or(end + along * (m_style.gap + widthOf(label.text) / 2));
+    text(place, label.angle.value_or(readable(std::atan2(direction.y, direction.x))), label.text);
     return place;
 }
 

@@ -25,6 +25,7 @@ inline constexpr DimensionVariable dimensionVariables[] = {
     {u"DIMALTF", 143, 25.4},    {u"DIMLFAC", 144, 1},    {u"DIMGAP", 147, 0.09},   {u"DIMALT", 170, 0},
     {u"DIMALTD", 171, 2},       {u"DIMTOFL", 172, 0},    {u"DIMSAH", 173, 0},      {u"DIMCLRD", 176, 0},
     {u"DIMCLRE", 177, 0},       {u"DIMCLRT", 178, 0},    {u"DIMDEC", 271, 4},      {u"DIMLUNIT", 277, 2},
+    {u"DIMAZIN", 79, 0},        {u"DIMADEC", 179, 0},
 };
 // clang-format on
 
@@ -37,9 +38,10 @@ struct DimensionStyle
     double arrowSize, tickSize;       // DIMASZ, and DIMTSZ: strokes instead of arrows where it is more than 0
     double extensionOffset, overhang; // DIMEXO, DIMEXE
     double textHeight, gap;           // DIMTXT, DIMGAP
-    double centreSize;                // DIMCEN
+    double centreSize, lineStep;      // DIMCEN, DIMDLI: from one dimension line to the next
     double lengthFactor, rounding;    // DIMLFAC, DIMRND
     int decimals, zeros;              // DIMDEC, DIMZIN
+    int angleDecimals, angleZeros;    // DIMADEC (less than 0: as DIMDEC), DIMAZIN
     int lineColor, extensionColor, textColor;
     bool hidesFirstExtension, hidesSecondExtension; // DIMSE1, DIMSE2
     bool isTextAbove, isTextLevel;                  // DIMTAD, DIMTIH

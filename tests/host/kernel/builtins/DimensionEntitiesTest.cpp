@@ -104,14 +104,60 @@ TEST_F(DimensionEntities, RadiiAndDiametersHaveTheirSigns)
     EXPECT_EQ(drawing::auditOf(database()), "");
 }
 
-TEST_F(DimensionEntities, KindsThatAreNotDrawnStayAsTheyAre)
+TEST_F(DimensionEntities, AnAngleIsThatBetweenTheLinesInWhichTheArcIs)
 {
-    evaluate("(entmake '((0 . \"DIMENSION\") (100 . \"AcDbEntity\") (100 . \"AcDbDimension\") (10 0.0 0.0 0.0)"
-             " (70 . 6) (100 . \"AcDbOrdinateDimension\") (13 1.0 1.0 0.0) (14 5.0 1.0 0.0)))");
+    evaluate(
+        "(setq d (entmakex '((0 . \"DIMENSION\") (100 . \"AcDbEntity\") (100 . \"AcDbDimension\") (10 40.0 40.0 0.0)"
+        " (70 . 2) (100 . \"AcDb2LineAngularDimension\") (13 0.0 0.0 0.0) (14 60.0 0.0 0.0) (15 0.0 0.0 0.0)"
+        " (16 45.0 20.0 0.0))))");
+    EXPECT_EQ(evaluate("(shown d)"), "\"45%%d\"");
+    EXPECT_NEAR(realOf(lastGroups(), 42), geometry::FullTurn / 8, 1e-12);
+    EXPECT_EQ(evaluate("(mapcar '(lambda (type) (length (parts d type))) '(\"ARC\" \"LINE\" \"SOLID\" \"POINT\"))"),
+              "(1 0 2 4)");
+    evaluate("(change d '(16 5.0 25.0 0.0))");
+    EXPECT_EQ(evaluate("(shown d)"), "\"135%%d\"");
+    EXPECT_EQ(evaluate("(length (parts d \"LINE\"))"), "1"); // on the side of the vertex where the line is not
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(DimensionEntities, AnAngleAboutAVertex)
+{
+    evaluate(
+        "(setq d (entmakex '((0 . \"DIMENSION\") (100 . \"AcDbEntity\") (100 . \"AcDbDimension\") (10 10.0 10.0 0.0)"
+        " (70 . 5) (1 . \"about <>\") (100 . \"AcDb3PointAngularDimension\") (13 20.0 0.0 0.0) (14 0.0 30.0 0.0)"
+        " (15 0.0 0.0 0.0))))");
+    EXPECT_EQ(evaluate("(shown d)"), "\"about 90%%d\"");
+    evaluate("(change d '(10 -10.0 -10.0 0.0))");
+    EXPECT_EQ(evaluate("(shown d)"), "\"about 270%%d\"");
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+TEST_F(DimensionEntities, AnOrdinateShowsHowFarItIsAlongOneAxis)
+{
+    evaluate("(setq d (entmakex '((0 . \"DIMENSION\") (100 . \"AcDbEntity\") (100 . \"AcDbDimension\") (10 2.0 3.0 0.0)"
+             " (70 . 6) (100 . \"AcDbOrdinateDimension\") (13 -10.0 12.0 0.0) (14 -30.0 12.0 0.0))))");
+    EXPECT_EQ(evaluate("(list (shown d) (value 42 d))"), "(\"9.00\" 9.0)");
+    EXPECT_EQ(evaluate("(length (parts d \"LINE\"))"), "1");
+    evaluate("(change d '(70 . 102)) (change d '(14 -15.0 40.0 0.0))");
+    EXPECT_EQ(evaluate("(list (shown d) (value 42 d))"), "(\"12.00\" 12.0)");
+    EXPECT_EQ(evaluate("(length (parts d \"LINE\"))"), "3"); // with a step
+    EXPECT_EQ(drawing::auditOf(database()), "");
+}
+
+// Two parallel lines have no angle, and an arc of no radius cannot be drawn.
+TEST_F(DimensionEntities, WhatCannotBeDrawnStaysAsItIs)
+{
+    evaluate("(entmake '((0 . \"DIMENSION\") (100 . \"AcDbEntity\") (100 . \"AcDbDimension\") (10 5.0 9.0 0.0)"
+             " (70 . 2) (100 . \"AcDb2LineAngularDimension\") (13 0.0 0.0 0.0) (14 5.0 0.0 0.0) (15 0.0 9.0 0.0)"
+             " (16 1.0 2.0 0.0)))");
     EXPECT_EQ(evaluate("(assoc 2 (entget (entlast)))"), "nil");
-    EXPECT_EQ(evaluate("(entmod (subst '(13 2.0 1.0 0.0) (assoc 13 (entget (entlast))) (entget (entlast)))) "
-                       "(assoc 2 (entget (entlast)))"),
-              "nil");
+    EXPECT_EQ(evaluate("(entmod (subst '(14 6.0 0.0 0.0) (assoc 14 (entget (entlast))) (entget (entlast)))) "
+                       "(list (assoc 2 (entget (entlast))) (assoc 14 (entget (entlast))))"),
+              "(nil (14 6.0 0.0 0.0))");
+    evaluate("(entmake '((0 . \"DIMENSION\") (100 . \"AcDbEntity\") (100 . \"AcDbDimension\") (10 0.0 0.0 0.0)"
+             " (70 . 5) (100 . \"AcDb3PointAngularDimension\") (13 20.0 0.0 0.0) (14 0.0 30.0 0.0) (15 0.0 0.0 0.0)))");
+    EXPECT_EQ(evaluate("(assoc 2 (entget (entlast)))"), "nil");
+    EXPECT_EQ(evaluate("(blocks)"), "0");
 }
 
 TEST_F(DimensionEntities, AChangedOneShowsWhatItMeasuresAndSays)

@@ -1,0 +1,47 @@
+;; The dimensions that commands draw: angles, ordinates, chains, and leaders.
+(setvar "CMDECHO" 0)
+
+(defun shown (/ part text)
+  (setq part (tblobjname "BLOCK" (cdr (assoc 2 (entget (entlast))))))
+  (while (setq part (entnext part))
+    (if (= (cdr (assoc 0 (entget part))) "TEXT") (setq text (cdr (assoc 1 (entget part))))))
+  text)
+
+(command "_.line" '(0 0) '(60 0) "")
+(setq level (list (entlast) '(50 0)))
+(command "_.line" '(0 0) '(40 40) "")
+(setq slanted (list (entlast) '(30 30)))
+
+(title "Angles")
+(command "_.dimangular" level slanted '(45 20))
+(show '(shown))
+(command "_.dimangular" level slanted "_t" "<> outside" '(5 25))
+(show '(shown))
+(setvar "DIMADEC" 2)
+(command "_.dimangular" "" '(0 0) '(10 0) '(0 10) '(-5 -5))
+(show-all '((shown) (angtos (cdr (assoc 42 (entget (entlast)))) 0 4)))
+
+(title "Ordinates")
+(command "_.dimordinate" '(40 30) '(40 70))
+(show '(shown))
+(command "_.dimordinate" '(40 30) '(70 35))
+(show '(shown))
+
+(title "Chains")
+(command "_.dimlinear" '(0 0) '(40 0) '(20 -10))
+(command "_.dimcontinue" '(60 0) '(75.5 0) "" "")
+(show-all '((shown) (cdr (assoc 10 (entget (entlast))))))
+(command "_.dimlinear" '(0 0) '(40 0) '(20 -20))
+(command "_.dimbaseline" '(60 0) "" "")
+(show-all '((shown) (cdr (assoc 10 (entget (entlast))))))
+
+(title "Leaders")
+(command "_.leader" '(40 40) '(50 60) "" "drilled" "deep" "")
+(setq leader (entget (entlast)))
+(show-all '((cdr (assoc 0 leader)) (cdr (assoc 76 leader)) (cdr (assoc 1 (entget (cdr (assoc 340 leader)))))))
+(command "_.dim1" "_leader" '(0 0) '(-20 0) "" "by hand")
+(show '(cdr (assoc 1 (entget (cdr (assoc 340 (entget (entlast))))))))
+
+(title "All in one step each")
+(command "_.undo" 2)
+(show '(cdr (assoc 0 (entget (entlast)))))
