@@ -5,6 +5,8 @@
 #include "host/commands/DimensionVariables.h"
 #include "host/commands/NewParagraphs.h"
 
+#include <cmath>
+
 namespace commands {
 
 using drawing::integerGroup;
@@ -22,7 +24,12 @@ struct Leader
 
     // The text stands on the side to which the last part goes.
     double side() const { return places.back().x < places[places.size() - 2].x ? -1 : 1; }
-    bool endsLevel() const { return places.back().y == places[places.size() - 2].y; }
+    bool endsLevel() const
+    {
+        constexpr double Steepest = 15; // degrees
+        const Vector last = geometry::vectorOf(places.back()) - geometry::vectorOf(places[places.size() - 2]);
+        return std::abs(last.y) <= std::tan(geometry::radians(Steepest)) * std::abs(last.x);
+    }
 };
 
 Command askFormat(Context &context, Leader &leader)
@@ -76,7 +83,7 @@ Task<std::u16string> askAnnotation(Context &context)
     co_return more.empty() ? first.value : first.value + u"\\P" + more;
 }
 
-// A text stands behind a level end as long as an arrow.
+// A text stands behind an end that is nearly level, else behind a level one as long as an arrow.
 RecordId addAnnotation(Context &context, Leader &leader)
 {
     const drawing::DimensionStyle style = currentStyle(context);

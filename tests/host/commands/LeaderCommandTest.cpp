@@ -52,6 +52,16 @@ TEST_F(Leaders, ToTheLeftTheTextEndsAtTheLeader)
     EXPECT_EQ(integerOf(annotation(), 71), 6);
 }
 
+TEST_F(Leaders, AnEndUpTo15DegreesIsLevelEnough)
+{
+    evaluate("(command \"_.leader\" \"0,0\" \"10<14.9\" \"\" \"text\" \"\")");
+    EXPECT_EQ(places().size(), 2u);
+    evaluate("(command \"_.leader\" \"0,0\" \"10<165.1\" \"\" \"text\" \"\")");
+    EXPECT_EQ(places().size(), 2u);
+    evaluate("(command \"_.leader\" \"0,0\" \"10<15.1\" \"\" \"text\" \"\")");
+    EXPECT_EQ(places().size(), 3u);
+}
+
 TEST_F(Leaders, FormatAndUndo)
 {
     evaluate("(command \"_.leader\" \"0,0\" \"10,10\" \"20,0\" \"30,30\" \"_u\" \"_f\" \"_s\" \"_n\" \"\" \"\" \"\" "
